@@ -1,0 +1,29 @@
+# What every target of this project shares: where its products go, how strict the compiler is, and
+# which C++ each room speaks.
+
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
+set(ZORV_PLUGIN_INSTALL_DIR "lib/zorv/plugins")
+
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+
+# A target of the rooms that also build for the host's own Qt 4.8.
+function(zorv_product_target target)
+    set_target_properties(${target} PROPERTIES CXX_STANDARD 11 AUTOMOC ON AUTOUIC ON AUTORCC ON)
+    zorv_warnings(${target})
+endfunction()
+
+# A target that only ever builds on Qt 5.15.
+function(zorv_target target)
+    set_target_properties(${target} PROPERTIES CXX_STANDARD 17 AUTOMOC ON AUTOUIC ON AUTORCC ON)
+    zorv_warnings(${target})
+endfunction()
+
+function(zorv_warnings target)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+endfunction()
