@@ -1,0 +1,52 @@
+#ifndef FCF_FCFHEADER_H
+#define FCF_FCFHEADER_H
+
+#include <QDateTime>
+#include <QString>
+#include <QtGlobal>
+#include <QVector>
+
+/// One function of a build. A plain value.
+struct FcfFunction {
+    QString name;
+    QString author;
+    QString ciNumber;
+    QString description;
+};
+
+bool operator==(const FcfFunction& left, const FcfFunction& right);
+bool operator!=(const FcfFunction& left, const FcfFunction& right);
+
+/// What the header page of an FCF says about a build. A plain value.
+///
+/// The numbers are whatever the file or the form held; nothing here checks them. FcfLayout says
+/// where each field stands in the page, in which unit and what it means.
+struct FcfHeader {
+    qint32 totalPages = 0;
+    qint32 totalBlocks = 0;
+    qint32 totalSize = 0;
+    qint32 binPages = 0;
+    qint32 binBlocks = 0;
+    qint32 binFileSize = 0;
+    qint32 moduleCode = 0;
+    qint32 deviceCode = 0;
+    qint32 configNumber = 0;
+    qint32 versionMajor = 0;
+    qint32 versionMinor = 0;
+
+    QString fileName;
+    QString ciNumber;
+    QString author;
+    QString date;
+    QString time;
+    QString description;
+    QVector<FcfFunction> functions;
+
+    /// Sets `date` in the system locale's short format and `time` as hours, minutes and seconds.
+    void stamp(const QDateTime& moment);
+};
+
+bool operator==(const FcfHeader& left, const FcfHeader& right);
+bool operator!=(const FcfHeader& left, const FcfHeader& right);
+
+#endif

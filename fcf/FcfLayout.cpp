@@ -1,0 +1,53 @@
+#include "FcfLayout.h"
+
+namespace FcfLayout {
+
+const char* const RecordEnd = "---";
+const char* const TextEnd = "----";
+const char* const FirstLineKeyword = "Filename";
+
+const NumberField Numbers[NumberCount] = {
+    {"totalPages", 0, &FcfHeader::totalPages, "pages",
+     "header and payload: the pages left over after whole blocks"},
+    {"totalBlocks", 4, &FcfHeader::totalBlocks, "blocks", "header and payload: the whole blocks"},
+    {"totalSize", 8, &FcfHeader::totalSize, "bytes",
+     "payload and one page for the header, whatever the header's real length"},
+    {"binPages", 12, &FcfHeader::binPages, "pages",
+     "payload: the pages left over after whole blocks"},
+    {"binBlocks", 16, &FcfHeader::binBlocks, "blocks", "payload: the whole blocks"},
+    {"binFileSize", 20, &FcfHeader::binFileSize, "bytes", "payload"},
+    {"moduleCode", 24, &FcfHeader::moduleCode, "code", "1 for DFE, 2 for DFE2 and GPM"},
+    {"deviceCode", 28, &FcfHeader::deviceCode, "code",
+     "one bit: 1 Interface_FPGA, 2 Processing_FPGA_1, 4 Processing_FPGA_2 (GPM) or "
+     "Clock_Master_Device (others), 8 Processing_FPGA_3"},
+    {"configNumber", 32, &FcfHeader::configNumber, "slot", "flash slot, 1 to 10"},
+    {"versionMajor", 36, &FcfHeader::versionMajor, "number", "major version of the build"},
+    {"versionMinor", 40, &FcfHeader::versionMinor, "number", "minor version of the build"},
+};
+
+const TextField<FcfHeader> HeaderTexts[HeaderTextCount] = {
+    {"fileName", "Filename: ", &FcfHeader::fileName, Untrimmed, ": ", Trimmed, 0,
+     "the image's file name, without its folder"},
+    {"ciNumber", "CI No: ", &FcfHeader::ciNumber, Untrimmed, ": ", Trimmed, 0,
+     "configuration item number of the build"},
+    {"author", "Author: ", &FcfHeader::author, Untrimmed, ": ", Trimmed, 0, "who built it"},
+    {"date", "Date: ", &FcfHeader::date, Untrimmed, ": ", Trimmed, 0,
+     "day of writing, in the short format of the writer's locale"},
+    {"time", "Time: ", &FcfHeader::time, Untrimmed, ": ", Trimmed, 0,
+     "time of writing: hours, minutes and seconds"},
+    {"description", "Description: ", &FcfHeader::description, Trimmed, ":", Trimmed, "\n",
+     "what the build is"},
+};
+
+const TextField<FcfFunction> FunctionTexts[FunctionTextCount] = {
+    {"name", "Function name: ", &FcfFunction::name, Untrimmed, ": ", Untrimmed, 0,
+     "name of the function"},
+    {"author", "Function author: ", &FcfFunction::author, Untrimmed, ": ", Trimmed, 0,
+     "who wrote it"},
+    {"ciNumber", "Function CI No: ", &FcfFunction::ciNumber, Untrimmed, ":", Untrimmed, 0,
+     "configuration item number of the function"},
+    {"description", "Function description: ", &FcfFunction::description, Trimmed, ": ", Untrimmed,
+     "", "what the function does"},
+};
+
+} // namespace FcfLayout

@@ -1,0 +1,124 @@
+#include "FcfWriter.h"
+
+#include "FcfLayout.h"
+
+#include <QIODevice>
+#include <QScopedPointer>
+#include <QtEndian>
+#include <QTextCodec>
+#include <QTextEncoder>
+
+namespace {
+
+/// Bytes moved at a time: large enough for the disk to be what a copy waits for.
+const int CopyChunkBytes = 1024 * 1024;
+
+QByteArray bigEndian(quint32 word)
+{
+    QByteArray bytes(FcfLayout::WordBytes, Qt::Uninitialized);
+    qToBigEndian(word, reinterpret_cast<uchar*>(bytes.data()));
+    return bytes;
+}
+
+QByteArray preamble(const FcfHeader& header)
+{
+    QByteArray bytes;
+    for (const FcfLayout::NumberField& field : FcfLayout::Numbers)
+        bytes += bigEndian(static_cast<quint32>(header.*field.value));
+    for (int word = 0; word < FcfLayout::ReservedWordCount; ++word)
+        bytes += bigEndian(FcfLayout::ReservedWord);
+    return bytes;
+}
+
+template <class Record, int Count>
+QString lines(const FcfLayout::TextField<Record> (&fields)[Count], const Record& record)
+{
+    QString text;
+    for (const FcfLayout::TextField<Record>& field : fields) {
+        const QString value = record.*field.value;
+        text += QLatin1String(field.prefix);
+        text += field.whenWritten == FcfLayout::Trimmed ? value.trimmed() : value;
+        text += QLatin1Char('\n');
+    }
+    text += QLatin1String(FcfLayout::RecordEnd);
+    text += QLatin1Char('\n');
+    return text;
+}
+
+/// Byte order marks are left out: the text begins inside the page.
+QByteArray encode(QTextCodec* codec, const QString& text)
+{
+    const QScopedPointer<QTextEncoder> encoder(codec->makeEncoder(QTextCodec::IgnoreHeader));
+    return encoder->fromUnicode(text);
+}
+
+bool fail(QString* error, const QString& reason)
+{
+    if (error)
+        *error = reason;
+    return false;
+}
+
+} // namespace
+
+FcfWriter::FcfWriter(QTextCodec* codec) : m_codec(codec ? codec : QTextCodec::codecForLocale()) {}
+
+QByteArray FcfWriter::compose(const FcfHeader& header) const
+{
+    QString text(QLatin1Char('\n'));
+    text += lines(FcfLayout::HeaderTexts, header);
+    for (const FcfFunction& function : header.functions)
+        text += lines(FcfLayout::FunctionTexts, function);
+    text += QLatin1String(FcfLayout::TextEnd);
+    text += QLatin1Char('\n');
+    return preamble(header) + encode(m_codec, text);
+}
+
+QByteArray FcfWriter::fillerFor(int headerBytes) const
+{
+    const QByteArray unit =
+        encode(m_codec, QString::fromUtf16(FcfLayout::FillerUnit, FcfLayout::FillerUnitLength));
+    const int missing = qMax(0, FcfLayout::PageBytes - headerBytes);
+    const int units = (missing + unit.size() - 1) / unit.size();
+    return unit.repeated(units);
+}
+
+bool FcfWriter::writeAll(QIODevice* device, const QByteArray& bytes, QString* error)
+{
+    qint64 written = 0;
+    while (written < bytes.size()) {
+        const qint64 count = device->write(bytes.constData() + written, bytes.size() - written);
+        if (count < 0)
+            return fail(error, device->errorString());
+        if (count == 0)
+            return fail(error, tr("the device takes no more bytes"));
+        written += count;
+    }
+    return true;
+}
+
+bool FcfWriter::copyPayload(QIODevice* payload, qint64 bytes, QIODevice* image, QString* error)
+{
+    QByteArray chunk(CopyChunkBytes, Qt::Uninitialized);
+    qint64 copied = 0;
+    // One byte more than expected is asked for, so that a payload that grows (the image itself, in
+    // the worst case) ends the loop.
+    while (copied <= bytes) {
+        const qint64 wanted = qMin<qint64>(CopyChunkBytes, bytes + 1 - copied);
+        const qint64 count = payload->read(chunk.data(), wanted);
+        if (count < 0)
+            return fail(error, payload->errorString());
+        if (count == 0)
+            break;
+        const qint64 kept = qMin(count, bytes - copied);
+        if (!writeAll(image, QByteArray::fromRawData(chunk.constData(), static_cast<int>(kept)),
+                      error))
+            return false;
+        copied += count;
+    }
+    if (copied < bytes)
+        return fail(error, tr("the payload ends after %1 of %2 bytes").arg(copied).arg(bytes));
+    if (copied > bytes)
+        return fail(error, tr("the payload is longer than its %1 bytes").arg(bytes));
+    return true;
+}

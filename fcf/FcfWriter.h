@@ -1,0 +1,43 @@
+#ifndef FCF_FCFWRITER_H
+#define FCF_FCFWRITER_H
+
+#include "FcfHeader.h"
+
+#include <QByteArray>
+#include <QCoreApplication>
+#include <QString>
+
+class QIODevice;
+class QTextCodec;
+
+/// Composes header pages and puts images together, on any device.
+///
+/// Each operation that writes returns false when the device did not take every byte, with the
+/// reason in \p error if that is not null.
+class FcfWriter {
+    Q_DECLARE_TR_FUNCTIONS(FcfWriter)
+
+public:
+    /// Texts are encoded with \p codec, which stays the caller's; null stands for the locale's.
+    explicit FcfWriter(QTextCodec* codec = 0);
+
+    /// Preamble and text of \p header, without filler. May be longer than a page.
+    QByteArray compose(const FcfHeader& header) const;
+
+    /// The whole filler units that bring \p headerBytes to FcfLayout::PageBytes or just over it;
+    /// empty when that many are there already.
+    QByteArray fillerFor(int headerBytes) const;
+
+    /// Writes all of \p bytes.
+    static bool writeAll(QIODevice* device, const QByteArray& bytes, QString* error);
+
+    /// Copies \p bytes bytes from where \p payload stands to where \p image stands. A payload that
+    /// ends before or goes on after them is an error: what is then in the image is not the payload
+    /// that was measured.
+    static bool copyPayload(QIODevice* payload, qint64 bytes, QIODevice* image, QString* error);
+
+private:
+    QTextCodec* m_codec;
+};
+
+#endif

@@ -1,0 +1,32 @@
+#include "PelkFcfGeneratorFileInfo.h"
+
+#include "FcfLayout.h"
+
+#include <QFileInfo>
+
+#include <cmath>
+
+namespace {
+
+int pagesInAll(int bytes)
+{
+    return static_cast<int>(std::ceil(static_cast<double>(bytes) / FcfLayout::PageBytes));
+}
+
+} // namespace
+
+qint64 PelkFcfGeneratorFileInfo::getFileSize(const QString& path) const
+{
+    return QFileInfo(path).size();
+}
+
+int PelkFcfGeneratorFileInfo::pages(int bytes) const
+{
+    return pagesInAll(bytes) - FcfLayout::BlockPages * blocks(bytes);
+}
+
+int PelkFcfGeneratorFileInfo::blocks(int bytes) const
+{
+    const int pages = pagesInAll(bytes);
+    return pages <= FcfLayout::BlockPages ? 0 : pages / FcfLayout::BlockPages;
+}
