@@ -1,0 +1,117 @@
+#include "FcfOutput.h"
+
+#include "fcf/FcfLayout.h"
+#include "fcf/FcfWriter.h"
+
+#include <QFileInfo>
+
+FcfOutput::FcfOutput(const QString& imagePath, const QString& binaryPath,
+                     const QString& companionPath)
+    : m_image(imagePath), m_companion(companionPath), m_binary(binaryPath), m_payloadBytes(0),
+      m_outcome(GoesWell)
+{
+}
+
+bool FcfOutput::open(OpenMode mode)
+{
+    const bool checked = mode == EndAtFirstFailure;
+    const QIODevice::OpenMode truncating = QIODevice::WriteOnly | QIODevice::Truncate;
+    if (!openFile(&m_image.file, truncating) && checked)
+        return false;
+    if (!openFile(&m_binary, QIODevice::ReadOnly) && checked)
+        return false;
+    if (!openFile(&m_companion.file, truncating) && checked)
+        return false;
+    // Measured only now: an image that is the binary itself, under whatever name, has emptied it.
+    m_payloadBytes = m_binary.size();
+    m_outcome = GoesWell;
+    return true;
+}
+
+bool FcfOutput::writeImageHeader(const QByteArray& header) { return writeHeader(&m_image, header); }
+
+bool FcfOutput::writeCompanionHeader(const QByteArray& header)
+{
+    return writeHeader(&m_companion, header);
+}
+
+bool FcfOutput::fillHeaders(const FcfWriter& writer)
+{
+    if (!closeWhole(&m_image) || !closeWhole(&m_companion))
+        return false;
+    if (m_companion.bytes > FcfLayout::PageBytes)
+        return deleteTooLarge();
+    if (qMin(m_image.bytes, m_companion.bytes) == FcfLayout::PageBytes)
+        return true;
+
+    if (!openFile(&m_image.file, QIODevice::Append) ||
+        !openFile(&m_companion.file, QIODevice::Append))
+        return false;
+    return append(&m_image, writer.fillerFor(static_cast<int>(m_image.bytes))) &&
+           append(&m_companion, writer.fillerFor(static_cast<int>(m_companion.bytes))) &&
+           closeWhole(&m_image) && closeWhole(&m_companion);
+}
+
+bool FcfOutput::appendPayload()
+{
+    if (!openFile(&m_image.file, QIODevice::Append))
+        return false;
+    if (!m_binary.isOpen())
+        return fail(Failed, m_binary, m_binary.errorString());
+    QString error;
+    if (!FcfWriter::copyPayload(&m_binary, m_payloadBytes, &m_image.file, &error))
+        return fail(Failed, m_image.file, error);
+    m_image.bytes += m_payloadBytes;
+    m_binary.close();
+    return closeWhole(&m_image);
+}
+
+bool FcfOutput::openFile(QFile* file, QIODevice::OpenMode mode)
+{
+    return file->open(mode) || fail(CannotOpen, *file, file->errorString());
+}
+
+bool FcfOutput::writeHeader(Page* page, const QByteArray& header)
+{
+    // One that could not be opened is found out when it is opened again.
+    return !page->file.isOpen() || append(page, header);
+}
+
+bool FcfOutput::append(Page* page, const QByteArray& bytes)
+{
+    QString error;
+    if (!FcfWriter::writeAll(&page->file, bytes, &error))
+        return fail(Failed, page->file, error);
+    page->bytes += bytes.size();
+    return true;
+}
+
+bool FcfOutput::closeWhole(Page* page)
+{
+    if (!page->file.isOpen())
+        return true;
+    // close() alone would swallow what the disk says to the last bytes.
+    if (!page->file.flush())
+        return fail(Failed, page->file, page->file.errorString());
+    page->file.close();
+    const qint64 found = QFileInfo(page->file.fileName()).size();
+    if (found != page->bytes)
+        return fail(Failed, page->file,
+                    tr("it has %1 bytes, but %2 were written").arg(found).arg(page->bytes));
+    return true;
+}
+
+bool FcfOutput::deleteTooLarge()
+{
+    m_companion.file.remove();
+    m_image.file.remove();
+    return fail(HeaderTooLarge, m_image.file);
+}
+
+bool FcfOutput::fail(Outcome outcome, const QFile& file, const QString& reason)
+{
+    m_outcome = outcome;
+    m_path = file.fileName();
+    m_reason = reason;
+    return false;
+}

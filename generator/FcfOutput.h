@@ -1,0 +1,80 @@
+#ifndef GENERATOR_FCFOUTPUT_H
+#define GENERATOR_FCFOUTPUT_H
+
+#include <QByteArray>
+#include <QCoreApplication>
+#include <QFile>
+#include <QString>
+
+class FcfWriter;
+
+/// The files of one generation: the image and its companion, written, and the binary, read.
+///
+/// Call open(), writeImageHeader(), writeCompanionHeader(), fillHeaders() and appendPayload(), in
+/// this order and up to the first that returns false; outcome(), path() and reason() then tell what
+/// went wrong. What has been written by then stays, but for a header that is too large.
+class FcfOutput {
+    Q_DECLARE_TR_FUNCTIONS(FcfOutput)
+
+public:
+    enum Outcome {
+        GoesWell,
+        /// path() cannot be opened.
+        CannotOpen,
+        /// The header does not fit in its page. Both files are deleted.
+        HeaderTooLarge,
+        /// path() cannot be read or written, or did not keep what was written; see reason().
+        Failed
+    };
+
+    /// Whether open() ends at the first file that cannot be opened, or leaves that to the later
+    /// steps, where it shows as missing output.
+    enum OpenMode { EndAtFirstFailure, ShowFailuresLater };
+
+    FcfOutput(const QString& imagePath, const QString& binaryPath, const QString& companionPath);
+
+    /// Opens the image (truncating it), the binary and the companion (truncating it).
+    bool open(OpenMode mode);
+
+    bool writeImageHeader(const QByteArray& header);
+    bool writeCompanionHeader(const QByteArray& header);
+
+    /// Brings both headers to the length of a page.
+    bool fillHeaders(const FcfWriter& writer);
+
+    /// Appends the binary to the image, and closes all files.
+    bool appendPayload();
+
+    /// Bytes of the binary when it was opened.
+    qint64 payloadBytes() const { return m_payloadBytes; }
+
+    Outcome outcome() const { return m_outcome; }
+    QString path() const { return m_path; }
+    QString reason() const { return m_reason; }
+
+private:
+    struct Page {
+        explicit Page(const QString& path) : file(path), bytes(0) {}
+
+        QFile file;
+        /// Bytes that the file must have by now.
+        qint64 bytes;
+    };
+
+    bool openFile(QFile* file, QIODevice::OpenMode mode);
+    bool writeHeader(Page* page, const QByteArray& header);
+    bool append(Page* page, const QByteArray& bytes);
+    bool closeWhole(Page* page);
+    bool deleteTooLarge();
+    bool fail(Outcome outcome, const QFile& file, const QString& reason = QString());
+
+    Page m_image;
+    Page m_companion;
+    QFile m_binary;
+    qint64 m_payloadBytes;
+    Outcome m_outcome;
+    QString m_path;
+    QString m_reason;
+};
+
+#endif

@@ -1,0 +1,172 @@
+#include "PelkFcfGenerator.h"
+
+#include "fcf/FcfLayout.h"
+#include "fcf/PelkFcfGeneratorFileInfo.h"
+
+#include "ui_PelkFcfGenerator.h"
+
+#include <QtCreatorUtilities/DetailsWidget.h>
+
+#include <QVBoxLayout>
+
+using QtCreatorUtilities::DetailsWidget;
+
+namespace {
+
+QScopedPointer<PelkFcfGeneratorFileInfo> fileInfo;
+
+/// Selects the item with exactly the text \p text; an unknown one changes nothing.
+void selectText(QComboBox* box, const QString& text)
+{
+    const int index = box->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (index >= 0)
+        box->setCurrentIndex(index);
+}
+
+QStringList devicesOf(const QString& module)
+{
+    const QString interfaceFpga = QLatin1String("Interface_FPGA");
+    const QString processingFpga = QLatin1String("Processing_FPGA");
+    QStringList devices;
+    if (module == QLatin1String("DFE")) {
+        devices << interfaceFpga << processingFpga + QLatin1String("_1")
+                << QLatin1String("Clock_Master_Device");
+    } else if (module == QLatin1String("DFE2")) {
+        devices << processingFpga;
+    } else if (module == QLatin1String("GPM")) {
+        devices << interfaceFpga << processingFpga + QLatin1String("_1")
+                << processingFpga + QLatin1String("_2") << processingFpga + QLatin1String("_3");
+    }
+    return devices;
+}
+
+} // namespace
+
+PelkFcfGenerator::PelkFcfGenerator(QWidget* parent)
+    : QMainWindow(parent), ui(new Ui_PelkFcfGenerator), m_dialogs(new DesktopDialogs),
+      m_clock(&QDateTime::currentDateTime), functionsDetails(0), targetDetails(0), moduleCode(0),
+      deviceCode(0), binFileSize(0), binPages(0), binBlocks(0), totalSize(0), totalPages(0),
+      totalBlocks(0)
+{
+    ui->setupUi(this);
+    fileInfo.reset(new PelkFcfGeneratorFileInfo);
+    updateComboBoxFPGA();
+    connectWidgets();
+    functionsDetails = foldInto(ui->widgetFunctionDetailsHolder, ui->widgetFunctions,
+                                tr("<b>Functions In Build:</b>"));
+    targetDetails = foldInto(ui->widgetTargetDetailsHolder, ui->widgetTargetSettings,
+                             tr("<b>Target Flash Location:</b>"));
+    targetDetails->setState(DetailsWidget::Expanded);
+}
+
+PelkFcfGenerator::~PelkFcfGenerator() {}
+
+void PelkFcfGenerator::connectWidgets()
+{
+    connect(ui->ModuleComboBox, SIGNAL(currentIndexChanged(int)), SLOT(updateComboBoxFPGA()));
+    connect(ui->btnLoad, SIGNAL(clicked()), SLOT(openFileDialog()));
+    connect(ui->GenerateButton, SIGNAL(clicked()), SLOT(generateButtonClick()));
+    connect(ui->btnRemove, SIGNAL(clicked()), SLOT(btnRemove_clicked()));
+    connect(ui->AddNewFunction, SIGNAL(clicked()), SLOT(addNewFuction()));
+    connect(ui->actionNew, SIGNAL(triggered()), SLOT(addNew()));
+    connect(ui->ModifyFunctionCheckBox, SIGNAL(clicked()), SLOT(modifyFunctionsCheckBoxClick()));
+    connect(ui->DescriptionMemo, SIGNAL(textChanged()), SLOT(DescriptionMemoExit()));
+    connect(ui->UploadFunctionButton, SIGNAL(clicked()), SLOT(uploadFunctionButtonClick()));
+    connect(ui->actionLoad, SIGNAL(triggered()), SLOT(fileOpenAccept()));
+    connect(ui->FunctionComboBox, SIGNAL(currentIndexChanged(int)), SLOT(displayFunctionInfo(int)));
+}
+
+DetailsWidget* PelkFcfGenerator::foldInto(QWidget* holder, QWidget* body, const QString& summary)
+{
+    delete holder->layout();
+    QVBoxLayout* const layout = new QVBoxLayout(holder);
+    layout->setContentsMargins(0, 0, 0, 0);
+    DetailsWidget* const details = new DetailsWidget;
+    layout->addWidget(details);
+    details->setWidget(body);
+    details->setSummaryText(summary);
+    return details;
+}
+
+void PelkFcfGenerator::setDialogs(GeneratorDialogs* dialogs) { m_dialogs.reset(dialogs); }
+
+void PelkFcfGenerator::setClock(const FcfClock& clock) { m_clock = clock; }
+
+void PelkFcfGenerator::setModule(const QString& module) { selectText(ui->ModuleComboBox, module); }
+
+QString PelkFcfGenerator::getModule() const { return ui->ModuleComboBox->currentText(); }
+
+void PelkFcfGenerator::setDevice(const QString& device) { selectText(ui->FpgaComboBox, device); }
+
+QString PelkFcfGenerator::getDevice() const { return ui->FpgaComboBox->currentText(); }
+
+void PelkFcfGenerator::setConfigNum(int number)
+{
+    selectText(ui->ConfigComboBox, QString::number(number));
+}
+
+int PelkFcfGenerator::getConfigNum() const { return ui->ConfigComboBox->currentText().toInt(); }
+
+void PelkFcfGenerator::setVersion(int major, int minor)
+{
+    ui->MajorVerEditBox->setText(QString::number(major));
+    ui->MinorVerEditBox->setText(QString::number(minor));
+}
+
+void PelkFcfGenerator::setAuthor(const QString& author) { ui->AuthoEditBox->setText(author); }
+
+void PelkFcfGenerator::setCINumber(const QString& number) { ui->CiNumEditBox->setText(number); }
+
+void PelkFcfGenerator::setDescription(const QString& description)
+{
+    ui->DescriptionMemo->setPlainText(description);
+}
+
+void PelkFcfGenerator::setBinFile(const QString& path)
+{
+    ui->txtInputFile->setText(path);
+    displayBinFileSizeInfo(path);
+}
+
+void PelkFcfGenerator::displayBinFileSizeInfo(const QString& path)
+{
+    // A size field holds 32 bits; what does not fit is cut off, as in the file.
+    const qint64 size = fileInfo->getFileSize(path);
+    binFileSize = static_cast<qint32>(size);
+    binPages = fileInfo->pages(binFileSize);
+    binBlocks = fileInfo->blocks(binFileSize);
+    totalSize = static_cast<qint32>(size + FcfLayout::PageBytes);
+    totalPages = fileInfo->pages(totalSize);
+    totalBlocks = fileInfo->blocks(totalSize);
+
+    ui->BinFileSize->setText(QString::number(size) + tr("  Bytes"));
+    ui->BinFilePages->setText(QString::number(binPages) + tr(" Pages"));
+    ui->BinFileBlocks->setText(QString::number(binBlocks) + tr(" blocks"));
+}
+
+void PelkFcfGenerator::updateComboBoxFPGA()
+{
+    ui->FpgaComboBox->clear();
+    ui->FpgaComboBox->addItems(devicesOf(getModule()));
+}
+
+void PelkFcfGenerator::clearScreen()
+{
+    ui->txtInputFile->clear();
+    ui->AuthoEditBox->clear();
+    ui->CiNumEditBox->clear();
+    ui->MajorVerEditBox->clear();
+    ui->MinorVerEditBox->clear();
+    ui->DescriptionMemo->clear();
+    ui->FunctionComboBox->clear();
+    clearFunctionFields();
+    ui->StatusBar->clear();
+    ui->BinFileSize->clear();
+    ui->BinFilePages->clear();
+    ui->BinFileBlocks->clear();
+    ui->finalPages->clear();
+    ui->finalBlocks->clear();
+    ui->finalSize->clear();
+}
+
+void PelkFcfGenerator::on_btnCancel_clicked() { close(); }

@@ -1,0 +1,152 @@
+#ifndef GENERATOR_PELKFCFGENERATOR_H
+#define GENERATOR_PELKFCFGENERATOR_H
+
+#include "generator/FcfClock.h"
+#include "generator/GeneratorDialogs.h"
+
+#include <QMainWindow>
+#include <QScopedPointer>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+class FcfOutput;
+class Ui_PelkFcfGenerator;
+struct FcfFunction;
+struct FcfHeader;
+struct FcfReading;
+
+namespace QtCreatorUtilities {
+class DetailsWidget;
+}
+
+/// The window in which a user describes one build and has its image made.
+///
+/// From the form it fills an FcfHeader, which the writer puts into an image and its companion
+/// beside the binary; from an image or a companion it fills the form again.
+class PelkFcfGenerator : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// Starts with module "DFE", its first device, slot 1 and no function.
+    explicit PelkFcfGenerator(QWidget* parent = 0);
+    ~PelkFcfGenerator();
+
+    /// Selects the module with exactly that text; an unknown one changes nothing.
+    void setModule(const QString& module);
+    QString getModule() const;
+
+    /// Selects the device with exactly that text, among those of the module selected before.
+    void setDevice(const QString& device);
+    QString getDevice() const;
+
+    /// Selects a flash slot from 1 to 10; any other number changes nothing.
+    void setConfigNum(int number);
+    int getConfigNum() const;
+
+    void setVersion(int major, int minor);
+    void setAuthor(const QString& author);
+    void setCINumber(const QString& number);
+    void setDescription(const QString& description);
+
+    /// Takes the binary at \p path as the input, and measures it.
+    void setBinFile(const QString& path);
+
+    /// Loads the companion or image at \p path into the form.
+    void setTxtFile(const QString& path);
+
+    /// Shows the size of the binary at \p path and notes it for the next header.
+    void displayBinFileSizeInfo(const QString& path);
+
+    /// Empties the form, but for the target. The function list stays in memory; see addNew().
+    void clearScreen();
+
+    /// Derives the codes of the target, checks the form and calls the writer. Returns whether the
+    /// writer was called, not whether it succeeded.
+    bool updateConfigData();
+
+    /// Writes the image of the binary at \p binPath and its companion, and shows how that went.
+    void saveTofile(QString binPath);
+
+    /// Replaces the boxes and file dialogs. Takes ownership of \p dialogs.
+    void setDialogs(GeneratorDialogs* dialogs);
+
+    /// Replaces the clock of the "Date: " and "Time: " lines, which is read once for each file.
+    void setClock(const FcfClock& clock);
+
+Q_SIGNALS:
+    /// After a successful generation: the image's path, then the companion's.
+    void newFilesCreated(QStringList files);
+
+public Q_SLOTS:
+    void updateComboBoxFPGA();
+    void openFileDialog();
+    void generateButtonClick();
+    void btnRemove_clicked();
+    void modifyFunctionsCheckBoxClick();
+    void DescriptionMemoExit();
+    void uploadFunctionButtonClick();
+    /// Returns whether the upload must not add a new function.
+    bool checkFunction();
+    void fileOpenAccept();
+    void displayConfigFileInfo(QString file);
+    /// Returns whether the whole text was read.
+    bool readConfigFile(QString filename);
+    void addFunction();
+    void displayFunctionInfo(int new_selection);
+    void addNewFuction();
+    void addNew();
+    void on_btnCancel_clicked();
+    void on_btnItsMe_clicked();
+
+private:
+    void connectWidgets();
+    QtCreatorUtilities::DetailsWidget* foldInto(QWidget* holder, QWidget* body,
+                                                const QString& summary);
+
+    void clearFunctionFields();
+    void functionsFieldSetEditable();
+    void functionsFieldSetNotEditable();
+    void setFunctionFieldsEnabled(bool enabled);
+    /// What the editor holds as one function, and the same the other way round.
+    FcfFunction editedFunction() const;
+    void editFunction(const FcfFunction& function);
+    /// The function at \p index of the list, empty where there is none.
+    FcfFunction functionAt(int index) const;
+
+    void showNumbers(const FcfHeader& header);
+    void selectTarget(const FcfHeader& header);
+    void showTexts(const FcfReading& reading);
+    void showFunctionRead(const FcfFunction& function);
+    bool showLoadingFailed();
+
+    FcfHeader headerFromForm() const;
+    bool writeHeaders(FcfOutput* output, const QString& imageName);
+    void showTotals();
+    void showGenerated(const QStringList& files);
+    void showGenerationFailed();
+    void reportFailure(const FcfOutput& output);
+    void warnOfOtherSize(const QString& binPath, qint64 payloadBytes) const;
+
+    QScopedPointer<Ui_PelkFcfGenerator> ui;
+    QScopedPointer<GeneratorDialogs> m_dialogs;
+    FcfClock m_clock;
+    QtCreatorUtilities::DetailsWidget* functionsDetails;
+    QtCreatorUtilities::DetailsWidget* targetDetails;
+
+    /// Four texts a function (name, author, description, CI number), in the combo box's order.
+    QVector<QString> functions;
+
+    qint32 moduleCode;
+    /// Keeps its value over generations in which the device has no code of its own.
+    qint32 deviceCode;
+
+    qint32 binFileSize;
+    qint32 binPages;
+    qint32 binBlocks;
+    qint32 totalSize;
+    qint32 totalPages;
+    qint32 totalBlocks;
+};
+
+#endif

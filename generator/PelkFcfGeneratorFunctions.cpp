@@ -1,0 +1,187 @@
+// The function list of the generator window and its editor.
+
+#include "PelkFcfGenerator.h"
+
+#include "fcf/FcfHeader.h"
+
+#include "ui_PelkFcfGenerator.h"
+
+#include <OrvanticCore/DesignManager.h>
+
+namespace {
+
+/// Where each text of a function stands among its entries of the flat list.
+enum Entry { NameEntry, AuthorEntry, DescriptionEntry, CiNumberEntry, EntryCount };
+
+const int MaximumDescriptionLength = 1000;
+
+void setDefault(QString* text)
+{
+    if (text->isEmpty())
+        *text = QLatin1String("0000");
+}
+
+} // namespace
+
+void PelkFcfGenerator::functionsFieldSetEditable() { setFunctionFieldsEnabled(true); }
+
+void PelkFcfGenerator::functionsFieldSetNotEditable() { setFunctionFieldsEnabled(false); }
+
+void PelkFcfGenerator::setFunctionFieldsEnabled(bool enabled)
+{
+    ui->EditFunctionName->setEnabled(enabled);
+    ui->AuthorFunctions->setEnabled(enabled);
+    ui->DescriptionMemoFunctions->setEnabled(enabled);
+    ui->CiNumberEditBoxFunctions->setEnabled(enabled);
+    ui->AddNewFunction->setEnabled(enabled);
+    ui->UploadFunctionButton->setEnabled(enabled);
+    ui->btnItsMe->setEnabled(enabled);
+}
+
+void PelkFcfGenerator::modifyFunctionsCheckBoxClick()
+{
+    setFunctionFieldsEnabled(ui->ModifyFunctionCheckBox->isChecked());
+}
+
+FcfFunction PelkFcfGenerator::editedFunction() const
+{
+    FcfFunction function;
+    function.name = ui->EditFunctionName->text();
+    function.author = ui->AuthorFunctions->text();
+    function.description = ui->DescriptionMemoFunctions->toPlainText();
+    function.ciNumber = ui->CiNumberEditBoxFunctions->text();
+    return function;
+}
+
+void PelkFcfGenerator::editFunction(const FcfFunction& function)
+{
+    ui->EditFunctionName->setText(function.name);
+    ui->AuthorFunctions->setText(function.author);
+    ui->CiNumberEditBoxFunctions->setText(function.ciNumber);
+    ui->DescriptionMemoFunctions->setPlainText(function.description);
+}
+
+FcfFunction PelkFcfGenerator::functionAt(int index) const
+{
+    const int first = index * EntryCount;
+    FcfFunction function;
+    function.name = functions.value(first + NameEntry);
+    function.author = functions.value(first + AuthorEntry);
+    function.description = functions.value(first + DescriptionEntry);
+    function.ciNumber = functions.value(first + CiNumberEntry);
+    return function;
+}
+
+void PelkFcfGenerator::clearFunctionFields() { editFunction(FcfFunction()); }
+
+void PelkFcfGenerator::addNewFuction()
+{
+    clearFunctionFields();
+    functionsFieldSetEditable();
+}
+
+void PelkFcfGenerator::addNew()
+{
+    clearScreen();
+    functionsFieldSetEditable();
+    functions.clear();
+}
+
+void PelkFcfGenerator::displayFunctionInfo(int new_selection)
+{
+    clearFunctionFields();
+    if (new_selection < 0)
+        return;
+    editFunction(functionAt(new_selection));
+    ui->btnRemove->setEnabled(ui->FunctionComboBox->count() > 0);
+}
+
+bool PelkFcfGenerator::checkFunction()
+{
+    if (ui->EditFunctionName->text().isEmpty()) {
+        m_dialogs->tell(
+            tr("Please enter a Function Name before uploading Function field is empty"));
+        ui->EditFunctionName->setFocus();
+        // Told, not refused: the function is added without a name.
+        return false;
+    }
+
+    FcfFunction function = editedFunction();
+    setDefault(&function.ciNumber);
+    setDefault(&function.author);
+    setDefault(&function.description);
+    editFunction(function);
+
+    ui->btnRemove->setEnabled(ui->FunctionComboBox->count() > 0);
+    const int index =
+        ui->FunctionComboBox->findText(function.name, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (index < 0)
+        return false;
+
+    const GeneratorDialogs::Answer answer =
+        m_dialogs->ask(tr("The Function already exists, click Yes to override it and No to cancel"),
+                       GeneratorDialogs::DefaultsToNo);
+    if (answer != GeneratorDialogs::No) {
+        const int first = index * EntryCount;
+        // Shorter than the combo box after a load into a window that listed functions already.
+        functions.resize(qMax(functions.size(), first + EntryCount));
+        functions[first + NameEntry] = function.name;
+        functions[first + AuthorEntry] = function.author;
+        functions[first + DescriptionEntry] = function.description;
+        functions[first + CiNumberEntry] = function.ciNumber;
+    }
+    return true;
+}
+
+void PelkFcfGenerator::addFunction()
+{
+    const FcfFunction function = editedFunction();
+    functions << function.name << function.author << function.description << function.ciNumber;
+}
+
+void PelkFcfGenerator::uploadFunctionButtonClick()
+{
+    if (checkFunction())
+        return;
+    addFunction();
+    ui->FunctionComboBox->addItem(ui->EditFunctionName->text());
+    clearFunctionFields();
+    ui->btnRemove->setEnabled(true);
+}
+
+void PelkFcfGenerator::btnRemove_clicked()
+{
+    if (ui->FunctionComboBox->count() == 0)
+        return;
+    const int index = ui->FunctionComboBox->currentIndex();
+    // The index goes into the build's author whatever the answer; users of the window know it so.
+    ui->AuthoEditBox->setText(QString::number(index));
+    const GeneratorDialogs::Answer answer = m_dialogs->ask(
+        tr("Are you sure you want to remove the function?, click Yes to remove it and No to "
+           "cancel"),
+        GeneratorDialogs::NoDefault);
+    if (answer != GeneratorDialogs::Yes)
+        return;
+
+    // Shows the next function while the list still holds the removed one; hence the clearing.
+    ui->FunctionComboBox->removeItem(index);
+    clearFunctionFields();
+    if (functions.size() >= (index + 1) * EntryCount)
+        functions.remove(index * EntryCount, EntryCount);
+}
+
+void PelkFcfGenerator::on_btnItsMe_clicked()
+{
+    ui->AuthorFunctions->setText(OrvanticCore::DesignManager::instance()->currentUserName());
+}
+
+void PelkFcfGenerator::DescriptionMemoExit()
+{
+    const QString description = ui->DescriptionMemo->toPlainText();
+    if (description.length() <= MaximumDescriptionLength)
+        return;
+    ui->DescriptionMemo->setPlainText(description.left(MaximumDescriptionLength));
+    ui->DescriptionMemo->setFocus();
+    m_dialogs->tell(tr("The Description can not be more 1000 characters long The description is "
+                       "too long"));
+}

@@ -1,0 +1,182 @@
+// How the generator window turns its form into an image and a companion.
+
+#include "PelkFcfGenerator.h"
+
+#include "fcf/FcfHeader.h"
+#include "fcf/FcfWriter.h"
+#include "generator/FcfOutput.h"
+
+#include "ui_PelkFcfGenerator.h"
+
+#include <QtilitiesLogging/Logger.h>
+
+#include <QFileInfo>
+
+using Qtilities::Logging::Logger;
+
+namespace {
+
+void logMessage(Logger::MessageType type, const QString& text)
+{
+    Logger::instance()->logPriorityMessage(QString(), type,
+                                           PelkFcfGenerator::tr("Pelk FCF Generator: ") + text);
+}
+
+/// Every ".bin" in \p path gives way, in the names of folders too.
+QString withExtension(const QString& path, const char* extension)
+{
+    return QString(path).replace(QLatin1String(".bin"), QLatin1String(extension));
+}
+
+} // namespace
+
+void PelkFcfGenerator::generateButtonClick()
+{
+    if (updateConfigData())
+        close();
+}
+
+bool PelkFcfGenerator::updateConfigData()
+{
+    const QString module = getModule();
+    moduleCode = module == QLatin1String("DFE") ? 1 : 2;
+
+    const QString device = getDevice();
+    if (device == QLatin1String("Interface_FPGA"))
+        deviceCode = 1;
+    else if (device == QLatin1String("Processing_FPGA_1"))
+        deviceCode = 2;
+    else if (device == QLatin1String("Processing_FPGA_3"))
+        deviceCode = 8;
+    else if (device == QLatin1String(module == QLatin1String("GPM") ? "Processing_FPGA_2"
+                                                                    : "Clock_Master_Device"))
+        deviceCode = 4;
+
+    if (ui->txtInputFile->text().isEmpty()) {
+        m_dialogs->tell(tr("Please select a bin file first"));
+        return false;
+    }
+    if (ui->AuthoEditBox->text().isEmpty()) {
+        m_dialogs->tell(tr("Please enter the author 's name"));
+        return false;
+    }
+    if (ui->CiNumEditBox->text().isEmpty()) {
+        m_dialogs->tell(tr("Please enter a CI number"));
+        return false;
+    }
+    saveTofile(ui->txtInputFile->text());
+    return true;
+}
+
+void PelkFcfGenerator::saveTofile(QString binPath)
+{
+    const QString imagePath = withExtension(binPath, ".fcf");
+    const QString companionPath = withExtension(ui->txtInputFile->text(), ".txt");
+
+    const bool overwriting = QFileInfo(imagePath).exists();
+    if (overwriting && m_dialogs->ask(tr("A fcf file already exists at path:<br><br>") + imagePath +
+                                          tr("<br><br>Do you want to overwrite it?"),
+                                      GeneratorDialogs::DefaultsToNo) != GeneratorDialogs::Yes) {
+        showGenerationFailed();
+        return;
+    }
+
+    FcfOutput output(imagePath, binPath, companionPath);
+    const bool whole =
+        output.open(overwriting ? FcfOutput::EndAtFirstFailure : FcfOutput::ShowFailuresLater) &&
+        writeHeaders(&output, QFileInfo(imagePath).fileName()) && output.fillHeaders(FcfWriter()) &&
+        output.appendPayload();
+    if (!whole) {
+        reportFailure(output);
+        return;
+    }
+    warnOfOtherSize(binPath, output.payloadBytes());
+    showGenerated(QStringList() << imagePath << companionPath);
+}
+
+bool PelkFcfGenerator::writeHeaders(FcfOutput* output, const QString& imageName)
+{
+    const FcfWriter writer;
+    FcfHeader header = headerFromForm();
+    header.fileName = imageName;
+
+    header.stamp(m_clock());
+    if (!output->writeImageHeader(writer.compose(header)))
+        return false;
+    header.stamp(m_clock());
+    if (!output->writeCompanionHeader(writer.compose(header)))
+        return false;
+    showTotals();
+    return true;
+}
+
+FcfHeader PelkFcfGenerator::headerFromForm() const
+{
+    FcfHeader header;
+    header.totalPages = totalPages;
+    header.totalBlocks = totalBlocks;
+    header.totalSize = totalSize;
+    header.binPages = binPages;
+    header.binBlocks = binBlocks;
+    header.binFileSize = binFileSize;
+    header.moduleCode = moduleCode;
+    header.deviceCode = deviceCode;
+    header.configNumber = ui->ConfigComboBox->currentIndex() + 1;
+    header.versionMajor = ui->MajorVerEditBox->text().toInt();
+    header.versionMinor = ui->MinorVerEditBox->text().toInt();
+    header.ciNumber = ui->CiNumEditBox->text();
+    header.author = ui->AuthoEditBox->text();
+    header.description = ui->DescriptionMemo->toPlainText();
+    for (int index = 0; index < ui->FunctionComboBox->count(); ++index)
+        header.functions.append(functionAt(index));
+    return header;
+}
+
+void PelkFcfGenerator::showTotals()
+{
+    ui->finalSize->setText(QString::number(totalSize) + tr(" bytes"));
+    ui->finalPages->setText(QString::number(totalPages) + tr(" pages"));
+    ui->finalBlocks->setText(QString::number(totalBlocks) + tr(" blocks"));
+}
+
+void PelkFcfGenerator::showGenerated(const QStringList& files)
+{
+    emit newFilesCreated(files);
+    ui->StatusBar->setText(tr("<font color='green'>Successfully generated output files.</font>"));
+    logMessage(Logger::Info, tr("Successfully generated output files."));
+}
+
+void PelkFcfGenerator::showGenerationFailed()
+{
+    ui->StatusBar->setText(tr("<font color='red'>Failed to generate output file.</font>"));
+}
+
+void PelkFcfGenerator::reportFailure(const FcfOutput& output)
+{
+    switch (output.outcome()) {
+    case FcfOutput::CannotOpen:
+        m_dialogs->tell(tr("can't open ") + output.path());
+        break;
+    case FcfOutput::HeaderTooLarge:
+        m_dialogs->tell(tr("The file Size is too large please change some fields"));
+        break;
+    case FcfOutput::Failed:
+        logMessage(Logger::Error,
+                   tr("\"%1\" is not complete: %2.").arg(output.path(), output.reason()));
+        break;
+    case FcfOutput::GoesWell:
+        break;
+    }
+    showGenerationFailed();
+}
+
+void PelkFcfGenerator::warnOfOtherSize(const QString& binPath, qint64 payloadBytes) const
+{
+    if (static_cast<qint32>(payloadBytes) == binFileSize)
+        return;
+    // The header tells the size from when the binary was selected, even if that was another one.
+    logMessage(Logger::Warning,
+               tr("\"%1\" has %2 bytes, but the header says %3, as the binary was when it was last "
+                  "selected. Select it again and generate anew.")
+                   .arg(binPath, QString::number(payloadBytes), QString::number(binFileSize)));
+}

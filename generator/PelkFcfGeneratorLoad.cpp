@@ -1,0 +1,163 @@
+// How the generator window gets its input: the binary, and the description of an earlier build.
+
+#include "PelkFcfGenerator.h"
+
+#include "fcf/FcfReader.h"
+
+#include "ui_PelkFcfGenerator.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTextBlock>
+#include <QTextCursor>
+
+namespace {
+
+/// Adds \p text as a new paragraph at the end of \p memo, and never as markup.
+void appendParagraph(QTextEdit* memo, const QString& text)
+{
+    QTextCursor cursor(memo->document());
+    cursor.movePosition(QTextCursor::End);
+    if (!memo->document()->isEmpty())
+        cursor.insertBlock();
+    cursor.insertText(text);
+}
+
+} // namespace
+
+void PelkFcfGenerator::openFileDialog()
+{
+    const QString path =
+        m_dialogs->chooseFile(this, tr("Select Bin File"), ui->txtInputFile->text(),
+                              tr("Xilinx Binary Configuration Files (*.bin)"));
+    if (path.isEmpty()) {
+        ui->StatusBar->setText(tr("Failed to load *.bin file"));
+        return;
+    }
+    ui->txtInputFile->setText(path);
+    ui->StatusBar->setText(tr("Loaded ") + ui->txtInputFile->text() + tr(" successfully."));
+    displayBinFileSizeInfo(path);
+}
+
+void PelkFcfGenerator::fileOpenAccept()
+{
+    ui->FunctionComboBox->clear();
+    ui->btnRemove->setEnabled(false);
+    clearScreen();
+    // A load that fails must not leave functions in memory that the form no longer lists: the next
+    // one uploaded would stand for the first of them.
+    functions.clear();
+    ui->txtInputFile->setText(m_dialogs->chooseFile(this, tr("Open Document"), QDir::currentPath(),
+                                                    tr("Document files (*.txt)")));
+    const QString path = ui->txtInputFile->text();
+    readConfigFile(path);
+    displayConfigFileInfo(path);
+}
+
+void PelkFcfGenerator::setTxtFile(const QString& path)
+{
+    ui->txtInputFile->setText(path);
+    readConfigFile(path);
+    displayConfigFileInfo(path);
+    clearFunctionFields();
+}
+
+void PelkFcfGenerator::displayConfigFileInfo(QString file)
+{
+    ui->txtInputFile->setText(file.replace(QLatin1String(".txt"), QLatin1String(".bin")));
+}
+
+bool PelkFcfGenerator::readConfigFile(QString filename)
+{
+    functionsFieldSetNotEditable();
+    QFile file(filename);
+    if (!file.open(QIODevice::ReadOnly))
+        return showLoadingFailed();
+    functions.clear();
+    ui->ModifyFunctionCheckBox->setEnabled(true);
+
+    const FcfReading reading = FcfReader().read(&file);
+    showNumbers(reading.header);
+    if (reading.outcome == FcfReading::NoFilenameLine || reading.outcome == FcfReading::NoText) {
+        m_dialogs->tell(tr("please select a correct text file,the selected file is not compartable "
+                           "with this programme "));
+        return reading.outcome == FcfReading::NoText && showLoadingFailed();
+    }
+    showTexts(reading);
+    if (reading.outcome == FcfReading::EndedEarly)
+        return showLoadingFailed();
+    ui->StatusBar->setText(tr("<font color='green'>Loaded ") + ui->txtInputFile->text() +
+                           tr(" successfully.</font>"));
+    return true;
+}
+
+bool PelkFcfGenerator::showLoadingFailed()
+{
+    ui->StatusBar->setText(tr("<font color='red'>Loading ") + ui->txtInputFile->text() +
+                           tr(" failed.</font>"));
+    return false;
+}
+
+void PelkFcfGenerator::showNumbers(const FcfHeader& header)
+{
+    ui->finalPages->setText(QString::number(header.totalPages) + tr(" Pages"));
+    ui->finalBlocks->setText(QString::number(header.totalBlocks) + tr(" Blocks"));
+    ui->finalSize->setText(QString::number(header.totalSize) + tr(" bytes"));
+    ui->BinFilePages->setText(QString::number(header.binPages) + tr(" Pages"));
+    ui->BinFileBlocks->setText(QString::number(header.binBlocks) + tr(" Blocks"));
+    ui->BinFileSize->setText(QString::number(header.binFileSize) + tr(" bytes"));
+    selectTarget(header);
+    setVersion(header.versionMajor, header.versionMinor);
+}
+
+void PelkFcfGenerator::selectTarget(const FcfHeader& header)
+{
+    // By index, not the inverse of the codes that are written: what a code stands for depends on
+    // the module, of which code 2 does not tell which one it was.
+    if (header.moduleCode == 1)
+        ui->ModuleComboBox->setCurrentIndex(1);
+    else if (header.moduleCode == 2)
+        ui->ModuleComboBox->setCurrentIndex(0);
+
+    if (header.moduleCode == 1 || header.moduleCode == 2) {
+        switch (header.deviceCode) {
+        case 1:
+            ui->FpgaComboBox->setCurrentIndex(0);
+            break;
+        case 2:
+            ui->FpgaComboBox->setCurrentIndex(1);
+            break;
+        case 4:
+            ui->FpgaComboBox->setCurrentIndex(2);
+            break;
+        case 8:
+            if (header.moduleCode == 2)
+                ui->FpgaComboBox->setCurrentIndex(3);
+            break;
+        default:
+            break;
+        }
+    }
+    ui->ConfigComboBox->setCurrentIndex(qMax(header.configNumber, 0) - 1);
+}
+
+void PelkFcfGenerator::showTexts(const FcfReading& reading)
+{
+    ui->CiNumEditBox->setText(reading.header.ciNumber);
+    ui->AuthoEditBox->setText(reading.header.author);
+    foreach (const QString& line, reading.descriptionLines)
+        appendParagraph(ui->DescriptionMemo, line);
+    foreach (const FcfFunction& function, reading.header.functions)
+        showFunctionRead(function);
+}
+
+void PelkFcfGenerator::showFunctionRead(const FcfFunction& function)
+{
+    ui->FunctionComboBox->addItem(function.name);
+    ui->btnRemove->setEnabled(true);
+    // The item keeps the blanks around a name, the list does not.
+    FcfFunction trimmed = function;
+    trimmed.name = function.name.trimmed();
+    editFunction(trimmed);
+    addFunction();
+}
