@@ -1,0 +1,57 @@
+#include "MainWindow.h"
+
+#include <QtilitiesCoreGui/QtilitiesApplication.h>
+#include <QtilitiesExtensionSystem/ExtensionSystemCore.h>
+
+#include <QCommandLineParser>
+#include <QDir>
+#include <QStyleFactory>
+
+using Qtilities::CoreGui::QtilitiesApplication;
+using Qtilities::ExtensionSystem::ExtensionSystemCore;
+
+namespace {
+
+/// Where the build and an installation both keep the plug-ins, seen from the program.
+QString defaultPluginPath()
+{
+    return QDir(QCoreApplication::applicationDirPath()).absoluteFilePath("../lib/zorv/plugins");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QtilitiesApplication application(argc, argv);
+    QCoreApplication::setApplicationName("pelk-host");
+    QCoreApplication::setOrganizationName("ZORV");
+    QCoreApplication::setApplicationVersion(PELK_HOST_VERSION);
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QCoreApplication::translate("main", "Reference host for design plug-ins."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption pluginPath(
+        "plugin-path",
+        QCoreApplication::translate("main", "Load the plug-ins in <folder>; may be repeated."),
+        "folder", defaultPluginPath());
+    parser.addOption(pluginPath);
+    parser.addPositionalArgument("design", QCoreApplication::translate("main", "Design to open."),
+                                 "[design...]");
+    parser.process(application);
+
+    MainWindow window;
+    QtilitiesApplication::setMainWindow(&window);
+    for (const QString& path : parser.values(pluginPath))
+        ExtensionSystemCore::instance()->addPluginPath(path);
+    ExtensionSystemCore::instance()->initialize();
+    for (const QString& design : parser.positionalArguments())
+        window.openDesign(design);
+    window.show();
+
+    const int result = QtilitiesApplication::exec();
+    ExtensionSystemCore::instance()->finalize();
+    return result;
+}
