@@ -27,3 +27,16 @@ endfunction()
 function(zorv_warnings target)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
 endfunction()
+
+# A Qt Test program made of NAME.cpp and the further SOURCES. It runs without a screen, in a locale
+# that does not depend on the machine.
+function(zorv_test name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
+    add_executable(${name} ${name}.cpp ${arg_SOURCES})
+    zorv_target(${name})
+    target_link_libraries(${name} PRIVATE Qt5::Test ${arg_LIBRARIES})
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8"
+        TIMEOUT 120)
+endfunction()
