@@ -40,6 +40,19 @@ QStringList devicesOf(const QString& module)
     return devices;
 }
 
+/// Lets the keyboard reach what \a panel itself offers it (to fold, say) right after \a previous.
+/// Made after the form, it would come last.
+void putIntoTabOrder(const DetailsWidget* panel, QWidget* previous)
+{
+    foreach (QWidget* widget, panel->findChildren<QWidget*>()) {
+        const bool ofBody = panel->widget() == widget || panel->widget()->isAncestorOf(widget);
+        if (ofBody || !(widget->focusPolicy() & Qt::TabFocus))
+            continue;
+        QWidget::setTabOrder(previous, widget);
+        previous = widget;
+    }
+}
+
 } // namespace
 
 PelkFcfGenerator::PelkFcfGenerator(QWidget* parent)
@@ -57,6 +70,8 @@ PelkFcfGenerator::PelkFcfGenerator(QWidget* parent)
     targetDetails = foldInto(ui->widgetTargetDetailsHolder, ui->widgetTargetSettings,
                              tr("<b>Target Flash Location:</b>"));
     targetDetails->setState(DetailsWidget::Expanded);
+    putIntoTabOrder(targetDetails, ui->DescriptionMemo);
+    putIntoTabOrder(functionsDetails, ui->ConfigComboBox);
 }
 
 PelkFcfGenerator::~PelkFcfGenerator() {}

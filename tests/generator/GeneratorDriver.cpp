@@ -1,0 +1,130 @@
+#include "GeneratorDriver.h"
+
+#include <QFile>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QToolButton>
+#include <QtTest>
+
+using Qtilities::Logging::Logger;
+
+GeneratorDriver::GeneratorDriver()
+{
+    connect(Logger::instance(), &Logger::newPriorityMessage, this,
+            [this](Logger::MessageType type, const QString& text) {
+                m_log << QString("%1 %2").arg(type).arg(text);
+            });
+    reopen();
+}
+
+void GeneratorDriver::reopen()
+{
+    m_window = std::make_unique<PelkFcfGenerator>();
+    m_window->setClock([] { return QDateTime(QDate(2026, 11, 21), QTime(9, 5, 7)); });
+    m_window->show();
+    QApplication::setActiveWindow(m_window.get());
+    if (!QTest::qWaitForWindowActive(m_window.get()))
+        qFatal("The window does not become active");
+    QTest::mouseClick(find<QWidget>("widgetFunctionDetailsHolder")->findChild<QToolButton*>(),
+                      Qt::LeftButton);
+}
+
+QString GeneratorDriver::text(const char* name) const
+{
+    auto* const widget = find<QWidget>(name);
+    if (auto* const memo = qobject_cast<QTextEdit*>(widget))
+        return memo->toPlainText();
+    return widget->property(qobject_cast<QComboBox*>(widget) ? "currentText" : "text").toString();
+}
+
+QStringList GeneratorDriver::editor() const
+{
+    return {text("EditFunctionName"), text("AuthorFunctions"), text("DescriptionMemoFunctions"),
+            text("CiNumberEditBoxFunctions")};
+}
+
+QStringList GeneratorDriver::functionNames() const
+{
+    auto* const list = find<QComboBox>("FunctionComboBox");
+    QStringList names;
+    for (int i = 0; i < list->count(); ++i)
+        names << list->itemText(i);
+    return names;
+}
+
+void GeneratorDriver::click(const char* button)
+{
+    QTest::mouseClick(find<QAbstractButton>(button), Qt::LeftButton);
+}
+
+void GeneratorDriver::type(const char* field, const QString& text)
+{
+    auto* const widget = find<QWidget>(field);
+    widget->setFocus();
+    QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(widget, Qt::Key_Delete);
+    for (const QString& letters : text.split('\n')) {
+        if (&letters != &text && !this->text(field).isEmpty())
+            QTest::keyClick(widget, Qt::Key_Return);
+        // As an input method would: keys alone cannot type every script.
+        QTest::sendKeyEvent(QTest::Click, widget, Qt::Key_unknown, letters, Qt::NoModifier);
+    }
+}
+
+void GeneratorDriver::select(const char* comboBox, int index)
+{
+    auto* const box = find<QComboBox>(comboBox);
+    QTest::keyClick(box, Qt::Key_Home);
+    for (int i = 0; i < index; ++i)
+        QTest::keyClick(box, Qt::Key_Down);
+}
+
+void GeneratorDriver::chooseFromFileMenu(const QString& entry)
+{
+    QMenuBar* const bar = m_window->menuBar();
+    QAction* const file = bar->actions().first();
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(file).center());
+    QMenu* const menu = file->menu();
+    for (QAction* action : menu->actions()) {
+        if (action->text() == entry)
+            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+    }
+}
+
+void GeneratorDriver::upload(const QString& name, const QString& author, const QString& description,
+                             const QString& ciNumber)
+{
+    type("EditFunctionName", name);
+    type("AuthorFunctions", author);
+    type("DescriptionMemoFunctions", description);
+    type("CiNumberEditBoxFunctions", ciNumber);
+    click("UploadFunctionButton");
+}
+
+void GeneratorDriver::fillIn(const QString& binaryPath)
+{
+    m_dialogs.choose(binaryPath);
+    click("btnLoad");
+    type("AuthoEditBox", "R. Vos");
+    type("CiNumEditBox", "CI-0042");
+}
+
+QString GeneratorDriver::binary(const QString& name, int bytes) const
+{
+    QByteArray content(bytes, Qt::Uninitialized);
+    for (int i = 0; i < bytes; ++i)
+        content[i] = static_cast<char>(i * 7 + i / 256);
+    QFile file(path(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != bytes)
+        qFatal("Cannot write %s", qPrintable(file.fileName()));
+    return file.fileName();
+}
+
+QByteArray GeneratorDriver::content(const QString& filePath) const
+{
+    QFile file(filePath);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool GeneratorDriver::exists(const QString& filePath) const { return QFile::exists(filePath); }

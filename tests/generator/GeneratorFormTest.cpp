@@ -1,0 +1,506 @@
+#include "GeneratorDriver.h"
+
+#include <QtCreatorUtilities/DetailsWidget.h>
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QGroupBox>
+#include <QLayout>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QtTest>
+
+using QtCreatorUtilities::DetailsWidget;
+
+namespace {
+
+QStringList itemsOf(const QComboBox* box)
+{
+    QStringList items;
+    for (int i = 0; i < box->count(); ++i)
+        items << box->itemText(i);
+    return items;
+}
+
+} // namespace
+
+class GeneratorFormTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { driver.reset(new GeneratorDriver); }
+    void cleanup();
+
+    void declaresItsSignalAndSlotsInOrder();
+    void holdsTheFormsObjectsInOrder();
+    void isCalledAndTitledAsUsersKnowIt();
+    void showsTheTextsOfTheForm_data();
+    void showsTheTextsOfTheForm();
+    void limitsItsFields();
+    void offersLoadAndClearInTheFileMenu();
+    void leavesTheOtherActionsOutOfEveryMenu();
+    void startsWithTheFirstTargetAndNoFunction();
+    void foldsTargetAndFunctionsIntoPanels();
+    void startsWithTheTargetUnfoldedAndTheFunctionsFolded();
+    void visitsItsFieldsInReadingOrder();
+    void labelsAreBuddiesOfTheirFields();
+    void offersTheDevicesOfEachModule_data();
+    void offersTheDevicesOfEachModule();
+    void leavesTheDevicesEmptyForAnUnknownModule();
+    void takesModulesByTheirExactText();
+    void takesDevicesOfTheModuleOnly();
+    void takesSlotsFromOneToTen();
+    void keepsTheDeviceWhenTheModuleIsSetAgain();
+    void setsVersionAuthorNumberAndDescription();
+    void takesMarkupForPlainText();
+    void pastesMarkupAsPlainText();
+    void clearScreenEmptiesAllButTheTarget();
+    void closesOnCancel();
+
+private:
+    QScopedPointer<GeneratorDriver> driver;
+};
+
+void GeneratorFormTest::cleanup()
+{
+    QVERIFY2(driver->dialogs().allGiven(), qPrintable(driver->dialogs().unexpected().join('|')));
+    driver.reset();
+}
+
+void GeneratorFormTest::declaresItsSignalAndSlotsInOrder()
+{
+    const QMetaObject& meta = PelkFcfGenerator::staticMetaObject;
+    QStringList methods;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        const QMetaMethod method = meta.method(i);
+        const bool isSignal = method.methodType() == QMetaMethod::Signal;
+        methods << QString("%1 %2 %3(%4)")
+                       .arg(isSignal ? "signal" : "slot", method.typeName(), method.name(),
+                            method.parameterNames().join(','));
+    }
+    const QStringList expected = {"signal void newFilesCreated(files)",
+                                  "slot void updateComboBoxFPGA()",
+                                  "slot void openFileDialog()",
+                                  "slot void generateButtonClick()",
+                                  "slot void btnRemove_clicked()",
+                                  "slot void modifyFunctionsCheckBoxClick()",
+                                  "slot void DescriptionMemoExit()",
+                                  "slot void uploadFunctionButtonClick()",
+                                  "slot bool checkFunction()",
+                                  "slot void fileOpenAccept()",
+                                  "slot void displayConfigFileInfo(file)",
+                                  "slot bool readConfigFile(filename)",
+                                  "slot void addFunction()",
+                                  "slot void displayFunctionInfo(new_selection)",
+                                  "slot void addNewFuction()",
+                                  "slot void addNew()",
+                                  "slot void on_btnCancel_clicked()",
+                                  "slot void on_btnItsMe_clicked()"};
+    QCOMPARE(methods, expected);
+    QCOMPARE(meta.propertyCount(), QMainWindow::staticMetaObject.propertyCount());
+}
+
+void GeneratorFormTest::holdsTheFormsObjectsInOrder()
+{
+    // In the order of the form's file, which is the order in which the objects are made.
+    QFile form(QFINDTESTDATA("../../generator/PelkFcfGenerator.ui"));
+    QVERIFY(form.open(QIODevice::ReadOnly));
+    const QString source = form.readAll();
+    const QList<QPair<QString, QString>> objects = {{"QMenu", "menuFile"},
+                                                    {"QGroupBox", "groupBox_4"},
+                                                    {"QLineEdit", "txtInputFile"},
+                                                    {"QLabel", "BinFileSize"},
+                                                    {"QLabel", "BinFilePages"},
+                                                    {"QLabel", "BinFileBlocks"},
+                                                    {"QPushButton", "btnLoad"},
+                                                    {"QLabel", "StatusBar"},
+                                                    {"QGroupBox", "groupBox_3"},
+                                                    {"QLineEdit", "AuthoEditBox"},
+                                                    {"QLineEdit", "MajorVerEditBox"},
+                                                    {"QLineEdit", "MinorVerEditBox"},
+                                                    {"QLineEdit", "CiNumEditBox"},
+                                                    {"QTextEdit", "DescriptionMemo"},
+                                                    {"QWidget", "widgetTargetSettings"},
+                                                    {"QComboBox", "ModuleComboBox"},
+                                                    {"QComboBox", "FpgaComboBox"},
+                                                    {"QComboBox", "ConfigComboBox"},
+                                                    {"QWidget", "widgetTargetDetailsHolder"},
+                                                    {"QWidget", "widgetFunctionDetailsHolder"},
+                                                    {"QWidget", "widgetFunctions"},
+                                                    {"QComboBox", "FunctionComboBox"},
+                                                    {"QCheckBox", "ModifyFunctionCheckBox"},
+                                                    {"QPushButton", "btnRemove"},
+                                                    {"QLineEdit", "EditFunctionName"},
+                                                    {"QPushButton", "AddNewFunction"},
+                                                    {"QPushButton", "UploadFunctionButton"},
+                                                    {"QLineEdit", "AuthorFunctions"},
+                                                    {"QPushButton", "btnItsMe"},
+                                                    {"QTextEdit", "DescriptionMemoFunctions"},
+                                                    {"QLineEdit", "CiNumberEditBoxFunctions"},
+                                                    {"QLabel", "finalSize"},
+                                                    {"QLabel", "finalPages"},
+                                                    {"QLabel", "finalBlocks"},
+                                                    {"QPushButton", "btnCancel"},
+                                                    {"QPushButton", "GenerateButton"}};
+    int position = 0;
+    for (const auto& object : objects) {
+        const QWidget* const widget = driver->find<QWidget>(qPrintable(object.second));
+        QCOMPARE(QString(widget->metaObject()->className()), object.first);
+        const int found = source.indexOf("name=\"" + object.second + '"', position);
+        QVERIFY2(found > position, qPrintable(object.second));
+        position = found;
+    }
+}
+
+void GeneratorFormTest::isCalledAndTitledAsUsersKnowIt()
+{
+    QCOMPARE(driver->window()->objectName(), QString("PelkFcfGenerator"));
+    QCOMPARE(driver->window()->windowTitle(), QString("Pelk FCF Generator"));
+}
+
+void GeneratorFormTest::showsTheTextsOfTheForm_data()
+{
+    QTest::addColumn<QString>("text");
+    const QStringList labels = {"Input Binary File:",
+                                "Size:",
+                                "Author",
+                                "Version:",
+                                "CI Number",
+                                "Description",
+                                "Module:",
+                                "Device:",
+                                "Config NO:",
+                                "Function List:",
+                                "Function Name",
+                                "Function Author",
+                                "Function Description:",
+                                "Function CI Number:",
+                                "Generated File Size:",
+                                "size",
+                                "pages",
+                                "file blocks"};
+    for (const QString& label : labels)
+        QTest::newRow(qPrintable("label " + label)) << label;
+    for (const char* button : {"Load", "Modify", "Remove Function", "Clear Function Parameters",
+                               "Upload Function", "It's Me", "Cancel", "Generate"})
+        QTest::newRow(qPrintable(QString("button ") + button)) << button;
+    for (const char* title : {"Xilinx Binary Programming File:", "Build Details:"})
+        QTest::newRow(qPrintable(QString("box ") + title)) << title;
+}
+
+void GeneratorFormTest::showsTheTextsOfTheForm()
+{
+    QFETCH(QString, text);
+    int shown = 0;
+    for (const QWidget* widget : driver->window()->findChildren<QWidget*>()) {
+        const bool is = widget->property("text").toString() == text ||
+                        widget->property("title").toString() == text;
+        shown += is && widget->isVisible();
+    }
+    QCOMPARE(shown, 1);
+}
+
+void GeneratorFormTest::limitsItsFields()
+{
+    QCOMPARE(driver->find<QLineEdit>("AuthoEditBox")->maxLength(), 20);
+    for (const char* name : {"MajorVerEditBox", "MinorVerEditBox"}) {
+        const auto* const field = driver->find<QLineEdit>(name);
+        QCOMPARE(field->maxLength(), 3);
+        QCOMPARE(field->maximumWidth(), 50);
+        QVERIFY(!field->validator());
+        driver->type(name, "a-bc");
+        QCOMPARE(field->text(), QString("a-b"));
+    }
+    QCOMPARE(driver->find<QLineEdit>("MajorVerEditBox")->inputMethodHints(),
+             Qt::InputMethodHints(Qt::ImhDialableCharactersOnly));
+    QCOMPARE(driver->find<QLineEdit>("MinorVerEditBox")->inputMethodHints(),
+             Qt::InputMethodHints(Qt::ImhDigitsOnly));
+    const auto* const list = driver->find<QComboBox>("FunctionComboBox");
+    QCOMPARE(list->minimumWidth(), 200);
+    QCOMPARE(list->maximumWidth(), 200);
+    QVERIFY(list->isEnabled() && !list->isEditable());
+    QVERIFY(!driver->find<QCheckBox>("ModifyFunctionCheckBox")->isTristate());
+}
+
+void GeneratorFormTest::offersLoadAndClearInTheFileMenu()
+{
+    const QList<QAction*> menus = driver->window()->menuBar()->actions();
+    QCOMPARE(menus.size(), 1);
+    QCOMPARE(menus[0]->text(), QString("File"));
+    QStringList entries;
+    for (const QAction* action : menus[0]->menu()->actions())
+        entries << action->objectName() + '=' + action->text();
+    QCOMPARE(entries, QStringList({"actionLoad=Load", "actionNew=Clear"}));
+}
+
+void GeneratorFormTest::leavesTheOtherActionsOutOfEveryMenu()
+{
+    const QList<QPair<QString, QString>> actions = {{"actionExit", "exit"},
+                                                    {"actionAbout", "about"},
+                                                    {"actionSave", "new"},
+                                                    {"actionExit_2", "Exit"}};
+    for (const auto& expected : actions) {
+        const auto* const action = driver->window()->findChild<QAction*>(expected.first);
+        QVERIFY2(action, qPrintable(expected.first));
+        QCOMPARE(action->text(), expected.second);
+        QVERIFY(action->associatedWidgets().isEmpty());
+    }
+}
+
+void GeneratorFormTest::startsWithTheFirstTargetAndNoFunction()
+{
+    QCOMPARE(driver->window()->getModule(), QString("DFE"));
+    QCOMPARE(driver->window()->getDevice(), QString("Interface_FPGA"));
+    QCOMPARE(driver->window()->getConfigNum(), 1);
+    QCOMPARE(driver->functionNames(), QStringList());
+    QVERIFY(!driver->find<QPushButton>("btnRemove")->isEnabled());
+    QVERIFY(!driver->find<QCheckBox>("ModifyFunctionCheckBox")->isEnabled());
+    QCOMPARE(itemsOf(driver->find<QComboBox>("ModuleComboBox")),
+             QStringList({"DFE", "DFE2", "GPM"}));
+    QCOMPARE(itemsOf(driver->find<QComboBox>("ConfigComboBox")),
+             QStringList({"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}));
+}
+
+void GeneratorFormTest::foldsTargetAndFunctionsIntoPanels()
+{
+    for (const auto& [holder, body, summary] :
+         {std::tuple("widgetFunctionDetailsHolder", "widgetFunctions",
+                     "<b>Functions In Build:</b>"),
+          std::tuple("widgetTargetDetailsHolder", "widgetTargetSettings",
+                     "<b>Target Flash Location:</b>")}) {
+        const auto* const panel = driver->find<QWidget>(holder)->findChild<DetailsWidget*>();
+        QVERIFY(panel);
+        QCOMPARE(panel->widget(), driver->find<QWidget>(body));
+        QCOMPARE(panel->summaryText(), QString(summary));
+        QCOMPARE(driver->find<QWidget>(holder)->layout()->contentsMargins(), QMargins());
+    }
+}
+
+void GeneratorFormTest::startsWithTheTargetUnfoldedAndTheFunctionsFolded()
+{
+    PelkFcfGenerator fresh;
+    fresh.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&fresh));
+    QVERIFY(fresh.findChild<QWidget*>("widgetTargetSettings")->isVisible());
+    QVERIFY(!fresh.findChild<QWidget*>("widgetFunctions")->isVisible());
+}
+
+void GeneratorFormTest::visitsItsFieldsInReadingOrder()
+{
+    QStringList visited;
+    driver->find<QWidget>("txtInputFile")->setFocus();
+    driver->find<QWidget>("btnRemove")->setEnabled(true);
+    driver->find<QWidget>("ModifyFunctionCheckBox")->setEnabled(true);
+    for (int i = 0; i < 24; ++i) {
+        QWidget* const focus = QApplication::focusWidget();
+        QVERIFY(focus);
+        visited << focus->objectName();
+        QTest::keyClick(focus, Qt::Key_Tab);
+    }
+    const QStringList expected = {"txtInputFile",
+                                  "btnLoad",
+                                  "AuthoEditBox",
+                                  "MajorVerEditBox",
+                                  "MinorVerEditBox",
+                                  "CiNumEditBox",
+                                  "DescriptionMemo",
+                                  "arrow",
+                                  "ModuleComboBox",
+                                  "FpgaComboBox",
+                                  "ConfigComboBox",
+                                  "arrow",
+                                  "FunctionComboBox",
+                                  "ModifyFunctionCheckBox",
+                                  "btnRemove",
+                                  "EditFunctionName",
+                                  "AddNewFunction",
+                                  "UploadFunctionButton",
+                                  "AuthorFunctions",
+                                  "btnItsMe",
+                                  "DescriptionMemoFunctions",
+                                  "CiNumberEditBoxFunctions",
+                                  "btnCancel",
+                                  "GenerateButton"};
+    QCOMPARE(visited, expected);
+}
+
+void GeneratorFormTest::labelsAreBuddiesOfTheirFields()
+{
+    QMap<QString, QString> buddies;
+    for (const QLabel* label : driver->window()->findChildren<QLabel*>()) {
+        if (label->buddy())
+            buddies[label->text()] = label->buddy()->objectName();
+    }
+    const QMap<QString, QString> expected = {{"Input Binary File:", "txtInputFile"},
+                                             {"Author", "AuthoEditBox"},
+                                             {"Version:", "MajorVerEditBox"},
+                                             {".", "MinorVerEditBox"},
+                                             {"CI Number", "CiNumEditBox"},
+                                             {"Description", "DescriptionMemo"},
+                                             {"Module:", "ModuleComboBox"},
+                                             {"Device:", "FpgaComboBox"},
+                                             {"Config NO:", "ConfigComboBox"},
+                                             {"Function List:", "FunctionComboBox"},
+                                             {"Function Name", "EditFunctionName"},
+                                             {"Function Author", "AuthorFunctions"},
+                                             {"Function Description:", "DescriptionMemoFunctions"},
+                                             {"Function CI Number:", "CiNumberEditBoxFunctions"}};
+    QCOMPARE(buddies, expected);
+}
+
+void GeneratorFormTest::offersTheDevicesOfEachModule_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<QStringList>("devices");
+    QTest::newRow("DFE") << 0
+                         << QStringList{"Interface_FPGA", "Processing_FPGA_1",
+                                        "Clock_Master_Device"};
+    QTest::newRow("DFE2") << 1 << QStringList{"Processing_FPGA"};
+    QTest::newRow("GPM") << 2
+                         << QStringList{"Interface_FPGA", "Processing_FPGA_1", "Processing_FPGA_2",
+                                        "Processing_FPGA_3"};
+}
+
+void GeneratorFormTest::offersTheDevicesOfEachModule()
+{
+    QFETCH(int, index);
+    driver->select("ModuleComboBox", 2);
+    driver->select("ModuleComboBox", index);
+    QCOMPARE(driver->window()->getModule(), QString(QTest::currentDataTag()));
+    QTEST(itemsOf(driver->find<QComboBox>("FpgaComboBox")), "devices");
+    QCOMPARE(driver->find<QComboBox>("FpgaComboBox")->currentIndex(), 0);
+}
+
+void GeneratorFormTest::leavesTheDevicesEmptyForAnUnknownModule()
+{
+    auto* const modules = driver->find<QComboBox>("ModuleComboBox");
+    modules->addItem("dfe");
+    QTest::keyClick(modules, Qt::Key_End);
+    QCOMPARE(driver->window()->getModule(), QString("dfe"));
+    QCOMPARE(driver->find<QComboBox>("FpgaComboBox")->count(), 0);
+    QCOMPARE(driver->window()->getDevice(), QString());
+}
+
+void GeneratorFormTest::takesModulesByTheirExactText()
+{
+    driver->window()->setModule("GPM");
+    QCOMPARE(driver->window()->getModule(), QString("GPM"));
+    for (const char* unknown : {"dfe", "DFE1", "DF", "DFE ", ""}) {
+        driver->window()->setModule(unknown);
+        QCOMPARE(driver->window()->getModule(), QString("GPM"));
+    }
+}
+
+void GeneratorFormTest::takesDevicesOfTheModuleOnly()
+{
+    driver->window()->setModule("DFE2");
+    driver->window()->setDevice("Interface_FPGA");
+    QCOMPARE(driver->window()->getDevice(), QString("Processing_FPGA"));
+    driver->window()->setModule("GPM");
+    driver->window()->setDevice("Processing_FPGA_2");
+    driver->window()->setDevice("processing_fpga_1");
+    QCOMPARE(driver->window()->getDevice(), QString("Processing_FPGA_2"));
+}
+
+void GeneratorFormTest::takesSlotsFromOneToTen()
+{
+    for (int slot = 1; slot <= 10; ++slot) {
+        driver->window()->setConfigNum(slot);
+        QCOMPARE(driver->window()->getConfigNum(), slot);
+    }
+    driver->window()->setConfigNum(7);
+    for (const int none : {0, 11, -1}) {
+        driver->window()->setConfigNum(none);
+        QCOMPARE(driver->window()->getConfigNum(), 7);
+    }
+}
+
+void GeneratorFormTest::keepsTheDeviceWhenTheModuleIsSetAgain()
+{
+    driver->window()->setModule("GPM");
+    driver->window()->setDevice("Processing_FPGA_3");
+    QSignalSpy changed(driver->find<QComboBox>("FpgaComboBox"),
+                       QOverload<int>::of(&QComboBox::currentIndexChanged));
+    driver->window()->setModule("GPM");
+    QCOMPARE(changed.count(), 0);
+    QCOMPARE(driver->window()->getDevice(), QString("Processing_FPGA_3"));
+}
+
+void GeneratorFormTest::setsVersionAuthorNumberAndDescription()
+{
+    driver->type("MajorVerEditBox", "9");
+    driver->window()->setVersion(12, -3);
+    driver->window()->setAuthor("R. Vos");
+    driver->window()->setCINumber("CI-7");
+    driver->window()->setDescription("one\ntwo");
+    QCOMPARE(driver->text("MajorVerEditBox"), QString("12"));
+    QCOMPARE(driver->text("MinorVerEditBox"), QString("-3"));
+    QCOMPARE(driver->text("AuthoEditBox"), QString("R. Vos"));
+    QCOMPARE(driver->text("CiNumEditBox"), QString("CI-7"));
+    QCOMPARE(driver->text("DescriptionMemo"), QString("one\ntwo"));
+}
+
+void GeneratorFormTest::takesMarkupForPlainText()
+{
+    const QString markup = QString::fromUtf8("<b>A&amp;B</b> \"雷达\"");
+    driver->window()->setDescription(markup);
+    QCOMPARE(driver->text("DescriptionMemo"), markup);
+    driver->upload(markup, "<i>", markup, "&");
+    driver->select("FunctionComboBox", 0);
+    driver->window()->displayFunctionInfo(0);
+    QCOMPARE(driver->editor(), QStringList({markup, "<i>", markup, "&"}));
+}
+
+void GeneratorFormTest::pastesMarkupAsPlainText()
+{
+    auto* const data = new QMimeData;
+    data->setHtml("<b>bold</b>");
+    data->setText("bold");
+    QApplication::clipboard()->setMimeData(data);
+    for (const char* memo : {"DescriptionMemo", "DescriptionMemoFunctions"}) {
+        auto* const edit = driver->find<QTextEdit>(memo);
+        edit->setFocus();
+        QTest::keySequence(edit, QKeySequence::Paste);
+        QCOMPARE(edit->toPlainText(), QString("bold"));
+        QVERIFY(!edit->toHtml().contains("font-weight:600"));
+    }
+}
+
+void GeneratorFormTest::clearScreenEmptiesAllButTheTarget()
+{
+    driver->window()->setModule("GPM");
+    driver->window()->setDevice("Processing_FPGA_2");
+    driver->window()->setConfigNum(5);
+    driver->upload("kept in memory", "a", "d", "1");
+    driver->fillIn(driver->binary("top.bin", 5000));
+    driver->window()->setVersion(1, 2);
+    driver->window()->setDescription("d");
+    driver->upload("second", "a", "d", "1");
+    driver->type("EditFunctionName", "being edited");
+    driver->find<QLabel>("finalSize")->setText("7 bytes");
+
+    driver->window()->clearScreen();
+    for (const char* name :
+         {"txtInputFile", "AuthoEditBox", "CiNumEditBox", "MajorVerEditBox", "MinorVerEditBox",
+          "DescriptionMemo", "StatusBar", "BinFileSize", "BinFilePages", "BinFileBlocks",
+          "finalPages", "finalBlocks", "finalSize"})
+        QCOMPARE(driver->text(name), QString());
+    QCOMPARE(driver->editor(), QStringList({"", "", "", ""}));
+    QCOMPARE(driver->functionNames(), QStringList());
+    QCOMPARE(driver->window()->getModule(), QString("GPM"));
+    QCOMPARE(driver->window()->getDevice(), QString("Processing_FPGA_2"));
+    QCOMPARE(driver->window()->getConfigNum(), 5);
+
+    driver->window()->displayFunctionInfo(0);
+    QCOMPARE(driver->editor(), QStringList({"kept in memory", "a", "d", "1"}));
+}
+
+void GeneratorFormTest::closesOnCancel()
+{
+    driver->click("btnCancel");
+    QVERIFY(!driver->window()->isVisible());
+}
+
+QTEST_MAIN(GeneratorFormTest)
+#include "GeneratorFormTest.moc"
