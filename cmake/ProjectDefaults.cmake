@@ -37,6 +37,6 @@ function(zorv_test name)
     target_link_libraries(${name} PRIVATE Qt5::Test ${arg_LIBRARIES})
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_LOGGING_RULES=qt.qpa.*=false;LC_ALL=C.UTF-8"
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8"
         TIMEOUT 120)
 endfunction()
