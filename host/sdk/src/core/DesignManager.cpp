@@ -1,5 +1,8 @@
 #include <DesignManager.h>
 
+#include <QCoreApplication>
+#include <QSettings>
+
 #include <pwd.h>
 #include <unistd.h>
 
@@ -15,6 +18,8 @@ DesignManager* DesignManager::instance()
     return &manager;
 }
 
+QList<IDesign*> DesignManager::designs() const { return d_designs; }
+
 QString DesignManager::currentUserName() const
 {
     const passwd* const account = getpwuid(getuid());
@@ -25,5 +30,24 @@ QString DesignManager::currentUserName() const
         QString::fromLocal8Bit(account->pw_gecos).section(QLatin1Char(','), 0, 0).trimmed();
     return fullName.isEmpty() ? QString::fromLocal8Bit(account->pw_name) : fullName;
 }
+
+QString DesignManager::settingsFilePath() const
+{
+    if (!d_settings_file_path.isEmpty())
+        return d_settings_file_path;
+    return QSettings(QSettings::IniFormat, QSettings::UserScope,
+                     QCoreApplication::organizationName(), QCoreApplication::applicationName())
+        .fileName();
+}
+
+void DesignManager::addDesign(IDesign* design)
+{
+    if (design && !d_designs.contains(design))
+        d_designs.append(design);
+}
+
+void DesignManager::removeDesign(IDesign* design) { d_designs.removeOne(design); }
+
+void DesignManager::setSettingsFilePath(const QString& path) { d_settings_file_path = path; }
 
 } // namespace OrvanticCore

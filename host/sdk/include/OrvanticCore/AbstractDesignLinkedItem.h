@@ -1,0 +1,44 @@
+#ifndef ORVANTICCORE_ABSTRACTDESIGNLINKEDITEM_H
+#define ORVANTICCORE_ABSTRACTDESIGNLINKEDITEM_H
+
+#include <OrvanticCoreGlobal.h>
+
+#include <QString>
+
+namespace OrvanticCore {
+
+class IDesign;
+
+/// What belongs to a design, with what the design notes about it.
+class ORVANTICCORE_SHARED_EXPORT AbstractDesignLinkedItem {
+public:
+    virtual ~AbstractDesignLinkedItem();
+
+    /// The design that the item belongs to, or null. It outlives the item.
+    IDesign* design() const;
+
+    /// The version of the design that the item was made for, as text; empty for any version.
+    void setVersionAssociation(const QString& version);
+    QString versionAssociation() const;
+
+    /// Whether a tool made the item, and can make it again.
+    void setIsGenerated(bool generated);
+    bool isGenerated() const;
+
+protected:
+    explicit AbstractDesignLinkedItem(IDesign* design);
+
+    /// Called after something noted about the item has changed.
+    virtual void handleLinkChanged() = 0;
+
+private:
+    Q_DISABLE_COPY(AbstractDesignLinkedItem)
+
+    IDesign* d_design;
+    QString d_version_association;
+    bool d_is_generated;
+};
+
+} // namespace OrvanticCore
+
+#endif

@@ -1,0 +1,7 @@
+#include <IDesign.h>
+
+namespace OrvanticCore {
+
+IDesign::~IDesign() {}
+
+} // namespace OrvanticCore

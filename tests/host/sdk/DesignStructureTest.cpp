@@ -1,0 +1,80 @@
+#include <OrvanticCore/DesignStructure.h>
+
+#include <QtTest>
+
+using OrvanticCore::DesignStructure;
+using OrvanticCore::FileAssociation;
+using Qtilities::CoreGui::TreeNode;
+
+class DesignStructureTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void mapsAPatternToItsOwnAssociationFirst();
+    void mapsAFileNameByWildcards();
+    void mapsAnUnknownNameToNothing();
+    void findsNodesAtEveryDepth();
+    void findsTheOutermostOfTwoNodes();
+    void mapsToAWorkingFolder();
+};
+
+void DesignStructureTest::mapsAPatternToItsOwnAssociationFirst()
+{
+    DesignStructure structure;
+    structure.addFileAssociation("*", "Everything");
+    structure.addFileAssociation("*.bit", "Bit-streams");
+    QCOMPARE(structure.mapFileNameToAssociation("*.bit")->designNode(), QString("Bit-streams"));
+    QCOMPARE(structure.mapFileNameToAssociation("*.txt")->designNode(), QString("Everything"));
+}
+
+void DesignStructureTest::mapsAFileNameByWildcards()
+{
+    DesignStructure structure;
+    structure.addFileAssociation("*.bit", "Bit-streams");
+    structure.addFileAssociation("*.bin", "Binaries");
+    QCOMPARE(structure.mapFileNameToAssociation("top.bin")->designNode(), QString("Binaries"));
+    QCOMPARE(structure.mapFileNameToAssociation("TOP.BIN")->designNode(), QString("Binaries"));
+}
+
+void DesignStructureTest::mapsAnUnknownNameToNothing()
+{
+    DesignStructure structure;
+    QVERIFY(!structure.mapFileNameToAssociation("*.bit"));
+    structure.addFileAssociation("*.bin", "Binaries");
+    QVERIFY(!structure.mapFileNameToAssociation("*.bit"));
+}
+
+void DesignStructureTest::findsNodesAtEveryDepth()
+{
+    DesignStructure structure;
+    TreeNode* const outer = structure.rootNode()->addNode("outer");
+    TreeNode* const inner = outer->addNode("inner");
+    QCOMPARE(structure.designNodeWithName("outer", false)->objectBase(), outer);
+    QVERIFY(!structure.designNodeWithName("inner", false));
+    QCOMPARE(structure.designNodeWithName("inner", true)->objectBase(), inner);
+    QVERIFY(!structure.designNodeWithName("Inner", true));
+    QVERIFY(!structure.designNodeWithName("", true));
+}
+
+void DesignStructureTest::findsTheOutermostOfTwoNodes()
+{
+    DesignStructure structure;
+    structure.rootNode()->addNode("a")->addNode("same");
+    TreeNode* const outermost = structure.rootNode()->addNode("same");
+    QCOMPARE(structure.designNodeWithName("same", true)->objectBase(), outermost);
+}
+
+void DesignStructureTest::mapsToAWorkingFolder()
+{
+    DesignStructure structure;
+    structure.addFileAssociation("*.bit", "Bit-streams");
+    structure.addFileAssociation("*.zip", "Archives", "archives");
+    structure.addFileAssociation("*.z*", "Packed", "packed");
+    QCOMPARE(structure.mapFileNameToWorkingFolderPath("*.zip", "", ""), QString("archives"));
+    QCOMPARE(structure.mapFileNameToWorkingFolderPath("*.zip", "Packed", ""), QString("packed"));
+    QCOMPARE(structure.mapFileNameToWorkingFolderPath("*.bit", "", ""), QString());
+    QCOMPARE(structure.mapFileNameToWorkingFolderPath("*.tar", "", "other"), QString("other"));
+}
+
+QTEST_GUILESS_MAIN(DesignStructureTest)
+#include "DesignStructureTest.moc"

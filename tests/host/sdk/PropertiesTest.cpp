@@ -1,0 +1,99 @@
+#include <QtilitiesCore/IAvailablePropertyProvider.h>
+#include <QtilitiesCore/ObjectManager.h>
+
+#include <QtTest>
+
+using Qtilities::Core::ObjectManager;
+using Qtilities::Core::PropertySpecification;
+using Qtilities::Core::SharedProperty;
+
+class PropertiesTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void sharesAProperty();
+    void hasNoPropertyAtFirst();
+    void takesAnotherKindOfPropertyForAnInvalidOne();
+    void refusesAPropertyWithoutAName();
+    void startsASpecificationWithTheFrameworksFlags();
+    void namesASpecification();
+    void comparesSpecifications();
+};
+
+void PropertiesTest::sharesAProperty()
+{
+    QObject object;
+    QVERIFY(ObjectManager::setSharedProperty(&object, SharedProperty("Text", "one")));
+    QVERIFY(ObjectManager::propertyExists(&object, "Text"));
+    SharedProperty property = ObjectManager::getSharedProperty(&object, "Text");
+    QVERIFY(property.isValid());
+    QCOMPARE(property.value(), QVariant("one"));
+
+    QVERIFY(property.setValue("two"));
+    QCOMPARE(ObjectManager::getSharedProperty(&object, "Text").value(), QVariant("one"));
+    QVERIFY(ObjectManager::setSharedProperty(&object, property));
+    QCOMPARE(ObjectManager::getSharedProperty(&object, "Text").value(), QVariant("two"));
+}
+
+void PropertiesTest::hasNoPropertyAtFirst()
+{
+    const QObject object;
+    QVERIFY(!ObjectManager::propertyExists(&object, "Text"));
+    QVERIFY(!ObjectManager::getSharedProperty(&object, "Text").isValid());
+}
+
+void PropertiesTest::takesAnotherKindOfPropertyForAnInvalidOne()
+{
+    QObject object;
+    object.setProperty("Text", "plain");
+    QVERIFY(ObjectManager::propertyExists(&object, "Text"));
+    QVERIFY(!ObjectManager::getSharedProperty(&object, "Text").isValid());
+}
+
+void PropertiesTest::refusesAPropertyWithoutAName()
+{
+    QObject object;
+    SharedProperty nameless("", "one");
+    QVERIFY(!nameless.isValid());
+    QVERIFY(!nameless.setValue("two"));
+    QCOMPARE(nameless.value(), QVariant("one"));
+    QVERIFY(!ObjectManager::setSharedProperty(&object, nameless));
+    QVERIFY(object.dynamicPropertyNames().isEmpty());
+}
+
+void PropertiesTest::startsASpecificationWithTheFrameworksFlags()
+{
+    const PropertySpecification specification;
+    QVERIFY(!specification.isValid());
+    QVERIFY(!specification.d_default_value.isValid());
+    QVERIFY(specification.d_removable);
+    QVERIFY(!specification.d_read_only);
+    QVERIFY(!specification.d_add_during_construction);
+    QVERIFY(!specification.d_internal);
+    QVERIFY(specification.d_is_exportable);
+}
+
+void PropertiesTest::namesASpecification()
+{
+    PropertySpecification specification;
+    specification.d_displayed_name = "Shown";
+    QCOMPARE(specification.propertyName(), QString("Shown"));
+    specification.d_property_name = "kept";
+    QCOMPARE(specification.propertyName(), QString("kept"));
+    QVERIFY(!specification.isValid());
+    specification.d_data_type = QVariant::Int;
+    QVERIFY(specification.isValid());
+}
+
+void PropertiesTest::comparesSpecifications()
+{
+    PropertySpecification one;
+    one.d_displayed_name = "Shown";
+    PropertySpecification other = one;
+    QVERIFY(one == other);
+    other.d_read_only = true;
+    QVERIFY(!(one == other));
+}
+
+QTEST_GUILESS_MAIN(PropertiesTest)
+#include "PropertiesTest.moc"
