@@ -5,6 +5,15 @@
 
 #include <QFileInfo>
 
+namespace {
+
+// Unbuffered, so that the disk answers to each write and not only to the closing of the file.
+const QIODevice::OpenMode Truncating =
+    QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered;
+const QIODevice::OpenMode Appending = QIODevice::Append | QIODevice::Unbuffered;
+
+} // namespace
+
 FcfOutput::FcfOutput(const QString& imagePath, const QString& binaryPath,
                      const QString& companionPath)
     : m_image(imagePath), m_companion(companionPath), m_binary(binaryPath), m_payloadBytes(0),
@@ -15,12 +24,11 @@ FcfOutput::FcfOutput(const QString& imagePath, const QString& binaryPath,
 bool FcfOutput::open(OpenMode mode)
 {
     const bool checked = mode == EndAtFirstFailure;
-    const QIODevice::OpenMode truncating = QIODevice::WriteOnly | QIODevice::Truncate;
-    if (!openFile(&m_image.file, truncating) && checked)
+    if (!openFile(&m_image.file, Truncating) && checked)
         return false;
     if (!openFile(&m_binary, QIODevice::ReadOnly) && checked)
         return false;
-    if (!openFile(&m_companion.file, truncating) && checked)
+    if (!openFile(&m_companion.file, Truncating) && checked)
         return false;
     // Measured only now: an image that is the binary itself, under whatever name, has emptied it.
     m_payloadBytes = m_binary.size();
@@ -44,8 +52,7 @@ bool FcfOutput::fillHeaders(const FcfWriter& writer)
     if (qMin(m_image.bytes, m_companion.bytes) == FcfLayout::PageBytes)
         return true;
 
-    if (!openFile(&m_image.file, QIODevice::Append) ||
-        !openFile(&m_companion.file, QIODevice::Append))
+    if (!openFile(&m_image.file, Appending) || !openFile(&m_companion.file, Appending))
         return false;
     return append(&m_image, writer.fillerFor(static_cast<int>(m_image.bytes))) &&
            append(&m_companion, writer.fillerFor(static_cast<int>(m_companion.bytes))) &&
@@ -54,7 +61,7 @@ bool FcfOutput::fillHeaders(const FcfWriter& writer)
 
 bool FcfOutput::appendPayload()
 {
-    if (!openFile(&m_image.file, QIODevice::Append))
+    if (!openFile(&m_image.file, Appending))
         return false;
     if (!m_binary.isOpen())
         return fail(Failed, m_binary, m_binary.errorString());
@@ -90,9 +97,6 @@ bool FcfOutput::closeWhole(Page* page)
 {
     if (!page->file.isOpen())
         return true;
-    // close() alone would swallow what the disk says to the last bytes.
-    if (!page->file.flush())
-        return fail(Failed, page->file, page->file.errorString());
     page->file.close();
     const qint64 found = QFileInfo(page->file.fileName()).size();
     if (found != page->bytes)

@@ -1,0 +1,389 @@
+#include "GeneratorDriver.h"
+
+#include "support/PlainFcf.h"
+
+#include <QDir>
+#include <QFile>
+#include <QPushButton>
+#include <QtTest>
+
+#include <csignal>
+#include <sys/resource.h>
+
+namespace {
+
+const char* const Green = "<font color='green'>Successfully generated output files.</font>";
+const char* const Red = "<font color='red'>Failed to generate output file.</font>";
+
+/// While it lives, files cannot grow beyond \a bytes: what a full disk does, at a byte of choice.
+class DiskFullAt {
+public:
+    explicit DiskFullAt(rlim_t bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~DiskFullAt() { setrlimit(RLIMIT_FSIZE, &m_before); }
+
+private:
+    rlimit m_before{};
+};
+
+} // namespace
+
+class GenerateFailureTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { driver.reset(new GeneratorDriver); }
+    void cleanup();
+
+    void asksBeforeOverwritingAndStopsOnNo_data();
+    void asksBeforeOverwritingAndStopsOnNo();
+    void overwritesOnYes();
+    void namesTheFileThatCannotBeOpenedAfterTheQuestion_data();
+    void namesTheFileThatCannotBeOpenedAfterTheQuestion();
+    void namesTheImageThatCannotBeMade();
+    void namesTheCompanionThatCannotBeMade();
+    void failsForABinaryThatHasVanished();
+    void failsForABinaryThatCannotBeRead();
+    void failsOnAFullDisk_data();
+    void failsOnAFullDisk();
+    void failsOnAFullDiskAtEveryByteOfTheHeaderPage();
+    void failsOnAFullDevice_data();
+    void failsOnAFullDevice();
+    void failsForACompanionThatKeepsNothing();
+    void warnsWhenTheHeaderTellsAnotherSize();
+    void replacesEveryBinInThePath_data();
+    void replacesEveryBinInThePath();
+    void asksAboutTheInputItselfForAPathWithoutBin_data();
+    void asksAboutTheInputItselfForAPathWithoutBin();
+    void endsInFailureWhenTheInputIsOverwritten();
+    void endsInFailureWhenTheImageIsALinkToTheBinary();
+
+private:
+    void expectFailure();
+
+    QScopedPointer<GeneratorDriver> driver;
+};
+
+void GenerateFailureTest::cleanup()
+{
+    QVERIFY2(driver->dialogs().allGiven(), qPrintable(driver->dialogs().unexpected().join('|')));
+    driver.reset();
+}
+
+/// Presses Generate and expects the red text, a closed window and no announcement.
+void GenerateFailureTest::expectFailure()
+{
+    QSignalSpy created(driver->window(), &PelkFcfGenerator::newFilesCreated);
+    driver->click("GenerateButton");
+    QCOMPARE(driver->text("StatusBar"), QString(Red));
+    QVERIFY(!driver->window()->isVisible());
+    QCOMPARE(created.count(), 0);
+    for (const QString& line : driver->log())
+        QVERIFY2(line.startsWith("8 "), qPrintable(line));
+}
+
+void GenerateFailureTest::asksBeforeOverwritingAndStopsOnNo_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("the button No") << 0;
+    QTest::newRow("Enter, on the default button") << int(Qt::Key_Return);
+    QTest::newRow("Escape") << int(Qt::Key_Escape);
+}
+
+void GenerateFailureTest::asksBeforeOverwritingAndStopsOnNo()
+{
+    QFETCH(int, key);
+    driver->fillIn(driver->binary("top.bin", 10));
+    const QString image = driver->binary("top.fcf", 77);
+    const QString companion = driver->binary("top.txt", 78);
+    const QByteArray imageBefore = driver->content(image);
+    const QByteArray companionBefore = driver->content(companion);
+    driver->dialogs().clear();
+    driver->dialogs().inspect([](QWidget* widget) {
+        const auto* const box = qobject_cast<QMessageBox*>(widget);
+        QCOMPARE(box->standardButtons(), QMessageBox::Yes | QMessageBox::No);
+        QCOMPARE(box->defaultButton(), box->button(QMessageBox::No));
+        QCOMPARE(box->icon(), QMessageBox::Question);
+        QVERIFY(!box->parent());
+    });
+    if (key == 0)
+        driver->dialogs().click(QMessageBox::No);
+    else
+        driver->dialogs().press(static_cast<Qt::Key>(key));
+    expectFailure();
+    QCOMPARE(driver->dialogs().texts(),
+             QStringList("A fcf file already exists at path:<br><br>" + image +
+                         "<br><br>Do you want to overwrite it?"));
+    QCOMPARE(driver->content(image), imageBefore);
+    QCOMPARE(driver->content(companion), companionBefore);
+    QCOMPARE(driver->text("finalSize"), QString());
+}
+
+void GenerateFailureTest::overwritesOnYes()
+{
+    driver->fillIn(driver->binary("top.bin", 10));
+    driver->binary("top.fcf", 700000);
+    driver->binary("top.txt", 800000);
+    driver->dialogs().click(QMessageBox::Yes);
+    driver->click("GenerateButton");
+    QCOMPARE(driver->text("StatusBar"), QString(Green));
+    const PlainFcf image = PlainFcf::fromFile(driver->path("top.fcf").toStdString());
+    QCOMPARE(image.payload, driver->content(driver->path("top.bin")).toStdString());
+    QCOMPARE(driver->content(driver->path("top.txt")).size(), int(image.headerBytes));
+}
+
+void GenerateFailureTest::namesTheFileThatCannotBeOpenedAfterTheQuestion_data()
+{
+    QTest::addColumn<QString>("folderInItsPlace");
+    QTest::addColumn<bool>("imageEmptied");
+    QTest::newRow("the image") << "top.fcf" << false;
+    QTest::newRow("the binary") << "top.bin" << true;
+    QTest::newRow("the companion") << "top.txt" << true;
+}
+
+void GenerateFailureTest::namesTheFileThatCannotBeOpenedAfterTheQuestion()
+{
+    QFETCH(QString, folderInItsPlace);
+    QFETCH(bool, imageEmptied);
+    driver->fillIn(driver->binary("top.bin", 10));
+    driver->binary("top.fcf", 77);
+    const QString refused = driver->path(folderInItsPlace);
+    QFile::remove(refused);
+    QVERIFY(QDir().mkpath(refused));
+    driver->dialogs().click(QMessageBox::Yes);
+    driver->dialogs().click(QMessageBox::Ok);
+    expectFailure();
+    QCOMPARE(driver->dialogs().texts().last(), "can't open " + refused);
+    if (imageEmptied)
+        QCOMPARE(QFileInfo(driver->path("top.fcf")).size(), qint64(0));
+    QCOMPARE(driver->exists(driver->path("top.txt")), folderInItsPlace == "top.txt");
+    QCOMPARE(driver->text("finalSize"), QString());
+}
+
+void GenerateFailureTest::namesTheImageThatCannotBeMade()
+{
+    // The image's folder would be "out.fcf", which does not exist.
+    QVERIFY(QDir().mkpath(driver->path("out.bin")));
+    driver->fillIn(driver->binary("out.bin/top.bin", 10));
+    driver->dialogs().click(QMessageBox::Ok);
+    expectFailure();
+    QCOMPARE(driver->dialogs().texts().last(), "can't open " + driver->path("out.fcf/top.fcf"));
+}
+
+void GenerateFailureTest::namesTheCompanionThatCannotBeMade()
+{
+    driver->fillIn(driver->binary("top.bin", 10));
+    QVERIFY(QDir().mkpath(driver->path("top.txt")));
+    driver->dialogs().click(QMessageBox::Ok);
+    expectFailure();
+    QCOMPARE(driver->dialogs().texts().last(), "can't open " + driver->path("top.txt"));
+    QVERIFY(driver->exists(driver->path("top.fcf")));
+    QVERIFY(driver->exists(driver->path("top.txt")));
+}
+
+void GenerateFailureTest::failsForABinaryThatHasVanished()
+{
+    const QString binary = driver->binary("top.bin", 5000);
+    driver->fillIn(binary);
+    QVERIFY(QFile::remove(binary));
+    expectFailure();
+    QCOMPARE(driver->log(), QStringList("8 Pelk FCF Generator: \"" + binary +
+                                        "\" is not complete: No such file or directory."));
+    const PlainFcf image = PlainFcf::fromFile(driver->path("top.fcf").toStdString());
+    QVERIFY(image.fault.empty() && image.payload.empty());
+    QCOMPARE(image.numbers[5], 5000);
+}
+
+void GenerateFailureTest::failsForABinaryThatCannotBeRead()
+{
+    QVERIFY(QFile::link("/proc/self/mem", driver->path("top.bin")));
+    driver->window()->setBinFile(driver->path("top.bin"));
+    driver->type("AuthoEditBox", "a");
+    driver->type("CiNumEditBox", "1");
+    expectFailure();
+    QVERIFY2(driver->log().last().contains("Input/output error"), qPrintable(driver->log().last()));
+}
+
+void GenerateFailureTest::failsOnAFullDisk_data()
+{
+    QTest::addColumn<int>("bytes");
+    QTest::newRow("nothing fits") << 0;
+    QTest::newRow("the preamble fits") << 64;
+    QTest::newRow("the text fits, the filler does not") << 500;
+    QTest::newRow("the header page lacks a byte") << 2111;
+    QTest::newRow("the header page fits, the payload does not") << 2117;
+    QTest::newRow("the payload lacks a byte") << 2117 + 99999 - 1;
+    QTest::newRow("the payload lacks a chunk") << 30000;
+}
+
+void GenerateFailureTest::failsOnAFullDisk()
+{
+    QFETCH(int, bytes);
+    driver->fillIn(driver->binary("top.bin", 100003));
+    driver->dialogs().clear();
+    {
+        const DiskFullAt limit(static_cast<rlim_t>(bytes));
+        expectFailure();
+    }
+    QCOMPARE(driver->log().size(), 1);
+    QVERIFY2(driver->log()[0].contains("File too large"), qPrintable(driver->log()[0]));
+    QVERIFY(QFileInfo(driver->path("top.fcf")).size() <= bytes);
+}
+
+void GenerateFailureTest::failsOnAFullDiskAtEveryByteOfTheHeaderPage()
+{
+    driver->fillIn(driver->binary("top.bin", 10));
+    const QString image = driver->path("top.fcf");
+    for (rlim_t bytes = 0; bytes < 2112; ++bytes) {
+        QFile::remove(image);
+        QFile::remove(driver->path("top.txt"));
+        const DiskFullAt limit(bytes);
+        driver->window()->saveTofile(driver->path("top.bin"));
+        QCOMPARE(driver->text("StatusBar"), QString(Red));
+    }
+    QFile::remove(image);
+    driver->window()->saveTofile(driver->path("top.bin"));
+    QCOMPARE(driver->text("StatusBar"), QString(Green));
+}
+
+void GenerateFailureTest::failsOnAFullDevice_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::newRow("the image") << "top.fcf";
+    QTest::newRow("the companion") << "top.txt";
+}
+
+void GenerateFailureTest::failsOnAFullDevice()
+{
+    QFETCH(QString, file);
+    driver->fillIn(driver->binary("top.bin", 10));
+    QVERIFY(QFile::link("/dev/full", driver->path(file)));
+    if (file == "top.fcf")
+        driver->dialogs().click(QMessageBox::Yes);
+    expectFailure();
+    QCOMPARE(driver->log(), QStringList("8 Pelk FCF Generator: \"" + driver->path(file) +
+                                        "\" is not complete: No space left on device."));
+}
+
+void GenerateFailureTest::failsForACompanionThatKeepsNothing()
+{
+    driver->fillIn(driver->binary("top.bin", 10));
+    QVERIFY(QFile::link("/dev/null", driver->path("top.txt")));
+    expectFailure();
+    QVERIFY2(driver->log().last().contains("it has 0 bytes, but"),
+             qPrintable(driver->log().last()));
+}
+
+void GenerateFailureTest::warnsWhenTheHeaderTellsAnotherSize()
+{
+    const QString binary = driver->binary("top.bin", 5000);
+    driver->fillIn(binary);
+    driver->binary("top.bin", 6000);
+    driver->click("GenerateButton");
+    QCOMPARE(driver->text("StatusBar"), QString(Green));
+    const PlainFcf image = PlainFcf::fromFile(driver->path("top.fcf").toStdString());
+    QCOMPARE(image.numbers[5], 5000);
+    QCOMPARE(image.payload.size(), std::size_t(6000));
+    QCOMPARE(driver->log().size(), 2);
+    QCOMPARE(driver->log()[0],
+             "4 Pelk FCF Generator: \"" + binary +
+                 "\" has 6000 bytes, but the header says 5000, as the binary was when it was last "
+                 "selected. Select it again and generate anew.");
+}
+
+void GenerateFailureTest::replacesEveryBinInThePath_data()
+{
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<QString>("binary");
+    QTest::addColumn<QString>("image");
+    QTest::addColumn<QString>("companion");
+    QTest::newRow("once") << ""
+                          << "top.bin"
+                          << "top.fcf"
+                          << "top.txt";
+    QTest::newRow("twice") << ""
+                           << "top.bin.bin"
+                           << "top.fcf.fcf"
+                           << "top.txt.txt";
+    QTest::newRow("inside the name") << ""
+                                     << "top.binary.bin"
+                                     << "top.fcfary.fcf"
+                                     << "top.txtary.txt";
+    QTest::newRow("in the folder") << "a.bin.d"
+                                   << "a.bin.d/top.bin"
+                                   << "a.fcf.d/top.fcf"
+                                   << "a.txt.d/top.txt";
+}
+
+void GenerateFailureTest::replacesEveryBinInThePath()
+{
+    QFETCH(QString, folder);
+    QFETCH(QString, binary);
+    QFETCH(QString, image);
+    QFETCH(QString, companion);
+    if (!folder.isEmpty()) {
+        for (const char* extension : {".bin", ".fcf", ".txt"})
+            QVERIFY(QDir().mkpath(driver->path(QString(folder).replace(".bin", extension))));
+    }
+    driver->fillIn(driver->binary(binary, 10));
+    driver->click("GenerateButton");
+    QCOMPARE(driver->text("StatusBar"), QString(Green));
+    const PlainFcf made = PlainFcf::fromFile(driver->path(image).toStdString());
+    QCOMPARE(made.payload, driver->content(driver->path(binary)).toStdString());
+    QCOMPARE(QString::fromStdString(made.valueOf("Filename: ")), QFileInfo(image).fileName());
+    QVERIFY(driver->exists(driver->path(companion)));
+}
+
+void GenerateFailureTest::asksAboutTheInputItselfForAPathWithoutBin_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("no extension") << "top";
+    QTest::newRow("another extension") << "top.bit";
+    QTest::newRow("capital letters") << "top.BIN";
+}
+
+void GenerateFailureTest::asksAboutTheInputItselfForAPathWithoutBin()
+{
+    QFETCH(QString, name);
+    const QString binary = driver->binary(name, 5000);
+    const QByteArray before = driver->content(binary);
+    driver->window()->setBinFile(binary);
+    driver->type("AuthoEditBox", "a");
+    driver->type("CiNumEditBox", "1");
+    driver->dialogs().click(QMessageBox::No);
+    expectFailure();
+    QCOMPARE(driver->dialogs().texts(),
+             QStringList("A fcf file already exists at path:<br><br>" + binary +
+                         "<br><br>Do you want to overwrite it?"));
+    QCOMPARE(driver->content(binary), before);
+}
+
+void GenerateFailureTest::endsInFailureWhenTheInputIsOverwritten()
+{
+    const QString binary = driver->binary("top.BIN", 5000);
+    driver->window()->setBinFile(binary);
+    driver->type("AuthoEditBox", "a");
+    driver->type("CiNumEditBox", "1");
+    driver->dialogs().click(QMessageBox::Yes);
+    expectFailure();
+    QVERIFY(driver->log().last().contains(binary));
+}
+
+void GenerateFailureTest::endsInFailureWhenTheImageIsALinkToTheBinary()
+{
+    const QString binary = driver->binary("top.bin", 5000);
+    driver->fillIn(binary);
+    QVERIFY(QFile::link(binary, driver->path("top.fcf")));
+    driver->dialogs().click(QMessageBox::Yes);
+    expectFailure();
+    QVERIFY2(driver->log().last().contains("the payload is longer than its 0 bytes"),
+             qPrintable(driver->log().last()));
+}
+
+QTEST_MAIN(GenerateFailureTest)
+#include "GenerateFailureTest.moc"
