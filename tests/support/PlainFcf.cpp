@@ -32,7 +32,14 @@ PlainFcf PlainFcf::fromBytes(const std::string& bytes)
         fcf.reserved[i] = wordAt(bytes, 4 * (fcf.numbers.size() + i));
 
     std::size_t position = TextStart;
-    while (fcf.lines.empty() || fcf.lines.back() != "----") {
+    // A text can hold the end mark as a line of its own; the last one stands before filler or at
+    // the end of the page.
+    const auto ended = [&] {
+        return !fcf.lines.empty() && fcf.lines.back() == "----" &&
+               (position >= PageBytes ||
+                bytes.compare(position, FillerUnit.size(), FillerUnit) == 0);
+    };
+    while (!ended()) {
         const std::size_t end = bytes.find('\n', position);
         if (end == std::string::npos) {
             fcf.fault = "no line \"----\"";
