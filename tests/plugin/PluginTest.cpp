@@ -1,0 +1,230 @@
+#include <QtilitiesCoreGui/QtilitiesApplication.h>
+#include <QtilitiesExtensionSystem/IPlugin.h>
+
+#include <QDir>
+#include <QFile>
+#include <QIcon>
+#include <QMenu>
+#include <QPluginLoader>
+#include <QtTest>
+
+using Qtilities::Core::VersionInformation;
+using Qtilities::Core::VersionNumber;
+using Qtilities::CoreGui::ActionContainer;
+using Qtilities::CoreGui::Command;
+using Qtilities::CoreGui::QtilitiesApplication;
+using Qtilities::ExtensionSystem::Interfaces::IPlugin;
+
+namespace {
+
+QList<QWidget*> generatorWindows()
+{
+    QList<QWidget*> windows;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == "PelkFcfGenerator")
+            windows << window;
+    }
+    return windows;
+}
+
+} // namespace
+
+class PluginTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+
+    void embedsOneIcon();
+    void isFoundByItsInterface();
+    void isCastByEachOfItsNames_data();
+    void isCastByEachOfItsNames();
+    void isItsOwnObjectBase();
+    void tellsWhoItIs();
+    void declaresOneSlot();
+    void startsWhateverTheArguments();
+    void addsItsCommandAndASeparatorToTheToolsMenu();
+    void opensOneWindowAndBringsItBack();
+    void makesANewInstanceAfterTheFirstWasDeleted();
+
+private:
+    QPluginLoader m_loader;
+    QObject* m_core = nullptr;
+    IPlugin* m_plugin = nullptr;
+};
+
+void PluginTest::initTestCase()
+{
+    m_loader.setFileName(ZORV_PLUGIN_FILE);
+    m_core = m_loader.instance();
+    QVERIFY2(m_core, qPrintable(m_loader.errorString()));
+    m_plugin = qobject_cast<IPlugin*>(m_core);
+    QVERIFY(m_plugin);
+}
+
+void PluginTest::embedsOneIcon()
+{
+    QFile icon(":/icons/radar_icon.ico");
+    QVERIFY(icon.open(QIODevice::ReadOnly));
+    const QByteArray bytes = icon.readAll();
+    QCOMPARE(bytes.size(), 1150);
+    // The directory: one image, 16 by 16, of 32 bits, that is the rest of the file.
+    QCOMPARE(bytes.left(22).toHex(' '),
+             QByteArray("00 00 01 00 01 00 10 10 00 00 01 00 20 00 68 04 00 00 16 00 00 00"));
+    const QImage image(":/icons/radar_icon.ico");
+    QCOMPARE(image.size(), QSize(16, 16));
+    QCOMPARE(qAlpha(image.pixel(0, 0)), 0);
+    QCOMPARE(qAlpha(image.pixel(8, 8)), 255);
+    QCOMPARE(QDir(":/icons").entryList(), QStringList("radar_icon.ico"));
+}
+
+void PluginTest::isFoundByItsInterface()
+{
+    QCOMPARE(m_loader.metaData()["IID"].toString(),
+             QString("com.Qtilities.ExtensionSystem.IPlugin/1.0"));
+    QCOMPARE(QString(m_core->metaObject()->className()), QString("ZORV_Plugin::ZORV_Plugin_Core"));
+    QVERIFY(!m_core->parent());
+}
+
+void PluginTest::isCastByEachOfItsNames_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<bool>("accepted");
+    QTest::newRow("class") << QByteArray("ZORV_Plugin::ZORV_Plugin_Core") << true;
+    QTest::newRow("interface") << QByteArray("IPlugin") << true;
+    QTest::newRow("identifier") << QByteArray("com.Qtilities.ExtensionSystem.IPlugin/1.0") << true;
+    QTest::newRow("base class") << QByteArray("QObject") << true;
+    QTest::newRow("another class") << QByteArray("QWidget") << false;
+    QTest::newRow("the name without its namespace") << QByteArray("ZORV_Plugin_Core") << false;
+}
+
+void PluginTest::isCastByEachOfItsNames()
+{
+    QFETCH(QByteArray, name);
+    QFETCH(bool, accepted);
+    void* const cast = m_core->qt_metacast(name.constData());
+    QCOMPARE(cast != nullptr, accepted);
+    if (name.contains("IPlugin"))
+        QCOMPARE(static_cast<IPlugin*>(cast), m_plugin);
+}
+
+void PluginTest::isItsOwnObjectBase()
+{
+    QCOMPARE(m_plugin->objectBase(), m_core);
+    QCOMPARE(static_cast<const IPlugin*>(m_plugin)->objectBase(), m_core);
+}
+
+void PluginTest::tellsWhoItIs()
+{
+    QCOMPARE(m_plugin->pluginName(), QString("ZORV VKT Plugin"));
+    QCOMPARE(m_core->objectName(), m_plugin->pluginName());
+    QCOMPARE(m_plugin->pluginCategory().toStringList(), QStringList("ZORV"));
+    const VersionInformation version = m_plugin->pluginVersionInformation();
+    QVERIFY(version.version() == VersionNumber(2, 2, 0));
+    QCOMPARE(version.supportedVersions().size(), 1);
+    QVERIFY(version.isSupportedVersion(VersionNumber(2, 2, 0)));
+    QCOMPARE(m_plugin->pluginPublisher(), QString("ZORV"));
+    QVERIFY(!m_plugin->pluginPublisherWebsite().isEmpty());
+    QVERIFY(m_plugin->pluginPublisherContact().contains('@'));
+    QCOMPARE(m_plugin->pluginDescription(),
+             QString("Provides custom design archiving functionality in order to prepare "
+                     "configuration packages for the HX Config Management system."));
+    QVERIFY(m_plugin->pluginCopyright().startsWith("Copyright 2026 "));
+    QVERIFY(!m_plugin->pluginLicense().isEmpty());
+}
+
+void PluginTest::declaresOneSlot()
+{
+    const QMetaObject* const meta = m_core->metaObject();
+    QCOMPARE(meta->methodCount() - meta->methodOffset(), 1);
+    QCOMPARE(meta->method(meta->methodOffset()).methodSignature(),
+             QByteArray("showFcfGenerator()"));
+    QCOMPARE(meta->propertyCount() - meta->propertyOffset(), 0);
+}
+
+void PluginTest::startsWhateverTheArguments()
+{
+    bool existed = true;
+    QMenu* const tools =
+        QtilitiesApplication::actionManager()->createMenu("Tools", existed)->menu();
+    QVERIFY(!existed);
+    tools->addAction("Of the host");
+
+    QStringList errors = {"of another"};
+    QVERIFY(m_plugin->initialize({"some", "--arguments"}, &errors));
+    QVERIFY(m_plugin->initializeDependencies(&errors));
+    QCOMPARE(errors, QStringList("of another"));
+}
+
+void PluginTest::addsItsCommandAndASeparatorToTheToolsMenu()
+{
+    ActionContainer* const tools = QtilitiesApplication::actionManager()->menu("Tools");
+    QVERIFY(tools);
+    const QList<QAction*> entries = tools->menu()->actions();
+    QCOMPARE(entries.size(), 3);
+    Command* const command = QtilitiesApplication::actionManager()->command("Tools.FcfGenerator");
+    QVERIFY(command);
+    QCOMPARE(entries[1], command->action());
+    QVERIFY(entries[2]->isSeparator());
+    QCOMPARE(command->text(), QString("Pelk FCF Generator"));
+    QVERIFY(command->action()->isEnabled());
+    QVERIFY(command->action()->shortcut().isEmpty());
+    QVERIFY(command->action()->icon().isNull());
+}
+
+void PluginTest::opensOneWindowAndBringsItBack()
+{
+    QMenu* const tools = QtilitiesApplication::actionManager()->menu("Tools")->menu();
+    QAction* const entry = tools->actions()[1];
+    const auto choose = [&] {
+        tools->popup(QPoint(0, 0));
+        QTest::mouseClick(tools, Qt::LeftButton, {}, tools->actionGeometry(entry).center());
+    };
+    QCOMPARE(generatorWindows().size(), 0);
+
+    choose();
+    QCOMPARE(generatorWindows().size(), 1);
+    QWidget* const window = generatorWindows().first();
+    QVERIFY(QTest::qWaitForWindowActive(window));
+    QVERIFY(!window->parent());
+    QVERIFY(!window->testAttribute(Qt::WA_DeleteOnClose));
+
+    // Covered by another window, and then closed: the same window comes back.
+    QWidget other;
+    other.show();
+    QApplication::setActiveWindow(&other);
+    QVERIFY(QTest::qWaitForWindowActive(&other));
+    choose();
+    QVERIFY(QTest::qWaitForWindowActive(window));
+
+    QTest::mouseClick(window->findChild<QWidget*>("btnCancel"), Qt::LeftButton);
+    QVERIFY(!window->isVisible());
+    choose();
+    QVERIFY(QTest::qWaitForWindowActive(window));
+    QCOMPARE(generatorWindows(), QList<QWidget*>{window});
+}
+
+void PluginTest::makesANewInstanceAfterTheFirstWasDeleted()
+{
+    QPointer<QObject> first = m_core;
+    m_plugin->finalize();
+    delete m_core;
+    QVERIFY(!first);
+
+    QObject* const second = m_loader.instance();
+    QVERIFY(second);
+    QCOMPARE(qobject_cast<IPlugin*>(second)->pluginName(), QString("ZORV VKT Plugin"));
+    QCOMPARE(m_loader.instance(), second);
+    // What the first one made for the host is still there.
+    QCOMPARE(generatorWindows().size(), 1);
+    QVERIFY(QtilitiesApplication::actionManager()->command("Tools.FcfGenerator"));
+}
+
+int main(int argc, char** argv)
+{
+    QtilitiesApplication application(argc, argv);
+    PluginTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "PluginTest.moc"
