@@ -23,7 +23,7 @@ struct ZORV_Plugin_CoreData {
 
 ZORV_Plugin_Core::ZORV_Plugin_Core(QObject* parent) : QObject(parent), d(new ZORV_Plugin_CoreData)
 {
-    setObjectName(pluginName());
+    setObjectName(ZORV_Plugin_Core::pluginName());
 }
 
 ZORV_Plugin_Core::~ZORV_Plugin_Core() { delete d; }

@@ -339,7 +339,7 @@ void GenerateTest::tellsBothFilesApartAcrossASecond()
     driver->fillIn(driver->binary("top.bin", 10));
     QDateTime now(QDate(2026, 12, 31), QTime(23, 59, 59));
     driver->window()->setClock([&] {
-        const QDateTime reading = now;
+        QDateTime reading = now;
         now = now.addSecs(1);
         return reading;
     });

@@ -1,5 +1,7 @@
 #include "GeneratorDriver.h"
 
+#include "fcf/FcfWriter.h"
+
 #include <QFile>
 #include <QMenu>
 #include <QMenuBar>
@@ -44,13 +46,13 @@ QStringList GeneratorDriver::editor() const
             text("CiNumberEditBoxFunctions")};
 }
 
-QStringList GeneratorDriver::functionNames() const
+QStringList GeneratorDriver::items(const char* comboBox) const
 {
-    auto* const list = find<QComboBox>("FunctionComboBox");
-    QStringList names;
-    for (int i = 0; i < list->count(); ++i)
-        names << list->itemText(i);
-    return names;
+    auto* const box = find<QComboBox>(comboBox);
+    QStringList items;
+    for (int i = 0; i < box->count(); ++i)
+        items << box->itemText(i);
+    return items;
 }
 
 void GeneratorDriver::click(const char* button)
@@ -115,10 +117,21 @@ QString GeneratorDriver::binary(const QString& name, int bytes) const
     QByteArray content(bytes, Qt::Uninitialized);
     for (int i = 0; i < bytes; ++i)
         content[i] = static_cast<char>(i * 7 + i / 256);
+    return write(name, content);
+}
+
+QString GeneratorDriver::write(const QString& name, const QByteArray& bytes) const
+{
     QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != bytes)
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
         qFatal("Cannot write %s", qPrintable(file.fileName()));
     return file.fileName();
+}
+
+QString GeneratorDriver::writeHeader(const QString& name, const FcfHeader& header) const
+{
+    const QByteArray text = FcfWriter().compose(header);
+    return write(name, text + FcfWriter().fillerFor(text.size()));
 }
 
 QByteArray GeneratorDriver::content(const QString& filePath) const

@@ -14,6 +14,8 @@
 
 #include <memory>
 
+struct FcfHeader;
+
 /// One real generator window in front of its user's hands and eyes, with a folder to work in.
 class GeneratorDriver : public QObject {
     Q_OBJECT
@@ -42,7 +44,8 @@ public:
     QString text(const char* name) const;
     /// What stands in the editor of functions: name, author, description, CI number.
     QStringList editor() const;
-    QStringList functionNames() const;
+    QStringList items(const char* comboBox) const;
+    QStringList functionNames() const { return items("FunctionComboBox"); }
 
     void click(const char* button);
     /// Replaces the text of a line edit or text edit by typing.
@@ -58,6 +61,10 @@ public:
     QString path(const QString& name) const { return m_folder.filePath(name); }
     /// Writes a binary of \p bytes bytes and returns its path.
     QString binary(const QString& name, int bytes) const;
+    /// Writes a file and returns its path.
+    QString write(const QString& name, const QByteArray& bytes) const;
+    /// Writes a companion, or an image without payload, and returns its path.
+    QString writeHeader(const QString& name, const FcfHeader& header) const;
     QByteArray content(const QString& path) const;
     bool exists(const QString& path) const;
 

@@ -3,7 +3,6 @@
 #include <QtCreatorUtilities/DetailsWidget.h>
 
 #include <QCheckBox>
-#include <QClipboard>
 #include <QGroupBox>
 #include <QLayout>
 #include <QMenu>
@@ -12,18 +11,6 @@
 #include <QtTest>
 
 using QtCreatorUtilities::DetailsWidget;
-
-namespace {
-
-QStringList itemsOf(const QComboBox* box)
-{
-    QStringList items;
-    for (int i = 0; i < box->count(); ++i)
-        items << box->itemText(i);
-    return items;
-}
-
-} // namespace
 
 class GeneratorFormTest : public QObject {
     Q_OBJECT
@@ -45,17 +32,6 @@ private slots:
     void startsWithTheTargetUnfoldedAndTheFunctionsFolded();
     void visitsItsFieldsInReadingOrder();
     void labelsAreBuddiesOfTheirFields();
-    void offersTheDevicesOfEachModule_data();
-    void offersTheDevicesOfEachModule();
-    void leavesTheDevicesEmptyForAnUnknownModule();
-    void takesModulesByTheirExactText();
-    void takesDevicesOfTheModuleOnly();
-    void takesSlotsFromOneToTen();
-    void keepsTheDeviceWhenTheModuleIsSetAgain();
-    void setsVersionAuthorNumberAndDescription();
-    void takesMarkupForPlainText();
-    void pastesMarkupAsPlainText();
-    void clearScreenEmptiesAllButTheTarget();
     void closesOnCancel();
 
 private:
@@ -256,9 +232,8 @@ void GeneratorFormTest::startsWithTheFirstTargetAndNoFunction()
     QCOMPARE(driver->functionNames(), QStringList());
     QVERIFY(!driver->find<QPushButton>("btnRemove")->isEnabled());
     QVERIFY(!driver->find<QCheckBox>("ModifyFunctionCheckBox")->isEnabled());
-    QCOMPARE(itemsOf(driver->find<QComboBox>("ModuleComboBox")),
-             QStringList({"DFE", "DFE2", "GPM"}));
-    QCOMPARE(itemsOf(driver->find<QComboBox>("ConfigComboBox")),
+    QCOMPARE(driver->items("ModuleComboBox"), QStringList({"DFE", "DFE2", "GPM"}));
+    QCOMPARE(driver->items("ConfigComboBox"),
              QStringList({"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}));
 }
 
@@ -347,153 +322,6 @@ void GeneratorFormTest::labelsAreBuddiesOfTheirFields()
                                              {"Function Description:", "DescriptionMemoFunctions"},
                                              {"Function CI Number:", "CiNumberEditBoxFunctions"}};
     QCOMPARE(buddies, expected);
-}
-
-void GeneratorFormTest::offersTheDevicesOfEachModule_data()
-{
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QStringList>("devices");
-    QTest::newRow("DFE") << 0
-                         << QStringList{"Interface_FPGA", "Processing_FPGA_1",
-                                        "Clock_Master_Device"};
-    QTest::newRow("DFE2") << 1 << QStringList{"Processing_FPGA"};
-    QTest::newRow("GPM") << 2
-                         << QStringList{"Interface_FPGA", "Processing_FPGA_1", "Processing_FPGA_2",
-                                        "Processing_FPGA_3"};
-}
-
-void GeneratorFormTest::offersTheDevicesOfEachModule()
-{
-    QFETCH(int, index);
-    driver->select("ModuleComboBox", 2);
-    driver->select("ModuleComboBox", index);
-    QCOMPARE(driver->window()->getModule(), QString(QTest::currentDataTag()));
-    QTEST(itemsOf(driver->find<QComboBox>("FpgaComboBox")), "devices");
-    QCOMPARE(driver->find<QComboBox>("FpgaComboBox")->currentIndex(), 0);
-}
-
-void GeneratorFormTest::leavesTheDevicesEmptyForAnUnknownModule()
-{
-    auto* const modules = driver->find<QComboBox>("ModuleComboBox");
-    modules->addItem("dfe");
-    QTest::keyClick(modules, Qt::Key_End);
-    QCOMPARE(driver->window()->getModule(), QString("dfe"));
-    QCOMPARE(driver->find<QComboBox>("FpgaComboBox")->count(), 0);
-    QCOMPARE(driver->window()->getDevice(), QString());
-}
-
-void GeneratorFormTest::takesModulesByTheirExactText()
-{
-    driver->window()->setModule("GPM");
-    QCOMPARE(driver->window()->getModule(), QString("GPM"));
-    for (const char* unknown : {"dfe", "DFE1", "DF", "DFE ", ""}) {
-        driver->window()->setModule(unknown);
-        QCOMPARE(driver->window()->getModule(), QString("GPM"));
-    }
-}
-
-void GeneratorFormTest::takesDevicesOfTheModuleOnly()
-{
-    driver->window()->setModule("DFE2");
-    driver->window()->setDevice("Interface_FPGA");
-    QCOMPARE(driver->window()->getDevice(), QString("Processing_FPGA"));
-    driver->window()->setModule("GPM");
-    driver->window()->setDevice("Processing_FPGA_2");
-    driver->window()->setDevice("processing_fpga_1");
-    QCOMPARE(driver->window()->getDevice(), QString("Processing_FPGA_2"));
-}
-
-void GeneratorFormTest::takesSlotsFromOneToTen()
-{
-    for (int slot = 1; slot <= 10; ++slot) {
-        driver->window()->setConfigNum(slot);
-        QCOMPARE(driver->window()->getConfigNum(), slot);
-    }
-    driver->window()->setConfigNum(7);
-    for (const int none : {0, 11, -1}) {
-        driver->window()->setConfigNum(none);
-        QCOMPARE(driver->window()->getConfigNum(), 7);
-    }
-}
-
-void GeneratorFormTest::keepsTheDeviceWhenTheModuleIsSetAgain()
-{
-    driver->window()->setModule("GPM");
-    driver->window()->setDevice("Processing_FPGA_3");
-    QSignalSpy changed(driver->find<QComboBox>("FpgaComboBox"),
-                       QOverload<int>::of(&QComboBox::currentIndexChanged));
-    driver->window()->setModule("GPM");
-    QCOMPARE(changed.count(), 0);
-    QCOMPARE(driver->window()->getDevice(), QString("Processing_FPGA_3"));
-}
-
-void GeneratorFormTest::setsVersionAuthorNumberAndDescription()
-{
-    driver->type("MajorVerEditBox", "9");
-    driver->window()->setVersion(12, -3);
-    driver->window()->setAuthor("R. Vos");
-    driver->window()->setCINumber("CI-7");
-    driver->window()->setDescription("one\ntwo");
-    QCOMPARE(driver->text("MajorVerEditBox"), QString("12"));
-    QCOMPARE(driver->text("MinorVerEditBox"), QString("-3"));
-    QCOMPARE(driver->text("AuthoEditBox"), QString("R. Vos"));
-    QCOMPARE(driver->text("CiNumEditBox"), QString("CI-7"));
-    QCOMPARE(driver->text("DescriptionMemo"), QString("one\ntwo"));
-}
-
-void GeneratorFormTest::takesMarkupForPlainText()
-{
-    const QString markup = QString::fromUtf8("<b>A&amp;B</b> \"雷达\"");
-    driver->window()->setDescription(markup);
-    QCOMPARE(driver->text("DescriptionMemo"), markup);
-    driver->upload(markup, "<i>", markup, "&");
-    driver->select("FunctionComboBox", 0);
-    driver->window()->displayFunctionInfo(0);
-    QCOMPARE(driver->editor(), QStringList({markup, "<i>", markup, "&"}));
-}
-
-void GeneratorFormTest::pastesMarkupAsPlainText()
-{
-    auto* const data = new QMimeData;
-    data->setHtml("<b>bold</b>");
-    data->setText("bold");
-    QApplication::clipboard()->setMimeData(data);
-    for (const char* memo : {"DescriptionMemo", "DescriptionMemoFunctions"}) {
-        auto* const edit = driver->find<QTextEdit>(memo);
-        edit->setFocus();
-        QTest::keySequence(edit, QKeySequence::Paste);
-        QCOMPARE(edit->toPlainText(), QString("bold"));
-        QVERIFY(!edit->toHtml().contains("font-weight:600"));
-    }
-}
-
-void GeneratorFormTest::clearScreenEmptiesAllButTheTarget()
-{
-    driver->window()->setModule("GPM");
-    driver->window()->setDevice("Processing_FPGA_2");
-    driver->window()->setConfigNum(5);
-    driver->upload("kept in memory", "a", "d", "1");
-    driver->fillIn(driver->binary("top.bin", 5000));
-    driver->window()->setVersion(1, 2);
-    driver->window()->setDescription("d");
-    driver->upload("second", "a", "d", "1");
-    driver->type("EditFunctionName", "being edited");
-    driver->find<QLabel>("finalSize")->setText("7 bytes");
-
-    driver->window()->clearScreen();
-    for (const char* name :
-         {"txtInputFile", "AuthoEditBox", "CiNumEditBox", "MajorVerEditBox", "MinorVerEditBox",
-          "DescriptionMemo", "StatusBar", "BinFileSize", "BinFilePages", "BinFileBlocks",
-          "finalPages", "finalBlocks", "finalSize"})
-        QCOMPARE(driver->text(name), QString());
-    QCOMPARE(driver->editor(), QStringList({"", "", "", ""}));
-    QCOMPARE(driver->functionNames(), QStringList());
-    QCOMPARE(driver->window()->getModule(), QString("GPM"));
-    QCOMPARE(driver->window()->getDevice(), QString("Processing_FPGA_2"));
-    QCOMPARE(driver->window()->getConfigNum(), 5);
-
-    driver->window()->displayFunctionInfo(0);
-    QCOMPARE(driver->editor(), QStringList({"kept in memory", "a", "d", "1"}));
 }
 
 void GeneratorFormTest::closesOnCancel()

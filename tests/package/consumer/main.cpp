@@ -1,5 +1,5 @@
-// Another project's use of the installed SDK: starts the plug-ins in a folder and names one of them.
-// Usage: consumer PLUGIN-FOLDER
+// Another project's use of the installed SDK: starts the plug-ins in a folder and names one of
+// them. Usage: consumer PLUGIN-FOLDER
 
 #include <OrvanticCore/DesignManager.h>
 #include <QtCreatorUtilities/DetailsWidget.h>

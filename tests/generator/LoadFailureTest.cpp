@@ -1,0 +1,201 @@
+#include "GeneratorDriver.h"
+#include "SampleBuild.h"
+
+#include "fcf/FcfWriter.h"
+
+#include <QCheckBox>
+#include <QFile>
+#include <QPushButton>
+#include <QtTest>
+
+namespace {
+
+const char* const NotCompatible = "please select a correct text file,the selected file is not "
+                                  "compartable with this programme ";
+
+QString loadingFailed(const QString& path)
+{
+    return "<font color='red'>Loading " + path + " failed.</font>";
+}
+
+} // namespace
+
+class LoadFailureTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { driver.reset(new GeneratorDriver); }
+    void cleanup();
+
+    void endsInTheFailureTextWhenNoCompanionIsChosen();
+    void keepsNoFunctionInMemoryAfterAFailedLoad();
+    void locksTheEditorForAFileThatCannotBeOpened();
+    void selectsNoSlotForNumbersThatAreNone_data();
+    void selectsNoSlotForNumbersThatAreNone();
+    void keepsTheNumbersOfAFileThatIsNotCompatible();
+    void keepsWhatWasReadWhenTheTextEndsEarly_data();
+    void keepsWhatWasReadWhenTheTextEndsEarly();
+    void saysBothOfAFileWithoutText();
+    void readsLessThan64KibOfALargeImage();
+
+private:
+    QScopedPointer<GeneratorDriver> driver;
+};
+
+void LoadFailureTest::cleanup()
+{
+    QVERIFY2(driver->dialogs().allGiven(), qPrintable(driver->dialogs().unexpected().join('|')));
+    driver.reset();
+}
+
+void LoadFailureTest::endsInTheFailureTextWhenNoCompanionIsChosen()
+{
+    driver->upload("old", "o", "o", "o");
+    driver->fillIn(driver->binary("old.bin", 10));
+    driver->dialogs().cancel();
+    driver->chooseFromFileMenu("Load");
+    QCOMPARE(driver->text("StatusBar"), loadingFailed(""));
+    for (const char* name : {"txtInputFile", "AuthoEditBox", "CiNumEditBox", "BinFileSize"})
+        QCOMPARE(driver->text(name), QString());
+    QCOMPARE(driver->functionNames(), QStringList());
+    QVERIFY(!driver->find<QPushButton>("btnRemove")->isEnabled());
+    QVERIFY(!driver->find<QCheckBox>("ModifyFunctionCheckBox")->isEnabled());
+    QVERIFY(!driver->find<QWidget>("UploadFunctionButton")->isEnabled());
+}
+
+void LoadFailureTest::keepsNoFunctionInMemoryAfterAFailedLoad()
+{
+    driver->upload("old", "o", "o", "o");
+    driver->dialogs().cancel();
+    driver->chooseFromFileMenu("Load");
+    driver->chooseFromFileMenu("Clear");
+    driver->upload("new", "n", "n", "n");
+    driver->window()->displayFunctionInfo(0);
+    QCOMPARE(driver->editor(), QStringList({"new", "n", "n", "n"}));
+}
+
+void LoadFailureTest::locksTheEditorForAFileThatCannotBeOpened()
+{
+    driver->upload("old", "o", "o", "o");
+    driver->type("AuthoEditBox", "R. Vos");
+    const QString missing = driver->path("missing.txt");
+    driver->window()->setTxtFile(missing);
+    QCOMPARE(driver->text("StatusBar"), loadingFailed(missing));
+    QCOMPARE(driver->text("txtInputFile"), driver->path("missing.bin"));
+    QCOMPARE(driver->text("AuthoEditBox"), QString("R. Vos"));
+    QCOMPARE(driver->functionNames(), QStringList("old"));
+    QVERIFY(!driver->find<QWidget>("EditFunctionName")->isEnabled());
+    QVERIFY(!driver->find<QCheckBox>("ModifyFunctionCheckBox")->isEnabled());
+    driver->window()->displayFunctionInfo(0);
+    QCOMPARE(driver->editor(), QStringList({"old", "o", "o", "o"}));
+}
+
+void LoadFailureTest::selectsNoSlotForNumbersThatAreNone_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::newRow("0") << 0;
+    QTest::newRow("11") << 11;
+    QTest::newRow("-1") << -1;
+    QTest::newRow("the smallest number") << std::numeric_limits<int>::min();
+    QTest::newRow("the largest number") << std::numeric_limits<int>::max();
+}
+
+void LoadFailureTest::selectsNoSlotForNumbersThatAreNone()
+{
+    QFETCH(int, number);
+    FcfHeader header = sampleHeader();
+    header.configNumber = number;
+    driver->window()->setTxtFile(driver->writeHeader("top.txt", header));
+    QCOMPARE(driver->find<QComboBox>("ConfigComboBox")->currentIndex(), -1);
+    QVERIFY(driver->text("StatusBar").contains("successfully"));
+}
+
+void LoadFailureTest::keepsTheNumbersOfAFileThatIsNotCompatible()
+{
+    driver->type("AuthoEditBox", "R. Vos");
+    driver->upload("old", "o", "o", "o");
+    const QByteArray numbers = FcfWriter().compose(sampleHeader()).left(65);
+    const QString other = driver->write("other.txt", numbers + "Something else\nand more\n----\n");
+    driver->dialogs().click(QMessageBox::Ok);
+    driver->window()->setTxtFile(other);
+    QCOMPARE(driver->dialogs().texts(), QStringList(NotCompatible));
+    QCOMPARE(driver->text("StatusBar"), QString());
+    QCOMPARE(driver->text("BinFileSize"), QString("6 bytes"));
+    QCOMPARE(driver->text("MinorVerEditBox"), QString("9"));
+    QCOMPARE(driver->window()->getConfigNum(), 7);
+    QCOMPARE(driver->window()->getDevice(), QString("Clock_Master_Device"));
+    QCOMPARE(driver->text("AuthoEditBox"), QString("R. Vos"));
+    QCOMPARE(driver->text("DescriptionMemo"), QString());
+    QCOMPARE(driver->functionNames(), QStringList("old"));
+    QVERIFY(driver->find<QCheckBox>("ModifyFunctionCheckBox")->isEnabled());
+    QVERIFY(!driver->window()->readConfigFile(driver->path("missing.txt")));
+}
+
+void LoadFailureTest::keepsWhatWasReadWhenTheTextEndsEarly_data()
+{
+    QTest::addColumn<QByteArray>("endsBefore");
+    QTest::addColumn<QString>("description");
+    QTest::addColumn<QStringList>("names");
+    QTest::newRow("before the author") << QByteArray("Author") << "" << QStringList();
+    QTest::newRow("inside the description") << QByteArray("three\n") << "one\ntwo" << QStringList();
+    QTest::newRow("after the description")
+        << QByteArray("---\nF") << "one\ntwo\nthree" << QStringList();
+    QTest::newRow("before the first function")
+        << QByteArray("Function name:  padded") << "one\ntwo\nthree" << QStringList();
+    QTest::newRow("before the second function")
+        << QByteArray("Function name: plain") << "one\ntwo\nthree" << QStringList(" padded ");
+    QTest::newRow("before the end mark")
+        << QByteArray("----") << "one\ntwo\nthree" << QStringList({" padded ", "plain"});
+}
+
+void LoadFailureTest::keepsWhatWasReadWhenTheTextEndsEarly()
+{
+    QFETCH(QByteArray, endsBefore);
+    const QByteArray whole = FcfWriter().compose(sampleHeader());
+    const int end = whole.indexOf(endsBefore);
+    QVERIFY(end > 0);
+    const QString cut = driver->write("cut.txt", whole.left(end));
+    driver->window()->setTxtFile(cut);
+    QCOMPARE(driver->text("StatusBar"), loadingFailed(cut));
+    QTEST(driver->text("DescriptionMemo"), "description");
+    QTEST(driver->functionNames(), "names");
+    QCOMPARE(driver->text("CiNumEditBox"), QString("CI-0042"));
+    const int last = driver->functionNames().size() - 1;
+    if (last >= 0) {
+        driver->window()->displayFunctionInfo(last);
+        QCOMPARE(driver->editor().at(2), QString("first,secondthird"));
+    }
+    QVERIFY(!driver->window()->readConfigFile(cut));
+}
+
+void LoadFailureTest::saysBothOfAFileWithoutText()
+{
+    const QString empty = driver->write("empty.txt", QByteArray());
+    driver->dialogs().click(QMessageBox::Ok);
+    driver->window()->setTxtFile(empty);
+    QCOMPARE(driver->dialogs().texts(), QStringList(NotCompatible));
+    QCOMPARE(driver->text("StatusBar"), loadingFailed(empty));
+    QCOMPARE(driver->text("BinFileSize"), QString("0 bytes"));
+}
+
+void LoadFailureTest::readsLessThan64KibOfALargeImage()
+{
+    const QByteArray text = FcfWriter().compose(sampleHeader());
+    const QString image = driver->write("top.fcf", text + FcfWriter().fillerFor(text.size()));
+    QVERIFY(QFile::resize(image, 2112 + (1LL << 30)));
+
+    const auto bytesRead = [] {
+        QFile io("/proc/self/io");
+        io.open(QIODevice::ReadOnly);
+        return io.readLine().mid(qstrlen("rchar: ")).trimmed().toLongLong();
+    };
+    const qint64 before = bytesRead();
+    driver->window()->setTxtFile(image);
+    const qint64 after = bytesRead();
+    QVERIFY(before > 0);
+    QVERIFY(driver->text("StatusBar").contains("successfully"));
+    QVERIFY2(after - before < 65536, qPrintable(QString::number(after - before)));
+}
+
+QTEST_MAIN(LoadFailureTest)
+#include "LoadFailureTest.moc"
