@@ -1,7 +1,9 @@
 #include "FormModel.h"
 #include "GeneratorDriver.h"
 
+#include <QFile>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QtTest>
 
 namespace {
@@ -78,6 +80,8 @@ private slots:
 
     void bringsATextBack_data();
     void bringsATextBack();
+    void showsTheTargetThatTheUserGuideTells_data();
+    void showsTheTargetThatTheUserGuideTells();
     void changesOneThingAWeekLater();
     void bringsAThousandRandomBuildsBack();
 
@@ -215,6 +219,40 @@ void GeneratorRoundsTest::bringsATextBack()
     const PlainFcf second = generate();
     QCOMPARE(formLines(second), FormModel::afterLoading(first).generatedLines());
     QVERIFY(second.payload == first.payload);
+}
+
+void GeneratorRoundsTest::showsTheTargetThatTheUserGuideTells_data()
+{
+    QTest::addColumn<QStringList>("made");
+    QTest::addColumn<QStringList>("shown");
+    QFile guide(QFINDTESTDATA("../../docs/user-guide.md"));
+    QVERIFY(guide.open(QIODevice::ReadOnly));
+    static const QRegularExpression row(
+        "\\| (DFE|DFE2|GPM), (\\w+) \\| (DFE|DFE2|GPM), (no device|\\w+)");
+    const QString text = guide.readAll();
+    int rows = 0;
+    for (auto match = row.globalMatch(text); match.hasNext();) {
+        const QStringList cells = match.next().capturedTexts();
+        QTest::newRow(qPrintable(cells[1] + ' ' + cells[2]))
+            << QStringList{cells[1], cells[2]}
+            << QStringList{cells[3], cells[4] == "no device" ? QString() : cells[4]};
+        ++rows;
+    }
+    QCOMPARE(rows, 8);
+}
+
+void GeneratorRoundsTest::showsTheTargetThatTheUserGuideTells()
+{
+    QFETCH(QStringList, made);
+    driver->fillIn(driver->binary("top.bin", 10));
+    driver->window()->setModule(made[0]);
+    driver->window()->setDevice(made[1]);
+    driver->window()->setConfigNum(6);
+    generate();
+    driver->reopen();
+    driver->window()->setTxtFile(driver->path("top.txt"));
+    QTEST(QStringList({driver->window()->getModule(), driver->window()->getDevice()}), "shown");
+    QCOMPARE(driver->window()->getConfigNum(), 6);
 }
 
 void GeneratorRoundsTest::changesOneThingAWeekLater()
