@@ -38,7 +38,8 @@ function(zorv_test name)
     zorv_target(${name})
     target_link_libraries(${name} PRIVATE Qt5::Test ${arg_LIBRARIES})
     add_test(NAME ${name} COMMAND ${name})
+    # Whole stacks, or what Qt leaks could not be told from what we leak.
     set_tests_properties(${name} PROPERTIES
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8"
-        TIMEOUT 120)
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;ASAN_OPTIONS=fast_unwind_on_malloc=0;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan-suppressions.txt"
+        TIMEOUT 400)
 endfunction()
