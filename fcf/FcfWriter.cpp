@@ -78,9 +78,10 @@ QByteArray FcfWriter::fillerFor(int headerBytes) const
 {
     const QByteArray unit =
         encode(m_codec, QString::fromUtf16(FcfLayout::FillerUnit, FcfLayout::FillerUnitLength));
-    const int missing = qMax(0, FcfLayout::PageBytes - headerBytes);
-    const int units = (missing + unit.size() - 1) / unit.size();
-    return unit.repeated(units);
+    const int missing = FcfLayout::PageBytes - headerBytes;
+    if (missing <= 0 || unit.isEmpty())
+        return QByteArray();
+    return unit.repeated((missing + unit.size() - 1) / unit.size());
 }
 
 bool FcfWriter::writeAll(QIODevice* device, const QByteArray& bytes, QString* error)

@@ -25,7 +25,7 @@ public:
     QByteArray compose(const FcfHeader& header) const;
 
     /// The whole filler units that bring \p headerBytes to FcfLayout::PageBytes or just over it;
-    /// empty when that many are there already.
+    /// empty when that many are there already, or when the codec makes nothing of a unit.
     QByteArray fillerFor(int headerBytes) const;
 
     /// Writes all of \p bytes.

@@ -23,16 +23,17 @@ FcfOutput::FcfOutput(const QString& imagePath, const QString& binaryPath,
 
 bool FcfOutput::open(OpenMode mode)
 {
-    const bool checked = mode == EndAtFirstFailure;
-    if (!openFile(&m_image.file, Truncating) && checked)
-        return false;
-    if (!openFile(&m_binary, QIODevice::ReadOnly) && checked)
-        return false;
-    if (!openFile(&m_companion.file, Truncating) && checked)
-        return false;
+    if (mode == EndAtFirstFailure) {
+        if (!openFile(&m_image.file, Truncating) || !openFile(&m_binary, QIODevice::ReadOnly) ||
+            !openFile(&m_companion.file, Truncating))
+            return false;
+    } else {
+        m_image.file.open(Truncating);
+        m_binary.open(QIODevice::ReadOnly);
+        m_companion.file.open(Truncating);
+    }
     // Measured only now: an image that is the binary itself, under whatever name, has emptied it.
     m_payloadBytes = m_binary.size();
-    m_outcome = GoesWell;
     return true;
 }
 
@@ -49,14 +50,12 @@ bool FcfOutput::fillHeaders(const FcfWriter& writer)
         return false;
     if (m_companion.bytes > FcfLayout::PageBytes)
         return deleteTooLarge();
-    if (qMin(m_image.bytes, m_companion.bytes) == FcfLayout::PageBytes)
+    if (isFilled(m_image) && isFilled(m_companion))
         return true;
 
     if (!openFile(&m_image.file, Appending) || !openFile(&m_companion.file, Appending))
         return false;
-    return append(&m_image, writer.fillerFor(static_cast<int>(m_image.bytes))) &&
-           append(&m_companion, writer.fillerFor(static_cast<int>(m_companion.bytes))) &&
-           closeWhole(&m_image) && closeWhole(&m_companion);
+    return fill(&m_image, writer) && fill(&m_companion, writer);
 }
 
 bool FcfOutput::appendPayload()
@@ -71,6 +70,15 @@ bool FcfOutput::appendPayload()
     m_image.bytes += m_payloadBytes;
     m_binary.close();
     return closeWhole(&m_image);
+}
+
+bool FcfOutput::isFilled(const Page& page) { return page.bytes >= FcfLayout::PageBytes; }
+
+bool FcfOutput::fill(Page* page, const FcfWriter& writer)
+{
+    if (!append(page, writer.fillerFor(static_cast<int>(page->bytes))) || !closeWhole(page))
+        return false;
+    return isFilled(*page) || fail(Failed, page->file, tr("the filler adds nothing"));
 }
 
 bool FcfOutput::openFile(QFile* file, QIODevice::OpenMode mode)
@@ -98,6 +106,8 @@ bool FcfOutput::closeWhole(Page* page)
     if (!page->file.isOpen())
         return true;
     page->file.close();
+    if (page->file.error() != QFile::NoError)
+        return fail(Failed, page->file, page->file.errorString());
     const qint64 found = QFileInfo(page->file.fileName()).size();
     if (found != page->bytes)
         return fail(Failed, page->file,
@@ -107,13 +117,18 @@ bool FcfOutput::closeWhole(Page* page)
 
 bool FcfOutput::deleteTooLarge()
 {
-    m_companion.file.remove();
-    m_image.file.remove();
-    return fail(HeaderTooLarge, m_image.file);
+    const bool companionRemoved = m_companion.file.remove();
+    const bool imageRemoved = m_image.file.remove();
+    if (!companionRemoved)
+        return fail(HeaderTooLarge, m_companion.file, m_companion.file.errorString());
+    return fail(HeaderTooLarge, m_image.file,
+                imageRemoved ? QString() : m_image.file.errorString());
 }
 
 bool FcfOutput::fail(Outcome outcome, const QFile& file, const QString& reason)
 {
+    if (m_outcome != GoesWell)
+        return false;
     m_outcome = outcome;
     m_path = file.fileName();
     m_reason = reason;

@@ -21,7 +21,8 @@ public:
         GoesWell,
         /// path() cannot be opened.
         CannotOpen,
-        /// The header does not fit in its page. Both files are deleted.
+        /// The header does not fit in its page. Both files are deleted, unless reason() tells why
+        /// path() could not be.
         HeaderTooLarge,
         /// path() cannot be read or written, or did not keep what was written; see reason().
         Failed
@@ -63,9 +64,12 @@ private:
 
     bool openFile(QFile* file, QIODevice::OpenMode mode);
     bool writeHeader(Page* page, const QByteArray& header);
+    static bool isFilled(const Page& page);
+    bool fill(Page* page, const FcfWriter& writer);
     bool append(Page* page, const QByteArray& bytes);
     bool closeWhole(Page* page);
     bool deleteTooLarge();
+    /// Notes the first failure, and returns false.
     bool fail(Outcome outcome, const QFile& file, const QString& reason = QString());
 
     Page m_image;

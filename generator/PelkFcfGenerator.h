@@ -118,7 +118,7 @@ private:
     void selectTarget(const FcfHeader& header);
     void showTexts(const FcfReading& reading);
     void showFunctionRead(const FcfFunction& function);
-    bool showLoadingFailed();
+    void showLoadingFailed();
 
     FcfHeader headerFromForm() const;
     bool writeHeaders(FcfOutput* output, const QString& imageName);

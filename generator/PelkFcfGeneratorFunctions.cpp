@@ -15,10 +15,18 @@ enum Entry { NameEntry, AuthorEntry, DescriptionEntry, CiNumberEntry, EntryCount
 
 const int MaximumDescriptionLength = 1000;
 
-void setDefault(QString* text)
+const char* const DefaultText = "0000";
+
+void setDefault(QLineEdit* field)
 {
-    if (text->isEmpty())
-        *text = QLatin1String("0000");
+    if (field->text().isEmpty())
+        field->setText(QLatin1String(DefaultText));
+}
+
+void setDefault(QTextEdit* field)
+{
+    if (field->toPlainText().isEmpty())
+        field->setPlainText(QLatin1String(DefaultText));
 }
 
 } // namespace
@@ -106,11 +114,10 @@ bool PelkFcfGenerator::checkFunction()
         return false;
     }
 
-    FcfFunction function = editedFunction();
-    setDefault(&function.ciNumber);
-    setDefault(&function.author);
-    setDefault(&function.description);
-    editFunction(function);
+    setDefault(ui->CiNumberEditBoxFunctions);
+    setDefault(ui->AuthorFunctions);
+    setDefault(ui->DescriptionMemoFunctions);
+    const FcfFunction function = editedFunction();
 
     ui->btnRemove->setEnabled(ui->FunctionComboBox->count() > 0);
     const int index =
@@ -166,7 +173,7 @@ void PelkFcfGenerator::btnRemove_clicked()
     // Shows the next function while the list still holds the removed one; hence the clearing.
     ui->FunctionComboBox->removeItem(index);
     clearFunctionFields();
-    if (functions.size() >= (index + 1) * EntryCount)
+    if (index >= 0 && functions.size() >= (index + 1) * EntryCount)
         functions.remove(index * EntryCount, EntryCount);
 }
 

@@ -101,13 +101,12 @@ bool PelkFcfGenerator::writeHeaders(FcfOutput* output, const QString& imageName)
     header.fileName = imageName;
 
     header.stamp(m_clock());
-    if (!output->writeImageHeader(writer.compose(header)))
-        return false;
+    const bool imageWritten = output->writeImageHeader(writer.compose(header));
     header.stamp(m_clock());
-    if (!output->writeCompanionHeader(writer.compose(header)))
-        return false;
+    const bool companionWritten = output->writeCompanionHeader(writer.compose(header));
+    // Told of the build, whatever the disk said.
     showTotals();
-    return true;
+    return imageWritten && companionWritten;
 }
 
 FcfHeader PelkFcfGenerator::headerFromForm() const
@@ -159,6 +158,9 @@ void PelkFcfGenerator::reportFailure(const FcfOutput& output)
         break;
     case FcfOutput::HeaderTooLarge:
         m_dialogs->tell(tr("The file Size is too large please change some fields"));
+        if (!output.reason().isEmpty())
+            logMessage(Logger::Error,
+                       tr("\"%1\" cannot be deleted: %2.").arg(output.path(), output.reason()));
         break;
     case FcfOutput::Failed:
         logMessage(Logger::Error,

@@ -13,14 +13,19 @@
 
 namespace {
 
-/// Adds \p text as a new paragraph at the end of \p memo, and never as markup.
-void appendParagraph(QTextEdit* memo, const QString& text)
+/// Adds each of \p lines as a new paragraph at the end of \p memo, and never as markup. All of them
+/// are one change: what watches the memo is told once, however many lines a file may have.
+void appendParagraphs(QTextEdit* memo, const QStringList& lines)
 {
     QTextCursor cursor(memo->document());
     cursor.movePosition(QTextCursor::End);
-    if (!memo->document()->isEmpty())
-        cursor.insertBlock();
-    cursor.insertText(text);
+    cursor.beginEditBlock();
+    foreach (const QString& line, lines) {
+        if (!memo->document()->isEmpty())
+            cursor.insertBlock();
+        cursor.insertText(line);
+    }
+    cursor.endEditBlock();
 }
 
 } // namespace
@@ -71,8 +76,10 @@ bool PelkFcfGenerator::readConfigFile(QString filename)
 {
     functionsFieldSetNotEditable();
     QFile file(filename);
-    if (!file.open(QIODevice::ReadOnly))
-        return showLoadingFailed();
+    if (!file.open(QIODevice::ReadOnly)) {
+        showLoadingFailed();
+        return false;
+    }
     functions.clear();
     ui->ModifyFunctionCheckBox->setEnabled(true);
 
@@ -81,21 +88,24 @@ bool PelkFcfGenerator::readConfigFile(QString filename)
     if (reading.outcome == FcfReading::NoFilenameLine || reading.outcome == FcfReading::NoText) {
         m_dialogs->tell(tr("please select a correct text file,the selected file is not compartable "
                            "with this programme "));
-        return reading.outcome == FcfReading::NoText && showLoadingFailed();
+        if (reading.outcome == FcfReading::NoText)
+            showLoadingFailed();
+        return false;
     }
     showTexts(reading);
-    if (reading.outcome == FcfReading::EndedEarly)
-        return showLoadingFailed();
+    if (reading.outcome == FcfReading::EndedEarly) {
+        showLoadingFailed();
+        return false;
+    }
     ui->StatusBar->setText(tr("<font color='green'>Loaded ") + ui->txtInputFile->text() +
                            tr(" successfully.</font>"));
     return true;
 }
 
-bool PelkFcfGenerator::showLoadingFailed()
+void PelkFcfGenerator::showLoadingFailed()
 {
     ui->StatusBar->setText(tr("<font color='red'>Loading ") + ui->txtInputFile->text() +
                            tr(" failed.</font>"));
-    return false;
 }
 
 void PelkFcfGenerator::showNumbers(const FcfHeader& header)
@@ -145,8 +155,7 @@ void PelkFcfGenerator::showTexts(const FcfReading& reading)
 {
     ui->CiNumEditBox->setText(reading.header.ciNumber);
     ui->AuthoEditBox->setText(reading.header.author);
-    foreach (const QString& line, reading.descriptionLines)
-        appendParagraph(ui->DescriptionMemo, line);
+    appendParagraphs(ui->DescriptionMemo, reading.descriptionLines);
     foreach (const FcfFunction& function, reading.header.functions)
         showFunctionRead(function);
 }

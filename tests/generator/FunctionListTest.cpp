@@ -218,7 +218,7 @@ void FunctionListTest::offersTheFirstOfEqualNames()
     driver->dialogs().click(QMessageBox::Ok);
     driver->click("UploadFunctionButton");
     driver->upload("A", "first", "first", "first");
-    // Only a file can list a name twice: this is what loading one leaves behind.
+    // A file can list a name twice: this is what loading one leaves behind.
     driver->type("EditFunctionName", "A");
     driver->type("AuthorFunctions", "second");
     driver->window()->addFunction();

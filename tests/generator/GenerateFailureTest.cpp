@@ -20,14 +20,19 @@ class DiskFullAt {
 public:
     explicit DiskFullAt(rlim_t bytes)
     {
-        std::signal(SIGXFSZ, SIG_IGN);
+        m_handlerBefore = std::signal(SIGXFSZ, SIG_IGN);
         getrlimit(RLIMIT_FSIZE, &m_before);
         const rlimit limit{bytes, m_before.rlim_max};
         setrlimit(RLIMIT_FSIZE, &limit);
     }
-    ~DiskFullAt() { setrlimit(RLIMIT_FSIZE, &m_before); }
+    ~DiskFullAt()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handlerBefore);
+    }
 
 private:
+    void (*m_handlerBefore)(int) = nullptr;
     rlimit m_before{};
 };
 
@@ -43,6 +48,8 @@ private slots:
     void asksBeforeOverwritingAndStopsOnNo_data();
     void asksBeforeOverwritingAndStopsOnNo();
     void overwritesOnYes();
+    void overwritesACompanionWithoutImageUnasked();
+    void asksAboutTheImageItselfAfterItWasLoaded();
     void namesTheFileThatCannotBeOpenedAfterTheQuestion_data();
     void namesTheFileThatCannotBeOpenedAfterTheQuestion();
     void namesTheImageThatCannotBeMade();
@@ -51,6 +58,7 @@ private slots:
     void failsForABinaryThatCannotBeRead();
     void failsOnAFullDisk_data();
     void failsOnAFullDisk();
+    void tellsTheTotalsOfAHeaderThatTheDiskDidNotTake();
     void failsOnAFullDiskAtEveryByteOfTheHeaderPage();
     void failsOnAFullDevice_data();
     void failsOnAFullDevice();
@@ -137,6 +145,37 @@ void GenerateFailureTest::overwritesOnYes()
     QCOMPARE(driver->content(driver->path("top.txt")).size(), int(image.headerBytes));
 }
 
+void GenerateFailureTest::overwritesACompanionWithoutImageUnasked()
+{
+    driver->fillIn(driver->binary("top.bin", 10));
+    driver->binary("top.txt", 5000);
+    driver->click("GenerateButton");
+    QCOMPARE(driver->text("StatusBar"), QString(Green));
+    const PlainFcf image = PlainFcf::fromFile(driver->path("top.fcf").toStdString());
+    QCOMPARE(driver->content(driver->path("top.txt")).toStdString(),
+             driver->content(driver->path("top.fcf")).toStdString().substr(0, image.headerBytes));
+}
+
+void GenerateFailureTest::asksAboutTheImageItselfAfterItWasLoaded()
+{
+    driver->fillIn(driver->binary("top.bin", 10));
+    driver->click("GenerateButton");
+    const QString image = driver->path("top.fcf");
+    const QByteArray before = driver->content(image);
+
+    driver->reopen();
+    driver->window()->setTxtFile(image);
+    QCOMPARE(driver->text("txtInputFile"), image);
+    driver->dialogs().clear();
+    driver->dialogs().click(QMessageBox::No);
+    driver->click("GenerateButton");
+    QCOMPARE(driver->dialogs().texts(),
+             QStringList("A fcf file already exists at path:<br><br>" + image +
+                         "<br><br>Do you want to overwrite it?"));
+    QCOMPARE(driver->text("StatusBar"), QString(Red));
+    QCOMPARE(driver->content(image), before);
+}
+
 void GenerateFailureTest::namesTheFileThatCannotBeOpenedAfterTheQuestion_data()
 {
     QTest::addColumn<QString>("folderInItsPlace");
@@ -212,13 +251,19 @@ void GenerateFailureTest::failsForABinaryThatCannotBeRead()
 void GenerateFailureTest::failsOnAFullDisk_data()
 {
     QTest::addColumn<int>("bytes");
+    // Where the image made from the same form ends.
+    GeneratorDriver other;
+    other.fillIn(other.binary("top.bin", 100003));
+    other.click("GenerateButton");
+    const int wholeImage = int(QFileInfo(other.path("top.fcf")).size());
+    QVERIFY(wholeImage >= 2112 + 100003);
     QTest::newRow("nothing fits") << 0;
     QTest::newRow("the preamble fits") << 64;
     QTest::newRow("the text fits, the filler does not") << 500;
     QTest::newRow("the header page lacks a byte") << 2111;
     QTest::newRow("the header page fits, the payload does not") << 2117;
-    QTest::newRow("the payload lacks a byte") << 2117 + 99999 - 1;
-    QTest::newRow("the payload lacks a chunk") << 30000;
+    QTest::newRow("the payload lacks a byte") << wholeImage - 1;
+    QTest::newRow("the payload lacks most of it") << 30000;
 }
 
 void GenerateFailureTest::failsOnAFullDisk()
@@ -232,7 +277,22 @@ void GenerateFailureTest::failsOnAFullDisk()
     }
     QCOMPARE(driver->log().size(), 1);
     QVERIFY2(driver->log()[0].contains("File too large"), qPrintable(driver->log()[0]));
-    QVERIFY(QFileInfo(driver->path("top.fcf")).size() <= bytes);
+    QCOMPARE(QFileInfo(driver->path("top.fcf")).size(), qint64(bytes));
+}
+
+void GenerateFailureTest::tellsTheTotalsOfAHeaderThatTheDiskDidNotTake()
+{
+    driver->fillIn(driver->binary("top.bin", 5000));
+    {
+        const DiskFullAt limit(100);
+        expectFailure();
+    }
+    QCOMPARE(driver->text("finalSize"), QString("7112 bytes"));
+    QCOMPARE(driver->text("finalPages"), QString("4 pages"));
+    QCOMPARE(driver->text("finalBlocks"), QString("0 blocks"));
+    // Both headers are written as far as they go.
+    QCOMPARE(driver->content(driver->path("top.fcf")).size(), 100);
+    QCOMPARE(driver->content(driver->path("top.txt")).size(), 100);
 }
 
 void GenerateFailureTest::failsOnAFullDiskAtEveryByteOfTheHeaderPage()
@@ -371,7 +431,9 @@ void GenerateFailureTest::endsInFailureWhenTheInputIsOverwritten()
     driver->type("CiNumEditBox", "1");
     driver->dialogs().click(QMessageBox::Yes);
     expectFailure();
-    QVERIFY(driver->log().last().contains(binary));
+    // Image and companion are one file, which has both their fillers.
+    QVERIFY2(driver->log().last().contains("\"" + binary + "\" is not complete: it has "),
+             qPrintable(driver->log().last()));
 }
 
 void GenerateFailureTest::endsInFailureWhenTheImageIsALinkToTheBinary()

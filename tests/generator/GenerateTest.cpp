@@ -349,7 +349,8 @@ void GenerateTest::tellsBothFilesApartAcrossASecond()
     QCOMPARE(image.valueOf("Time: "), std::string("23:59:59"));
     QCOMPARE(companion.valueOf("Date: "), std::string("1 Jan 2027"));
     QCOMPARE(companion.valueOf("Time: "), std::string("00:00:00"));
-    QVERIFY(image.headerBytes >= 2112 && companion.headerBytes >= 2112);
+    for (const PlainFcf& page : {image, companion})
+        QVERIFY(page.headerBytes >= 2112 && page.headerBytes <= 2117);
     QCOMPARE(image.payload.size(), std::size_t(10));
 }
 

@@ -133,6 +133,10 @@ void GeneratorFormTest::isCalledAndTitledAsUsersKnowIt()
 {
     QCOMPARE(driver->window()->objectName(), QString("PelkFcfGenerator"));
     QCOMPARE(driver->window()->windowTitle(), QString("Pelk FCF Generator"));
+    // The icon is the host's to provide; without one the window has none.
+    QFile form(QFINDTESTDATA("../../generator/PelkFcfGenerator.ui"));
+    QVERIFY(form.open(QIODevice::ReadOnly));
+    QVERIFY(form.readAll().contains("<normaloff>:/icons/radar_22x22.png</normaloff>"));
 }
 
 void GeneratorFormTest::showsTheTextsOfTheForm_data()
@@ -217,10 +221,13 @@ void GeneratorFormTest::leavesTheOtherActionsOutOfEveryMenu()
                                                     {"actionSave", "new"},
                                                     {"actionExit_2", "Exit"}};
     for (const auto& expected : actions) {
-        const auto* const action = driver->window()->findChild<QAction*>(expected.first);
+        auto* const action = driver->window()->findChild<QAction*>(expected.first);
         QVERIFY2(action, qPrintable(expected.first));
         QCOMPARE(action->text(), expected.second);
         QVERIFY(action->associatedWidgets().isEmpty());
+        action->trigger();
+        QVERIFY(driver->window()->isVisible());
+        QCOMPARE(driver->dialogs().texts(), QStringList());
     }
 }
 

@@ -80,6 +80,9 @@ private slots:
 
     void bringsATextBack_data();
     void bringsATextBack();
+    void losesWhatFollowsFourHyphensInAFunctionName();
+    void losesWhatFollowsThreeHyphensInADescription();
+    void keepsThreeHyphensInOtherTexts();
     void showsTheTargetThatTheUserGuideTells_data();
     void showsTheTargetThatTheUserGuideTells();
     void changesOneThingAWeekLater();
@@ -219,6 +222,50 @@ void GeneratorRoundsTest::bringsATextBack()
     const PlainFcf second = generate();
     QCOMPARE(formLines(second), FormModel::afterLoading(first).generatedLines());
     QVERIFY(second.payload == first.payload);
+}
+
+void GeneratorRoundsTest::losesWhatFollowsFourHyphensInAFunctionName()
+{
+    driver->fillIn(driver->binary("top.bin", 10));
+    driver->type("DescriptionMemo", "Rev: B");
+    driver->upload("kept", "a", "d", "1");
+    driver->upload("lost----here", "a", "d", "2");
+    driver->upload("behind", "a", "d", "3");
+    generate();
+    driver->reopen();
+    driver->window()->setTxtFile(driver->path("top.txt"));
+    QVERIFY(driver->text("StatusBar").contains("successfully"));
+    QCOMPARE(driver->text("DescriptionMemo"), QString("Rev"));
+    QCOMPARE(driver->functionNames(), QStringList("kept"));
+}
+
+void GeneratorRoundsTest::losesWhatFollowsThreeHyphensInADescription()
+{
+    driver->fillIn(driver->binary("top.bin", 10));
+    driver->type("DescriptionMemo", "one\ntwo --- 2\nthree");
+    driver->upload("function", "a", "d", "1");
+    generate();
+    driver->reopen();
+    driver->window()->setTxtFile(driver->path("top.txt"));
+    QCOMPARE(driver->text("DescriptionMemo"), QString("one"));
+    // The lines behind are taken for a function, and what was one for the rest of it.
+    QCOMPARE(driver->functionNames().first(), QString());
+    QVERIFY(!driver->functionNames().contains("function"));
+}
+
+void GeneratorRoundsTest::keepsThreeHyphensInOtherTexts()
+{
+    driver->fillIn(driver->binary("top.bin", 10));
+    driver->type("AuthoEditBox", "a --- b");
+    driver->type("CiNumEditBox", "---");
+    driver->upload("n --- m", "---", "d", "-----");
+    generate();
+    driver->reopen();
+    driver->window()->setTxtFile(driver->path("top.txt"));
+    QVERIFY(driver->text("StatusBar").contains("successfully"));
+    QCOMPARE(driver->text("AuthoEditBox"), QString("a --- b"));
+    QCOMPARE(driver->text("CiNumEditBox"), QString("---"));
+    QCOMPARE(form().functions, QVector<QStringList>({{"n --- m", "---", "d", " -----"}}));
 }
 
 void GeneratorRoundsTest::showsTheTargetThatTheUserGuideTells_data()

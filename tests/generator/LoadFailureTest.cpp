@@ -36,6 +36,7 @@ private slots:
     void keepsWhatWasReadWhenTheTextEndsEarly_data();
     void keepsWhatWasReadWhenTheTextEndsEarly();
     void saysBothOfAFileWithoutText();
+    void tellsOnceThatADescriptionOfThousandsOfLinesIsTooLong();
     void readsLessThan64KibOfALargeImage();
 
 private:
@@ -176,6 +177,18 @@ void LoadFailureTest::saysBothOfAFileWithoutText()
     QCOMPARE(driver->dialogs().texts(), QStringList(NotCompatible));
     QCOMPARE(driver->text("StatusBar"), loadingFailed(empty));
     QCOMPARE(driver->text("BinFileSize"), QString("0 bytes"));
+}
+
+void LoadFailureTest::tellsOnceThatADescriptionOfThousandsOfLinesIsTooLong()
+{
+    FcfHeader header = sampleHeader();
+    header.description = "first" + QString("\nx").repeated(12000);
+    driver->dialogs().click(QMessageBox::Ok);
+    driver->window()->setTxtFile(driver->writeHeader("top.txt", header));
+    QCOMPARE(driver->dialogs().texts().size(), 1);
+    QVERIFY(driver->text("StatusBar").contains("successfully"));
+    QCOMPARE(driver->text("DescriptionMemo"), header.description.left(1000));
+    QCOMPARE(driver->functionNames().size(), 2);
 }
 
 void LoadFailureTest::readsLessThan64KibOfALargeImage()

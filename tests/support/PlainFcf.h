@@ -9,7 +9,7 @@
 /// An image or a companion, taken apart by code of its own: neither Qt nor the product's tables and
 /// codecs have a part in it, so that it can contradict them.
 struct PlainFcf {
-    /// The eleven numbers, in the order of the file.
+    /// From the total pages to the minor version.
     std::array<std::int32_t, 11> numbers{};
     /// The five reserved words.
     std::array<std::uint32_t, 5> reserved{};
