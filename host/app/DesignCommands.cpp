@@ -32,7 +32,7 @@ DesignCommands::DesignCommands(OpenDesigns* designs, DesignModel* model, DesignV
     : QObject(window), m_designs(designs), m_model(model), m_view(view), m_window(window)
 {
     connect(view, &DesignView::currentItemChanged, this, &DesignCommands::refresh);
-    connect(view, &QAbstractItemView::activated, this, &DesignCommands::openFolder);
+    connect(view, &QAbstractItemView::activated, this, &DesignCommands::activate);
     connect(designs, &OpenDesigns::opened, this, [this](const Design* design) {
         connect(design, &Design::stateChanged, this, &DesignCommands::refresh);
         connect(design, &Design::modifiedChanged, this, &DesignCommands::refresh);
@@ -47,8 +47,8 @@ void DesignCommands::addToMenus()
                &DesignCommands::chooseDesign);
     m_save = addCommand("File", "File.SaveDesign", tr("&Save Design"), QKeySequence::Save,
                         &DesignCommands::saveCurrent);
-    m_close = addCommand("File", "File.CloseDesign", tr("&Close Design"), QKeySequence::Close,
-                         &DesignCommands::closeCurrent);
+    m_close = addCommand("File", "File.CloseDesign", tr("&Close Design"),
+                         QKeySequence(Qt::CTRL | Qt::Key_W), &DesignCommands::closeCurrent);
 
     m_add = addCommand("Design", "Design.AddFiles", tr("&Add Files..."),
                        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A), &DesignCommands::addFiles);
@@ -185,6 +185,14 @@ void DesignCommands::removeCurrent()
     else if (DesignFolder* const folder = m_model->folderAt(current))
         design->removeFolder(folder);
     refresh();
+}
+
+void DesignCommands::activate(const QModelIndex& index)
+{
+    if (m_model->fileAt(index) || m_model->folderAt(index))
+        openFolder();
+    else
+        m_view->setExpanded(index, !m_view->isExpanded(index));
 }
 
 void DesignCommands::openFolder()

@@ -8,6 +8,7 @@ class DesignModel;
 class DesignView;
 class OpenDesigns;
 class QAction;
+class QModelIndex;
 class QWidget;
 
 namespace OrvanticCore {
@@ -52,6 +53,7 @@ private:
     void closeCurrent();
     void addFiles();
     void removeCurrent();
+    void activate(const QModelIndex& index);
     void openFolder();
     void setLocked(bool locked);
 

@@ -8,6 +8,7 @@
 
 #include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMenu>
 
 using OrvanticCore::Design;
@@ -73,13 +74,31 @@ void DesignView::showFiles(const QList<DesignFile*>& files)
 
 void DesignView::contextMenuEvent(QContextMenuEvent* event)
 {
-    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
-    const QModelIndex index = byKey ? currentIndex() : indexAt(event->pos());
+    showMenu(event->reason() == QContextMenuEvent::Keyboard ? placeOfCurrent() : event->pos());
+}
+
+void DesignView::keyPressEvent(QKeyEvent* event)
+{
+    // The other key for context menus, which not every platform knows by itself.
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
+        showMenu(placeOfCurrent());
+    else
+        QTreeView::keyPressEvent(event);
+}
+
+void DesignView::showMenu(const QPoint& place)
+{
+    const QModelIndex index = indexAt(place);
     if (!index.isValid())
         return;
     setCurrentIndex(index);
-    QMenu* const menu = makeMenu(index);
-    menu->popup(byKey ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos());
+    makeMenu(index)->popup(viewport()->mapToGlobal(place));
+}
+
+QPoint DesignView::placeOfCurrent()
+{
+    scrollTo(currentIndex());
+    return visualRect(currentIndex()).center();
 }
 
 void DesignView::currentChanged(const QModelIndex& current, const QModelIndex& previous)

@@ -38,9 +38,13 @@ signals:
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
+    void showMenu(const QPoint& place);
+    /// The middle of the current row, which is made visible.
+    QPoint placeOfCurrent();
     QMenu* makeMenu(const QModelIndex& index);
     void rememberRows();
     void restoreRows();

@@ -6,9 +6,9 @@
 #include <QAction>
 #include <QBoxLayout>
 #include <QHeaderView>
-#include <QLabel>
 #include <QMenu>
 #include <QPushButton>
+#include <QTextBrowser>
 #include <QTreeView>
 
 using OrvanticCore::Design;
@@ -18,7 +18,7 @@ using Qtilities::Core::QtilitiesCategory;
 PropertyEditor::PropertyEditor(QWidget* parent)
     : QWidget(parent), m_model(new PropertyModel(this)), m_view(buildView()),
       m_menu(new QMenu(this)), m_add(new QPushButton(tr("&Add Property"), this)),
-      m_remove(new QPushButton(tr("&Remove"), this)), m_help(new QLabel(this))
+      m_remove(new QPushButton(tr("&Remove"), this)), m_help(new QTextBrowser(this))
 {
     setObjectName("PropertyEditor");
     m_menu->setObjectName("AddPropertyMenu");
@@ -26,10 +26,10 @@ PropertyEditor::PropertyEditor(QWidget* parent)
     m_add->setMenu(m_menu);
     m_remove->setObjectName("RemovePropertyButton");
     m_help->setObjectName("PropertyHelp");
-    m_help->setTextFormat(Qt::RichText);
-    m_help->setWordWrap(true);
-    m_help->setAlignment(Qt::AlignTop);
-    m_help->setMinimumHeight(fontMetrics().lineSpacing() * 8);
+    m_help->setAccessibleName(tr("Help"));
+    m_help->setFrameShape(QFrame::NoFrame);
+    m_help->viewport()->setAutoFillBackground(false);
+    m_help->setTabChangesFocus(true);
 
     auto* const buttons = new QHBoxLayout;
     buttons->addWidget(m_add);
@@ -37,13 +37,13 @@ PropertyEditor::PropertyEditor(QWidget* parent)
     buttons->addStretch();
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_view, 1);
+    layout->addWidget(m_view, 3);
     layout->addLayout(buttons);
-    layout->addWidget(m_help);
+    layout->addWidget(m_help, 2);
 
     connect(m_menu, &QMenu::aboutToShow, this, &PropertyEditor::fillMenu);
     connect(m_menu, &QMenu::hovered, this,
-            [this](const QAction* action) { m_help->setText(action->toolTip()); });
+            [this](const QAction* action) { m_help->setHtml(action->toolTip()); });
     connect(m_menu, &QMenu::aboutToHide, this, &PropertyEditor::showHelp);
     connect(m_remove, &QPushButton::clicked, this, &PropertyEditor::removeCurrent);
     connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
@@ -61,7 +61,8 @@ QTreeView* PropertyEditor::buildView()
     view->setRootIsDecorated(false);
     view->setUniformRowHeights(true);
     view->setAlternatingRowColors(true);
-    view->setEditTriggers(QAbstractItemView::AllEditTriggers);
+    view->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::SelectedClicked |
+                          QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
     view->setColumnWidth(PropertyModel::NameColumn, 200);
 
     auto* const remove = new QAction(tr("Remove"), view);
@@ -105,8 +106,11 @@ void PropertyEditor::fillMenu()
             if (present.name == name)
                 action->setEnabled(false);
         }
-        connect(action, &QAction::triggered, this,
-                [this, name, value = property.d_default_value] { addProperty(name, value); });
+        // Once the menu has gone: it takes the focus from the new value's editor otherwise.
+        connect(
+            action, &QAction::triggered, this,
+            [this, name, value = property.d_default_value] { addProperty(name, value); },
+            Qt::QueuedConnection);
     }
     if (m_menu->isEmpty())
         m_menu->addAction(tr("No properties are available"))->setEnabled(false);
@@ -130,5 +134,5 @@ void PropertyEditor::removeCurrent()
 
 void PropertyEditor::showHelp()
 {
-    m_help->setText(m_model->descriptionAt(m_view->currentIndex().row()));
+    m_help->setHtml(m_model->descriptionAt(m_view->currentIndex().row()));
 }

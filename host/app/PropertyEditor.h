@@ -7,9 +7,9 @@
 #include <QWidget>
 
 class PropertyModel;
-class QLabel;
 class QMenu;
 class QPushButton;
+class QTextBrowser;
 class QTreeView;
 
 /// Adds, edits and removes the properties of one design. What may be added is asked of the
@@ -40,7 +40,7 @@ private:
     QMenu* m_menu;
     QPushButton* m_add;
     QPushButton* m_remove;
-    QLabel* m_help;
+    QTextBrowser* m_help;
 };
 
 #endif

@@ -58,13 +58,7 @@ QVariant PropertyModel::data(const QModelIndex& index, int role) const
     const DesignProperty& property = m_properties.at(index.row());
     if (role == Qt::ToolTipRole)
         return descriptionAt(index.row());
-    if (role == Qt::EditRole && index.column() == ValueColumn) {
-        // A property without a value is edited as what it is announced to be.
-        return property.value.isValid()
-                   ? property.value
-                   : QVariant(PropertyCatalog::find(m_design, property.name).d_data_type);
-    }
-    if (role != Qt::DisplayRole)
+    if (role != Qt::DisplayRole && role != Qt::EditRole)
         return QVariant();
     return index.column() == NameColumn ? property.name : property.value;
 }
@@ -75,7 +69,10 @@ bool PropertyModel::setData(const QModelIndex& index, const QVariant& value, int
         return false;
     const DesignProperty property = m_properties.at(index.row());
     // Without a text there is no value, rather than an empty one.
-    const QVariant taken = value.toString().isEmpty() ? QVariant() : value;
+    QVariant taken = value.toString().isEmpty() ? QVariant() : value;
+    const PropertySpecification announced = PropertyCatalog::find(m_design, property.name);
+    if (taken.isValid() && announced.isValid() && !taken.convert(int(announced.d_data_type)))
+        return false;
     if (taken != property.value)
         m_design->setDesignProperty(property.name, taken, property.category);
     return true;
