@@ -23,7 +23,7 @@ DesignDetails::DesignDetails(QWidget* parent)
     m_type->setObjectName("DesignTypeName");
     m_changes->setObjectName("VersionChanges");
     m_changes->setTabChangesFocus(true);
-    m_changes->setFixedHeight(fontMetrics().lineSpacing() * 5);
+    m_changes->setFixedHeight(fontMetrics().lineSpacing() * 4);
 
     auto* const version = new QHBoxLayout;
     version->addWidget(m_major);

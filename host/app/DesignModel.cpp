@@ -128,10 +128,14 @@ void DesignModel::watchFolders()
             folders << QFileInfo(file->filePath()).absolutePath();
     }
     folders.removeDuplicates();
-    if (!m_watcher.directories().isEmpty())
-        m_watcher.removePaths(m_watcher.directories());
+    // Only what is different: to stop watching a folder drops what is about to be reported of it.
+    const QStringList watched = m_watcher.directories();
+    for (const QString& folder : watched) {
+        if (!folders.contains(folder))
+            m_watcher.removePath(folder);
+    }
     for (const QString& folder : folders) {
-        if (QFileInfo(folder).isDir())
+        if (!watched.contains(folder) && QFileInfo(folder).isDir())
             m_watcher.addPath(folder);
     }
 }

@@ -40,7 +40,7 @@ MainWindow::MainWindow(QWidget* parent)
     setObjectName("MainWindow");
     setWindowIcon(QIcon(":/icons/radar_128x128.png"));
     setAcceptDrops(true);
-    resize(1080, 700);
+    resize(1080, 760);
     buildCentre();
     buildMenus();
     buildPropertyDock();

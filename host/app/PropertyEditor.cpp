@@ -22,6 +22,7 @@ PropertyEditor::PropertyEditor(QWidget* parent)
 {
     setObjectName("PropertyEditor");
     m_menu->setObjectName("AddPropertyMenu");
+    m_menu->setToolTipsVisible(true);
     m_add->setObjectName("AddPropertyButton");
     m_add->setMenu(m_menu);
     m_remove->setObjectName("RemovePropertyButton");
@@ -37,9 +38,9 @@ PropertyEditor::PropertyEditor(QWidget* parent)
     buttons->addStretch();
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_view, 3);
+    layout->addWidget(m_view, 1);
     layout->addLayout(buttons);
-    layout->addWidget(m_help, 2);
+    layout->addWidget(m_help, 1);
 
     connect(m_menu, &QMenu::aboutToShow, this, &PropertyEditor::fillMenu);
     connect(m_menu, &QMenu::hovered, this,

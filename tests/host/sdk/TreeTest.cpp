@@ -11,7 +11,7 @@ using Qtilities::CoreGui::TreeNode;
 
 namespace {
 
-constexpr auto LayoutChanged = SIGNAL(layoutChanged(QList<QPointer<QObject>>));
+constexpr auto LayoutChanged = SIGNAL(layoutChanged());
 
 } // namespace
 
