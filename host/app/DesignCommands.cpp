@@ -277,8 +277,7 @@ void DesignCommands::addPaths(const QStringList& paths, Design* design)
 
 void DesignCommands::showError(const QString& name, const QString& text)
 {
-    QMessageBox box(QMessageBox::Warning, m_window->windowTitle().remove("[*]"), text,
-                    QMessageBox::Ok, m_window);
+    QMessageBox box(QMessageBox::Warning, tr("Pelk Design Host"), text, QMessageBox::Ok, m_window);
     box.setObjectName(name);
     box.exec();
 }

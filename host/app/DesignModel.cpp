@@ -5,6 +5,7 @@
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
+#include <OrvanticCore/DesignFolder.h>
 
 #include <QFileInfo>
 
@@ -114,6 +115,8 @@ void DesignModel::refreshRows(const QModelIndex& parent)
         const QModelIndex child = index(row, NameColumn, parent);
         if (const DesignFile* const file = fileAt(child))
             DesignRows::refresh(rowOf(*this, child), *file);
+        else if (const DesignFolder* const folder = folderAt(child))
+            DesignRows::refresh(rowOf(*this, child), *folder);
         refreshRows(child);
     }
 }
@@ -126,6 +129,8 @@ void DesignModel::watchFolders()
         folders << design->workingFolderPath();
         for (const DesignFile* file : design->files())
             folders << QFileInfo(file->filePath()).absolutePath();
+        for (const DesignFolder* folder : design->folders())
+            folders << QFileInfo(folder->folderPath()).absolutePath();
     }
     folders.removeDuplicates();
     // Only what is different: to stop watching a folder drops what is about to be reported of it.

@@ -113,6 +113,13 @@ void DesignRows::refresh(const Row& row, const DesignFile& file)
     row.at(DesignModel::VersionColumn)->setText(file.versionAssociation());
 }
 
+void DesignRows::refresh(const Row& row, const DesignFolder& folder)
+{
+    const bool exists = QDir(folder.folderPath()).exists();
+    row.first()->setIcon(symbol(exists ? QStyle::SP_DirLinkIcon : QStyle::SP_MessageBoxWarning));
+    row.at(DesignModel::StateColumn)->setText(exists ? tr("Folder") : tr("Folder, Missing"));
+}
+
 void DesignRows::fill(QStandardItem* top, const Design& design)
 {
     QMap<QString, QStandardItem*> nodes;
@@ -131,8 +138,7 @@ void DesignRows::fill(QStandardItem* top, const Design& design)
             makeRow(folder->getName(), symbol(QStyle::SP_DirLinkIcon), folder->folderPath());
         setSubject(row, folder);
         row.first()->setToolTip(QDir::toNativeSeparators(folder->folderPath()));
-        row.at(DesignModel::StateColumn)
-            ->setText(QDir(folder->folderPath()).exists() ? tr("Folder") : tr("Folder, Missing"));
+        refresh(row, *folder);
         top->appendRow(row);
     }
 }

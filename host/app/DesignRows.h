@@ -18,6 +18,7 @@ using Row = QList<QStandardItem*>;
 Row forDesign(OrvanticCore::Design* design);
 void refresh(const Row& row, const OrvanticCore::Design& design);
 void refresh(const Row& row, const OrvanticCore::DesignFile& file);
+void refresh(const Row& row, const OrvanticCore::DesignFolder& folder);
 
 /// Adds the nodes, files and folders of \p design under \p top.
 void fill(QStandardItem* top, const OrvanticCore::Design& design);

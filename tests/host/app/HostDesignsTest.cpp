@@ -63,6 +63,7 @@ private slots:
     void addsFilesChosenFromTheMenu();
     void addsDroppedFilesToTheDesignUnderThem();
     void makesADesignOfFilesDroppedOnNothing();
+    void makesADesignOfFilesChosenWithoutOne();
     void opensADroppedDesign();
     void tellsWhichFilesItCannotAdd();
     void editsTheVersion();
@@ -246,6 +247,8 @@ void HostDesignsTest::addsDroppedFilesToTheDesignUnderThem()
     QVERIFY(first->fileAt(file));
     QCOMPARE(first->folders().count(), 1);
     QCOMPARE(host.row("constraints").at(1), QString("Folder"));
+    QVERIFY(QDir().rmdir(host.path("constraints")));
+    QTRY_COMPARE(host.row("constraints").at(1), QString("Folder, Missing"));
     QCOMPARE(second->files().count(), 1);
 }
 
@@ -260,6 +263,17 @@ void HostDesignsTest::makesADesignOfFilesDroppedOnNothing()
     QCOMPARE(lastDesign()->workingFolderPath(), host.path("fresh"));
     QVERIFY(lastDesign()->fileAt("top.bin"));
     QCOMPARE(host.item("top.bin").parent(), host.item("Bit-stream Files"));
+}
+
+void HostDesignsTest::makesADesignOfFilesChosenWithoutOne()
+{
+    HostFixture host;
+    host.dialogs().choose(host.writeFile("fresh/top.bin", "bytes"));
+    host.dialogs().press(Qt::Key_Return);
+    host.press(Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(host.dialogs().allGiven());
+    QVERIFY(lastDesign() && lastDesign()->fileAt("top.bin"));
+    QCOMPARE(lastDesign()->workingFolderPath(), host.path("fresh"));
 }
 
 void HostDesignsTest::opensADroppedDesign()
