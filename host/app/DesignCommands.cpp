@@ -17,7 +17,6 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QUrl>
 
 using OrvanticCore::Design;
@@ -106,13 +105,10 @@ void DesignCommands::openDesign(const QString& path)
         return;
     }
     if (!DesignStorage::hasDescription(folder)) {
-        QMessageBox box(QMessageBox::Question, tr("Open Design"),
-                        tr("There is no design in %1: it has no file design.json.\n\n"
-                           "Do you want to make a new design there?")
-                            .arg(QDir::toNativeSeparators(folder)),
-                        QMessageBox::Yes | QMessageBox::No, m_window);
-        box.setObjectName("NoDesignBox");
-        if (box.exec() == QMessageBox::Yes)
+        const QString question = tr("There is no design in %1: it has no file design.json.\n\n"
+                                    "Do you want to make a new design there?")
+                                     .arg(QDir::toNativeSeparators(folder));
+        if (ask("NoDesignBox", question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes)
             makeDesign(folder);
         return;
     }
@@ -164,8 +160,9 @@ void DesignCommands::saveCurrent() { save(m_view->currentDesign()); }
 
 void DesignCommands::closeCurrent()
 {
-    if (mayClose(m_view->currentDesign()))
-        m_designs->close(m_view->currentDesign());
+    Design* const design = m_view->currentDesign();
+    if (mayClose(design))
+        m_designs->close(design);
 }
 
 void DesignCommands::addFiles()
@@ -239,12 +236,9 @@ bool DesignCommands::mayClose(Design* design)
 {
     if (!design->isModified())
         return true;
-    QMessageBox box(QMessageBox::Question, tr("Unsaved Changes"),
-                    tr("Do you want to save the changes to \"%1\"?").arg(design->name()),
-                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, m_window);
-    box.setObjectName("SaveChangesBox");
-    box.setDefaultButton(QMessageBox::Save);
-    switch (box.exec()) {
+    switch (ask("SaveChangesBox",
+                tr("Do you want to save the changes to \"%1\"?").arg(design->name()),
+                QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel)) {
     case QMessageBox::Save:
         return save(design);
     case QMessageBox::Discard:
@@ -275,9 +269,23 @@ void DesignCommands::addPaths(const QStringList& paths, Design* design)
                                       .arg(design->name(), problems.join('\n')));
 }
 
+int DesignCommands::ask(const QString& name, const QString& text,
+                        QMessageBox::StandardButtons buttons)
+{
+    return showBox(QMessageBox::Question, name, text, buttons);
+}
+
 void DesignCommands::showError(const QString& name, const QString& text)
 {
-    QMessageBox box(QMessageBox::Warning, tr("Pelk Design Host"), text, QMessageBox::Ok, m_window);
+    showBox(QMessageBox::Warning, name, text, QMessageBox::Ok);
+}
+
+int DesignCommands::showBox(QMessageBox::Icon icon, const QString& name, const QString& text,
+                            QMessageBox::StandardButtons buttons)
+{
+    QMessageBox box(icon, tr("Pelk Design Host"), text, buttons, m_window);
     box.setObjectName(name);
-    box.exec();
+    // What a path looks like must not change it.
+    box.setTextFormat(Qt::PlainText);
+    return box.exec();
 }

@@ -1,6 +1,7 @@
 #ifndef HOST_APP_DESIGNCOMMANDS_H
 #define HOST_APP_DESIGNCOMMANDS_H
 
+#include <QMessageBox>
 #include <QObject>
 #include <QStringList>
 
@@ -61,7 +62,11 @@ private:
     bool save(OrvanticCore::Design* design);
     bool mayClose(OrvanticCore::Design* design);
     void addPaths(const QStringList& paths, OrvanticCore::Design* design);
+    /// Returns the button that the user chose.
+    int ask(const QString& name, const QString& text, QMessageBox::StandardButtons buttons);
     void showError(const QString& name, const QString& text);
+    int showBox(QMessageBox::Icon icon, const QString& name, const QString& text,
+                QMessageBox::StandardButtons buttons);
 
     OpenDesigns* m_designs;
     DesignModel* m_model;
