@@ -1,5 +1,7 @@
 #include "ZORV_Plugin_Core.h"
 
+#include "design/ZORV_FileTypeExtensions.h"
+#include "design/ZORV_PropertyProvider.h"
 #include "generator/PelkFcfGenerator.h"
 
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
@@ -16,9 +18,11 @@ using Qtilities::CoreGui::QtilitiesApplication;
 namespace ZORV_Plugin {
 
 struct ZORV_Plugin_CoreData {
+    ZORV_FileTypeExtensions* fileTypeExtensions;
     PelkFcfGenerator* generatorWindow;
+    ZORV_PropertyProvider* propertyProvider;
 
-    ZORV_Plugin_CoreData() : generatorWindow(0) {}
+    ZORV_Plugin_CoreData() : fileTypeExtensions(0), generatorWindow(0), propertyProvider(0) {}
 };
 
 ZORV_Plugin_Core::ZORV_Plugin_Core(QObject* parent) : QObject(parent), d(new ZORV_Plugin_CoreData)
@@ -33,6 +37,22 @@ bool ZORV_Plugin_Core::initialize(const QStringList& arguments, QStringList* err
     Q_UNUSED(arguments)
     Q_UNUSED(error_strings)
 
+    registerExtensions();
+    addGeneratorToToolsMenu();
+    return true;
+}
+
+void ZORV_Plugin_Core::registerExtensions()
+{
+    // The host asks extensions in the order of their registration.
+    d->fileTypeExtensions = new ZORV_FileTypeExtensions;
+    QtilitiesApplication::objectManager()->registerObject(d->fileTypeExtensions);
+    d->propertyProvider = new ZORV_PropertyProvider;
+    QtilitiesApplication::objectManager()->registerObject(d->propertyProvider);
+}
+
+void ZORV_Plugin_Core::addGeneratorToToolsMenu()
+{
     QList<int> contexts;
     contexts << QtilitiesApplication::contextManager()->contextID(
         QLatin1String("qti.def.Context.Standard"));
@@ -46,7 +66,6 @@ bool ZORV_Plugin_Core::initialize(const QStringList& arguments, QStringList* err
     connect(command->action(), SIGNAL(triggered()), SLOT(showFcfGenerator()));
     tools->addAction(command);
     tools->addSeparator();
-    return true;
 }
 
 bool ZORV_Plugin_Core::initializeDependencies(QStringList* error_strings)

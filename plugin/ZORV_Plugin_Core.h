@@ -29,7 +29,8 @@ public:
     QObject* objectBase() { return this; }
     const QObject* objectBase() const { return this; }
 
-    /// Adds "Pelk FCF Generator" to the Tools menu. Takes no arguments and reports no errors.
+    /// Registers the extensions for designs in the object pool, and adds "Pelk FCF Generator" to
+    /// the Tools menu. Takes no arguments and reports no errors.
     bool initialize(const QStringList& arguments, QStringList* error_strings);
     bool initializeDependencies(QStringList* error_strings);
     void finalize();
@@ -49,6 +50,9 @@ private Q_SLOTS:
     void showFcfGenerator();
 
 private:
+    void registerExtensions();
+    void addGeneratorToToolsMenu();
+
     ZORV_Plugin_CoreData* d;
 };
 

@@ -47,9 +47,9 @@ int main(int argc, char** argv)
     for (const QString& path : parser.values(pluginPath))
         ExtensionSystemCore::instance()->addPluginPath(path);
     ExtensionSystemCore::instance()->initialize();
+    window.show();
     for (const QString& design : parser.positionalArguments())
         window.openDesign(design);
-    window.show();
 
     const int result = QtilitiesApplication::exec();
     ExtensionSystemCore::instance()->finalize();

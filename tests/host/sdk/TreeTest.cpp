@@ -11,7 +11,7 @@ using Qtilities::CoreGui::TreeNode;
 
 namespace {
 
-const char* const LayoutChanged = SIGNAL(layoutChanged(QList<QPointer<QObject>>));
+const char* const LayoutChanged = SIGNAL(layoutChanged());
 
 } // namespace
 

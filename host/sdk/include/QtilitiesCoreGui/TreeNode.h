@@ -6,7 +6,6 @@
 
 #include <QList>
 #include <QObject>
-#include <QPointer>
 
 namespace Qtilities {
 namespace CoreGui {
@@ -49,9 +48,8 @@ public:
 
 Q_SIGNALS:
     /// Items were added or removed, here or in a node below. While a processing cycle runs it is
-    /// held back, and comes once for all changes. \p new_selection, when not empty, is what views
-    /// should select now.
-    void layoutChanged(QList<QPointer<QObject>> new_selection);
+    /// held back, and comes once for all changes.
+    void layoutChanged();
 
     /// The outermost processing cycle has ended, and its changes have been announced.
     void processingCycleEnded();

@@ -53,7 +53,7 @@ Design::Design(const QString& working_folder_path, const QString& type_name, QOb
     d->folder = QDir::cleanPath(QDir(working_folder_path).absolutePath());
     d->typeName = type_name;
     setObjectName(name());
-    connect(d->tree.data(), SIGNAL(layoutChanged(QList<QPointer<QObject>>)), SLOT(announceFiles()));
+    connect(d->tree.data(), SIGNAL(layoutChanged()), SLOT(announceFiles()));
     connect(d->tree.data(), SIGNAL(processingCycleEnded()), SLOT(announcePendingFiles()));
 }
 

@@ -21,7 +21,7 @@ TreeNode::~TreeNode()
 TreeNode* TreeNode::addNode(const QString& name)
 {
     TreeNode* const node = new TreeNode(name);
-    connect(node, SIGNAL(layoutChanged(QList<QPointer<QObject>>)), this, SLOT(noteChange()));
+    connect(node, SIGNAL(layoutChanged()), this, SLOT(noteChange()));
     addSubject(node);
     return node;
 }
@@ -59,7 +59,7 @@ void TreeNode::endProcessingCycle(bool broadcast)
     const bool changed = d_changed;
     d_changed = false;
     if (changed && broadcast)
-        emit layoutChanged(QList<QPointer<QObject>>());
+        emit layoutChanged();
     emit processingCycleEnded();
 }
 
@@ -70,7 +70,7 @@ void TreeNode::noteChange()
     if (isProcessingCycleActive())
         d_changed = true;
     else
-        emit layoutChanged(QList<QPointer<QObject>>());
+        emit layoutChanged();
 }
 
 void TreeNode::forgetSubject(QObject* subject)

@@ -1,0 +1,54 @@
+#include "ZORV_PropertyProvider.h"
+
+#include "design/DesignProperties.h"
+
+using Qtilities::Core::PropertySpecification;
+
+namespace ZORV_Plugin {
+
+namespace {
+
+PropertySpecification designProperty(const char* name, QVariant::Type type,
+                                     const QString& description)
+{
+    PropertySpecification specification;
+    specification.d_displayed_name = QLatin1String(name);
+    specification.d_property_name = QLatin1String("");
+    specification.d_description = description;
+    specification.d_data_type = type;
+    specification.d_default_value = QVariant();
+    specification.d_class_name = QLatin1String("OrvanticCore::Design");
+    return specification;
+}
+
+} // namespace
+
+QList<PropertySpecification> ZORV_PropertyProvider::availableProperties() const
+{
+    QList<PropertySpecification> properties;
+    properties << designProperty(
+        DeviceProperty, QVariant::String,
+        tr("Specifies the device to use when generating FCF files for this design."
+           "<br><br>Possible values:"
+           "<br>For DFE1: Interface_FPGA, Processing_FPGA_1, Clock_Master_Device"
+           "<br>For DFE2: Processing_FPGA"
+           "<br>For GPM: Interface_FPGA, Processing_FPGA_1, Processing_FPGA_2, "
+           "Processing_FPGA_3"));
+    properties << designProperty(
+        ConfigNumberProperty, QVariant::Int,
+        tr("Specifies the flash location  to use when generating FCF files for this design."
+           "<br><br>Possible values: 1-10"));
+    properties << designProperty(
+        ModuleProperty, QVariant::String,
+        tr("Specifies the module to use when generating FCF files for this design."
+           "<br><br>Possible values:"
+           "<br>DFE1, DFE2, GPM"));
+    return properties;
+}
+
+QStringList ZORV_PropertyProvider::prohibitedCustomPropertiesClasses() const
+{
+    return QStringList();
+}
+
+} // namespace ZORV_Plugin

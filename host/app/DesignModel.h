@@ -1,0 +1,60 @@
+#ifndef HOST_APP_DESIGNMODEL_H
+#define HOST_APP_DESIGNMODEL_H
+
+#include <QFileSystemWatcher>
+#include <QStandardItemModel>
+
+namespace OrvanticCore {
+class Design;
+class DesignFile;
+class DesignFolder;
+} // namespace OrvanticCore
+
+/// The open designs as a tree: under each design the nodes of its structure, under these the files.
+///
+/// It follows the designs, and the folders of their files on the disk.
+class DesignModel : public QStandardItemModel {
+    Q_OBJECT
+
+public:
+    enum Column { NameColumn, StateColumn, VersionColumn, ColumnCount };
+
+    /// A text that stays the same for an item while the rows of its design are made anew.
+    static constexpr int KeyRole = Qt::UserRole + 1;
+
+    explicit DesignModel(QObject* parent = nullptr);
+
+    /// \p design stays its owner's and must be removed before it is deleted.
+    void addDesign(OrvanticCore::Design* design);
+    void removeDesign(OrvanticCore::Design* design);
+
+    /// The design that \p index is or belongs to; null for an invalid index.
+    OrvanticCore::Design* designAt(const QModelIndex& index) const;
+    /// Null unless \p index is that of a file, or of a folder.
+    OrvanticCore::DesignFile* fileAt(const QModelIndex& index) const;
+    OrvanticCore::DesignFolder* folderAt(const QModelIndex& index) const;
+
+    /// The index with that key, or an invalid one.
+    QModelIndex indexOfKey(const QString& key) const;
+    QModelIndex indexOf(const OrvanticCore::Design* design) const;
+    QModelIndex indexOf(const OrvanticCore::DesignFile* file) const;
+
+public slots:
+    /// Looks at all files on the disk again.
+    void refreshFromDisk();
+
+signals:
+    /// The rows of a design are made anew: views lose what they know of them.
+    void aboutToRebuild();
+    void rebuilt();
+
+private:
+    void rebuild(OrvanticCore::Design* design);
+    void refreshDesign(OrvanticCore::Design* design);
+    void refreshRows(const QModelIndex& parent);
+    void watchFolders();
+
+    QFileSystemWatcher m_watcher;
+};
+
+#endif

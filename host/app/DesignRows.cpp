@@ -1,0 +1,161 @@
+#include "DesignRows.h"
+
+#include "DesignModel.h"
+
+#include <OrvanticCore/Design.h>
+#include <OrvanticCore/DesignFile.h>
+#include <OrvanticCore/DesignFolder.h>
+#include <OrvanticCore/DesignStructure.h>
+
+#include <QtilitiesCoreGui/TreeNode.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QMap>
+#include <QPointer>
+#include <QStyle>
+
+#include <algorithm>
+
+using OrvanticCore::Design;
+using OrvanticCore::DesignFile;
+using OrvanticCore::DesignFolder;
+using Qtilities::CoreGui::TreeNode;
+
+namespace {
+
+QString tr(const char* text) { return QCoreApplication::translate("DesignModel", text); }
+
+QIcon symbol(QStyle::StandardPixmap pixmap) { return QApplication::style()->standardIcon(pixmap); }
+
+DesignRows::Row makeRow(const QString& name, const QIcon& icon, const QString& key)
+{
+    DesignRows::Row row;
+    for (int column = 0; column < DesignModel::ColumnCount; ++column) {
+        row << new QStandardItem;
+        row.last()->setEditable(false);
+    }
+    row.first()->setText(name);
+    row.first()->setIcon(icon);
+    row.first()->setData(key, DesignModel::KeyRole);
+    return row;
+}
+
+/// Guarded, since a row may outlive its subject while a processing cycle holds changes back.
+template <class Subject>
+void setSubject(const DesignRows::Row& row, Subject* subject)
+{
+    row.first()->setData(QVariant::fromValue(QPointer<QObject>(subject)), DesignRows::SubjectRole);
+}
+
+template <class Subject>
+Subject* subjectOf(const QVariant& subject)
+{
+    return qobject_cast<Subject*>(subject.value<QPointer<QObject>>().data());
+}
+
+DesignRows::Row makeFileRow(DesignFile* file)
+{
+    DesignRows::Row row = makeRow(file->fileName(), QIcon(), DesignRows::keyOf(*file));
+    setSubject(row, file);
+    DesignRows::refresh(row, *file);
+    return row;
+}
+
+void appendNodes(QStandardItem* parent, const TreeNode* node, QMap<QString, QStandardItem*>* nodes)
+{
+    for (int index = 0; index < node->subjectCount(); ++index) {
+        const auto* const below = qobject_cast<const TreeNode*>(node->subjectAt(index));
+        const QString key = parent->data(DesignModel::KeyRole).toString() + "::" + below->getName();
+        const DesignRows::Row row = makeRow(below->getName(), symbol(QStyle::SP_DirIcon), key);
+        parent->appendRow(row);
+        if (!nodes->contains(below->getName()))
+            nodes->insert(below->getName(), row.first());
+        appendNodes(row.first(), below, nodes);
+    }
+}
+
+} // namespace
+
+DesignRows::Row DesignRows::forDesign(Design* design)
+{
+    const Row row = makeRow(design->name(), QIcon(":/icons/radar_22x22.png"), keyOf(*design));
+    setSubject(row, design);
+    row.first()->setToolTip(QDir::toNativeSeparators(design->workingFolderPath()));
+    refresh(row, *design);
+    return row;
+}
+
+void DesignRows::refresh(const Row& row, const Design& design)
+{
+    QStringList states;
+    if (design.isLocked())
+        states << tr("Locked");
+    if (design.isReadOnly())
+        states << tr("Read-only");
+    row.first()->setText(design.isModified() ? tr("%1 (modified)").arg(design.name())
+                                             : design.name());
+    row.at(DesignModel::StateColumn)->setText(states.join(", "));
+    row.at(DesignModel::VersionColumn)->setText(design.versionString("."));
+}
+
+void DesignRows::refresh(const Row& row, const DesignFile& file)
+{
+    QStringList states;
+    if (file.isGenerated())
+        states << tr("Generated");
+    if (!file.exists())
+        states << tr("Missing");
+    row.first()->setIcon(
+        symbol(file.exists() ? QStyle::SP_FileIcon : QStyle::SP_MessageBoxWarning));
+    row.first()->setToolTip(QDir::toNativeSeparators(file.filePath()));
+    row.at(DesignModel::StateColumn)->setText(states.join(", "));
+    row.at(DesignModel::VersionColumn)->setText(file.versionAssociation());
+}
+
+void DesignRows::refresh(const Row& row, const DesignFolder& folder)
+{
+    const bool exists = QDir(folder.folderPath()).exists();
+    row.first()->setIcon(symbol(exists ? QStyle::SP_DirLinkIcon : QStyle::SP_MessageBoxWarning));
+    row.at(DesignModel::StateColumn)->setText(exists ? tr("Folder") : tr("Folder, Missing"));
+}
+
+void DesignRows::fill(QStandardItem* top, const Design& design)
+{
+    QMap<QString, QStandardItem*> nodes;
+    if (design.structure())
+        appendNodes(top, design.structure()->rootNode(), &nodes);
+
+    QList<DesignFile*> files = design.files();
+    std::sort(files.begin(), files.end(), [](const DesignFile* left, const DesignFile* right) {
+        return left->fileName().localeAwareCompare(right->fileName()) < 0;
+    });
+    for (DesignFile* file : files)
+        nodes.value(design.nodeOf(file), top)->appendRow(makeFileRow(file));
+
+    for (DesignFolder* folder : design.folders()) {
+        const Row row =
+            makeRow(folder->getName(), symbol(QStyle::SP_DirLinkIcon), folder->folderPath());
+        setSubject(row, folder);
+        row.first()->setToolTip(QDir::toNativeSeparators(folder->folderPath()));
+        refresh(row, *folder);
+        top->appendRow(row);
+    }
+}
+
+Design* DesignRows::designOf(const QVariant& subject) { return subjectOf<Design>(subject); }
+
+DesignFile* DesignRows::fileOf(const QVariant& subject) { return subjectOf<DesignFile>(subject); }
+
+DesignFolder* DesignRows::folderOf(const QVariant& subject)
+{
+    return subjectOf<DesignFolder>(subject);
+}
+
+QString DesignRows::keyOf(const Design& design) { return design.workingFolderPath() + "::"; }
+
+QString DesignRows::keyOf(const DesignFile& file)
+{
+    const auto* const design = dynamic_cast<const Design*>(file.design());
+    return (design ? keyOf(*design) : QString()) + file.filePath();
+}

@@ -1,0 +1,38 @@
+#ifndef HOST_APP_DESIGNROWS_H
+#define HOST_APP_DESIGNROWS_H
+
+#include <QList>
+#include <QStandardItem>
+
+namespace OrvanticCore {
+class Design;
+class DesignFile;
+class DesignFolder;
+} // namespace OrvanticCore
+
+/// The rows of the design model: what stands in them, and what they stand for.
+namespace DesignRows {
+
+using Row = QList<QStandardItem*>;
+
+Row forDesign(OrvanticCore::Design* design);
+void refresh(const Row& row, const OrvanticCore::Design& design);
+void refresh(const Row& row, const OrvanticCore::DesignFile& file);
+void refresh(const Row& row, const OrvanticCore::DesignFolder& folder);
+
+/// Adds the nodes, files and folders of \p design under \p top.
+void fill(QStandardItem* top, const OrvanticCore::Design& design);
+
+OrvanticCore::Design* designOf(const QVariant& subject);
+OrvanticCore::DesignFile* fileOf(const QVariant& subject);
+OrvanticCore::DesignFolder* folderOf(const QVariant& subject);
+
+/// The role under which a row keeps its subject.
+constexpr int SubjectRole = Qt::UserRole + 2;
+
+QString keyOf(const OrvanticCore::Design& design);
+QString keyOf(const OrvanticCore::DesignFile& file);
+
+} // namespace DesignRows
+
+#endif

@@ -1,0 +1,100 @@
+#include "DesignStorage.h"
+
+#include "DesignDescription.h"
+#include "JsonNode.h"
+
+#include <OrvanticCore/Design.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QSaveFile>
+
+using OrvanticCore::Design;
+
+namespace {
+
+QString tr(const char* text) { return QCoreApplication::translate("DesignStorage", text); }
+
+QString problem(const QString& path, const QString& reason)
+{
+    return QString("%1: %2").arg(QDir::toNativeSeparators(path), reason);
+}
+
+/// Line and column from 1, the column in characters.
+QString placeOf(const QByteArray& bytes, int offset)
+{
+    const QByteArray before = bytes.left(offset);
+    const int lineStart = before.lastIndexOf('\n') + 1;
+    return tr("line %1, column %2")
+        .arg(before.count('\n') + 1)
+        .arg(QString::fromUtf8(before.mid(lineStart)).size() + 1);
+}
+
+} // namespace
+
+QString DesignStorage::descriptionPath(const QString& folder)
+{
+    return QDir(folder).absoluteFilePath("design.json");
+}
+
+bool DesignStorage::hasDescription(const QString& folder)
+{
+    return QFileInfo::exists(descriptionPath(folder));
+}
+
+std::unique_ptr<Design> DesignStorage::load(const QString& folder, QString* error)
+{
+    const QString path = descriptionPath(folder);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        *error = problem(path, file.errorString());
+        return nullptr;
+    }
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError) {
+        *error = problem(path, file.errorString());
+        return nullptr;
+    }
+
+    QJsonParseError parseError;
+    const QJsonDocument document = QJsonDocument::fromJson(bytes, &parseError);
+    if (parseError.error != QJsonParseError::NoError) {
+        *error = problem(path, QString("%1: %2").arg(placeOf(bytes, parseError.offset),
+                                                     parseError.errorString()));
+        return nullptr;
+    }
+    try {
+        const QJsonValue value =
+            document.isObject() ? QJsonValue(document.object()) : QJsonValue(document.array());
+        std::unique_ptr<Design> design = DesignDescription::read(JsonNode(value), folder);
+        refreshReadOnly(design.get());
+        return design;
+    } catch (const JsonError& wrong) {
+        *error = problem(path, QString("%1: %2").arg(wrong.place(), wrong.reason()));
+        return nullptr;
+    }
+}
+
+bool DesignStorage::save(Design* design, QString* error)
+{
+    const QString path = descriptionPath(design->workingFolderPath());
+    const QByteArray bytes = QJsonDocument(DesignDescription::write(*design)).toJson();
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+        *error = problem(path, file.errorString());
+        return false;
+    }
+    design->setModified(false);
+    return true;
+}
+
+void DesignStorage::refreshReadOnly(Design* design)
+{
+    const QFileInfo folder(design->workingFolderPath());
+    const QFileInfo description(descriptionPath(design->workingFolderPath()));
+    // The description is replaced by a new file, for which the folder must be writable as well.
+    design->setReadOnly(!folder.isWritable() ||
+                        (description.exists() && !description.isWritable()));
+}

@@ -1,0 +1,32 @@
+#ifndef HOST_APP_DESIGNSTORAGE_H
+#define HOST_APP_DESIGNSTORAGE_H
+
+#include <QString>
+
+#include <memory>
+
+namespace OrvanticCore {
+class Design;
+}
+
+/// Keeps each design as a readable description in the design's folder. Errors name the file, the
+/// place in it and the reason.
+namespace DesignStorage {
+
+QString descriptionPath(const QString& folder);
+bool hasDescription(const QString& folder);
+
+/// The design in \p folder, unmodified, or null with the reason in \p error. Changes nothing on
+/// the disk.
+std::unique_ptr<OrvanticCore::Design> load(const QString& folder, QString* error);
+
+/// Replaces the description as a whole or, with the reason in \p error, not at all. The design is
+/// unmodified afterwards.
+bool save(OrvanticCore::Design* design, QString* error);
+
+/// Looks whether the description can be replaced, and notes in \p design when it cannot.
+void refreshReadOnly(OrvanticCore::Design* design);
+
+} // namespace DesignStorage
+
+#endif

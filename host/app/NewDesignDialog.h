@@ -1,0 +1,39 @@
+#ifndef HOST_APP_NEWDESIGNDIALOG_H
+#define HOST_APP_NEWDESIGNDIALOG_H
+
+#include <QDialog>
+
+class QComboBox;
+class QDialogButtonBox;
+class QLabel;
+class QLineEdit;
+class QSpinBox;
+
+/// Asks where a new design is to be made, and of which type and version.
+///
+/// For drivers: "NewDesignFolder", "NewDesignType", "NewVersionMajor", "NewVersionMinor".
+class NewDesignDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit NewDesignDialog(const QString& folder, QWidget* parent = nullptr);
+
+    QString folder() const;
+    QString typeName() const;
+    int versionMajor() const;
+    int versionMinor() const;
+
+private:
+    void browse();
+    /// Lets only such a folder pass that has no design yet, and says why another does not.
+    void check();
+
+    QLineEdit* m_folder;
+    QComboBox* m_type;
+    QSpinBox* m_major;
+    QSpinBox* m_minor;
+    QLabel* m_hint;
+    QDialogButtonBox* m_buttons;
+};
+
+#endif

@@ -1,0 +1,227 @@
+#include "HostFixture.h"
+
+#include <OrvanticCore/Design.h>
+#include <OrvanticCore/DesignFile.h>
+#include <OrvanticCore/IDesignViewExtensions.h>
+
+#include <QtilitiesCoreGui/QtilitiesApplication.h>
+#include <QtilitiesCoreGui/TreeNode.h>
+
+#include <QDesktopServices>
+#include <QtTest>
+
+using OrvanticCore::Design;
+using OrvanticCore::IDesign;
+using OrvanticCore::Interfaces::IDesignViewExtensions;
+using Qtilities::CoreGui::QtilitiesApplication;
+using Qtilities::CoreGui::TreeFileItem;
+
+namespace {
+
+/// Adds to every kind of menu, and notes what it is asked.
+class RecordingExtension : public QObject, public IDesignViewExtensions {
+    Q_OBJECT
+    Q_INTERFACES(OrvanticCore::Interfaces::IDesignViewExtensions)
+
+public:
+    RecordingExtension() : forFiles("File Entry"), forDesigns("Design Entry"), below("Submenu")
+    {
+        below.addAction("Nested");
+        QtilitiesApplication::objectManager()->registerObject(this);
+    }
+
+    QList<QAction*> contextMenuActions(TreeFileItem* item, const QString& context) override
+    {
+        asked << item->fileName() + "@" + context;
+        return {&forFiles};
+    }
+    QList<QMenu*> contextMenus(TreeFileItem*, const QString&) override { return {&below}; }
+    QList<QAction*> designContextMenuActions(IDesign* design, const QString&) override
+    {
+        asked << design->typeName();
+        return {&forDesigns};
+    }
+    void refreshForDesignState(bool locked, bool read_only) override
+    {
+        states << QString("%1%2").arg(locked).arg(read_only);
+    }
+
+    QAction forFiles;
+    QAction forDesigns;
+    QMenu below;
+    QStringList asked;
+    QStringList states;
+};
+
+/// Takes the place of the desktop's file manager.
+class FolderOpener : public QObject {
+    Q_OBJECT
+
+public:
+    FolderOpener() { QDesktopServices::setUrlHandler("file", this, "open"); }
+    ~FolderOpener() override { QDesktopServices::unsetUrlHandler("file"); }
+
+    QStringList opened;
+
+public slots:
+    void open(const QUrl& url) { opened << url.toLocalFile(); }
+};
+
+} // namespace
+
+/// What the design view shows and offers.
+class HostViewTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void asksEveryExtensionForItsMenus();
+    void tellsExtensionsTheStateOfTheCurrentDesign();
+    void showsFilesThatVanishAndComeBack();
+    void keepsItsPlaceWhenFilesComeIn();
+    void keepsNodesFolded();
+    void opensTheFolderOfAFile();
+    void foldsANodeOnDoubleClick();
+    void removesAFileByKey();
+    void leavesALockedDesignAsItIs();
+    void showsAFileWithAnUnknownNodeUnderItsDesign();
+};
+
+void HostViewTest::asksEveryExtensionForItsMenus()
+{
+    HostFixture host;
+    RecordingExtension extension;
+    host.openDesign("radar");
+    QMenu* menu = host.menuByMouse("top.bin");
+    QVERIFY(menu);
+    QCOMPARE(host.entriesOf(menu), QStringList() << "Create FCF"
+                                                 << "File Entry"
+                                                 << "Submenu"
+                                                 << "Open Folder"
+                                                 << "Remove from Design");
+    menu->close();
+    menu = host.menuByMouse("radar");
+    QVERIFY(menu);
+    QCOMPARE(host.entriesOf(menu), QStringList() << "Design Entry"
+                                                 << "Add Files..."
+                                                 << "Open Folder"
+                                                 << "Save Design"
+                                                 << "Close Design");
+    menu->close();
+    QCOMPARE(extension.asked, QStringList() << "top.bin@MainDesignWidget"
+                                            << "Firmware Design");
+}
+
+void HostViewTest::tellsExtensionsTheStateOfTheCurrentDesign()
+{
+    HostFixture host;
+    RecordingExtension extension;
+    host.openDesign("a")->setLocked(true);
+    QCOMPARE(extension.states.last(), QString("10"));
+    Design* const second = host.openDesign("b");
+    QCOMPARE(extension.states.last(), QString("00"));
+    second->setReadOnly(true);
+    QCOMPARE(extension.states.last(), QString("01"));
+    host.view()->setCurrentIndex(host.item("a"));
+    QCOMPARE(extension.states.last(), QString("10"));
+}
+
+void HostViewTest::showsFilesThatVanishAndComeBack()
+{
+    HostFixture host;
+    host.openDesign("radar");
+    QCOMPARE(host.row("top.bin").at(1), QString());
+    QVERIFY(QFile::remove(host.path("radar/top.bin")));
+    // Another design opened before that is reported must not lose it.
+    host.openDesign("a");
+    QTRY_COMPARE(host.row("top.bin").at(1), QString("Missing"));
+    host.writeFile("radar/top.bin", "bytes");
+    QTRY_COMPARE(host.row("top.bin").at(1), QString());
+}
+
+void HostViewTest::keepsItsPlaceWhenFilesComeIn()
+{
+    HostFixture host;
+    Design* const design = host.openDesign("radar");
+    host.view()->setCurrentIndex(host.item("top.bin"));
+    design->restoreFile("aaa.bin");
+    QVERIFY(host.item("aaa.bin").isValid());
+    QCOMPARE(host.view()->currentIndex(), host.item("top.bin"));
+}
+
+void HostViewTest::keepsNodesFolded()
+{
+    HostFixture host;
+    Design* const design = host.openDesign("radar");
+    host.view()->collapse(host.item("Firmware"));
+    design->restoreFile("aaa.bin");
+    QVERIFY(!host.view()->isExpanded(host.item("Firmware")));
+    QVERIFY(host.view()->isExpanded(host.item("radar")));
+    host.view()->expand(host.item("Firmware"));
+    design->restoreFile("bbb.bin");
+    QVERIFY(host.view()->isExpanded(host.item("Firmware")));
+}
+
+void HostViewTest::opensTheFolderOfAFile()
+{
+    HostFixture host;
+    const FolderOpener opener;
+    host.openDesign("radar");
+    const QPoint place = host.view()->visualRect(host.item("top.bin")).center();
+    QTest::mouseClick(host.view()->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(host.view()->viewport(), Qt::LeftButton, {}, place);
+    QCOMPARE(opener.opened, QStringList(host.path("radar")));
+    QTest::keyClick(host.view(), Qt::Key_Return);
+    QCOMPARE(opener.opened.count(), 2);
+}
+
+void HostViewTest::foldsANodeOnDoubleClick()
+{
+    HostFixture host;
+    const FolderOpener opener;
+    host.openDesign("radar");
+    const QPoint place = host.view()->visualRect(host.item("Firmware")).center();
+    QTest::mouseClick(host.view()->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(host.view()->viewport(), Qt::LeftButton, {}, place);
+    QVERIFY(!host.view()->isExpanded(host.item("Firmware")));
+    QVERIFY(opener.opened.isEmpty());
+}
+
+void HostViewTest::removesAFileByKey()
+{
+    HostFixture host;
+    const Design* const design = host.openDesign("radar");
+    host.view()->setFocus();
+    host.view()->setCurrentIndex(host.item("top.bin"));
+    QTest::keyClick(host.view(), Qt::Key_Delete);
+    QVERIFY(design->files().isEmpty());
+    QVERIFY(!host.item("top.bin").isValid());
+    QVERIFY(QFileInfo::exists(host.path("radar/top.bin")));
+}
+
+void HostViewTest::leavesALockedDesignAsItIs()
+{
+    HostFixture host;
+    Design* const design = host.openDesign("radar");
+    design->setLocked(true);
+    host.view()->setFocus();
+    host.view()->setCurrentIndex(host.item("top.bin"));
+    QTest::keyClick(host.view(), Qt::Key_Delete);
+    QCOMPARE(design->files().count(), 1);
+    QVERIFY(!host.action("Design.AddFiles")->isEnabled());
+}
+
+void HostViewTest::showsAFileWithAnUnknownNodeUnderItsDesign()
+{
+    HostFixture host;
+    host.openDesign("radar")->restoreFile("odd.bin")->setCustomNode("Nowhere");
+    QCOMPARE(host.item("odd.bin").parent(), host.item("radar"));
+    QCOMPARE(host.row("odd.bin").at(1), QString("Missing"));
+}
+
+int main(int argc, char** argv)
+{
+    HostViewTest test;
+    return runHostTest(&test, argc, argv);
+}
+
+#include "HostViewTest.moc"
