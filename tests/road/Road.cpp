@@ -1,193 +1,177 @@
 #include "Road.h"
 
-#include "support/PlainFcf.h"
+#include "GeneratorSteps.h"
+#include "ImageCheck.h"
 
-#include <QtilitiesCoreGui/QtilitiesApplication.h>
-
-#include <QApplication>
-#include <QComboBox>
+#include <QDir>
 #include <QFile>
-#include <QFileInfo>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QMenu>
-#include <QMenuBar>
+#include <QGuiApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QPixmap>
-#include <QPushButton>
 #include <QScreen>
-#include <QTextEdit>
-#include <QToolButton>
-#include <QtTest>
+#include <QTreeView>
 
-using Qtilities::CoreGui::QtilitiesApplication;
+using Hands::find;
+using Hands::require;
 
 namespace {
 
-constexpr int PatienceMs = 10000;
+const char* const Description = "Front end with the new pulse compression";
 
-void require(bool condition, const QString& complaint)
+QJsonObject entry(const QJsonArray& list, const char* key, const QString& value)
 {
-    if (!condition)
-        throw RoadBlock(complaint);
-}
-
-QAction* actionWithText(const QList<QAction*>& actions, QString text)
-{
-    for (QAction* action : actions) {
-        if (action->text().remove('&') == text)
-            return action;
+    for (const QJsonValue& item : list) {
+        if (item.toObject()[key] == value)
+            return item.toObject();
     }
-    throw RoadBlock("There is no menu entry \"" + text + "\".");
-}
-
-QString shownPath(const QString& path)
-{
-    return QString("%1 (%2 bytes)").arg(path).arg(QFileInfo(path).size());
+    throw RoadBlock("The design's description has no \"" + value + "\".");
 }
 
 } // namespace
 
-Road::Road(const QString& binary, const QString& screenshot)
-    : m_binary(binary), m_image(QString(binary).replace(".bin", ".fcf")),
-      m_companion(QString(binary).replace(".bin", ".txt")), m_screenshot(screenshot)
+Road::Road(const QString& design, const QString& screenshot)
+    : m_design(design), m_binary(path("top.bin")), m_screenshot(screenshot)
 {
 }
+
+QString Road::path(const char* name) const { return QDir(m_design).filePath(name); }
 
 void Road::drive()
 {
-    QFile::remove(m_image);
-    QFile::remove(m_companion);
+    m_host = Hands::window("MainWindow");
+    makeImageFromToolsMenu();
+    remakeImageFromItsCompanion();
+    makeImageFromDesign();
+    checkDesignView();
+    saveDesign();
+    openCompanionFromDesign();
+}
 
-    openGenerator();
-    chooseBinary();
-    describeBuild();
-    addFunction("Pulse compression", "R. Vos", "Matched filter,\n1024 taps");
-    addFunction("Doppler bank", "L. Mbeki", "64 channels");
+void Road::makeImageFromToolsMenu()
+{
+    Hands::chooseFromMenuBar(m_host, "Tools", "Pelk FCF Generator");
+    GeneratorSteps generator(&m_dialogs);
+    generator.chooseBinary(m_binary);
+    generator.type("AuthoEditBox", "R. Vos");
+    generator.type("MajorVerEditBox", "1");
+    generator.type("MinorVerEditBox", "4");
+    generator.type("CiNumEditBox", "CI-0042");
+    generator.describe(Description);
+    generator.selectTarget("GPM", "Processing_FPGA_3", "2");
+    generator.unfoldFunctions();
+    generator.addFunction("Pulse compression", "R. Vos", "Matched filter,\n1024 taps");
+    generator.addFunction("Doppler bank", "L. Mbeki", "64 channels");
+    generator.generate(false);
+
+    const ImageCheck image(m_binary);
+    image.expectTarget({2, 8, 2, 1, 4});
+    image.expectLines({"Filename: top.fcf", "CI No: CI-0042", "Author: R. Vos",
+                       QString("Description: ") + Description, "---",
+                       "Function name: Pulse compression", "Function author: R. Vos",
+                       "Function CI No: F-1", "Function description: Matched filter,", "1024 taps",
+                       "---", "Function name: Doppler bank", "Function author: L. Mbeki",
+                       "Function CI No: F-2", "Function description: 64 channels", "---", "----"});
+    tell("Made from the Tools menu", image.report());
+    // The window of the Tools menu leaves designs alone.
+    require(find<QTreeView>(m_host, "MainDesignWidget")
+                ->model()
+                ->match(find<QTreeView>(m_host, "MainDesignWidget")->model()->index(0, 0),
+                        Qt::DisplayRole, "top.fcf", 1,
+                        Qt::MatchFlags(Qt::MatchExactly | Qt::MatchRecursive))
+                .isEmpty(),
+            "The Tools menu's generator added its image to the design.");
+}
+
+void Road::remakeImageFromItsCompanion()
+{
+    Hands::chooseFromMenuBar(m_host, "Tools", "Pelk FCF Generator");
+    GeneratorSteps generator(&m_dialogs);
+    generator.load(path("top.txt"));
+    generator.expectFunctions({"Pulse compression", "Doppler bank"});
+    generator.expect("DescriptionMemo", Description);
+    generator.expect("ConfigComboBox", "2");
+    generator.chooseBinary(m_binary);
+    generator.type("CiNumEditBox", "CI-0043");
+    generator.selectTarget("GPM", "Processing_FPGA_3", "2");
+    generator.generate(true);
+
+    const ImageCheck image(m_binary);
+    image.expectTarget({2, 8, 2, 1, 4});
+    // What a load changes: numbers gain a blank, and lines of a description are joined.
+    image.expectLines({"CI No: CI-0043", "Function name: Pulse compression", "Function CI No:  F-1",
+                       "Function description: Matched filter,1024 taps",
+                       "Function name: Doppler bank", "Function CI No:  F-2", "----"});
+    tell("Loaded, changed and made anew", image.report());
+}
+
+void Road::makeImageFromDesign()
+{
+    const auto* const view = find<QTreeView>(m_host, "MainDesignWidget");
+    Hands::chooseFromContextMenu(view, "top.bin", "Create FCF");
+    GeneratorSteps generator(&m_dialogs);
+    generator.expect("txtInputFile", m_binary);
+    generator.expect("MajorVerEditBox", "1");
+    generator.expect("MinorVerEditBox", "4");
+    generator.expect("CiNumEditBox", "0");
+    generator.expect("ModuleComboBox", "GPM");
+    generator.expect("FpgaComboBox", "Processing_FPGA_2");
+    generator.expect("ConfigComboBox", "3");
+    generator.unfoldFunctions();
+    generator.addFunction("Range gate", "R. Vos", "64 samples");
+    generator.selectTarget("GPM", "Processing_FPGA_2", "4");
+    generator.generate(true);
+
+    const ImageCheck image(m_binary);
+    image.expectTarget({2, 4, 4, 1, 4});
+    image.expectLines({"CI No: 0", "Function name: Range gate", "----"});
+    tell("Made from the design", image.report());
+}
+
+void Road::checkDesignView()
+{
+    const auto* const view = find<QTreeView>(m_host, "MainDesignWidget");
+    for (const char* name : {"top.fcf", "top.txt"})
+        require(Hands::row(view, name) == QStringList({name, "Generated", "1.4"}),
+                QString("The design shows %1 as: ").arg(name) + Hands::row(view, name).join(", "));
+    const QStringList log = Hands::column(find<QTreeView>(m_host, "LogPane"), 2);
+    for (const char* name : {"top.fcf", "top.txt"}) {
+        const QString line = "Successfully added generated file \"" + path(name) + "\" to design.";
+        require(log.contains(line), "The log does not say: " + line);
+    }
+    tell("Log", "  " + log.join("\n  ") + '\n');
+}
+
+void Road::saveDesign()
+{
+    Hands::chooseFromMenuBar(m_host, "File", "Save Design");
+    QFile file(path("design.json"));
+    require(file.open(QIODevice::ReadOnly), "The design has no description.");
+    const QJsonObject design = QJsonDocument::fromJson(file.readAll()).object();
+    for (const char* name : {"top.fcf", "top.txt"}) {
+        const QJsonObject generated = entry(design["files"].toArray(), "path", name);
+        require(generated["generated"] == true && generated["version"] == "1.4" &&
+                    generated["node"] == "Bit-stream Files",
+                QString("The design's description does not hold %1 as generated.").arg(name));
+    }
+    const QJsonArray properties = design["properties"].toArray();
+    require(entry(properties, "name", "ZORV Pelk Module")["value"] == "GPM" &&
+                entry(properties, "name", "ZORV Pelk Device")["value"] == "Processing_FPGA_2" &&
+                entry(properties, "name", "ZORV Pelk Config Number")["value"] == 4,
+            "The target was not written back to the design.");
+}
+
+void Road::openCompanionFromDesign()
+{
+    Hands::chooseFromContextMenu(find<QTreeView>(m_host, "MainDesignWidget"), "top.txt",
+                                 "Open FCF");
+    GeneratorSteps generator(&m_dialogs);
+    generator.expect("txtInputFile", m_binary);
+    generator.expect("CiNumEditBox", "0");
+    generator.expectFunctions({"Range gate"});
     takeScreenshot();
-    generate();
-    checkOutput();
-
-    reload();
-    type("CiNumEditBox", "CI-0043");
-    chooseBinary();
-    m_dialogs.click(QMessageBox::Yes);
-    generate();
-    checkOutput();
-}
-
-void Road::openGenerator()
-{
-    QWidget* const host = QtilitiesApplication::mainWindow();
-    require(host && QTest::qWaitForWindowExposed(host, PatienceMs), "The host shows no window.");
-    chooseFromMenu(host, "Tools", "Pelk FCF Generator");
-
-    const auto generator = [] {
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->objectName() == "PelkFcfGenerator" && window->isVisible())
-                return window;
-        }
-        return static_cast<QWidget*>(nullptr);
-    };
-    require(QTest::qWaitFor([&generator] { return generator() != nullptr; }, PatienceMs),
-            "The menu entry opens no generator.");
-    m_generator = generator();
-    require(QTest::qWaitForWindowExposed(m_generator, PatienceMs), "The generator stays hidden.");
-}
-
-void Road::chooseBinary()
-{
-    m_dialogs.choose(m_binary);
-    click("btnLoad");
-    require(find<QLabel>("StatusBar")->text() == "Loaded " + m_binary + " successfully.",
-            "The generator did not load the binary: " + find<QLabel>("StatusBar")->text());
-}
-
-void Road::describeBuild()
-{
-    type("AuthoEditBox", "R. Vos");
-    type("MajorVerEditBox", "1");
-    type("MinorVerEditBox", "4");
-    type("CiNumEditBox", "CI-0042");
-    QTest::keyClicks(find<QTextEdit>("DescriptionMemo"),
-                     "Front end with the new pulse compression");
-    QTest::keyClick(find<QComboBox>("ModuleComboBox"), Qt::Key_End);
-    QTest::keyClick(find<QComboBox>("FpgaComboBox"), Qt::Key_End);
-    QTest::keyClick(find<QComboBox>("ConfigComboBox"), Qt::Key_Down);
-
-    const auto arrows = find<QWidget>("widgetFunctionDetailsHolder")->findChildren<QToolButton*>();
-    require(arrows.size() == 1, "The function list cannot be unfolded.");
-    QTest::mouseClick(arrows.first(), Qt::LeftButton);
-}
-
-void Road::addFunction(const QString& name, const QString& author, const QString& description)
-{
-    const int count = find<QComboBox>("FunctionComboBox")->count();
-    click("AddNewFunction");
-    type("EditFunctionName", name);
-    type("AuthorFunctions", author);
-    auto* const memo = find<QTextEdit>("DescriptionMemoFunctions");
-    for (const QChar letter : description) {
-        if (letter == '\n')
-            QTest::keyClick(memo, Qt::Key_Return);
-        else
-            QTest::keyClick(memo, letter.toLatin1());
-    }
-    type("CiNumberEditBoxFunctions", QString("F-%1").arg(count + 1));
-    click("UploadFunctionButton");
-    require(find<QComboBox>("FunctionComboBox")->count() == count + 1,
-            "The function \"" + name + "\" is not in the list.");
-}
-
-void Road::generate()
-{
-    click("GenerateButton");
-    const QString status = find<QLabel>("StatusBar")->text();
-    require(status.contains("Successfully generated output files."),
-            "The generator reports: " + status);
-    require(!m_generator->isVisible(), "The generator stays open.");
-    require(m_dialogs.allGiven(),
-            "Not all boxes came up, or others: " + m_dialogs.texts().join(" | "));
-}
-
-void Road::checkOutput()
-{
-    const PlainFcf image = PlainFcf::fromFile(m_image.toStdString());
-    const PlainFcf companion = PlainFcf::fromFile(m_companion.toStdString());
-    m_report = shownPath(m_image) + '\n' + shownPath(m_companion) + "\n\n";
-    for (std::size_t i = 0; i < image.numbers.size(); ++i) {
-        static const char* const names[] = {"total pages",   "total blocks",  "total size",
-                                            "binary pages",  "binary blocks", "binary size",
-                                            "module code",   "device code",   "configuration",
-                                            "version major", "version minor"};
-        m_report += QString("%1 %2\n").arg(names[i], -14).arg(image.numbers[i]);
-    }
-    for (const std::string& line : image.lines)
-        m_report += QString::fromStdString(line) + '\n';
-
-    require(image.fault.empty(), "The image is none: " + QString::fromStdString(image.fault));
-    require(image.payload == bytesOfFile(m_binary.toStdString()),
-            "The image's payload is not the binary.");
-    require(companion.payload.empty() && companion.headerBytes == image.headerBytes,
-            "The companion is not the image's header page.");
-    require(image.numbers[5] == static_cast<int>(image.payload.size()),
-            "The header does not tell the payload's size.");
-    require(image.numbers[2] == image.numbers[5] + 2112,
-            "The header does not tell the total size.");
-}
-
-void Road::reload()
-{
-    openGenerator();
-    m_dialogs.choose(m_companion);
-    chooseFromMenu(m_generator, "File", "Load");
-    require(find<QLabel>("StatusBar")->text() ==
-                "<font color='green'>Loaded " + m_companion + " successfully.</font>",
-            "The generator did not load the companion: " + find<QLabel>("StatusBar")->text());
-    require(find<QComboBox>("FunctionComboBox")->count() == 2, "Not both functions came back.");
-    require(find<QTextEdit>("DescriptionMemo")->toPlainText() ==
-                "Front end with the new pulse compression",
-            "The description did not come back.");
+    generator.cancel();
 }
 
 void Road::takeScreenshot() const
@@ -199,35 +183,7 @@ void Road::takeScreenshot() const
     require(screen.save(m_screenshot), "Cannot save the screenshot to " + m_screenshot);
 }
 
-template <class Widget>
-Widget* Road::find(const char* name) const
+void Road::tell(const QString& title, const QString& text)
 {
-    auto* const widget = m_generator->findChild<Widget*>(name);
-    require(widget, QString("The generator has no \"%1\".").arg(name));
-    return widget;
-}
-
-void Road::click(const char* button)
-{
-    QTest::mouseClick(find<QPushButton>(button), Qt::LeftButton);
-}
-
-void Road::type(const char* field, const QString& text)
-{
-    auto* const edit = find<QLineEdit>(field);
-    QTest::mouseClick(edit, Qt::LeftButton);
-    QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(edit, text);
-}
-
-void Road::chooseFromMenu(QWidget* window, const QString& menu, const QString& entry)
-{
-    QMenuBar* const bar = qobject_cast<QMainWindow*>(window)->menuBar();
-    QAction* const menuAction = actionWithText(bar->actions(), menu);
-    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(menuAction).center());
-    require(QTest::qWaitForWindowExposed(menuAction->menu(), PatienceMs),
-            "The menu \"" + menu + "\" does not open.");
-    QAction* const action = actionWithText(menuAction->menu()->actions(), entry);
-    QTest::mouseClick(menuAction->menu(), Qt::LeftButton, {},
-                      menuAction->menu()->actionGeometry(action).center());
+    m_report += "== " + title + '\n' + text + '\n';
 }

@@ -1,56 +1,42 @@
 #ifndef TESTS_ROAD_ROAD_H
 #define TESTS_ROAD_ROAD_H
 
+#include "Hands.h"
+
 #include "support/ModalAnswer.h"
 
-#include <QString>
-
-#include <stdexcept>
-
-class QWidget;
-
-/// What was not as it should be.
-class RoadBlock : public std::runtime_error {
-public:
-    explicit RoadBlock(const QString& what) : std::runtime_error(what.toStdString()) {}
-};
-
-/// The way of a person through the host's real menu and windows: opens the generator from the Tools
-/// menu, makes an image with two functions, loads the companion again and makes the image anew.
+/// The way of a person through the host's real menus and windows.
 class Road {
 public:
-    /// \p screenshot may be empty for none.
-    Road(const QString& binary, const QString& screenshot);
+    /// \p design is the folder of the design that the host has open, \p screenshot may be empty.
+    Road(const QString& design, const QString& screenshot);
 
     /// Throws a RoadBlock at the first thing that falls short.
     void drive();
 
-    /// The files that were made and the header that the image has, as far as the road was gone.
+    /// What was made on the way, as far as it was gone.
     QString report() const { return m_report; }
 
 private:
-    void openGenerator();
-    void chooseBinary();
-    void describeBuild();
-    void addFunction(const QString& name, const QString& author, const QString& description);
-    void generate();
-    void checkOutput();
-    void reload();
+    /// From the Tools menu: an image with two functions, which is loaded again and made anew.
+    void makeImageFromToolsMenu();
+    void remakeImageFromItsCompanion();
+    /// From the design: an image whose files become the design's own.
+    void makeImageFromDesign();
+    void checkDesignView();
+    void saveDesign();
+    void openCompanionFromDesign();
     void takeScreenshot() const;
+    void tell(const QString& title, const QString& text);
 
-    template <class Widget>
-    Widget* find(const char* name) const;
-    void click(const char* button);
-    void type(const char* field, const QString& text);
-    void chooseFromMenu(QWidget* window, const QString& menu, const QString& entry);
+    QString path(const char* name) const;
 
+    QString m_design;
     QString m_binary;
-    QString m_image;
-    QString m_companion;
     QString m_screenshot;
     QString m_report;
     ModalAnswer m_dialogs;
-    QWidget* m_generator = nullptr;
+    QWidget* m_host = nullptr;
 };
 
 #endif

@@ -8,9 +8,9 @@
 
 bool RoadPlugin::initialize(const QStringList&, QStringList* error_strings)
 {
-    const bool configured = !qEnvironmentVariableIsEmpty("PELK_ROAD_BINARY");
+    const bool configured = !qEnvironmentVariableIsEmpty("PELK_ROAD_DESIGN");
     if (!configured)
-        error_strings->append("PELK_ROAD_BINARY names no binary");
+        error_strings->append("PELK_ROAD_DESIGN names no design");
     return configured;
 }
 
@@ -22,7 +22,7 @@ bool RoadPlugin::initializeDependencies(QStringList*)
 
 void RoadPlugin::drive()
 {
-    Road road(qEnvironmentVariable("PELK_ROAD_BINARY"),
+    Road road(qEnvironmentVariable("PELK_ROAD_DESIGN"),
               qEnvironmentVariable("PELK_ROAD_SCREENSHOT"));
     try {
         road.drive();

@@ -58,6 +58,11 @@ void ModalAnswer::cancel()
     m_answers.push_back([](QWidget* dialog) { clickButton(dialog, QDialogButtonBox::Cancel); });
 }
 
+void ModalAnswer::leaveTo(std::function<void(QWidget*)> answer)
+{
+    m_answers.push_back(std::move(answer));
+}
+
 void ModalAnswer::inspect(std::function<void(QWidget*)> look) { m_inspect = std::move(look); }
 
 void ModalAnswer::clear()

@@ -28,6 +28,8 @@ public:
     void choose(const QString& path);
     /// Dismisses the next file dialog.
     void cancel();
+    /// Lets \p answer deal with the next dialog.
+    void leaveTo(std::function<void(QWidget*)> answer);
     /// Lets \p look see the next dialog before it gets the answer promised next.
     void inspect(std::function<void(QWidget*)> look);
 

@@ -217,7 +217,7 @@ void FrameworkTest::extensionSystemReportsLibrariesItCannotUse()
                                    "com.Qtilities.ExtensionSystem.IPlugin/1.0"),
              qPrintable(log.lines[1]));
     QCOMPARE(log.lines[2],
-             QString("8 Cannot start plug-in \"Road\": PELK_ROAD_BINARY names no binary"));
+             QString("8 Cannot start plug-in \"Road\": PELK_ROAD_DESIGN names no design"));
 
     QVERIFY(!extensions->findPlugin("nobody"));
     QPointer<QObject> refusing = extensions->findPlugin("Road")->objectBase();
