@@ -91,6 +91,7 @@ void ZORV_FileTypeExtensionsMenuTest::offersActionsByFileContextAndDesign()
     QStringList texts;
     for (const QAction* offered : actions)
         texts << offered->text();
+    qDeleteAll(actions);
     QCOMPARE(texts, action.isEmpty() ? QStringList() : QStringList(action));
 }
 

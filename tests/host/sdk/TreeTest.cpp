@@ -11,7 +11,7 @@ using Qtilities::CoreGui::TreeNode;
 
 namespace {
 
-constexpr auto LayoutChanged = SIGNAL(layoutChanged());
+const char* const LayoutChanged = SIGNAL(layoutChanged());
 
 } // namespace
 
