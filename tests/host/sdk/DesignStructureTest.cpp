@@ -3,7 +3,6 @@
 #include <QtTest>
 
 using OrvanticCore::DesignStructure;
-using OrvanticCore::FileAssociation;
 using Qtilities::CoreGui::TreeNode;
 
 class DesignStructureTest : public QObject {
