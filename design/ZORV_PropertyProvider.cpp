@@ -11,14 +11,14 @@ namespace {
 PropertySpecification designProperty(const char* name, QVariant::Type type,
                                      const QString& description)
 {
-    PropertySpecification specification;
-    specification.d_displayed_name = QLatin1String(name);
-    specification.d_property_name = QLatin1String("");
-    specification.d_description = description;
-    specification.d_data_type = type;
-    specification.d_default_value = QVariant();
-    specification.d_class_name = QLatin1String("OrvanticCore::Design");
-    return specification;
+    PropertySpecification property;
+    property.d_displayed_name = QLatin1String(name);
+    property.d_property_name = QLatin1String("");
+    property.d_description = description;
+    property.d_data_type = type;
+    property.d_default_value = QVariant();
+    property.d_class_name = QLatin1String("OrvanticCore::Design");
+    return property;
 }
 
 } // namespace

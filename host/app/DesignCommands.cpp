@@ -22,7 +22,6 @@
 using OrvanticCore::Design;
 using OrvanticCore::DesignFile;
 using OrvanticCore::DesignFolder;
-using Qtilities::CoreGui::ActionContainer;
 using Qtilities::CoreGui::Command;
 using Qtilities::CoreGui::QtilitiesApplication;
 
@@ -46,11 +45,11 @@ void DesignCommands::addToMenus()
                &DesignCommands::chooseDesign);
     m_save = addCommand("File", "File.SaveDesign", tr("&Save Design"), QKeySequence::Save,
                         &DesignCommands::saveCurrent);
-    m_close = addCommand("File", "File.CloseDesign", tr("&Close Design"),
-                         QKeySequence(Qt::CTRL | Qt::Key_W), &DesignCommands::closeCurrent);
+    m_close = addCommand("File", "File.CloseDesign", tr("&Close Design"), QKeySequence("Ctrl+W"),
+                         &DesignCommands::closeCurrent);
 
     m_add = addCommand("Design", "Design.AddFiles", tr("&Add Files..."),
-                       QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A), &DesignCommands::addFiles);
+                       QKeySequence("Ctrl+Shift+A"), &DesignCommands::addFiles);
     m_remove = addCommand("Design", "Design.Remove", tr("&Remove from Design"),
                           QKeySequence::Delete, &DesignCommands::removeCurrent);
     // Delete means something else to text fields and to the property editor.
@@ -59,8 +58,7 @@ void DesignCommands::addToMenus()
     m_openFolder = addCommand("Design", "Design.OpenFolder", tr("Open &Folder"), QKeySequence(),
                               &DesignCommands::openFolder);
     QtilitiesApplication::actionManager()->menu("Design")->addSeparator();
-    m_lock = addCommand("Design", "Design.Locked", tr("&Locked"),
-                        QKeySequence(Qt::CTRL | Qt::Key_L), nullptr);
+    m_lock = addCommand("Design", "Design.Locked", tr("&Locked"), QKeySequence("Ctrl+L"), nullptr);
     m_lock->setCheckable(true);
     connect(m_lock, &QAction::triggered, this, &DesignCommands::setLocked);
 

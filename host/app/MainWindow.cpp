@@ -88,8 +88,8 @@ void MainWindow::buildMenus()
 
     ActionContainer* const file = actions->menu("File");
     file->addSeparator();
-    Command* const quit = actions->registerActionPlaceHolder("File.Quit", tr("&Quit"),
-                                                             QKeySequence(Qt::CTRL | Qt::Key_Q));
+    Command* const quit =
+        actions->registerActionPlaceHolder("File.Quit", tr("&Quit"), QKeySequence("Ctrl+Q"));
     connect(quit->action(), &QAction::triggered, this, &MainWindow::close);
     file->addAction(quit);
 }

@@ -43,6 +43,9 @@ DesignFixture::~DesignFixture()
 {
     if (window())
         closeWindow();
+    // Nobody else does: the extensions leave them to the end of the process.
+    m_extensions.reset();
+    qDeleteAll(m_actions);
 }
 
 void DesignFixture::closeDesign() { m_design.reset(); }
@@ -72,6 +75,8 @@ DesignFile* DesignFixture::addFile(const QString& name, const QByteArray& bytes)
 QAction* DesignFixture::actionFor(DesignFile* item)
 {
     const QList<QAction*> actions = m_extensions->contextMenuActions(item, "MainDesignWidget");
+    for (QAction* action : actions)
+        m_actions << action;
     return actions.count() == 1 ? actions.first() : nullptr;
 }
 

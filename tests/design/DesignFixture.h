@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QObject>
 #include <QScopedPointer>
+#include <QSet>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -40,7 +41,8 @@ public:
     /// Writes a file and takes it into the design.
     OrvanticCore::DesignFile* addFile(const QString& name, const QByteArray& bytes = "bytes");
 
-    /// The only action for \p item in the design view, or null when there is not exactly one.
+    /// The only action for \p item in the design view, or null when there is not exactly one. It is
+    /// deleted with the fixture.
     QAction* actionFor(OrvanticCore::DesignFile* item);
 
     /// The generator window that is open, or null.
@@ -58,6 +60,7 @@ private:
     QScopedPointer<OrvanticCore::Design> m_design;
     QScopedPointer<OrvanticCore::Design> m_secondDesign;
     QScopedPointer<ZORV_Plugin::ZORV_FileTypeExtensions> m_extensions;
+    QSet<QAction*> m_actions;
     QStringList m_log;
 };
 

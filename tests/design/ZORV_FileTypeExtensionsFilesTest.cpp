@@ -35,6 +35,8 @@ PelkFcfGenerator* openWindow(DesignFixture* fixture)
 {
     fixture->actionFor(fixture->addFile("top.bin"))->trigger();
     PelkFcfGenerator* const window = DesignFixture::window();
+    if (!window)
+        qFatal("no generator window opens");
     window->setModule("GPM");
     window->setDevice("Processing_FPGA_3");
     window->setConfigNum(9);

@@ -91,6 +91,7 @@ void ZORV_FileTypeExtensionsMenuTest::offersActionsByFileContextAndDesign()
     QStringList texts;
     for (const QAction* offered : actions)
         texts << offered->text();
+    qDeleteAll(actions);
     QCOMPARE(texts, action.isEmpty() ? QStringList() : QStringList(action));
 }
 
@@ -109,7 +110,9 @@ void ZORV_FileTypeExtensionsMenuTest::sharesOneActionOfEachKind()
     DesignFixture fixture;
     QAction* const create = fixture.actionFor(fixture.addFile("top.bin"));
     QAction* const open = fixture.actionFor(fixture.addFile("top.txt"));
-    QVERIFY(create && open && create != open);
+    if (!create || !open)
+        QFAIL("an action is missing");
+    QVERIFY(create != open);
     QCOMPARE(fixture.actionFor(fixture.addFile("other.bin")), create);
     QCOMPARE(fixture.actionFor(fixture.addFile("other.txt")), open);
     QVERIFY(!create->parent());

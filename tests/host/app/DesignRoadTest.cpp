@@ -50,7 +50,7 @@ void addFunction(const QString& name)
 
 QJsonObject fileEntry(const QJsonObject& description, const QString& path)
 {
-    for (const QJsonValue& file : description["files"].toArray()) {
+    for (const QJsonValue file : description["files"].toArray()) {
         if (file.toObject()["path"] == path)
             return file.toObject();
     }

@@ -10,6 +10,8 @@
 #include <QtTest>
 #include <QWindow>
 
+#include <algorithm>
+
 using OrvanticCore::Design;
 using OrvanticCore::DesignManager;
 using Qtilities::CoreGui::QtilitiesApplication;
@@ -209,5 +211,14 @@ int runHostTest(QObject* test, int argc, char** argv)
     QtilitiesApplication application(argc, argv);
     // Windows come and go between tests.
     QApplication::setQuitOnLastWindowClosed(false);
-    return QTest::qExec(test, argc, argv);
+    const int result = QTest::qExec(test, argc, argv);
+    // The plug-in leaves the window of the Tools menu to the end of the process, which is here.
+    QWidgetList left = QApplication::topLevelWidgets();
+    left.erase(std::remove_if(left.begin(), left.end(),
+                              [](const QWidget* window) {
+                                  return window->objectName() != "PelkFcfGenerator";
+                              }),
+               left.end());
+    qDeleteAll(left);
+    return result;
 }

@@ -11,7 +11,6 @@
 #include <QtTest>
 
 using OrvanticCore::Design;
-using OrvanticCore::DesignProperty;
 using Qtilities::Core::PropertySpecification;
 using Qtilities::Core::QtilitiesCategory;
 using Qtilities::Core::Interfaces::IAvailablePropertyProvider;

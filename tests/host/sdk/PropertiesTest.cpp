@@ -15,9 +15,9 @@ private slots:
     void hasNoPropertyAtFirst();
     void takesAnotherKindOfPropertyForAnInvalidOne();
     void refusesAPropertyWithoutAName();
-    void startsASpecificationWithTheFrameworksFlags();
-    void namesASpecification();
-    void comparesSpecifications();
+    void startsWithTheFrameworksFlags();
+    void namesAnAnnouncedProperty();
+    void comparesAnnouncedProperties();
 };
 
 void PropertiesTest::sharesAProperty()
@@ -61,31 +61,31 @@ void PropertiesTest::refusesAPropertyWithoutAName()
     QVERIFY(object.dynamicPropertyNames().isEmpty());
 }
 
-void PropertiesTest::startsASpecificationWithTheFrameworksFlags()
+void PropertiesTest::startsWithTheFrameworksFlags()
 {
-    const PropertySpecification specification;
-    QVERIFY(!specification.isValid());
-    QVERIFY(!specification.d_default_value.isValid());
-    QVERIFY(specification.d_removable);
-    QVERIFY(!specification.d_read_only);
-    QVERIFY(!specification.d_add_during_construction);
-    QVERIFY(!specification.d_internal);
-    QVERIFY(specification.d_is_exportable);
+    const PropertySpecification announced;
+    QVERIFY(!announced.isValid());
+    QVERIFY(!announced.d_default_value.isValid());
+    QVERIFY(announced.d_removable);
+    QVERIFY(!announced.d_read_only);
+    QVERIFY(!announced.d_add_during_construction);
+    QVERIFY(!announced.d_internal);
+    QVERIFY(announced.d_is_exportable);
 }
 
-void PropertiesTest::namesASpecification()
+void PropertiesTest::namesAnAnnouncedProperty()
 {
-    PropertySpecification specification;
-    specification.d_displayed_name = "Shown";
-    QCOMPARE(specification.propertyName(), QString("Shown"));
-    specification.d_property_name = "kept";
-    QCOMPARE(specification.propertyName(), QString("kept"));
-    QVERIFY(!specification.isValid());
-    specification.d_data_type = QVariant::Int;
-    QVERIFY(specification.isValid());
+    PropertySpecification announced;
+    announced.d_displayed_name = "Shown";
+    QCOMPARE(announced.propertyName(), QString("Shown"));
+    announced.d_property_name = "kept";
+    QCOMPARE(announced.propertyName(), QString("kept"));
+    QVERIFY(!announced.isValid());
+    announced.d_data_type = QVariant::Int;
+    QVERIFY(announced.isValid());
 }
 
-void PropertiesTest::comparesSpecifications()
+void PropertiesTest::comparesAnnouncedProperties()
 {
     PropertySpecification one;
     one.d_displayed_name = "Shown";
