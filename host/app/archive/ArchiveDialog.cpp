@@ -174,6 +174,9 @@ void ArchiveDialog::leaveType()
 
 void ArchiveDialog::handleObjectRemoved(QObject* object)
 {
+    // A form that is about to be gone leaves its place by itself.
+    if (m_extensionWidget == object && !qobject_cast<Extension*>(object))
+        m_extensionWidget = nullptr;
     for (std::size_t index = m_types.size() - 1; index > 0; --index) {
         const bool isDeleted = !m_types.at(index).object();
         if (!isDeleted && m_types.at(index).object() != object)

@@ -7,6 +7,9 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <cerrno>
+#include <unistd.h>
+
 namespace {
 
 QString problem(const QString& path, const QString& reason)
@@ -96,9 +99,12 @@ void ArchiveJob::makeArchive()
 
     MissingFolders folders(m_order.destination, m_order.baseFolder);
     QSaveFile file(m_order.destination);
-    if (!file.open(QIODevice::WriteOnly))
+    // Unbuffered: QSaveFile would not notice when the last of its buffer cannot be written.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         throw ArchiveError(problem(m_order.destination, file.errorString()));
     write(&file, members);
+    if (fsync(file.handle()) != 0)
+        throw ArchiveError(problem(m_order.destination, qt_error_string(errno)));
     checkCancelled();
     if (!m_order.replace && QFileInfo::exists(m_order.destination))
         throw ArchiveError(problem(m_order.destination, tr("The file has come up meanwhile.")));
@@ -114,7 +120,7 @@ void ArchiveJob::write(QIODevice* device, const std::vector<ArchiveMember>& memb
         total += sizeOf(member);
 
     qint64 done = 0;
-    ArchiveWriter writer(device, m_order.format);
+    ArchiveWriter writer(device, QDir::toNativeSeparators(m_order.destination), m_order.format);
     for (const ArchiveMember& member : members) {
         writer.add(member, [this, &done, total](qint64 bytes) {
             done += bytes;

@@ -64,8 +64,8 @@ private:
     locale_t m_before;
 };
 
-ArchiveWriter::ArchiveWriter(QIODevice* device, ArchiveFormat format)
-    : m_locale(new Utf8Locale), m_format(format), m_archive(archive_write_new())
+ArchiveWriter::ArchiveWriter(QIODevice* device, const QString& name, ArchiveFormat format)
+    : m_locale(new Utf8Locale), m_name(name), m_format(format), m_archive(archive_write_new())
 {
     if (!m_archive)
         throw std::bad_alloc();
@@ -175,5 +175,5 @@ void ArchiveWriter::fail()
 {
     const char* const reason = archive_error_string(m_archive);
     throw ArchiveError(
-        tr("Cannot write the archive: %1").arg(reason ? QString::fromUtf8(reason) : QString()));
+        tr("Cannot write %1: %2").arg(m_name, reason ? QString::fromUtf8(reason) : QString()));
 }

@@ -26,8 +26,8 @@ public:
     /// writing.
     using Advance = std::function<void(qint64 bytes)>;
 
-    /// \p device is open and stays the caller's.
-    ArchiveWriter(QIODevice* device, ArchiveFormat format);
+    /// \p device is open and stays the caller's; \p name is what errors call it.
+    ArchiveWriter(QIODevice* device, const QString& name, ArchiveFormat format);
     /// Writes nothing more: without finish() the archive is none.
     ~ArchiveWriter();
 
@@ -50,6 +50,7 @@ private:
     [[noreturn]] void fail();
 
     std::unique_ptr<Utf8Locale> m_locale;
+    QString m_name;
     ArchiveFormat m_format;
     archive* m_archive;
 };
