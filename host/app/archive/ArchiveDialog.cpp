@@ -112,6 +112,10 @@ void ArchiveDialog::setAppendVersionCheckboxVisible(bool visible)
 void ArchiveDialog::setDestinationPathReadOnly(bool read_only)
 {
     m_ui->destinationPath->setReadOnly(read_only);
+    QPalette colours = palette();
+    if (read_only)
+        colours.setBrush(QPalette::Base, colours.window());
+    m_ui->destinationPath->setPalette(colours);
     m_ui->browseButton->setHidden(read_only);
 }
 
@@ -125,6 +129,7 @@ void ArchiveDialog::changeType(int index)
     leaveType();
     m_current = static_cast<std::size_t>(index);
     enterType();
+    fitHeight();
 }
 
 void ArchiveDialog::enterType()
@@ -170,6 +175,13 @@ void ArchiveDialog::leaveType()
         m_extensionWidget->setParent(nullptr);
         m_extensionWidget = nullptr;
     }
+}
+
+void ArchiveDialog::fitHeight()
+{
+    m_ui->contentLayout->activate();
+    layout()->activate();
+    resize(width(), sizeHint().height());
 }
 
 void ArchiveDialog::handleObjectRemoved(QObject* object)
@@ -374,8 +386,9 @@ void ArchiveDialog::updateState()
 {
     const bool running = m_job != nullptr;
     m_ui->content->setDisabled(running);
-    m_ui->progressBar->setVisible(running);
-    m_ui->stateLabel->setHidden(running);
+    // One in place of the other: both would make the dialog grow.
+    m_ui->stateWidgets->setCurrentWidget(running ? static_cast<QWidget*>(m_ui->progressBar)
+                                                 : m_ui->stateLabel);
     m_archiveButton->setEnabled(!running && design() && !m_ui->destinationPath->text().isEmpty());
 }
 

@@ -68,6 +68,8 @@ private:
     void enterType();
     void enterExtension(ArchiveType::Extension* extension, QObject* object);
     void leaveType();
+    /// Takes the room that the controls of the chosen type need.
+    void fitHeight();
     void handleObjectRemoved(QObject* object);
     void changeFormat();
     void changeVersionSuffix(bool present);
