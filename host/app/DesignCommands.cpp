@@ -1,5 +1,6 @@
 #include "DesignCommands.h"
 
+#include "archive/ArchiveDialog.h"
 #include "DesignModel.h"
 #include "DesignStorage.h"
 #include "DesignView.h"
@@ -46,6 +47,8 @@ void DesignCommands::addToMenus()
                &DesignCommands::chooseDesign);
     m_save = addCommand("File", "File.SaveDesign", tr("&Save Design"), QKeySequence::Save,
                         &DesignCommands::saveCurrent);
+    m_archive = addCommand("File", "File.ArchiveDesign", tr("&Archive Design..."),
+                           QKeySequence(Qt::CTRL | Qt::Key_R), &DesignCommands::archiveCurrent);
     m_close = addCommand("File", "File.CloseDesign", tr("&Close Design"),
                          QKeySequence(Qt::CTRL | Qt::Key_W), &DesignCommands::closeCurrent);
 
@@ -85,6 +88,7 @@ void DesignCommands::refresh()
     const QModelIndex current = m_view->currentIndex();
     const bool editable = design && !design->isLocked() && !design->isReadOnly();
     m_save->setEnabled(design && !design->isReadOnly() && design->isModified());
+    m_archive->setEnabled(design);
     m_close->setEnabled(design);
     // Without a design it makes a new one.
     m_add->setEnabled(!design || editable);
@@ -157,6 +161,14 @@ void DesignCommands::chooseDesign()
 void DesignCommands::newDesign() { makeDesign(QString()); }
 
 void DesignCommands::saveCurrent() { save(m_view->currentDesign()); }
+
+void DesignCommands::archiveCurrent()
+{
+    Design* const design = m_view->currentDesign();
+    const QString name =
+        QFileInfo(DesignStorage::descriptionPath(design->workingFolderPath())).fileName();
+    archiveDesign(design, {name, [design] { return DesignStorage::text(*design); }}, m_window);
+}
 
 void DesignCommands::closeCurrent()
 {

@@ -77,10 +77,15 @@ std::unique_ptr<Design> DesignStorage::load(const QString& folder, QString* erro
     }
 }
 
+QByteArray DesignStorage::text(const Design& design)
+{
+    return QJsonDocument(DesignDescription::write(design)).toJson();
+}
+
 bool DesignStorage::save(Design* design, QString* error)
 {
     const QString path = descriptionPath(design->workingFolderPath());
-    const QByteArray bytes = QJsonDocument(DesignDescription::write(*design)).toJson();
+    const QByteArray bytes = text(*design);
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
         *error = problem(path, file.errorString());
