@@ -32,6 +32,8 @@ DesignCommands::DesignCommands(OpenDesigns* designs, DesignModel* model, DesignV
     : QObject(window), m_designs(designs), m_model(model), m_view(view), m_window(window)
 {
     connect(view, &DesignView::currentItemChanged, this, &DesignCommands::refresh);
+    // The view tells of the current item before the last design is out of the model.
+    connect(model, &QAbstractItemModel::rowsRemoved, this, &DesignCommands::refresh);
     connect(view, &QAbstractItemView::activated, this, &DesignCommands::activate);
     connect(designs, &OpenDesigns::opened, this, [this](const Design* design) {
         connect(design, &Design::stateChanged, this, &DesignCommands::refresh);
