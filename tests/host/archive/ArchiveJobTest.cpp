@@ -2,36 +2,12 @@
 #include "Unpacked.h"
 
 #include "host/app/archive/ArchiveJob.h"
+#include "support/FullDisk.h"
 
 #include <OrvanticCore/DesignFile.h>
 
 #include <QDir>
 #include <QtTest>
-
-#include <csignal>
-#include <sys/resource.h>
-
-/// The largest file that the process can write, as a disk that is full after so many bytes.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes) : m_handler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-
-private:
-    Q_DISABLE_COPY(FullDisk)
-
-    rlimit m_before{};
-    sighandler_t m_handler;
-};
 
 class ArchiveJobTest : public QObject {
     Q_OBJECT
