@@ -13,7 +13,6 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QPushButton>
 
 using OrvanticCore::DesignArchiveOutputParserDialog;
@@ -334,10 +333,9 @@ bool ArchiveDialog::isOfDesign(const QString& path) const
 
 bool ArchiveDialog::mayReplace(const QString& path)
 {
-    return QMessageBox::question(
-               this, windowTitle(),
-               tr("%1 exists already. Replace it?").arg(QDir::toNativeSeparators(path)),
-               QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+    return showBox(QMessageBox::Question,
+                   tr("%1 exists already. Replace it?").arg(QDir::toNativeSeparators(path)),
+                   QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
 }
 
 ArchivePlan ArchiveDialog::plan() const
@@ -378,8 +376,19 @@ void ArchiveDialog::handleJobFinished()
 
 void ArchiveDialog::complain(const QString& reason)
 {
-    QMessageBox::critical(this, windowTitle(),
-                          tr("The design cannot be archived.\n\n%1").arg(reason));
+    showBox(QMessageBox::Critical, tr("The design cannot be archived.\n\n%1").arg(reason),
+            QMessageBox::Ok, QMessageBox::Ok);
+}
+
+int ArchiveDialog::showBox(QMessageBox::Icon icon, const QString& text,
+                           QMessageBox::StandardButtons buttons,
+                           QMessageBox::StandardButton defaultButton)
+{
+    QMessageBox box(icon, windowTitle(), text, buttons, this);
+    box.setDefaultButton(defaultButton);
+    // What a path looks like must not change it.
+    box.setTextFormat(Qt::PlainText);
+    return box.exec();
 }
 
 void ArchiveDialog::updateState()

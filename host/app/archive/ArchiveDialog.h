@@ -8,6 +8,7 @@
 #include <OrvanticCore/DesignArchiveOutputParserDialog.h>
 
 #include <QByteArray>
+#include <QMessageBox>
 #include <QPointer>
 
 #include <functional>
@@ -94,6 +95,8 @@ private:
     ArchivePlan plan() const;
     void handleJobFinished();
     void complain(const QString& reason);
+    int showBox(QMessageBox::Icon icon, const QString& text, QMessageBox::StandardButtons buttons,
+                QMessageBox::StandardButton defaultButton);
     void updateState();
 
     std::unique_ptr<Ui::ArchiveDialog> m_ui;

@@ -173,6 +173,7 @@ void ArchiveDialogRunTest::asksBeforeItReplaces()
     answers->inspect([](QWidget* box) {
         auto* const question = qobject_cast<QMessageBox*>(box);
         QCOMPARE(question->defaultButton(), question->button(QMessageBox::No));
+        QCOMPARE(question->textFormat(), Qt::PlainText);
     });
     if (byEscape)
         answers->press(Qt::Key_Escape);
