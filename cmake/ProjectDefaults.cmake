@@ -31,15 +31,19 @@ function(zorv_warnings target)
 endfunction()
 
 # A Qt Test program made of NAME.cpp and the further SOURCES. It runs without a screen, in a locale
-# that does not depend on the machine.
+# that does not depend on the machine, and with settings of its own.
 function(zorv_test name)
     cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
     add_executable(${name} ${name}.cpp ${arg_SOURCES})
     zorv_target(${name})
     target_link_libraries(${name} PRIVATE Qt5::Test ${arg_LIBRARIES})
     add_test(NAME ${name} COMMAND ${name})
-    # Whole stacks, or what Qt leaks could not be told from what we leak.
-    set_tests_properties(${name} PROPERTIES
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;ASAN_OPTIONS=fast_unwind_on_malloc=0;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan-suppressions.txt"
-        TIMEOUT 400)
+    set(environment
+        QT_QPA_PLATFORM=offscreen
+        LC_ALL=C.UTF-8
+        "XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/${name}-settings"
+        # Whole stacks, or what Qt leaks could not be told from what we leak.
+        ASAN_OPTIONS=fast_unwind_on_malloc=0
+        "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan-suppressions.txt")
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 400)
 endfunction()

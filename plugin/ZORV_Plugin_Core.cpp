@@ -1,5 +1,6 @@
 #include "ZORV_Plugin_Core.h"
 
+#include "archive/ZORV_ArchiveConfigExtension.h"
 #include "design/ZORV_FileTypeExtensions.h"
 #include "design/ZORV_PropertyProvider.h"
 #include "generator/PelkFcfGenerator.h"
@@ -18,11 +19,15 @@ using Qtilities::CoreGui::QtilitiesApplication;
 namespace ZORV_Plugin {
 
 struct ZORV_Plugin_CoreData {
+    ZORV_ArchiveConfigExtension* archiveExtension;
     ZORV_FileTypeExtensions* fileTypeExtensions;
     PelkFcfGenerator* generatorWindow;
     ZORV_PropertyProvider* propertyProvider;
 
-    ZORV_Plugin_CoreData() : fileTypeExtensions(0), generatorWindow(0), propertyProvider(0) {}
+    ZORV_Plugin_CoreData()
+        : archiveExtension(0), fileTypeExtensions(0), generatorWindow(0), propertyProvider(0)
+    {
+    }
 };
 
 ZORV_Plugin_Core::ZORV_Plugin_Core(QObject* parent) : QObject(parent), d(new ZORV_Plugin_CoreData)
@@ -45,6 +50,8 @@ bool ZORV_Plugin_Core::initialize(const QStringList& arguments, QStringList* err
 void ZORV_Plugin_Core::registerExtensions()
 {
     // The host asks extensions in the order of their registration.
+    d->archiveExtension = new ZORV_ArchiveConfigExtension;
+    QtilitiesApplication::objectManager()->registerObject(d->archiveExtension);
     d->fileTypeExtensions = new ZORV_FileTypeExtensions;
     QtilitiesApplication::objectManager()->registerObject(d->fileTypeExtensions);
     d->propertyProvider = new ZORV_PropertyProvider;

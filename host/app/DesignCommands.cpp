@@ -1,5 +1,6 @@
 #include "DesignCommands.h"
 
+#include "archive/ArchiveDialog.h"
 #include "DesignModel.h"
 #include "DesignStorage.h"
 #include "DesignView.h"
@@ -30,6 +31,8 @@ DesignCommands::DesignCommands(OpenDesigns* designs, DesignModel* model, DesignV
     : QObject(window), m_designs(designs), m_model(model), m_view(view), m_window(window)
 {
     connect(view, &DesignView::currentItemChanged, this, &DesignCommands::refresh);
+    // The view tells of the current item before the last design is out of the model.
+    connect(model, &QAbstractItemModel::rowsRemoved, this, &DesignCommands::refresh);
     connect(view, &QAbstractItemView::activated, this, &DesignCommands::activate);
     connect(designs, &OpenDesigns::opened, this, [this](const Design* design) {
         connect(design, &Design::stateChanged, this, &DesignCommands::refresh);
@@ -45,6 +48,8 @@ void DesignCommands::addToMenus()
                &DesignCommands::chooseDesign);
     m_save = addCommand("File", "File.SaveDesign", tr("&Save Design"), QKeySequence::Save,
                         &DesignCommands::saveCurrent);
+    m_archive = addCommand("File", "File.ArchiveDesign", tr("&Archive Design..."),
+                           QKeySequence("Ctrl+R"), &DesignCommands::archiveCurrent);
     m_close = addCommand("File", "File.CloseDesign", tr("&Close Design"), QKeySequence("Ctrl+W"),
                          &DesignCommands::closeCurrent);
 
@@ -83,6 +88,7 @@ void DesignCommands::refresh()
     const QModelIndex current = m_view->currentIndex();
     const bool editable = design && !design->isLocked() && !design->isReadOnly();
     m_save->setEnabled(design && !design->isReadOnly() && design->isModified());
+    m_archive->setEnabled(design);
     m_close->setEnabled(design);
     // Without a design it makes a new one.
     m_add->setEnabled(!design || editable);
@@ -155,6 +161,14 @@ void DesignCommands::chooseDesign()
 void DesignCommands::newDesign() { makeDesign(QString()); }
 
 void DesignCommands::saveCurrent() { save(m_view->currentDesign()); }
+
+void DesignCommands::archiveCurrent()
+{
+    Design* const design = m_view->currentDesign();
+    const QString name =
+        QFileInfo(DesignStorage::descriptionPath(design->workingFolderPath())).fileName();
+    archiveDesign(design, {name, [design] { return DesignStorage::text(*design); }}, m_window);
+}
 
 void DesignCommands::closeCurrent()
 {

@@ -51,6 +51,7 @@ private:
     void chooseDesign();
     void newDesign();
     void saveCurrent();
+    void archiveCurrent();
     void closeCurrent();
     void addFiles();
     void removeCurrent();
@@ -74,6 +75,7 @@ private:
     QWidget* m_window;
 
     QAction* m_save = nullptr;
+    QAction* m_archive = nullptr;
     QAction* m_close = nullptr;
     QAction* m_add = nullptr;
     QAction* m_remove = nullptr;

@@ -22,6 +22,19 @@ QString problem(const QString& path, const QString& reason)
     return QString("%1: %2").arg(QDir::toNativeSeparators(path), reason);
 }
 
+/// Goes on after a short write, which does not tell what has stopped it.
+bool writeAll(QIODevice* device, const QByteArray& bytes)
+{
+    qint64 written = 0;
+    while (written < bytes.size()) {
+        const qint64 count = device->write(bytes.constData() + written, bytes.size() - written);
+        if (count <= 0)
+            return false;
+        written += count;
+    }
+    return true;
+}
+
 /// Line and column from 1, the column in characters.
 QString placeOf(const QByteArray& bytes, int offset)
 {
@@ -77,12 +90,19 @@ std::unique_ptr<Design> DesignStorage::load(const QString& folder, QString* erro
     }
 }
 
+QByteArray DesignStorage::text(const Design& design)
+{
+    return QJsonDocument(DesignDescription::write(design)).toJson();
+}
+
 bool DesignStorage::save(Design* design, QString* error)
 {
     const QString path = descriptionPath(design->workingFolderPath());
-    const QByteArray bytes = QJsonDocument(DesignDescription::write(*design)).toJson();
+    const QByteArray bytes = text(*design);
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+    // Unbuffered: QSaveFile would not notice when the last of its buffer cannot be written.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(&file, bytes) ||
+        !file.commit()) {
         *error = problem(path, file.errorString());
         return false;
     }

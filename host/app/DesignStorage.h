@@ -1,6 +1,7 @@
 #ifndef HOST_APP_DESIGNSTORAGE_H
 #define HOST_APP_DESIGNSTORAGE_H
 
+#include <QByteArray>
 #include <QString>
 
 #include <memory>
@@ -19,6 +20,9 @@ bool hasDescription(const QString& folder);
 /// The design in \p folder, unmodified, or null with the reason in \p error. Changes nothing on
 /// the disk.
 std::unique_ptr<OrvanticCore::Design> load(const QString& folder, QString* error);
+
+/// The description of \p design as save() writes it.
+QByteArray text(const OrvanticCore::Design& design);
 
 /// Replaces the description as a whole or, with the reason in \p error, not at all. The design is
 /// unmodified afterwards.

@@ -43,6 +43,7 @@ private slots:
     void tellsWhoItIs();
     void declaresOneSlot();
     void startsWhateverTheArguments();
+    void registersItsExtensionsInOrder();
     void addsItsCommandAndASeparatorToTheToolsMenu();
     void opensOneWindowAndBringsItBack();
     void makesANewInstanceAfterTheFirstWasDeleted();
@@ -154,6 +155,20 @@ void PluginTest::startsWhateverTheArguments()
     QVERIFY(m_plugin->initialize({"some", "--arguments"}, &errors));
     QVERIFY(m_plugin->initializeDependencies(&errors));
     QCOMPARE(errors, QStringList("of another"));
+}
+
+void PluginTest::registersItsExtensionsInOrder()
+{
+    QStringList classes;
+    for (const QObject* object :
+         QtilitiesApplication::objectManager()->registeredInterfaces("QObject")) {
+        classes << object->metaObject()->className();
+        QVERIFY(!object->parent());
+        QCOMPARE(object->property("qti.prop.CategoryMap").toStringList(), QStringList());
+    }
+    QCOMPARE(classes, QStringList({"ZORV_Plugin::ZORV_ArchiveConfigExtension",
+                                   "ZORV_Plugin::ZORV_FileTypeExtensions",
+                                   "ZORV_Plugin::ZORV_PropertyProvider"}));
 }
 
 void PluginTest::addsItsCommandAndASeparatorToTheToolsMenu()

@@ -1,4 +1,5 @@
 #include "host/app/DesignStorage.h"
+#include "tests/support/FullDisk.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
@@ -29,6 +30,7 @@ private slots:
     void refusesADamagedDescription();
     void refusesAFolderWithoutADescription();
     void keepsTheOldDescriptionWhenItCannotBeReplaced();
+    void keepsTheOldDescriptionWhenTheDiskIsFull();
     void replacesADescriptionAsAWhole();
 
 private:
@@ -244,6 +246,20 @@ void DesignStorageTest::keepsTheOldDescriptionWhenItCannotBeReplaced()
     QVERIFY(design->isModified());
     QVERIFY(QFileInfo(path("design.json")).isDir());
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList());
+}
+
+void DesignStorageTest::keepsTheOldDescriptionWhenTheDiskIsFull()
+{
+    writeDescription("as it was");
+    const std::unique_ptr<Design> design = makeDesign();
+    QString error;
+    {
+        const FullDisk disk(100);
+        QVERIFY(!DesignStorage::save(design.get(), &error));
+    }
+    QCOMPARE(error, path("design.json") + ": File too large");
+    QVERIFY(design->isModified());
+    QCOMPARE(description(), QByteArray("as it was"));
 }
 
 void DesignStorageTest::replacesADescriptionAsAWhole()

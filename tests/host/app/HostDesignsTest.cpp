@@ -81,6 +81,7 @@ void HostDesignsTest::showsAHintWithoutADesign()
     host.press(Qt::Key_W, Qt::ControlModifier);
     QCOMPARE(openDesigns(), 0);
     QVERIFY(host.child<QLabel>("NoDesignHint")->isVisible());
+    QVERIFY(!host.action("File.CloseDesign")->isEnabled());
 }
 
 void HostDesignsTest::opensADesignByItsDescription()

@@ -1,0 +1,210 @@
+#include "ZORV_ArchiveConfigExtension.h"
+
+#include "ui_ZORV_ArchiveConfigExtension.h"
+
+#include <OrvanticCore/DesignArchiveOutputParserDialog.h>
+#include <OrvanticCore/DesignManager.h>
+#include <OrvanticCore/DesignStructure.h>
+#include <OrvanticCore/IDesign.h>
+
+#include <QDir>
+#include <QSettings>
+
+using OrvanticCore::DesignArchiveOutputParserDialog;
+using OrvanticCore::DesignManager;
+using OrvanticCore::DesignStructure;
+using OrvanticCore::IDesign;
+
+namespace ZORV_Plugin {
+
+namespace {
+
+const char FirmwarePackage[] = "7010 (Firmware)";
+const char SoftwarePackage[] = "7030 (Software)";
+const char PackageTypeKey[] = "active_package_type";
+
+/// The host's settings, in the plug-in's group of them.
+class PluginSettings : public QSettings {
+public:
+    PluginSettings() : QSettings(DesignManager::instance()->settingsFilePath(), IniFormat)
+    {
+        beginGroup(QLatin1String("Plugins"));
+        beginGroup(QLatin1String("ZORV_Plugin"));
+    }
+    ~PluginSettings()
+    {
+        endGroup();
+        endGroup();
+    }
+};
+
+QString twoDigits(int number)
+{
+    const QString digits = QString::number(number);
+    return digits.length() == 1 ? QLatin1Char('0') + digits : digits;
+}
+
+} // namespace
+
+ZORV_ArchiveConfigExtension::ZORV_ArchiveConfigExtension(QWidget* parent)
+    : QWidget(parent), ui(new Ui_ZORV_ArchiveConfigExtension), archiveDialog(0)
+{
+    ui->setupUi(this);
+    connectNameFields();
+    fillDesignTypes();
+    ui->cmbPackageType->addItem(QLatin1String(FirmwarePackage));
+    ui->cmbPackageType->addItem(QLatin1String(SoftwarePackage));
+    restorePackageType();
+    handlePackageTypeChange();
+    // Only now, or filling the list would have overwritten the setting that was just read.
+    connect(ui->cmbPackageType, SIGNAL(currentIndexChanged(QString)),
+            SLOT(handlePackageTypeChange()));
+}
+
+ZORV_ArchiveConfigExtension::~ZORV_ArchiveConfigExtension() { delete ui; }
+
+void ZORV_ArchiveConfigExtension::connectNameFields()
+{
+    connect(ui->txtProjectCM, SIGNAL(textChanged(QString)), SLOT(updatePackageName()));
+    connect(ui->cmbDesignType, SIGNAL(currentIndexChanged(QString)), SLOT(updatePackageName()));
+    connect(ui->spinBoxSequenceNumber, SIGNAL(valueChanged(int)), SLOT(updatePackageName()));
+    connect(ui->spinBoxVersionMajor, SIGNAL(valueChanged(int)), SLOT(updatePackageName()));
+    connect(ui->spinBoxVersionMinor, SIGNAL(valueChanged(int)), SLOT(updatePackageName()));
+}
+
+void ZORV_ArchiveConfigExtension::fillDesignTypes()
+{
+    firmwareDesignTypes[QLatin1String("Functional Firmware")] = QLatin1String("FUNC");
+    firmwareDesignTypes[QLatin1String("Electrical Test Firmware")] = QLatin1String("ELEC");
+    firmwareDesignTypes[QLatin1String("Null Firmware")] = QLatin1String("NULL");
+
+    softwareDesignTypes[QLatin1String("Software Applications")] = QLatin1String("APPL");
+    softwareDesignTypes[QLatin1String("Embedded Source Code")] = QLatin1String("ESC");
+    softwareDesignTypes[QLatin1String("Operating Systems")] = QLatin1String("OPER");
+    softwareDesignTypes[QLatin1String("Software Scripts")] = QLatin1String("SCRIPT");
+    softwareDesignTypes[QLatin1String("General Software")] = QLatin1String("SOFT");
+    softwareDesignTypes[QLatin1String("Software Development Tools")] = QLatin1String("TOOL");
+    softwareDesignTypes[QLatin1String("Test Software Tools")] = QLatin1String("TEST");
+    softwareDesignTypes[QLatin1String("Graphical User Interface")] = QLatin1String("GUI");
+    softwareDesignTypes[QLatin1String("Compiler")] = QLatin1String("CMPL");
+}
+
+void ZORV_ArchiveConfigExtension::restorePackageType()
+{
+    const QString type =
+        PluginSettings()
+            .value(QLatin1String(PackageTypeKey), QString(QLatin1String(FirmwarePackage)))
+            .toString();
+    ui->cmbPackageType->setCurrentIndex(
+        ui->cmbPackageType->findText(type, Qt::MatchExactly | Qt::MatchCaseSensitive));
+}
+
+void ZORV_ArchiveConfigExtension::savePackageType() const
+{
+    PluginSettings().setValue(QLatin1String(PackageTypeKey), ui->cmbPackageType->currentText());
+}
+
+QWidget* ZORV_ArchiveConfigExtension::extensionWidget() { return this; }
+
+QString ZORV_ArchiveConfigExtension::archiveType() const
+{
+    return QLatin1String("VKT Config Package");
+}
+
+QString ZORV_ArchiveConfigExtension::destinationPathOnActivation() const { return destinationPath; }
+
+void ZORV_ArchiveConfigExtension::setArchiveDialogWidget(DesignArchiveOutputParserDialog* dialog)
+{
+    archiveDialog = dialog;
+    const IDesign* const design = dialog ? dialog->design() : 0;
+    if (!design)
+        return;
+    ui->spinBoxVersionMajor->setValue(design->versionMajor());
+    ui->spinBoxVersionMinor->setValue(design->versionMinor());
+    updatePackageName();
+}
+
+void ZORV_ArchiveConfigExtension::updateArchiveDialogWidget()
+{
+    if (!archiveDialog)
+        return;
+    archiveDialog->setAppendVersionCheckboxVisible(false);
+    archiveDialog->setDestinationPathReadOnly(true);
+    archiveDialog->setIncludedItemsGroupboxVisible(false);
+}
+
+IDesignArchiveExtension::ArchiveItemFlags ZORV_ArchiveConfigExtension::archiveDesignItems() const
+{
+    return ArchiveItemFlags(DesignFiles) | DesignFolders | DesignDescription;
+}
+
+bool ZORV_ArchiveConfigExtension::archiveIncludeInstaller() const { return true; }
+
+void ZORV_ArchiveConfigExtension::handleDestinationPathChanged(const QString& new_destination_path)
+{
+    Q_UNUSED(new_destination_path)
+}
+
+void ZORV_ArchiveConfigExtension::updatePackageName()
+{
+    if (!archiveDialog || !archiveDialog->design())
+        return;
+    destinationPath = destinationFolder() + QLatin1Char('/') + packageName() + QLatin1Char('.') +
+                      archiveDialog->currentExtension();
+    emit destinationPathChanged(destinationPath);
+}
+
+QString ZORV_ArchiveConfigExtension::packageName()
+{
+    QString packageCode;
+    QString kindCode;
+    QString designCode;
+    if (ui->cmbPackageType->currentText() == QLatin1String(FirmwarePackage)) {
+        packageCode = QLatin1String("7010");
+        kindCode = QLatin1String("FW");
+        designCode = firmwareDesignTypes[ui->cmbDesignType->currentText()];
+    } else if (ui->cmbPackageType->currentText() == QLatin1String(SoftwarePackage)) {
+        packageCode = QLatin1String("7030");
+        kindCode = QLatin1String("SW");
+        designCode = softwareDesignTypes[ui->cmbDesignType->currentText()];
+    }
+    const QString dash = QLatin1String("-");
+    return packageCode + dash + ui->txtProjectCM->text() + dash + designCode + dash + kindCode +
+           dash + twoDigits(ui->spinBoxSequenceNumber->value()) + QLatin1String("-V-") +
+           twoDigits(ui->spinBoxVersionMajor->value()) + QLatin1Char('_') +
+           twoDigits(ui->spinBoxVersionMinor->value());
+}
+
+QString ZORV_ArchiveConfigExtension::destinationFolder() const
+{
+    const IDesign* const design = archiveDialog->design();
+    const DesignStructure* const structure = design->structure();
+    const QString subFolder =
+        structure
+            ? structure->mapFileNameToWorkingFolderPath(
+                  QLatin1String("*.") + archiveDialog->currentExtension(), QString(), QString())
+            : QString();
+    return subFolder.isEmpty() ? design->workingFolderPath()
+                               : design->workingFolderPath() + QDir::separator() + subFolder;
+}
+
+void ZORV_ArchiveConfigExtension::handlePackageTypeChange()
+{
+    if (ui->cmbPackageType->currentText() == QLatin1String(FirmwarePackage))
+        listDesignTypes(firmwareDesignTypes);
+    else if (ui->cmbPackageType->currentText() == QLatin1String(SoftwarePackage))
+        listDesignTypes(softwareDesignTypes);
+    savePackageType();
+    updatePackageName();
+}
+
+void ZORV_ArchiveConfigExtension::listDesignTypes(const QMap<QString, QString>& types)
+{
+    // One name for the new list, not one for each step of filling it.
+    ui->cmbDesignType->blockSignals(true);
+    ui->cmbDesignType->clear();
+    ui->cmbDesignType->addItems(types.keys());
+    ui->cmbDesignType->blockSignals(false);
+}
+
+} // namespace ZORV_Plugin

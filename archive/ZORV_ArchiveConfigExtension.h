@@ -1,0 +1,86 @@
+#ifndef ARCHIVE_ZORV_ARCHIVECONFIGEXTENSION_H
+#define ARCHIVE_ZORV_ARCHIVECONFIGEXTENSION_H
+
+#include <OrvanticCore/IDesignArchiveExtension.h>
+
+#include <QMap>
+#include <QString>
+#include <QWidget>
+
+class Ui_ZORV_ArchiveConfigExtension;
+
+namespace ZORV_Plugin {
+
+// Under this name moc also has the interface's short name accepted in meta-casts.
+using OrvanticCore::Interfaces::IDesignArchiveExtension;
+
+/// The form in the host's archive dialog that names a configuration package, for example
+/// 7010-GNRL-ELEC-FW-01-V-01_00: package code, project CM code, design code, kind code, sequence
+/// number and revision.
+///
+/// It works in any order of the host's calls, and without a dialog or a design it does nothing. It
+/// does not watch the dialog's lifetime: the host takes the dialog back by handing over null.
+class ZORV_ArchiveConfigExtension : public QWidget, public IDesignArchiveExtension {
+    Q_OBJECT
+    Q_INTERFACES(OrvanticCore::Interfaces::IDesignArchiveExtension)
+
+public:
+    /// Selects the package type that the host's settings file has, and writes it back: an empty
+    /// text, with nothing selected, when that one is unknown.
+    explicit ZORV_ArchiveConfigExtension(QWidget* parent = 0);
+    ~ZORV_ArchiveConfigExtension();
+
+    QObject* objectBase() { return this; }
+    const QObject* objectBase() const { return this; }
+
+    /// The form itself.
+    QWidget* extensionWidget();
+    QString archiveType() const;
+
+Q_SIGNALS:
+    /// A package name was built; also sent when it is the same as before.
+    void destinationPathChanged(const QString& new_destination_path);
+
+public:
+    /// The path that was built last; null before the first one.
+    QString destinationPathOnActivation() const;
+
+    /// Takes the revision from the dialog's design, where each number ends at 99, and builds a
+    /// name.
+    void setArchiveDialogWidget(OrvanticCore::DesignArchiveOutputParserDialog* dialog);
+
+    /// Keeps the user from changing what the package name and its content are made from.
+    void updateArchiveDialogWidget();
+
+    ArchiveItemFlags archiveDesignItems() const;
+    bool archiveIncludeInstaller() const;
+
+public Q_SLOTS:
+    /// Ignored: the name comes from the form alone.
+    void handleDestinationPathChanged(const QString& new_destination_path);
+
+    /// Builds the destination path from the form and the dialog's design and format.
+    void updatePackageName();
+
+    /// Lists the design types of the selected package type, and remembers that one.
+    void handlePackageTypeChange();
+
+private:
+    void connectNameFields();
+    void fillDesignTypes();
+    void restorePackageType();
+    void savePackageType() const;
+    void listDesignTypes(const QMap<QString, QString>& types);
+    QString packageName();
+    QString destinationFolder() const;
+
+    Ui_ZORV_ArchiveConfigExtension* ui;
+    OrvanticCore::DesignArchiveOutputParserDialog* archiveDialog;
+    QString destinationPath;
+    QMap<QString, QString> firmwareDesignTypes;
+    QMap<QString, QString> softwareDesignTypes;
+};
+
+} // namespace ZORV_Plugin
+
+#endif

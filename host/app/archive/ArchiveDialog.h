@@ -1,0 +1,122 @@
+#ifndef HOST_APP_ARCHIVE_ARCHIVEDIALOG_H
+#define HOST_APP_ARCHIVE_ARCHIVEDIALOG_H
+
+#include "ArchiveFormat.h"
+#include "ArchivePlan.h"
+#include "ArchiveTypes.h"
+
+#include <OrvanticCore/DesignArchiveOutputParserDialog.h>
+
+#include <QByteArray>
+#include <QMessageBox>
+#include <QPointer>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class ArchiveJob;
+class QPushButton;
+
+namespace Ui {
+class ArchiveDialog;
+}
+
+/// The reference host's archive dialog.
+///
+/// It offers the plain archive and the types of the extensions in the object pool. An extension's
+/// form is shown while its type is chosen, goes back to the extension without a parent, and is
+/// never deleted here; the extension has the dialog from its construction to its destruction.
+class ArchiveDialog : public OrvanticCore::DesignArchiveOutputParserDialog {
+    Q_OBJECT
+
+public:
+    /// The design's description at the time of the archiving.
+    struct Description {
+        /// Of the member in the archive; with none there is no description.
+        QString name;
+        std::function<QByteArray()> text;
+    };
+
+    /// \p design stays the caller's. It may be null or be deleted: then nothing can be archived.
+    ArchiveDialog(OrvanticCore::IDesign* design, const Description& description,
+                  QWidget* parent = nullptr);
+    /// Cancels an archive that is being made.
+    ~ArchiveDialog() override;
+
+    QString currentExtension() const override;
+    OrvanticCore::IDesign* design() const override;
+    void setAppendVersionCheckboxVisible(bool visible) override;
+    void setDestinationPathReadOnly(bool read_only) override;
+    void setIncludedItemsGroupboxVisible(bool visible) override;
+
+    /// While an archive is made, cancels that and stays open.
+    void reject() override;
+
+private Q_SLOTS:
+    /// What the chosen extension's signal is connected to; extensions know the dialog by its base
+    /// alone, so the two meet by name.
+    void followDestinationPath(const QString& path);
+
+private:
+    using Items = ArchiveType::Extension::ArchiveItemFlags;
+
+    void buildForm();
+    void loadTypes();
+    void connectForm();
+
+    void changeType(int index);
+    void enterType();
+    void enterExtension(ArchiveType::Extension* extension, QObject* object);
+    void leaveType();
+    /// Takes the room that the controls of the chosen type need.
+    void fitHeight();
+    void handleObjectRemoved(QObject* object);
+    void changeFormat();
+    void changeVersionSuffix(bool present);
+    void browse();
+
+    /// For what the user does, which the extension is told of.
+    void changeDestination(const QString& path);
+    void showDestination(const QString& path);
+
+    const ArchiveType& currentType() const { return m_types.at(m_current); }
+    ArchiveFormat currentFormat() const;
+    QString versionSuffix() const;
+    QString plainDestination() const;
+    /// The path shown, seen from the design's folder.
+    QString destination() const;
+    Items includedItems() const;
+    void setIncludedItems(Items items);
+
+    void archive();
+    bool isOfDesign(const QString& path) const;
+    bool mayReplace(const QString& path);
+    ArchivePlan plan() const;
+    void handleJobFinished();
+    void complain(const QString& reason);
+    int showBox(QMessageBox::Icon icon, const QString& text, QMessageBox::StandardButtons buttons,
+                QMessageBox::StandardButton defaultButton);
+    void updateState();
+
+    std::unique_ptr<Ui::ArchiveDialog> m_ui;
+    QPushButton* m_archiveButton = nullptr;
+    OrvanticCore::IDesign* m_design;
+    QPointer<QObject> m_designObject;
+    Description m_description;
+    std::vector<ArchiveType> m_types;
+    /// The place of the chosen one among them.
+    std::size_t m_current = 0;
+    QPointer<QWidget> m_extensionWidget;
+    /// What the user left for the plain archive, while another type is chosen.
+    QString m_plainDestination;
+    Items m_plainItems;
+    /// Null while no archive is made.
+    std::unique_ptr<ArchiveJob> m_job;
+};
+
+/// Shows the dialog for \p design until the user is done with it.
+void archiveDesign(OrvanticCore::IDesign* design, const ArchiveDialog::Description& description,
+                   QWidget* parent);
+
+#endif

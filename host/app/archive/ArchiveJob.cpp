@@ -1,0 +1,152 @@
+#include "ArchiveJob.h"
+
+#include "ArchiveError.h"
+#include "ArchiveWriter.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <cerrno>
+#include <unistd.h>
+
+namespace {
+
+QString problem(const QString& path, const QString& reason)
+{
+    return QString("%1: %2").arg(QDir::toNativeSeparators(path), reason);
+}
+
+/// The missing folders on the way to a file; gone again unless they are kept.
+class MissingFolders {
+public:
+    MissingFolders(const QString& file, const QString& base)
+    {
+        const QString folder = QFileInfo(file).absolutePath();
+        if (QFileInfo(folder).isDir())
+            return;
+        const bool below = folder.startsWith(base + '/') && QFileInfo(base).isDir();
+        if (!below)
+            throw ArchiveError(problem(folder, ArchiveJob::tr("The folder does not exist.")));
+        for (QString missing = folder; !QFileInfo::exists(missing);
+             missing = QFileInfo(missing).absolutePath())
+            m_missing.prepend(missing);
+        for (const QString& missing : m_missing) {
+            if (!QDir().mkdir(missing)) {
+                remove();
+                throw ArchiveError(problem(missing, ArchiveJob::tr("The folder cannot be made.")));
+            }
+        }
+    }
+    ~MissingFolders() { remove(); }
+
+    void keep() { m_missing.clear(); }
+
+private:
+    Q_DISABLE_COPY(MissingFolders)
+
+    void remove()
+    {
+        // Only empty folders go, so nothing is lost that came in meanwhile.
+        while (!m_missing.isEmpty())
+            QDir().rmdir(m_missing.takeLast());
+    }
+
+    QStringList m_missing;
+};
+
+qint64 sizeOf(const ArchiveMember& member)
+{
+    return member.kind == ArchiveMember::File ? QFileInfo(member.source).size()
+                                              : member.text.size();
+}
+
+} // namespace
+
+ArchiveJob::ArchiveJob(const Order& order, QObject* parent) : QThread(parent), m_order(order)
+{
+    m_order.plan.leaveOut(order.destination);
+}
+
+ArchiveJob::~ArchiveJob()
+{
+    cancel();
+    wait();
+}
+
+void ArchiveJob::run()
+{
+    try {
+        makeArchive();
+        m_outcome = Written;
+    } catch (const ArchiveCancelled&) {
+        m_outcome = Cancelled;
+    } catch (const ArchiveError& error) {
+        m_error = error.text();
+        m_outcome = Failed;
+    } catch (const std::bad_alloc&) {
+        m_error = tr("There is not enough memory.");
+        m_outcome = Failed;
+    }
+}
+
+void ArchiveJob::makeArchive()
+{
+    const std::vector<ArchiveMember> members = m_order.plan.members();
+    if (members.empty())
+        throw ArchiveError(tr("There is nothing to archive."));
+    checkCancelled();
+
+    MissingFolders folders(m_order.destination, m_order.baseFolder);
+    QSaveFile file(m_order.destination);
+    // Unbuffered: QSaveFile would not notice when the last of its buffer cannot be written.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        throw ArchiveError(problem(m_order.destination, file.errorString()));
+    write(&file, members);
+    if (fsync(file.handle()) != 0)
+        throw ArchiveError(problem(m_order.destination, qt_error_string(errno)));
+    checkCancelled();
+    if (!m_order.replace && QFileInfo::exists(m_order.destination))
+        throw ArchiveError(problem(m_order.destination, tr("The file has come up meanwhile.")));
+    if (!file.commit())
+        throw ArchiveError(problem(m_order.destination, file.errorString()));
+    folders.keep();
+}
+
+void ArchiveJob::write(QIODevice* device, const std::vector<ArchiveMember>& members)
+{
+    qint64 total = 0;
+    for (const ArchiveMember& member : members)
+        total += sizeOf(member);
+
+    qint64 done = 0;
+    ArchiveWriter writer(device, QDir::toNativeSeparators(m_order.destination), m_order.format);
+    for (const ArchiveMember& member : members) {
+        writer.add(member, [this, &done, total](qint64 bytes) {
+            done += bytes;
+            report(done, total);
+            checkCancelled();
+        });
+        checkCancelled();
+    }
+    writer.finish();
+}
+
+void ArchiveJob::checkCancelled() const
+{
+    if (isInterruptionRequested())
+        throw ArchiveCancelled();
+}
+
+void ArchiveJob::report(qint64 done, qint64 total)
+{
+    // Files may have grown since they were counted.
+    const int part =
+        done < total
+            ? static_cast<int>(static_cast<double>(done) / static_cast<double>(total) * Whole)
+            : Whole;
+    if (part == m_reported)
+        return;
+    m_reported = part;
+    emit progressed(part);
+}

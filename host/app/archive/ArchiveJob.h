@@ -1,0 +1,64 @@
+#ifndef HOST_APP_ARCHIVE_ARCHIVEJOB_H
+#define HOST_APP_ARCHIVE_ARCHIVEJOB_H
+
+#include "ArchiveFormat.h"
+#include "ArchivePlan.h"
+
+#include <QThread>
+
+/// Makes one archive in a thread of its own.
+///
+/// The archive grows under another name in the destination's folder and takes its own name when it
+/// is complete. Ended otherwise, it leaves nothing: not even a folder made for it, and an archive
+/// that was there before is as it was.
+class ArchiveJob : public QThread {
+    Q_OBJECT
+
+public:
+    struct Order {
+        ArchivePlan plan;
+        ArchiveFormat format;
+        /// Absolute.
+        QString destination;
+        /// Missing folders are made below this one, which must exist.
+        QString baseFolder;
+        /// Whether a file at the destination may be replaced.
+        bool replace;
+    };
+    enum Outcome { Unfinished, Written, Cancelled, Failed };
+
+    /// What of the whole progressed() counts.
+    static constexpr int Whole = 1000;
+
+    explicit ArchiveJob(const Order& order, QObject* parent = nullptr);
+    /// Cancels a job that still runs, and waits for its end.
+    ~ArchiveJob() override;
+
+    const Order& order() const { return m_order; }
+
+    /// Ends the job soon, unless it is about to end anyway. finished() tells when.
+    void cancel() { requestInterruption(); }
+
+    /// How the job ended, and why it failed. For after finished().
+    Outcome outcome() const { return m_outcome; }
+    QString error() const { return m_error; }
+
+Q_SIGNALS:
+    void progressed(int part);
+
+protected:
+    void run() override;
+
+private:
+    void makeArchive();
+    void write(QIODevice* device, const std::vector<ArchiveMember>& members);
+    void checkCancelled() const;
+    void report(qint64 done, qint64 total);
+
+    Order m_order;
+    Outcome m_outcome = Unfinished;
+    QString m_error;
+    int m_reported = 0;
+};
+
+#endif

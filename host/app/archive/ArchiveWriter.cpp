@@ -1,0 +1,179 @@
+#include "ArchiveWriter.h"
+
+#include "ArchiveError.h"
+#include "ArchivePlan.h"
+
+#include <archive.h>
+#include <archive_entry.h>
+
+#include <QDir>
+#include <QFile>
+
+#include <array>
+#include <cerrno>
+#include <clocale>
+#include <new>
+
+namespace {
+
+constexpr int BlockBytes = 64 * 1024;
+constexpr time_t StartOf1980 = 315532800;
+
+la_ssize_t writeBlock(archive* writer, void* context, const void* data, std::size_t size)
+{
+    auto* const device = static_cast<QIODevice*>(context);
+    const qint64 written = device->write(static_cast<const char*>(data), static_cast<qint64>(size));
+    if (written <= 0) {
+        archive_set_error(writer, EIO, "%s", device->errorString().toUtf8().constData());
+        return -1;
+    }
+    return written;
+}
+
+struct FreeEntry {
+    void operator()(archive_entry* entry) const { archive_entry_free(entry); }
+};
+
+QString cannotRead(const QString& path, const QString& reason)
+{
+    return QCoreApplication::translate("ArchiveWriter", "Cannot read %1: %2")
+        .arg(QDir::toNativeSeparators(path), reason);
+}
+
+} // namespace
+
+/// The archive library takes names for text in the locale of the thread.
+class ArchiveWriter::Utf8Locale {
+public:
+    Utf8Locale() : m_utf8(newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr)), m_before(nullptr)
+    {
+        if (!m_utf8)
+            throw ArchiveError(tr("The system has no locale \"C.UTF-8\"."));
+        m_before = uselocale(m_utf8);
+    }
+    ~Utf8Locale()
+    {
+        uselocale(m_before);
+        freelocale(m_utf8);
+    }
+
+private:
+    Q_DISABLE_COPY(Utf8Locale)
+
+    locale_t m_utf8;
+    locale_t m_before;
+};
+
+ArchiveWriter::ArchiveWriter(QIODevice* device, const QString& name, ArchiveFormat format)
+    : m_locale(new Utf8Locale), m_name(name), m_format(format), m_archive(archive_write_new())
+{
+    if (!m_archive)
+        throw std::bad_alloc();
+    try {
+        open(device);
+    } catch (const ArchiveError&) {
+        archive_write_free(m_archive);
+        throw;
+    }
+}
+
+ArchiveWriter::~ArchiveWriter()
+{
+    // Keeps the library from completing an archive that was given up.
+    archive_write_fail(m_archive);
+    archive_write_free(m_archive);
+}
+
+void ArchiveWriter::open(QIODevice* device)
+{
+    if (m_format == ArchiveFormat::Zip) {
+        require(archive_write_set_format_zip(m_archive));
+    } else {
+        require(archive_write_set_format_pax_restricted(m_archive));
+        require(archive_write_add_filter_gzip(m_archive));
+        // The time of the writing would make each archive another one.
+        require(archive_write_set_filter_option(m_archive, "gzip", "timestamp", nullptr));
+    }
+    require(archive_write_set_bytes_per_block(m_archive, BlockBytes));
+    // The end of a block device's block, which is filled up by default, is none of a file's.
+    require(archive_write_set_bytes_in_last_block(m_archive, 1));
+    require(archive_write_open(m_archive, device, nullptr, &writeBlock, nullptr));
+}
+
+void ArchiveWriter::add(const ArchiveMember& member, const Advance& advance)
+{
+    switch (member.kind) {
+    case ArchiveMember::File:
+        addFile(member, advance);
+        break;
+    case ArchiveMember::Folder:
+        addHeader(member, 0, true);
+        break;
+    case ArchiveMember::Text:
+        addHeader(member, member.text.size(), false);
+        addData(member.text.constData(), member.text.size());
+        advance(member.text.size());
+        break;
+    }
+}
+
+void ArchiveWriter::addFile(const ArchiveMember& member, const Advance& advance)
+{
+    QFile file(member.source);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        throw ArchiveError(cannotRead(member.source, file.errorString()));
+    const qint64 size = file.size();
+    addHeader(member, size, file.permissions().testFlag(QFile::ExeOwner));
+
+    std::array<char, BlockBytes> block;
+    qint64 total = 0;
+    while (const qint64 count = file.read(block.data(), BlockBytes)) {
+        if (count < 0)
+            throw ArchiveError(cannotRead(member.source, file.errorString()));
+        total += count;
+        if (total > size)
+            break;
+        addData(block.data(), count);
+        advance(count);
+    }
+    if (total != size)
+        throw ArchiveError(cannotRead(member.source, tr("The file changed while it was read.")));
+}
+
+void ArchiveWriter::addHeader(const ArchiveMember& member, qint64 size, bool executable)
+{
+    const bool isFolder = member.kind == ArchiveMember::Folder;
+    const std::unique_ptr<archive_entry, FreeEntry> entry(archive_entry_new());
+    if (!entry)
+        throw std::bad_alloc();
+    const QByteArray name = member.name.toUtf8();
+    archive_entry_copy_pathname(entry.get(), name.constData());
+    archive_entry_set_filetype(entry.get(), isFolder ? AE_IFDIR : AE_IFREG);
+    archive_entry_set_perm(entry.get(), executable ? 0755 : 0644);
+    archive_entry_set_size(entry.get(), size);
+    // A zip archive tells local time: only with none does it not depend on the time zone.
+    if (m_format != ArchiveFormat::Zip)
+        archive_entry_set_mtime(entry.get(), StartOf1980, 0);
+    require(archive_write_header(m_archive, entry.get()));
+}
+
+void ArchiveWriter::addData(const char* data, qint64 size)
+{
+    if (archive_write_data(m_archive, data, static_cast<std::size_t>(size)) != size)
+        fail();
+}
+
+void ArchiveWriter::finish() { require(archive_write_close(m_archive)); }
+
+void ArchiveWriter::require(int result)
+{
+    if (result != ARCHIVE_OK)
+        fail();
+}
+
+void ArchiveWriter::fail()
+{
+    const char* const reason = archive_error_string(m_archive);
+    throw ArchiveError(
+        tr("Cannot write %1: %2").arg(m_name, reason ? QString::fromUtf8(reason) : QString()));
+}

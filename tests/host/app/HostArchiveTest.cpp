@@ -1,0 +1,121 @@
+#include "HostFixture.h"
+
+#include "tests/host/archive/Unpacked.h"
+
+#include <OrvanticCore/Design.h>
+
+#include <QComboBox>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QSettings>
+#include <QtTest>
+
+using OrvanticCore::Design;
+
+/// The way from the host's menu to an archive, with the plug-in's type and the host's own.
+class HostArchiveTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { host.reset(new HostFixture); }
+    void cleanup();
+
+    void archivesNothingWithoutADesign();
+    void makesAConfigPackageFromTheMenu();
+    void archivesTheDesignThatIsCurrent();
+    void archivesWhatIsNotSavedYet();
+
+private:
+    /// Chooses the command from the menu by the mouse. The dialog is driven by a promise made
+    /// before; this returns when the dialog is closed.
+    void chooseArchive();
+
+    QScopedPointer<HostFixture> host;
+};
+
+void HostArchiveTest::cleanup()
+{
+    QVERIFY2(host->dialogs().allGiven(), qPrintable(host->dialogs().unexpected().join('\n')));
+    host.reset();
+}
+
+void HostArchiveTest::chooseArchive()
+{
+    QMenuBar* const bar = host->window()->menuBar();
+    QAction* const file = bar->actions().constFirst();
+    host->activate();
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(file).center());
+    QTRY_VERIFY(file->menu()->isVisible());
+    QVERIFY(HostFixture::choose(file->menu(), "Archive Design..."));
+}
+
+void HostArchiveTest::archivesNothingWithoutADesign()
+{
+    QVERIFY(!host->action("File.ArchiveDesign")->isEnabled());
+    host->openDesign("radar");
+    QVERIFY(host->action("File.ArchiveDesign")->isEnabled());
+    host->press(Qt::Key_W, Qt::ControlModifier);
+    QVERIFY(!host->action("File.ArchiveDesign")->isEnabled());
+}
+
+void HostArchiveTest::makesAConfigPackageFromTheMenu()
+{
+    host->openDesign("radar");
+    const QString package = host->path("radar/7010-GNRL-ELEC-FW-01-V-01_04.zip");
+    QStringList shown;
+    host->dialogs().inspect([&shown](QWidget* dialog) {
+        const auto* const path = dialog->findChild<QLineEdit*>("destinationPath");
+        QTest::keyClick(dialog->findChild<QComboBox*>("typeBox"), Qt::Key_End);
+        shown << path->text();
+        auto* const packageType = dialog->findChild<QComboBox*>("cmbPackageType");
+        QTest::keyClick(packageType, Qt::Key_Down);
+        shown << path->text();
+        QTest::keyClick(packageType, Qt::Key_Up);
+        shown << path->text();
+    });
+    host->dialogs().press(Qt::Key_Return);
+    chooseArchive();
+
+    QCOMPARE(shown,
+             QStringList({package, host->path("radar/7030-GNRL-CMPL-SW-01-V-01_04.zip"), package}));
+    const Unpacked unpacked(package);
+    QCOMPARE(unpacked.fault, QString());
+    QCOMPARE(unpacked.names, QStringList({"design.json", "top.bin"}));
+    QCOMPARE(unpacked.members["top.bin"], host->bytesOf("radar/top.bin"));
+    QCOMPARE(host->log().constLast(), "The design is archived in " + package + '.');
+    const QSettings settings(host->path("settings/host.ini"), QSettings::IniFormat);
+    QCOMPARE(settings.value("Plugins/ZORV_Plugin/active_package_type").toString(),
+             QString("7010 (Firmware)"));
+}
+
+void HostArchiveTest::archivesTheDesignThatIsCurrent()
+{
+    host->openDesign("radar");
+    host->openDesign("sonar");
+    host->dialogs().press(Qt::Key_Return);
+    host->press(Qt::Key_R, Qt::ControlModifier);
+    QCOMPARE(Unpacked(host->path("sonar/sonar.zip")).names,
+             QStringList({"design.json", "top.bin"}));
+    QVERIFY(!QFileInfo::exists(host->path("radar/radar.zip")));
+}
+
+void HostArchiveTest::archivesWhatIsNotSavedYet()
+{
+    Design* const design = host->openDesign("radar");
+    design->setVersion(3, 0);
+    host->dialogs().press(Qt::Key_Return);
+    host->press(Qt::Key_R, Qt::ControlModifier);
+    const QByteArray archived = Unpacked(host->path("radar/radar.zip")).members["design.json"];
+    QCOMPARE(QJsonDocument::fromJson(archived)["version"]["major"].toInt(), 3);
+    QVERIFY(design->isModified());
+}
+
+int main(int argc, char** argv)
+{
+    HostArchiveTest test;
+    return runHostTest(&test, argc, argv);
+}
+
+#include "HostArchiveTest.moc"
