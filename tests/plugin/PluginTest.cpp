@@ -159,16 +159,22 @@ void PluginTest::startsWhateverTheArguments()
 
 void PluginTest::registersItsExtensionsInOrder()
 {
-    QStringList classes;
-    for (const QObject* object :
-         QtilitiesApplication::objectManager()->registeredInterfaces("QObject")) {
-        classes << object->metaObject()->className();
+    const auto* const pool = QtilitiesApplication::objectManager();
+    QStringList names;
+    for (const QObject* object : pool->registeredInterfaces("QObject")) {
+        names << object->metaObject()->className();
         QVERIFY(!object->parent());
-        QCOMPARE(object->property("qti.prop.CategoryMap").toStringList(), QStringList());
+        // Where the pool keeps the category.
+        const QVariant category = object->property("qti.prop.CategoryMap");
+        QVERIFY(category.isValid() && category.toStringList().isEmpty());
     }
-    QCOMPARE(classes, QStringList({"ZORV_Plugin::ZORV_ArchiveConfigExtension",
-                                   "ZORV_Plugin::ZORV_FileTypeExtensions",
-                                   "ZORV_Plugin::ZORV_PropertyProvider"}));
+    QCOMPARE(names, QStringList({"ZORV_Plugin::ZORV_ArchiveConfigExtension",
+                                 "ZORV_Plugin::ZORV_FileTypeExtensions",
+                                 "ZORV_Plugin::ZORV_PropertyProvider"}));
+    for (const char* identifier : {"com.Core.Interfaces.IDesignArchiveExtension/1.0",
+                                   "com.Core.Interfaces.IDesignViewExtensions/1.0",
+                                   "com.Qtilities.Core.IAvailablePropertyProvider/1.0"})
+        QCOMPARE(pool->registeredInterfaces(identifier).size(), 1);
 }
 
 void PluginTest::addsItsCommandAndASeparatorToTheToolsMenu()

@@ -9,9 +9,12 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLineEdit>
 #include <QPixmap>
+#include <QProcess>
 #include <QScreen>
 #include <QTreeView>
+#include <QtTest>
 
 using Hands::find;
 using Hands::require;
@@ -47,6 +50,7 @@ void Road::drive()
     checkDesignView();
     saveDesign();
     openCompanionFromDesign();
+    archiveDesign();
 }
 
 void Road::makeImageFromToolsMenu()
@@ -113,7 +117,7 @@ void Road::makeImageFromDesign()
     GeneratorSteps generator(&m_dialogs);
     generator.expect("txtInputFile", m_binary);
     generator.expect("MajorVerEditBox", "1");
-    generator.expect("MinorVerEditBox", "4");
+    generator.expect("MinorVerEditBox", "0");
     generator.expect("CiNumEditBox", "0");
     generator.expect("ModuleComboBox", "GPM");
     generator.expect("FpgaComboBox", "Processing_FPGA_2");
@@ -124,7 +128,7 @@ void Road::makeImageFromDesign()
     generator.generate(true);
 
     const ImageCheck image(m_binary);
-    image.expectTarget({2, 4, 4, 1, 4});
+    image.expectTarget({2, 4, 4, 1, 0});
     image.expectLines({"CI No: 0", "Function name: Range gate", "----"});
     tell("Made from the design", image.report());
 }
@@ -133,7 +137,7 @@ void Road::checkDesignView()
 {
     const auto* const view = find<QTreeView>(m_host, "MainDesignWidget");
     for (const char* name : {"top.fcf", "top.txt"})
-        require(Hands::row(view, name) == QStringList({name, "Generated", "1.4"}),
+        require(Hands::row(view, name) == QStringList({name, "Generated", "1.0"}),
                 QString("The design shows %1 as: ").arg(name) + Hands::row(view, name).join(", "));
     const QStringList log = Hands::column(find<QTreeView>(m_host, "LogPane"), 2);
     for (const char* name : {"top.fcf", "top.txt"}) {
@@ -151,7 +155,7 @@ void Road::saveDesign()
     const QJsonObject design = QJsonDocument::fromJson(file.readAll()).object();
     for (const char* name : {"top.fcf", "top.txt"}) {
         const QJsonObject generated = entry(design["files"].toArray(), "path", name);
-        require(generated["generated"] == true && generated["version"] == "1.4" &&
+        require(generated["generated"] == true && generated["version"] == "1.0" &&
                     generated["node"] == "Bit-stream Files",
                 QString("The design's description does not hold %1 as generated.").arg(name));
     }
@@ -172,6 +176,47 @@ void Road::openCompanionFromDesign()
     generator.expectFunctions({"Range gate"});
     takeScreenshot();
     generator.cancel();
+}
+
+void Road::archiveDesign()
+{
+    m_dialogs.leaveTo([this](QWidget* dialog) { makePackage(dialog); });
+    Hands::chooseFromMenuBar(m_host, "File", "Archive Design...");
+    require(m_dialogs.allGiven(),
+            "No archive dialog came up, or more: " + m_dialogs.texts().join(" | "));
+
+    const QString package = path("7010-GNRL-ELEC-FW-01-V-01_00.zip");
+    QProcess unzip;
+    unzip.start("unzip", {"-t", package});
+    require(unzip.waitForFinished(Hands::PatienceMs) && unzip.exitCode() == 0,
+            "The package is none: " + package);
+    const QString listing = unzip.readAllStandardOutput();
+    for (const char* member : {"design.json", "top.bin"})
+        require(listing.contains(member), QString("The package has no ") + member);
+    tell("Package", "  " + listing.trimmed().replace("\n", "\n  ") + '\n');
+}
+
+/// Runs inside the modal dialog, where no exception may pass.
+void Road::makePackage(QWidget* dialog)
+{
+    try {
+        const auto expectName = [&](const char* name) {
+            const QString shown = find<QLineEdit>(dialog, "destinationPath")->text();
+            require(shown == path(name), QString("The package is to go to %1.").arg(shown));
+        };
+        Hands::select(dialog, "typeBox", "VKT Config Package");
+        expectName("7010-GNRL-ELEC-FW-01-V-01_00.zip");
+        Hands::select(dialog, "cmbPackageType", "7030 (Software)");
+        expectName("7030-GNRL-CMPL-SW-01-V-01_00.zip");
+        Hands::select(dialog, "cmbPackageType", "7010 (Firmware)");
+        expectName("7010-GNRL-ELEC-FW-01-V-01_00.zip");
+        Hands::click(dialog, "archiveButton");
+        require(QTest::qWaitFor([&] { return !dialog->isVisible(); }, Hands::PatienceMs),
+                "The archive dialog stays open.");
+    } catch (const RoadBlock& block) {
+        tell("In the archive dialog", block.what());
+        dialog->close();
+    }
 }
 
 void Road::takeScreenshot() const

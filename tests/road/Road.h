@@ -26,6 +26,9 @@ private:
     void checkDesignView();
     void saveDesign();
     void openCompanionFromDesign();
+    /// A configuration package of the design, named by the plug-in's form.
+    void archiveDesign();
+    void makePackage(QWidget* dialog);
     void takeScreenshot() const;
     void tell(const QString& title, const QString& text);
 
