@@ -1,0 +1,58 @@
+#include "FcfTarget.h"
+
+QStringList FcfTarget::modules()
+{
+    return QStringList() << QLatin1String("DFE") << QLatin1String("DFE2") << QLatin1String("GPM");
+}
+
+QStringList FcfTarget::devicesOf(const QString& module)
+{
+    const QString interfaceFpga = QLatin1String("Interface_FPGA");
+    const QString processingFpga = QLatin1String("Processing_FPGA");
+    QStringList devices;
+    if (module == QLatin1String("DFE")) {
+        devices << interfaceFpga << processingFpga + QLatin1String("_1")
+                << QLatin1String("Clock_Master_Device");
+    } else if (module == QLatin1String("DFE2")) {
+        devices << processingFpga;
+    } else if (module == QLatin1String("GPM")) {
+        devices << interfaceFpga << processingFpga + QLatin1String("_1")
+                << processingFpga + QLatin1String("_2") << processingFpga + QLatin1String("_3");
+    }
+    return devices;
+}
+
+qint32 FcfTarget::moduleCode(const QString& module)
+{
+    return module == QLatin1String("DFE") ? 1 : 2;
+}
+
+qint32 FcfTarget::deviceCode(const QString& module, const QString& device, qint32 without)
+{
+    if (device == QLatin1String("Interface_FPGA"))
+        return 1;
+    if (device == QLatin1String("Processing_FPGA_1"))
+        return 2;
+    if (device == QLatin1String("Processing_FPGA_3"))
+        return 8;
+    const bool gpm = module == QLatin1String("GPM");
+    if (device == QLatin1String(gpm ? "Processing_FPGA_2" : "Clock_Master_Device"))
+        return 4;
+    return without;
+}
+
+bool FcfTarget::find(qint32 moduleCodeSought, qint32 deviceCodeSought, Target* target)
+{
+    foreach (const QString& module, modules()) {
+        if (moduleCode(module) != moduleCodeSought)
+            continue;
+        foreach (const QString& device, devicesOf(module)) {
+            if (deviceCode(module, device, 0) != deviceCodeSought)
+                continue;
+            target->module = module;
+            target->device = device;
+            return true;
+        }
+    }
+    return false;
+}
