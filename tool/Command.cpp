@@ -85,5 +85,8 @@ CLI::Option* addOperand(CLI::App* app, const char* name, std::string* value, con
 CLI::Option* addOperands(CLI::App* app, const char* name, std::vector<std::string>* values,
                          const char* help)
 {
-    return app->add_option(name, takeAll(values), help)->required()->type_name("")->expected(-1);
+    return app->add_option(name, takeAll(values), help)
+        ->required()
+        ->type_name("")
+        ->expected(CLI::detail::expected_max_vector_size);
 }

@@ -58,6 +58,8 @@ public:
 
     int run(const std::vector<std::string>& arguments, Environment* environment)
     {
+        if (!arguments.empty() && arguments.front()[0] != '-' && !isCommand(arguments.front()))
+            return refused(arguments, '"' + arguments.front() + "\" is no command", environment);
         try {
             std::vector<std::string> reversed = prepared(arguments);
             std::reverse(reversed.begin(), reversed.end());
@@ -81,6 +83,12 @@ public:
     }
 
 private:
+    bool isCommand(const std::string& name) const
+    {
+        return std::any_of(m_commands.begin(), m_commands.end(),
+                           [&name](const auto& command) { return command->name() == name; });
+    }
+
     static int printed(const std::string& text, Environment* environment)
     {
         Session session(environment, "");

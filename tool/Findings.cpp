@@ -135,18 +135,11 @@ void Findings::dropNotes()
     m_list.erase(std::remove_if(m_list.begin(), m_list.end(), isNote), m_list.end());
 }
 
-int Findings::errorCount() const
-{
-    return static_cast<int>(std::count_if(m_list.begin(), m_list.end(), [](const Finding& finding) {
-        return finding.severity == Finding::Error;
-    }));
-}
-
-ExitCode Findings::exitCode() const
+ExitCode Findings::exitCode(int first) const
 {
     for (const ExitCode code : Precedence) {
         const bool occurs =
-            std::any_of(m_list.begin(), m_list.end(),
+            std::any_of(m_list.begin() + first, m_list.end(),
                         [code](const Finding& finding) { return finding.exitCode == code; });
         if (occurs)
             return code;

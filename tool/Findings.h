@@ -59,10 +59,10 @@ public:
 
     const QList<Finding>& list() const { return m_list; }
     bool hasErrors() const { return exitCode() != ExitCode::Done; }
-    int errorCount() const;
-    /// Of several errors the one that says most about the run: a refusal before a file that cannot
-    /// be accessed, that before an output that exists, that before a file that is not valid.
-    ExitCode exitCode() const;
+    /// Of several errors, from the finding with index \p first on, the one that says most about the
+    /// run: a refusal before a file that cannot be accessed, that before an output that exists,
+    /// that before a file that is not valid.
+    ExitCode exitCode(int first = 0) const;
     QJsonArray toJson() const;
 
 private:

@@ -65,6 +65,14 @@ QString brokenRecord(const NamedText& text)
     return QString();
 }
 
+/// QTextCodec::canEncode() misses half a letter at the end of a text.
+bool canEncode(const QTextCodec* codec, const QString& text)
+{
+    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
+    codec->fromUnicode(text.constData(), text.size(), &state);
+    return state.invalidChars == 0 && state.remainingChars == 0;
+}
+
 /// What a form makes of \p header.
 FcfHeader asShown(const FcfHeader& header, QTextCodec* codec)
 {
@@ -97,7 +105,7 @@ QVector<Breach> TextRules::notEncodable(const FcfHeader& header, const QTextCode
 {
     QVector<Breach> breaches;
     for (const NamedText& text : textsOf(header)) {
-        if (!codec->canEncode(text.value))
+        if (!canEncode(codec, text.value))
             breaches.append({text.field, QStringLiteral("cannot be encoded in this locale's %1")
                                              .arg(QString::fromLatin1(codec->name()))});
     }

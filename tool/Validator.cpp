@@ -74,7 +74,7 @@ void Validator::validate(const HeaderPage& page) const
         invalid(QString(), page.bytes, QStringLiteral("a companion ends with its header page"),
                 QStringLiteral("%1 bytes").arg(page.bytes),
                 QStringLiteral("%1 bytes").arg(m_file->size()));
-    if (page.bytes > FcfLayout::PageBytes)
+    if (page.bytes > FcfLayout::PageBytes && page.reading.exact.textEnd <= FcfLayout::PageBytes)
         m_session->findings
             .note(m_file->label(), QString(),
                   QStringLiteral("the header page has %1 bytes, as its last filler unit goes "

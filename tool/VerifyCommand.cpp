@@ -37,11 +37,15 @@ void VerifyCommand::run(Session* session)
         if (!path)
             continue;
         QJsonObject result{{"file", *path}};
-        const bool valid = verify(*path, session, &result);
-        result["valid"] = valid;
+        const int findingsBefore = session->findings.list().size();
+        verify(*path, session, &result);
+        const ExitCode verdict = session->findings.exitCode(findingsBefore);
+        result["valid"] = verdict == ExitCode::Done;
         results.append(result);
-        session->print(QStringLiteral("%1: %2").arg(shownText(*path),
-                                                    valid ? "valid" : "not found to be valid"));
+        if (verdict == ExitCode::Done || verdict == ExitCode::NotValid)
+            session->print(QStringLiteral("%1: %2").arg(
+                shownText(*path),
+                verdict == ExitCode::Done ? QStringLiteral("valid") : QStringLiteral("not valid")));
     }
     session->result["files"] = results;
 }
@@ -55,15 +59,14 @@ bool VerifyCommand::usageIsRight(Session* session) const
     return false;
 }
 
-bool VerifyCommand::verify(const QString& path, Session* session, QJsonObject* result) const
+void VerifyCommand::verify(const QString& path, Session* session, QJsonObject* result) const
 {
-    const int errorsBefore = session->findings.errorCount();
     const std::optional<Validator::Kind> kind = kindOfFile(path, m_type, session);
     InputFile file;
     HeaderPage page;
     if (!kind || !file.open(path, LargestFile, QStringLiteral("FILE"), session) ||
         !page.read(&file, ExitCode::NotValid, session))
-        return false;
+        return;
     Validator(&file, *kind, session).validate(page);
     bool payloadIsKnown = compareOthers(&file, *kind, page, session);
     if (*kind == Validator::Image) {
@@ -75,7 +78,6 @@ bool VerifyCommand::verify(const QString& path, Session* session, QJsonObject* r
                 QStringLiteral("the header holds no checksum of the payload, so only its length "
                                "was checked; --bin or a digest tells more"));
     }
-    return session->findings.errorCount() == errorsBefore;
 }
 
 bool VerifyCommand::compareOthers(InputFile* file, Validator::Kind kind, const HeaderPage& page,

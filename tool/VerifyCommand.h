@@ -18,8 +18,7 @@ public:
 
 private:
     bool usageIsRight(Session* session) const;
-    /// Returns whether the file was found to be valid.
-    bool verify(const QString& path, Session* session, QJsonObject* result) const;
+    void verify(const QString& path, Session* session, QJsonObject* result) const;
     bool compareOthers(InputFile* file, Validator::Kind kind, const HeaderPage& page,
                        Session* session) const;
     /// Returns whether the payload is known to be right.
