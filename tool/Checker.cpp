@@ -7,6 +7,8 @@
 #include "tool/Session.h"
 #include "tool/TextRules.h"
 
+#include <QTextCodec>
+
 namespace {
 
 QString quotedList(const QStringList& names)
@@ -15,6 +17,8 @@ QString quotedList(const QStringList& names)
 }
 
 QString missing(const char* option) { return QStringLiteral("is missing: give %1").arg(option); }
+
+constexpr int MibOfUtf8 = 106;
 
 } // namespace
 
@@ -96,6 +100,11 @@ void Checker::checkTexts(const FcfHeader& header) const
     if (!broken.isEmpty() || !notEncodable.isEmpty())
         return;
 
+    if (m_session->codec()->mibEnum() != MibOfUtf8)
+        m_session->findings.warning(m_file, QStringLiteral("text"),
+                                    QStringLiteral("this locale writes texts in %1, but the target "
+                                                   "reads UTF-8")
+                                        .arg(QString::fromLatin1(m_session->codec()->name())));
     const int excess = FcfWriter(m_session->codec()).compose(header).size() - FcfLayout::PageBytes;
     if (excess > 0)
         refuse(QString(), QStringLiteral("the header text is too long by %1 bytes; the largest "

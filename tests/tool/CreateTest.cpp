@@ -4,6 +4,7 @@
 
 #include <QCryptographicHash>
 #include <QFile>
+#include <QTextCodec>
 #include <QtTest>
 
 #include <unistd.h>
@@ -38,6 +39,7 @@ private slots:
     void warnsOfABinaryThatIsNotRight();
     void takesWarningsForErrorsWhenStrict();
     void warnsOfTextsThatTheWindowWouldLose();
+    void warnsOfALocaleThatTheTargetDoesNotShare();
     void staysQuiet();
     void showsProgressAtATerminalOnly();
     void fillsThePageToTheByte();
@@ -370,6 +372,23 @@ void CreateTest::warnsOfTextsThatTheWindowWouldLose()
     QVERIFY2(run.err.contains("functions[0].description: the generator window would load no more "
                               "of it than \"onetwo\""),
              run.err);
+}
+
+void CreateTest::warnsOfALocaleThatTheTargetDoesNotShare()
+{
+    ToolFixture tool;
+    tool.environment.codec = QTextCodec::codecForName("ISO-8859-1");
+    const Run run = create(&tool, {"--function", "Gr\xfcn", "Bob", "7", "x"});
+    QCOMPARE(run.code, 0);
+    QVERIFY2(run.err.contains("text: this locale writes texts in ISO-8859-1, but the target reads "
+                              "UTF-8"),
+             run.err);
+    // One byte a letter, of the filler too.
+    QVERIFY(tool.read("top.txt").contains("Function name: Gr\xfcn\n"));
+    QVERIFY(tool.read("top.txt").endsWith("\xef\xbf\xbd"));
+    QCOMPARE(tool.read("top.txt").size(), 2112);
+    QCOMPARE(tool.run({"verify", tool.argument("top.fcf")}).code, 0);
+    QCOMPARE(create(&tool, {"--force", "--strict"}).code, 2);
 }
 
 void CreateTest::staysQuiet()
