@@ -16,7 +16,7 @@ namespace {
 
 constexpr int TextsOfFunction = 4;
 /// Many times what a page can hold: enough to say by how much a text is too long.
-constexpr qint64 LargestDescriptionFile = 256 * 1024;
+constexpr int LargestDescriptionFile = 256 * 1024;
 
 void refuse(const QString& option, const QString& reason, Session* session)
 {

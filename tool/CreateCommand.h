@@ -5,8 +5,6 @@
 #include "tool/Command.h"
 #include "tool/Outputs.h"
 
-struct FileError;
-
 /// Makes an image and its companion of a binary.
 class CreateCommand : public Command {
 public:

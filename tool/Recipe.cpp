@@ -112,7 +112,7 @@ bool readFunctions(const QJsonValue& value, Build* build, QString* field, QStrin
     }
     build->functions.emplace();
     int index = 0;
-    for (const QJsonValue& function : value.toArray()) {
+    for (const auto& function : value.toArray()) {
         if (!readFunction(function, index, build, field, error))
             return false;
         ++index;

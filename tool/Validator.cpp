@@ -135,7 +135,7 @@ void Validator::checkCodes(const FcfHeader& header) const
 
 void Validator::checkReservedWords(const QVector<quint32>& words) const
 {
-    qint64 offset = FcfLayout::NumberCount * FcfLayout::WordBytes;
+    int offset = FcfLayout::NumberCount * FcfLayout::WordBytes;
     for (int index = 0; index < words.size(); ++index, offset += FcfLayout::WordBytes) {
         if (words.at(index) != FcfLayout::ReservedWord)
             invalid(QStringLiteral("reserved[%1]").arg(index), offset,

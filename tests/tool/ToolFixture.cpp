@@ -25,7 +25,7 @@ QJsonObject Run::finding(const QString& field) const
 {
     QJsonObject found;
     int count = 0;
-    for (const QJsonValue& value : json()["findings"].toArray()) {
+    for (const auto& value : json()["findings"].toArray()) {
         if (value.toObject()["field"].toString() != field)
             continue;
         found = value.toObject();
