@@ -35,7 +35,7 @@ bool stageAndPlace(ImageWriter* writer, InputFile* binary, const Outputs& output
     StagedFile::clearStalePartial(outputs.digest(), &ignored);
 
     error->path = outputs.image();
-    if (!writer->write(binary, image, &error->reason))
+    if (!writer->write(binary, image, outputs.hasDigest, &error->reason))
         return false;
     const struct {
         bool wanted;
@@ -174,7 +174,7 @@ void CreateCommand::writeToStandardOutput(const FcfHeader& header, InputFile* bi
                                           Session* session) const
 {
     QString error;
-    if (!ImageWriter(header, session).write(binary, session->environment().out, &error))
+    if (!ImageWriter(header, session).write(binary, session->environment().out, false, &error))
         session->findings.error(ExitCode::CannotAccess, QStringLiteral("standard output"),
                                 QStringLiteral("--output"),
                                 QStringLiteral("cannot be written: %1").arg(error));

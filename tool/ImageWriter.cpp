@@ -13,15 +13,16 @@ ImageWriter::ImageWriter(const FcfHeader& header, Session* session)
     m_page += writer.fillerFor(m_page.size());
 }
 
-bool ImageWriter::write(InputFile* binary, QIODevice* image, QString* error)
+bool ImageWriter::write(InputFile* binary, QIODevice* image, bool digesting, QString* error)
 {
     Progress progress(m_session, QStringLiteral("create"), binary->size());
     MeteredSource payload(&binary->device(), &progress);
-    DigestingSink sink(image, &m_hash);
+    DigestingSink digestingSink(image, &m_hash);
+    QIODevice* const sink = digesting ? &digestingSink : image;
     if (!binary->device().seek(0)) {
         *error = binary->device().errorString();
         return false;
     }
-    return FcfWriter::writeAll(&sink, m_page, error) &&
-           FcfWriter::copyPayload(&payload, binary->size(), &sink, error);
+    return FcfWriter::writeAll(sink, m_page, error) &&
+           FcfWriter::copyPayload(&payload, binary->size(), sink, error);
 }

@@ -18,10 +18,11 @@ public:
 
     const QByteArray& page() const { return m_page; }
 
-    /// Writes page and payload. Returns false with the reason in \p error.
-    bool write(InputFile* binary, QIODevice* image, QString* error);
+    /// Writes page and payload, and digests them if \p digesting. Returns false with the reason in
+    /// \p error.
+    bool write(InputFile* binary, QIODevice* image, bool digesting, QString* error);
 
-    /// The digest of what was written.
+    /// The digest of what was written and digested.
     QByteArray digest() const { return m_hash.result(); }
 
 private:
