@@ -8,13 +8,15 @@
 
 namespace {
 
-/// Holds nearly every header page; a payload behind it is hardly touched.
-const int FetchBytes = 4096;
+/// What the text of a header may take up at most: a payload behind it is not touched.
+const int FetchBytes = FcfLayout::PageBytes;
 
 } // namespace
 
-FcfLineSource::FcfLineSource(QIODevice* device, QTextCodec* codec, int maximumBytes)
-    : m_device(device), m_codec(codec), m_allowance(maximumBytes), m_position(0)
+FcfLineSource::FcfLineSource(QIODevice* device, QTextCodec* codec, int maximumBytes,
+                             LineEnd lineEnd)
+    : m_device(device), m_codec(codec), m_allowance(maximumBytes), m_position(0),
+      m_lineEnd(lineEnd), m_lineOffset(0), m_lineIsEnded(false), m_lineIsDecodable(true)
 {
 }
 
@@ -34,22 +36,25 @@ qint32 FcfLineSource::takeWord()
 bool FcfLineSource::takeLine(QString* line)
 {
     line->clear();
+    m_lineOffset = m_position;
     int end = m_bytes.indexOf('\n', m_position);
     for (int searched = m_bytes.size(); end < 0 && fetch(); searched = m_bytes.size())
         end = m_bytes.indexOf('\n', searched);
 
-    const bool ended = end >= 0;
-    if (!ended) {
+    m_lineIsEnded = end >= 0;
+    if (!m_lineIsEnded) {
         end = m_bytes.size();
         if (m_position == end || m_allowance == 0)
             return false;
     }
     int length = end - m_position;
-    if (ended && length > 0 && m_bytes.at(end - 1) == '\r')
+    if (m_lineIsEnded && m_lineEnd == LineFeedWithOrWithoutReturn && length > 0 &&
+        m_bytes.at(end - 1) == '\r')
         --length;
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
     *line = m_codec->toUnicode(m_bytes.constData() + m_position, length, &state);
-    m_position = ended ? end + 1 : end;
+    m_lineIsDecodable = state.invalidChars == 0 && state.remainingChars == 0;
+    m_position = m_lineIsEnded ? end + 1 : end;
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "PelkFcfGeneratorFileInfo.h"
 
+#include "FcfHeader.h"
 #include "FcfLayout.h"
 
 #include <QFileInfo>
@@ -29,4 +30,14 @@ int PelkFcfGeneratorFileInfo::blocks(int bytes) const
 {
     const int pages = pagesInAll(bytes);
     return pages <= FcfLayout::BlockPages ? 0 : pages / FcfLayout::BlockPages;
+}
+
+void PelkFcfGeneratorFileInfo::measure(qint64 binaryBytes, FcfHeader* header) const
+{
+    header->binFileSize = static_cast<qint32>(binaryBytes);
+    header->binPages = pages(header->binFileSize);
+    header->binBlocks = blocks(header->binFileSize);
+    header->totalSize = static_cast<qint32>(binaryBytes + FcfLayout::PageBytes);
+    header->totalPages = pages(header->totalSize);
+    header->totalBlocks = blocks(header->totalSize);
 }

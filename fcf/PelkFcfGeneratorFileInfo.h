@@ -2,6 +2,9 @@
 #define FCF_PELKFCFGENERATORFILEINFO_H
 
 #include <QString>
+#include <QtGlobal>
+
+struct FcfHeader;
 
 /// Tells sizes in the units of the flash. Stateless.
 ///
@@ -17,6 +20,10 @@ public:
 
     /// The whole blocks of \p bytes; 0 up to and including one full block.
     int blocks(int bytes) const;
+
+    /// Sets the six sizes of \p header for a binary of \p binaryBytes bytes. A size field holds 32
+    /// bits; what does not fit is cut off.
+    void measure(qint64 binaryBytes, FcfHeader* header) const;
 };
 
 #endif

@@ -1,6 +1,7 @@
 #include "PelkFcfGenerator.h"
 
-#include "fcf/FcfLayout.h"
+#include "fcf/FcfHeader.h"
+#include "fcf/FcfTarget.h"
 #include "fcf/PelkFcfGeneratorFileInfo.h"
 
 #include "ui_PelkFcfGenerator.h"
@@ -21,23 +22,6 @@ void selectText(QComboBox* box, const QString& text)
     const int index = box->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
     if (index >= 0)
         box->setCurrentIndex(index);
-}
-
-QStringList devicesOf(const QString& module)
-{
-    const QString interfaceFpga = QLatin1String("Interface_FPGA");
-    const QString processingFpga = QLatin1String("Processing_FPGA");
-    QStringList devices;
-    if (module == QLatin1String("DFE")) {
-        devices << interfaceFpga << processingFpga + QLatin1String("_1")
-                << QLatin1String("Clock_Master_Device");
-    } else if (module == QLatin1String("DFE2")) {
-        devices << processingFpga;
-    } else if (module == QLatin1String("GPM")) {
-        devices << interfaceFpga << processingFpga + QLatin1String("_1")
-                << processingFpga + QLatin1String("_2") << processingFpga + QLatin1String("_3");
-    }
-    return devices;
 }
 
 /// Lets the keyboard reach what \a panel itself offers it (to fold, say) right after \a previous.
@@ -145,14 +129,15 @@ void PelkFcfGenerator::setBinFile(const QString& path)
 
 void PelkFcfGenerator::displayBinFileSizeInfo(const QString& path)
 {
-    // A size field holds 32 bits; what does not fit is cut off, as in the file.
     const qint64 size = fileInfo->getFileSize(path);
-    binFileSize = static_cast<qint32>(size);
-    binPages = fileInfo->pages(binFileSize);
-    binBlocks = fileInfo->blocks(binFileSize);
-    totalSize = static_cast<qint32>(size + FcfLayout::PageBytes);
-    totalPages = fileInfo->pages(totalSize);
-    totalBlocks = fileInfo->blocks(totalSize);
+    FcfHeader sizes;
+    fileInfo->measure(size, &sizes);
+    binFileSize = sizes.binFileSize;
+    binPages = sizes.binPages;
+    binBlocks = sizes.binBlocks;
+    totalSize = sizes.totalSize;
+    totalPages = sizes.totalPages;
+    totalBlocks = sizes.totalBlocks;
 
     ui->BinFileSize->setText(QString::number(size) + tr("  Bytes"));
     ui->BinFilePages->setText(QString::number(binPages) + tr(" Pages"));
@@ -162,7 +147,7 @@ void PelkFcfGenerator::displayBinFileSizeInfo(const QString& path)
 void PelkFcfGenerator::updateComboBoxFPGA()
 {
     ui->FpgaComboBox->clear();
-    ui->FpgaComboBox->addItems(devicesOf(getModule()));
+    ui->FpgaComboBox->addItems(FcfTarget::devicesOf(getModule()));
 }
 
 void PelkFcfGenerator::clearScreen()

@@ -3,6 +3,7 @@
 #include "PelkFcfGenerator.h"
 
 #include "fcf/FcfHeader.h"
+#include "fcf/FcfTarget.h"
 #include "fcf/FcfWriter.h"
 #include "generator/FcfOutput.h"
 
@@ -38,19 +39,8 @@ void PelkFcfGenerator::generateButtonClick()
 
 bool PelkFcfGenerator::updateConfigData()
 {
-    const QString module = getModule();
-    moduleCode = module == QLatin1String("DFE") ? 1 : 2;
-
-    const QString device = getDevice();
-    if (device == QLatin1String("Interface_FPGA"))
-        deviceCode = 1;
-    else if (device == QLatin1String("Processing_FPGA_1"))
-        deviceCode = 2;
-    else if (device == QLatin1String("Processing_FPGA_3"))
-        deviceCode = 8;
-    else if (device == QLatin1String(module == QLatin1String("GPM") ? "Processing_FPGA_2"
-                                                                    : "Clock_Master_Device"))
-        deviceCode = 4;
+    moduleCode = FcfTarget::moduleCode(getModule());
+    deviceCode = FcfTarget::deviceCode(getModule(), getDevice(), deviceCode);
 
     if (ui->txtInputFile->text().isEmpty()) {
         m_dialogs->tell(tr("Please select a bin file first"));

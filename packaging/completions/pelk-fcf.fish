@@ -1,0 +1,62 @@
+# Completion of pelk-fcf(1) for fish.
+
+function __pelk_fcf_command
+    set -l words (commandline -opc)
+    test (count $words) -ge 2; and contains -- $words[2] $argv
+end
+
+function __pelk_fcf_devices
+    set -l words (commandline -opc)
+    set -l index (contains -i -- --module $words)
+    set -l module ''
+    test -n "$index"; and set module $words[(math $index + 1)]
+    switch "$module"
+        case DFE
+            printf '%s\n' Interface_FPGA Processing_FPGA_1 Clock_Master_Device
+        case DFE2
+            printf '%s\n' Processing_FPGA
+        case GPM
+            printf '%s\n' Interface_FPGA Processing_FPGA_1 Processing_FPGA_2 Processing_FPGA_3
+        case '*'
+            printf '%s\n' Interface_FPGA Processing_FPGA Processing_FPGA_1 Processing_FPGA_2 \
+                Processing_FPGA_3 Clock_Master_Device
+    end
+end
+
+set -l commands create show verify extract recipe
+complete -c pelk-fcf -f
+complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -l version -d 'Print the version and exit'
+complete -c pelk-fcf -l help -d 'Print help and exit'
+complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a create -d 'Make an image of a binary'
+complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a show -d 'List headers'
+complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a verify -d 'Say whether files are valid'
+complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a extract -d 'Take the payload out'
+complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a recipe -d 'Write the recipe of a build'
+
+complete -c pelk-fcf -n "__pelk_fcf_command $commands" -l json -d 'Give the result as JSON'
+complete -c pelk-fcf -n "__pelk_fcf_command $commands" -l quiet -d 'Say nothing but errors'
+complete -c pelk-fcf -n '__pelk_fcf_command create' -k -a '(__fish_complete_suffix .bin)'
+complete -c pelk-fcf -n '__pelk_fcf_command extract' -k -a '(__fish_complete_suffix .fcf)'
+complete -c pelk-fcf -n '__pelk_fcf_command show verify recipe' -k -a '(__fish_complete_suffix .fcf)'
+
+complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l author -d 'Who built it'
+complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l ci -d 'Configuration item number'
+complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l module -a 'DFE DFE2 GPM' -d 'Module'
+complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l device -a '(__pelk_fcf_devices)' -d 'Device'
+complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l config -a '(seq 10)' -d 'Flash slot'
+complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l version -d 'Version of the build'
+complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l description -d 'Text, or @file'
+complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l function -d 'Name, author, CI, description'
+complete -c pelk-fcf -n '__pelk_fcf_command create' -r -F -l like -d 'Take the rest from a file'
+complete -c pelk-fcf -n '__pelk_fcf_command create extract' -r -F -l output -d 'Where to write'
+complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l date-time -d 'YYYY-MM-DDTHH:MM:SS'
+complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l date-format -a 'locale iso' -d 'Date format'
+complete -c pelk-fcf -n '__pelk_fcf_command create' -l no-companion -d 'Write no companion'
+complete -c pelk-fcf -n '__pelk_fcf_command create' -l digest -d 'Write the SHA-256 beside the image'
+complete -c pelk-fcf -n '__pelk_fcf_command create extract' -l force -d 'Replace outputs that exist'
+complete -c pelk-fcf -n '__pelk_fcf_command create' -l strict -d 'Take warnings for errors'
+
+complete -c pelk-fcf -n '__pelk_fcf_command verify' -r -F -l bin -d 'The binary to compare with'
+complete -c pelk-fcf -n '__pelk_fcf_command verify' -r -F -l companion -d 'The companion to compare with'
+complete -c pelk-fcf -n '__pelk_fcf_command verify' -r -F -l digest -d 'The SHA-256 to compare with'
+complete -c pelk-fcf -n '__pelk_fcf_command verify' -x -l type -a 'image companion' -d 'What the file is'

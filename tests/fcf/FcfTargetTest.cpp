@@ -1,0 +1,88 @@
+#include "fcf/FcfTarget.h"
+
+#include <QtTest>
+
+/// The codes of the targets, and back.
+class FcfTargetTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void offersModulesAndTheirDevices();
+    void givesCodes_data();
+    void givesCodes();
+    void findsATargetByItsCodes();
+    void findsNothingForOtherCodes();
+};
+
+void FcfTargetTest::offersModulesAndTheirDevices()
+{
+    QCOMPARE(FcfTarget::modules(), QStringList({"DFE", "DFE2", "GPM"}));
+    QCOMPARE(FcfTarget::devicesOf("DFE"),
+             QStringList({"Interface_FPGA", "Processing_FPGA_1", "Clock_Master_Device"}));
+    QCOMPARE(FcfTarget::devicesOf("DFE2"), QStringList("Processing_FPGA"));
+    QCOMPARE(FcfTarget::devicesOf("GPM"), QStringList({"Interface_FPGA", "Processing_FPGA_1",
+                                                       "Processing_FPGA_2", "Processing_FPGA_3"}));
+    QCOMPARE(FcfTarget::devicesOf("dfe"), QStringList());
+}
+
+void FcfTargetTest::givesCodes_data()
+{
+    QTest::addColumn<QString>("module");
+    QTest::addColumn<QString>("device");
+    QTest::addColumn<int>("moduleCode");
+    QTest::addColumn<int>("deviceCode");
+    const int kept = 77;
+    const auto row = [](const char* module, const char* device, int moduleCode, int deviceCode) {
+        QTest::addRow("%s %s", module, device)
+            << QString(module) << QString(device) << moduleCode << deviceCode;
+    };
+    row("DFE", "Interface_FPGA", 1, 1);
+    row("DFE", "Processing_FPGA_1", 1, 2);
+    row("DFE", "Clock_Master_Device", 1, 4);
+    row("DFE2", "Processing_FPGA", 2, kept);
+    row("GPM", "Interface_FPGA", 2, 1);
+    row("GPM", "Processing_FPGA_1", 2, 2);
+    row("GPM", "Processing_FPGA_2", 2, 4);
+    row("GPM", "Processing_FPGA_3", 2, 8);
+    row("DFE", "Processing_FPGA_2", 1, kept);
+    row("GPM", "Clock_Master_Device", 2, kept);
+    row("DFE", "interface_fpga", 1, kept);
+    row("DFE", "", 1, kept);
+}
+
+void FcfTargetTest::givesCodes()
+{
+    QFETCH(QString, module);
+    QFETCH(QString, device);
+    QTEST(FcfTarget::moduleCode(module), "moduleCode");
+    QTEST(FcfTarget::deviceCode(module, device, 77), "deviceCode");
+}
+
+void FcfTargetTest::findsATargetByItsCodes()
+{
+    for (const QString& module : FcfTarget::modules()) {
+        for (const QString& device : FcfTarget::devicesOf(module)) {
+            FcfTarget::Target target;
+            QVERIFY(FcfTarget::find(FcfTarget::moduleCode(module),
+                                    FcfTarget::deviceCode(module, device, 0), &target));
+            QCOMPARE(target.module, module);
+            QCOMPARE(target.device, device);
+        }
+    }
+}
+
+void FcfTargetTest::findsNothingForOtherCodes()
+{
+    FcfTarget::Target target;
+    target.module = "kept";
+    for (const qint32 device : {-1, 0, 3, 8, 16})
+        QVERIFY(!FcfTarget::find(1, device, &target));
+    for (const qint32 device : {-1, 3, 5, 16})
+        QVERIFY(!FcfTarget::find(2, device, &target));
+    for (const qint32 module : {-1, 0, 3})
+        QVERIFY(!FcfTarget::find(module, 1, &target));
+    QCOMPARE(target.module, QString("kept"));
+}
+
+QTEST_GUILESS_MAIN(FcfTargetTest)
+#include "FcfTargetTest.moc"

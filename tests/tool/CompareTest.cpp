@@ -1,0 +1,170 @@
+#include "ToolFixture.h"
+
+#include <QCryptographicHash>
+#include <QtTest>
+
+namespace {
+
+struct Lie {
+    QString field;
+    int offset;
+    QString expected;
+    QString found;
+};
+
+QString hexByte(char byte)
+{
+    return QString("0x%1").arg(static_cast<uchar>(byte), 2, 16, QLatin1Char('0'));
+}
+
+} // namespace
+
+/// What verify finds when it compares a file with others.
+class CompareTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void comparesThePayloadWithTheBinary();
+    void comparesTheHeaderWithTheCompanion();
+    void checksTheSizesOfACompanionAgainstTheBinary();
+    void checksTheDigestBesideAnImage();
+    void checksADigestFromElsewhere();
+    void acceptsOtherFormsOfDigestFiles_data();
+    void acceptsOtherFormsOfDigestFiles();
+
+private:
+    Run verify(const ForgedImage& image, const Arguments& more = {})
+    {
+        return verifyBytes(image.bytes(), more);
+    }
+
+    Run verifyBytes(const QByteArray& bytes, const Arguments& more = {})
+    {
+        m_tool.write("top.fcf", bytes);
+        return m_tool.run(Arguments{"verify", m_tool.argument("top.fcf"), "--json"} + more);
+    }
+
+    void checkFinding(const Run& run, const Lie& lie)
+    {
+        QCOMPARE(run.code, 1);
+        const QJsonObject finding = run.finding(lie.field);
+        QVERIFY2(!finding.isEmpty(), run.out);
+        QCOMPARE(finding["severity"].toString(), QString("error"));
+        QCOMPARE(finding["offset"].toInt(), lie.offset);
+        QCOMPARE(finding["expected"].toString(), lie.expected);
+        QCOMPARE(finding["found"].toString(), lie.found);
+    }
+
+    ToolFixture m_tool;
+};
+
+void CompareTest::comparesThePayloadWithTheBinary()
+{
+    ForgedImage image;
+    m_tool.write("top.bin", image.payload);
+    const Arguments binary{"--bin", m_tool.argument("top.bin")};
+    QCOMPARE(verify(image, binary).code, 0);
+    const int pageBytes = image.page().size();
+    for (const int offset : {0, 1, 2000, 3999}) {
+        const char right = image.payload.at(offset);
+        image.payload[offset] = static_cast<char>(right ^ 0x10);
+        checkFinding(verify(image, binary), {"payload", pageBytes + offset, hexByte(right),
+                                             hexByte(image.payload.at(offset))});
+        image.payload[offset] = right;
+    }
+    m_tool.write("top.bin", image.payload + "x");
+    checkFinding(verify(image, binary), {"payload", pageBytes, "4001 bytes", "4000 bytes"});
+    QCOMPARE(verify(image, {"--bin", m_tool.argument("none.bin")}).code, 3);
+}
+
+void CompareTest::comparesTheHeaderWithTheCompanion()
+{
+    const ForgedImage image;
+    const Arguments companion{"--companion", m_tool.argument("top.txt")};
+    m_tool.write("top.txt", image.page());
+    QCOMPARE(verify(image, companion).code, 0);
+    for (const int offset : {0, 70, 300, image.page().size() - 1}) {
+        QByteArray page = image.page();
+        page[offset] = static_cast<char>(page.at(offset) ^ 4);
+        m_tool.write("top.txt", page);
+        checkFinding(verify(image, companion), {"header", offset, hexByte(page.at(offset)),
+                                                hexByte(image.page().at(offset))});
+    }
+    m_tool.write("top.txt", image.page() + "x");
+    checkFinding(verify(image, companion), {"header", image.page().size(), "0x78", "the end"});
+    m_tool.write("top.txt", image.page().left(100));
+    QCOMPARE(verify(image, companion).code, 1);
+}
+
+void CompareTest::checksTheSizesOfACompanionAgainstTheBinary()
+{
+    const ForgedImage image;
+    m_tool.write("top.txt", image.page());
+    m_tool.write("top.bin", image.payload);
+    const Arguments arguments{"verify", m_tool.argument("top.txt"), "--json", "--bin",
+                              m_tool.argument("top.bin")};
+    QCOMPARE(m_tool.run(arguments).code, 0);
+    m_tool.write("top.bin", image.payload + "x");
+    checkFinding(m_tool.run(arguments), {"binFileSize", 20, "4001", "4000"});
+}
+
+void CompareTest::checksTheDigestBesideAnImage()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    QByteArray image = tool.read("top.fcf");
+    const QByteArray digest = QCryptographicHash::hash(image, QCryptographicHash::Sha256).toHex();
+    tool.write("top.fcf.sha256", digest + "  top.fcf\n");
+    const Arguments arguments{"verify", tool.argument("top.fcf"), "--json"};
+    Run run = tool.run(arguments);
+    QCOMPARE(run.code, 0);
+    QVERIFY(run.finding("payload").isEmpty());
+
+    image[image.size() - 1] = static_cast<char>(image.back() ^ 1);
+    tool.write("top.fcf", image);
+    run = tool.run(arguments);
+    QCOMPARE(run.code, 1);
+    QCOMPARE(run.finding("digest")["expected"].toString(), QString(digest));
+
+    tool.write("top.fcf.sha256", digest + "  other.fcf\n");
+    run = tool.run(arguments);
+    QCOMPARE(run.code, 1);
+    QVERIFY(run.finding("digest")["reason"].toString().startsWith("holds no SHA-256 of"));
+}
+
+void CompareTest::checksADigestFromElsewhere()
+{
+    const QByteArray bytes = ForgedImage().bytes();
+    const QByteArray digest = QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
+    m_tool.write("sums", digest + "  top.fcf\n");
+    QCOMPARE(verifyBytes(bytes, {"--digest", m_tool.argument("sums")}).code, 0);
+    QCOMPARE(verifyBytes(bytes, {"--digest", m_tool.argument("none")}).code, 3);
+}
+
+void CompareTest::acceptsOtherFormsOfDigestFiles_data()
+{
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("after");
+    QTest::addColumn<bool>("accepted");
+    const QByteArray other = QByteArray(64, 'a') + "  other.fcf\n";
+    QTest::newRow("a binary mark") << QByteArray() << QByteArray(" *top.fcf\n") << true;
+    QTest::newRow("several lines") << other << "  top.fcf\n" + other << true;
+    QTest::newRow("no line feed") << QByteArray() << QByteArray("  top.fcf") << true;
+    QTest::newRow("no name") << QByteArray() << QByteArray("\n") << false;
+    QTest::newRow("one blank") << QByteArray() << QByteArray(" top.fcf\n") << false;
+    QTest::newRow("a longer name") << QByteArray() << QByteArray("  top.fcf.old\n") << false;
+}
+
+void CompareTest::acceptsOtherFormsOfDigestFiles()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, after);
+    QFETCH(bool, accepted);
+    const QByteArray bytes = ForgedImage().bytes();
+    const QByteArray digest = QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
+    m_tool.write("sums", before + digest + after);
+    QCOMPARE(verifyBytes(bytes, {"--digest", m_tool.argument("sums")}).code, accepted ? 0 : 1);
+}
+
+QTEST_GUILESS_MAIN(CompareTest)
+#include "CompareTest.moc"

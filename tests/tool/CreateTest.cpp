@@ -1,0 +1,439 @@
+#include "ToolFixture.h"
+
+#include "tool/Checker.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QTextCodec>
+#include <QtTest>
+
+#include <unistd.h>
+
+/// What create makes.
+class CreateTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void writesEveryByteAsTheFormatSays();
+    void tellsWhatItWrote();
+    void takesTheLocalesDateUnlessToldOtherwise();
+    void stampsWithSourceDateEpochInUtc();
+    void prefersAGivenDateAndTime();
+    void givesEqualBytesTwice();
+    void takesADescriptionFromAFile();
+    void takesAnAtSignAtTheStartOfADescription();
+    void takesArgumentsForWhatTheyAre();
+    void completesABuildFromAnother_data();
+    void completesABuildFromAnother();
+    void letsOptionsOverrideAnotherBuild();
+    void leavesOutTheCompanion();
+    void writesADigest();
+    void namesTheDigestsImageLikeSha256sum();
+    void replacesEveryBinInTheNameAlone();
+    void takesTheBinaryFromStandardInput();
+    void writesTheImageToStandardOutput();
+    void replacesOutputsWhenForced();
+    void replacesALinkAndNotWhatItLeadsTo();
+    void warnsOfOutputsThatWillNotBelong();
+    void warnsOfABinaryThatIsNotRight_data();
+    void warnsOfABinaryThatIsNotRight();
+    void takesWarningsForErrorsWhenStrict();
+    void warnsOfTextsThatTheWindowWouldLose();
+    void warnsOfALocaleThatTheTargetDoesNotShare();
+    void staysQuiet();
+    void showsProgressAtATerminalOnly();
+    void fillsThePageToTheByte();
+
+private:
+    Run create(ToolFixture* tool, const Arguments& more = {})
+    {
+        tool->write("top.bin", ToolFixture::payload(4000));
+        return tool->run(Arguments{"create", tool->argument("top.bin")} + ToolFixture::described() +
+                         more);
+    }
+};
+
+void CreateTest::writesEveryByteAsTheFormatSays()
+{
+    ToolFixture tool;
+    const Run run = create(&tool, {"--function", "fft", "Bob", "7", "Spectrum", "--date-time",
+                                   "2024-05-31T13:45:00", "--date-format", "iso"});
+    QCOMPARE(run.err, QByteArray());
+    QCOMPARE(run.code, 0);
+    ForgedImage expected;
+    expected.text.replace("31 May 2024", "2024-05-31");
+    QCOMPARE(tool.read("top.fcf"), expected.bytes());
+    QCOMPARE(tool.read("top.txt"), expected.page());
+}
+
+void CreateTest::tellsWhatItWrote()
+{
+    ToolFixture tool;
+    const Run run = create(&tool, {"--digest"});
+    const QByteArray image = tool.path("top.fcf").toUtf8();
+    QCOMPARE(run.out, image + '\n' + tool.path("top.txt").toUtf8() + '\n' + image + ".sha256\n");
+    const QJsonObject json = create(&tool, {"--digest", "--force", "--json"}).json();
+    QCOMPARE(json["schema"].toInt(), 1);
+    QCOMPARE(json["command"].toString(), QString("create"));
+    QCOMPARE(json["exitCode"].toInt(-1), 0);
+    QCOMPARE(json["image"].toString(), tool.path("top.fcf"));
+    QCOMPARE(json["companion"].toString(), tool.path("top.txt"));
+    QCOMPARE(json["header"].toObject()["binFileSize"].toInt(), 4000);
+}
+
+void CreateTest::takesTheLocalesDateUnlessToldOtherwise()
+{
+    ToolFixture tool;
+    create(&tool);
+    const QByteArray date =
+        QLocale::system().toString(QDate(2024, 5, 31), QLocale::ShortFormat).toUtf8();
+    QVERIFY(tool.read("top.txt").contains("\nDate: " + date + "\nTime: 13:45:00\n"));
+}
+
+void CreateTest::stampsWithSourceDateEpochInUtc()
+{
+    ToolFixture tool;
+    tool.environment.sourceDateEpoch = "1717163100";
+    create(&tool, {"--date-format", "iso"});
+    QVERIFY(tool.read("top.txt").contains("\nDate: 2024-05-31\nTime: 13:45:00\n"));
+}
+
+void CreateTest::prefersAGivenDateAndTime()
+{
+    ToolFixture tool;
+    tool.environment.sourceDateEpoch = "1717163100";
+    create(&tool, {"--date-format", "iso", "--date-time", "1999-12-31T23:59:59"});
+    QVERIFY(tool.read("top.txt").contains("\nDate: 1999-12-31\nTime: 23:59:59\n"));
+}
+
+void CreateTest::givesEqualBytesTwice()
+{
+    ToolFixture tool;
+    tool.environment.sourceDateEpoch = "1717163100";
+    create(&tool);
+    const QByteArray first = tool.read("top.fcf");
+    tool.environment.clock = [] { return QDateTime({2030, 1, 1}, {0, 0, 0}); };
+    QCOMPARE(create(&tool, {"--force"}).code, 0);
+    QCOMPARE(tool.read("top.fcf"), first);
+}
+
+void CreateTest::takesADescriptionFromAFile()
+{
+    ToolFixture tool;
+    tool.write("notes", "First\nSecond: Grün\n\n");
+    QCOMPARE(create(&tool, {"--function", "fft", "Bob", "7", "x"}).code, 0);
+    QCOMPARE(tool.run({"create", tool.argument("top.bin"), "--like", tool.argument("top.txt"),
+                       "--description", "@" + tool.argument("notes"), "--force"})
+                 .code,
+             0);
+    QVERIFY(tool.read("top.txt").contains("Description: First\nSecond: Grün\n---\n"));
+}
+
+void CreateTest::takesAnAtSignAtTheStartOfADescription()
+{
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(100));
+    Arguments described = ToolFixture::described();
+    described.back() = "@@home";
+    QCOMPARE(tool.run(Arguments{"create", tool.argument("top.bin")} + described).code, 0);
+    QVERIFY(tool.read("top.txt").contains("Description: @home\n"));
+}
+
+void CreateTest::takesArgumentsForWhatTheyAre()
+{
+    ToolFixture tool;
+    QCOMPARE(create(&tool, {"--function", "[a,b]", "--force", "-5", "it's \"q\"", "--function",
+                            "{}", "%%", "", "\x01x"})
+                 .code,
+             2);
+    QCOMPARE(create(&tool, {"--function", "[a,b]", "--force", "-5", "it's \"q\"", "--function",
+                            "{}", "%%", "", "[x]"})
+                 .code,
+             0);
+    QVERIFY(tool.read("top.txt").contains(
+        "Function name: [a,b]\nFunction author: --force\nFunction CI No: -5\n"
+        "Function description: it's \"q\"\n---\nFunction name: {}\nFunction author: %%\n"
+        "Function CI No: \nFunction description: [x]\n---\n----\n"));
+    // An empty value is one, whatever comes next.
+    QCOMPARE(tool.run({"create", tool.argument("top.bin"), "--description=", "--like",
+                       tool.argument("top.txt"), "--force"})
+                 .code,
+             0);
+    QVERIFY(tool.read("top.txt").contains("Description: \n---\n"));
+}
+
+void CreateTest::completesABuildFromAnother_data()
+{
+    QTest::addColumn<QString>("like");
+    QTest::newRow("an image") << "like.fcf";
+    QTest::newRow("a companion") << "like.txt";
+    QTest::newRow("a recipe") << "like.json";
+    QTest::newRow("a recipe on standard input") << "-";
+}
+
+void CreateTest::completesABuildFromAnother()
+{
+    QFETCH(QString, like);
+    ToolFixture tool;
+    create(&tool, {"--function", "fft", "Bob", "7", "one\n two\n\nthree"});
+    const QByteArray image = tool.read("top.fcf");
+    const QByteArray recipe = tool.run({"recipe", tool.argument("top.fcf")}).out;
+    tool.write("like.fcf", image);
+    tool.write("like.txt", tool.read("top.txt"));
+    tool.write("like.json", recipe);
+    tool.in = recipe;
+    QVERIFY(QFile::remove(tool.path("top.fcf")) && QFile::remove(tool.path("top.txt")));
+
+    const std::string source = like == "-" ? "-" : tool.argument(like);
+    const Run run = tool.run({"create", tool.argument("top.bin"), "--like", source});
+    QCOMPARE(run.code, 0);
+    QCOMPARE(tool.read("top.fcf"), image);
+}
+
+void CreateTest::letsOptionsOverrideAnotherBuild()
+{
+    ToolFixture tool;
+    create(&tool, {"--function", "fft", "Bob", "7", "x"});
+    const Run run =
+        tool.run({"create", tool.argument("top.bin"), "--like", tool.argument("top.fcf"),
+                  "--version", "2.5", "--function", "fir", "Cy", "8", "y", "--force", "--json"});
+    const QJsonObject header = run.json()["header"].toObject();
+    QCOMPARE(header["author"].toString(), QString("Ann"));
+    QCOMPARE(header["versionMajor"].toInt(), 2);
+    QCOMPARE(header["versionMinor"].toInt(), 5);
+    QCOMPARE(header["functions"].toArray().size(), 1);
+    QCOMPARE(header["functions"].toArray()[0].toObject()["name"].toString(), QString("fir"));
+    // A device of another module is not taken over.
+    const Run other = tool.run({"create", tool.argument("top.bin"), "--like",
+                                tool.argument("top.fcf"), "--module", "GPM", "--force"});
+    QCOMPARE(other.code, 2);
+    QVERIFY(other.err.contains("device: is missing: give --device"));
+}
+
+void CreateTest::leavesOutTheCompanion()
+{
+    ToolFixture tool;
+    QCOMPARE(create(&tool, {"--no-companion"}).code, 0);
+    QCOMPARE(tool.names(), QStringList({"top.bin", "top.fcf"}));
+}
+
+void CreateTest::writesADigest()
+{
+    ToolFixture tool;
+    QCOMPARE(create(&tool, {"--digest"}).code, 0);
+    const QByteArray digest =
+        QCryptographicHash::hash(tool.read("top.fcf"), QCryptographicHash::Sha256).toHex();
+    QCOMPARE(tool.read("top.fcf.sha256"), digest + "  top.fcf\n");
+}
+
+void CreateTest::namesTheDigestsImageLikeSha256sum()
+{
+    ToolFixture tool;
+    tool.write("a\\b.bin", ToolFixture::payload(100));
+    QCOMPARE(tool.run(Arguments{"create", tool.argument("a\\b.bin"), "--digest"} +
+                      ToolFixture::described())
+                 .code,
+             0);
+    const QByteArray line = tool.read("a\\b.fcf.sha256");
+    QVERIFY(line.startsWith('\\') && line.endsWith("  a\\\\b.fcf\n"));
+    QCOMPARE(tool.run({"verify", tool.argument("a\\b.fcf")}).code, 0);
+}
+
+void CreateTest::replacesEveryBinInTheNameAlone()
+{
+    ToolFixture tool;
+    QVERIFY(QDir().mkdir(tool.path("old.bin")));
+    tool.write("old.bin/a.bin.bin", ToolFixture::payload(100));
+    QCOMPARE(
+        tool.run(Arguments{"create", tool.argument("old.bin/a.bin.bin")} + ToolFixture::described())
+            .code,
+        0);
+    QVERIFY(tool.exists("old.bin/a.fcf.fcf"));
+    QVERIFY(tool.exists("old.bin/a.txt.txt"));
+}
+
+void CreateTest::takesTheBinaryFromStandardInput()
+{
+    ToolFixture tool;
+    create(&tool);
+    const QByteArray image = tool.read("top.fcf");
+    tool.in = ToolFixture::payload(4000);
+    const Run run =
+        tool.run(Arguments{"create", "-", "--output", tool.argument("top.fcf"), "--force"} +
+                 ToolFixture::described());
+    QCOMPARE(run.code, 0);
+    QCOMPARE(tool.read("top.fcf"), image);
+}
+
+void CreateTest::writesTheImageToStandardOutput()
+{
+    ToolFixture tool;
+    create(&tool);
+    const Run run = create(&tool, {"--output", "-", "--no-companion"});
+    QCOMPARE(run.code, 0);
+    QCOMPARE(run.out, tool.read("top.fcf"));
+}
+
+void CreateTest::replacesOutputsWhenForced()
+{
+    ToolFixture tool;
+    tool.write("top.fcf", "old");
+    tool.write("top.txt", "old");
+    QCOMPARE(create(&tool, {"--force"}).code, 0);
+    QCOMPARE(tool.names(), QStringList({"top.bin", "top.fcf", "top.txt"}));
+    QCOMPARE(tool.run({"verify", tool.argument("top.fcf"), tool.argument("top.txt")}).code, 0);
+}
+
+void CreateTest::replacesALinkAndNotWhatItLeadsTo()
+{
+    ToolFixture tool;
+    tool.write("precious", "precious");
+    QVERIFY(QFile::link("precious", tool.path("top.fcf")));
+    QVERIFY(QFile::link("nowhere", tool.path("top.txt")));
+    QCOMPARE(create(&tool).code, 4);
+    QCOMPARE(create(&tool, {"--force"}).code, 0);
+    QCOMPARE(tool.read("precious"), QByteArray("precious"));
+    QVERIFY(!QFileInfo(tool.path("top.fcf")).isSymLink());
+    QVERIFY(!tool.exists("nowhere"));
+}
+
+void CreateTest::warnsOfOutputsThatWillNotBelong()
+{
+    ToolFixture tool;
+    create(&tool, {"--digest"});
+    const Run run = create(&tool, {"--force", "--no-companion"});
+    QCOMPARE(run.code, 0);
+    const QByteArray warning = "exists, is not written, and so will not belong to the new image";
+    QCOMPARE(run.err.count(warning), 2);
+    QCOMPARE(create(&tool, {"--force", "--no-companion", "--strict"}).code, 2);
+}
+
+void CreateTest::warnsOfABinaryThatIsNotRight_data()
+{
+    QTest::addColumn<QByteArray>("binary");
+    QTest::addColumn<QByteArray>("warning");
+    const QByteArray dummies(16, '\xff');
+    const QByteArray right = QByteArray::fromHex("aa995566");
+    QTest::newRow("the sync word") << dummies + right << QByteArray();
+    QTest::newRow("the sync word off its alignment") << "x" + right << QByteArray();
+    QTest::newRow("the sync word just within reach")
+        << QByteArray(4092, 'x') + right << QByteArray();
+    QTest::newRow("the sync word too late")
+        << QByteArray(4093, 'x') + right << QByteArray("has no sync word 0xAA995566");
+    QTest::newRow("swapped bytes")
+        << dummies + QByteArray::fromHex("665599aa") << QByteArray("the binary is byte-swapped");
+    QTest::newRow("swapped bits") << dummies + QByteArray::fromHex("5599aa66")
+                                  << QByteArray("the binary is bit-swapped");
+    QTest::newRow("the right one first") << right + QByteArray::fromHex("665599aa") << QByteArray();
+    QTest::newRow("a container") << QByteArray::fromHex("00090ff00ff00ff00ff0000001") + "a" + right
+                                 << QByteArray(
+                                        "the binary is a .bit container: strip its header first");
+    QTest::newRow("something else")
+        << QByteArray("#!/bin/sh\n") << QByteArray("has no sync word 0xAA995566");
+}
+
+void CreateTest::warnsOfABinaryThatIsNotRight()
+{
+    QFETCH(QByteArray, binary);
+    QFETCH(QByteArray, warning);
+    ToolFixture tool;
+    tool.write("top.bin", binary);
+    const Arguments arguments =
+        Arguments{"create", tool.argument("top.bin")} + ToolFixture::described();
+    const Run run = tool.run(arguments);
+    QCOMPARE(run.code, 0);
+    QCOMPARE(run.err.contains("warning: "), !warning.isEmpty());
+    QVERIFY2(run.err.contains(warning), run.err);
+
+    const Run strict = tool.run(arguments + Arguments{"--strict", "--force"});
+    QCOMPARE(strict.code, warning.isEmpty() ? 0 : 2);
+    QVERIFY2(strict.err.contains(warning), strict.err);
+}
+
+void CreateTest::takesWarningsForErrorsWhenStrict()
+{
+    ToolFixture tool;
+    const Run run = create(&tool, {"--strict", "--function", "", "a", "b", "c"});
+    QCOMPARE(run.code, 2);
+    QVERIFY2(run.err.contains("error: " + tool.path("top.bin").toUtf8() +
+                              ": functions[0].name: is empty"),
+             run.err);
+    QCOMPARE(tool.names(), QStringList("top.bin"));
+}
+
+void CreateTest::warnsOfTextsThatTheWindowWouldLose()
+{
+    ToolFixture tool;
+    const Run run = create(&tool, {"--function", "fft: fast", "Bob", "7", "one\ntwo"});
+    QCOMPARE(run.code, 0);
+    QVERIFY2(run.err.contains("functions[0].name: the generator window would load no more of it "
+                              "than \"fft\""),
+             run.err);
+    QVERIFY2(run.err.contains("functions[0].description: the generator window would load no more "
+                              "of it than \"onetwo\""),
+             run.err);
+}
+
+void CreateTest::warnsOfALocaleThatTheTargetDoesNotShare()
+{
+    ToolFixture tool;
+    tool.environment.codec = QTextCodec::codecForName("ISO-8859-1");
+    const Run run = create(&tool, {"--function", "Gr\xfcn", "Bob", "7", "x"});
+    QCOMPARE(run.code, 0);
+    QVERIFY2(run.err.contains("text: this locale writes texts in ISO-8859-1, but the target reads "
+                              "UTF-8"),
+             run.err);
+    // One byte a letter, of the filler too.
+    QVERIFY(tool.read("top.txt").contains("Function name: Gr\xfcn\n"));
+    QVERIFY(tool.read("top.txt").endsWith("\xef\xbf\xbd"));
+    QVERIFY(tool.read("top.txt").size() >= 2112 && tool.read("top.txt").size() <= 2114);
+    QCOMPARE(tool.run({"verify", tool.argument("top.fcf")}).code, 0);
+    QCOMPARE(create(&tool, {"--force", "--strict"}).code, 2);
+}
+
+void CreateTest::staysQuiet()
+{
+    ToolFixture tool;
+    tool.write("top.bin", "not a bitstream");
+    const Run run = tool.run(Arguments{"create", tool.argument("top.bin"), "--quiet"} +
+                             ToolFixture::described());
+    QCOMPARE(run.code, 0);
+    QCOMPARE(run.out + run.err, QByteArray());
+    QVERIFY(tool.run({"create", tool.argument("top.bin"), "--quiet"}).err.contains("error: "));
+}
+
+void CreateTest::showsProgressAtATerminalOnly()
+{
+    ToolFixture tool;
+    qint64 now = 0;
+    tool.environment.milliseconds = [&now] { return now += 700; };
+    QVERIFY(!create(&tool).err.contains('\r'));
+    tool.environment.errIsTerminal = true;
+    QVERIFY(create(&tool, {"--force"}).err.contains("\rcreate: 100 %\r\033[K"));
+    QVERIFY(!create(&tool, {"--force", "--quiet"}).err.contains('\r'));
+    tool.environment.milliseconds = [] { return 0; };
+    QVERIFY(!create(&tool, {"--force"}).err.contains('\r'));
+}
+
+void CreateTest::fillsThePageToTheByte()
+{
+    ToolFixture tool;
+    create(&tool);
+    const int used = tool.read("top.txt").indexOf("----\n") + 5;
+    const struct {
+        int textEnd;
+        int pageBytes;
+    } pages[] = {{2112, 2112}, {2111, 2117}, {2106, 2112}, {2107, 2113}};
+    for (const auto& page : pages) {
+        Arguments described = ToolFixture::described();
+        described.back() += std::string(static_cast<std::size_t>(page.textEnd - used), 'x');
+        QCOMPARE(
+            tool.run(Arguments{"create", tool.argument("top.bin"), "--force"} + described).code, 0);
+        QCOMPARE(tool.read("top.txt").size(), page.pageBytes);
+        QCOMPARE(tool.read("top.fcf").size(), page.pageBytes + 4000);
+        QCOMPARE(tool.run({"verify", tool.argument("top.fcf")}).code, 0);
+    }
+}
+
+QTEST_GUILESS_MAIN(CreateTest)
+#include "CreateTest.moc"

@@ -1,0 +1,269 @@
+#include "ToolFixture.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QtTest>
+
+namespace {
+
+/// More than what it takes to ask for the count itself.
+constexpr int CountingBytes = 512;
+
+/// What this process has asked the kernel for.
+qint64 bytesReadSoFar()
+{
+    QFile io("/proc/self/io");
+    if (!io.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        qFatal("%s", qPrintable(io.errorString()));
+    return io.read(CountingBytes).split('\n').first().mid(sizeof("rchar:")).toLongLong();
+}
+
+} // namespace
+
+/// What show, recipe and extract give.
+class InspectTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void listsAHeaderForPeople();
+    void listsAHeaderForPrograms();
+    void listsSeveralFilesAndGoesOnAfterABadOne();
+    void listsCodesThatStandForNothing();
+    void letsNoTextAtTheTerminal();
+    void neverReadsThePayload();
+    void readsFromStandardInput();
+    void writesARecipe();
+    void givesNoRecipeForAnUnknownTarget();
+    void extractsThePayload();
+    void extractsNothingFromABadImage();
+    void guardsTheOutputOfAnExtraction();
+    void printsHelpAndVersion();
+};
+
+void InspectTest::listsAHeaderForPeople()
+{
+    ToolFixture tool;
+    ForgedImage image;
+    image.text.replace("Rev B", "Rev B\n\nsecond");
+    tool.write("top.fcf", image.bytes());
+    const Run run = tool.run({"show", tool.argument("top.fcf")});
+    QCOMPARE(run.code, 0);
+    QCOMPARE(run.err, QByteArray());
+    const QByteArray expected = tool.path("top.fcf").toUtf8() +
+                                ": header page of 2112 bytes\n"
+                                "  totalPages     3 pages\n"
+                                "  totalBlocks    0 blocks\n"
+                                "  totalSize      6112 bytes\n"
+                                "  binPages       2 pages\n"
+                                "  binBlocks      0 blocks\n"
+                                "  binFileSize    4000 bytes\n"
+                                "  moduleCode     1 DFE\n"
+                                "  deviceCode     1 Interface_FPGA\n"
+                                "  configNumber   1 slot\n"
+                                "  versionMajor   1 number\n"
+                                "  versionMinor   0 number\n"
+                                "  fileName       top.fcf\n"
+                                "  ciNumber       42\n"
+                                "  author         Ann\n"
+                                "  date           31 May 2024\n"
+                                "  time           13:45:00\n"
+                                "  description    Rev B\n"
+                                "\n"
+                                "                 second\n"
+                                "  functions      1\n"
+                                "  -\n"
+                                "    name           fft\n"
+                                "    author         Bob\n"
+                                "    ciNumber       7\n"
+                                "    description    Spectrum\n";
+    QByteArray found = run.out;
+    found.replace(QByteArray::number(image.page().size()) + " bytes\n", "2112 bytes\n");
+    QCOMPARE(found, expected);
+}
+
+void InspectTest::listsAHeaderForPrograms()
+{
+    ToolFixture tool;
+    const ForgedImage image;
+    tool.write("top.txt", image.page());
+    const QJsonObject json = tool.run({"show", tool.argument("top.txt"), "--json"}).json();
+    QCOMPARE(json["schema"].toInt(), 1);
+    QCOMPARE(json["command"].toString(), QString("show"));
+    const QJsonObject file = json["files"].toArray()[0].toObject();
+    QCOMPARE(file["headerBytes"].toInt(), image.page().size());
+    const QJsonObject expected{
+        {"totalPages", 3},
+        {"totalBlocks", 0},
+        {"totalSize", 6112},
+        {"binPages", 2},
+        {"binBlocks", 0},
+        {"binFileSize", 4000},
+        {"moduleCode", 1},
+        {"deviceCode", 1},
+        {"configNumber", 1},
+        {"versionMajor", 1},
+        {"versionMinor", 0},
+        {"fileName", "top.fcf"},
+        {"ciNumber", "42"},
+        {"author", "Ann"},
+        {"date", "31 May 2024"},
+        {"time", "13:45:00"},
+        {"description", "Rev B"},
+        {"functions",
+         QJsonArray{QJsonObject{
+             {"name", "fft"}, {"author", "Bob"}, {"ciNumber", "7"}, {"description", "Spectrum"}}}}};
+    QCOMPARE(file["header"].toObject(), expected);
+}
+
+void InspectTest::listsSeveralFilesAndGoesOnAfterABadOne()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    tool.write("bad.fcf", "bad");
+    const Run run = tool.run({"show", tool.argument("bad.fcf"), tool.argument("top.fcf"),
+                              tool.argument("none.fcf"), tool.argument("top.txt")});
+    QCOMPARE(run.code, 3);
+    QCOMPARE(run.out.count(": header page of "), 2);
+    QCOMPARE(run.err.count('\n'), 2);
+    QVERIFY2(run.err.contains("bad.fcf: is no FCF header page: it ends before the text"), run.err);
+    QCOMPARE(tool.run({"show", tool.argument("bad.fcf")}).code, 1);
+}
+
+void InspectTest::listsCodesThatStandForNothing()
+{
+    ToolFixture tool;
+    ForgedImage image;
+    image.numbers[6] = 5;
+    tool.write("top.fcf", image.bytes());
+    const Run run = tool.run({"show", tool.argument("top.fcf")});
+    QCOMPARE(run.code, 0);
+    QVERIFY(run.out.contains("  moduleCode     5 unknown\n"));
+}
+
+void InspectTest::letsNoTextAtTheTerminal()
+{
+    ToolFixture tool;
+    ForgedImage image;
+    image.text.replace("Ann", "\x1b[2J\u202eAnn");
+    tool.write("top.fcf", image.bytes());
+    const Run run = tool.run({"show", tool.argument("top.fcf")});
+    QVERIFY(run.out.contains("  author         \\u001b[2J\\u202eAnn\n"));
+}
+
+void InspectTest::neverReadsThePayload()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    for (const char* const command : {"show", "recipe"}) {
+        const qint64 before = bytesReadSoFar();
+        QCOMPARE(tool.run({command, tool.argument("top.fcf")}).code, 0);
+        const qint64 bytes = bytesReadSoFar() - before;
+        // The page, and the numbers at its start once more to see that the file can be read.
+        QVERIFY2(bytes >= 2112 && bytes <= 2112 + 64 + CountingBytes,
+                 qPrintable(QString::number(bytes)));
+    }
+}
+
+void InspectTest::readsFromStandardInput()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    tool.in = tool.read("top.fcf");
+    QVERIFY(tool.run({"show", "-"}).out.startsWith("standard input: header page of "));
+    QCOMPARE(tool.run({"recipe", "-"}).code, 0);
+    QCOMPARE(tool.run({"extract", "-", "--output", "-"}).out, tool.read("top.bin"));
+}
+
+void InspectTest::writesARecipe()
+{
+    ToolFixture tool;
+    tool.write("top.fcf", ForgedImage().bytes());
+    const QJsonObject expected{
+        {"recipe", 1},
+        {"author", "Ann"},
+        {"ciNumber", "42"},
+        {"module", "DFE"},
+        {"device", "Interface_FPGA"},
+        {"configNumber", 1},
+        {"version", QJsonObject{{"major", 1}, {"minor", 0}}},
+        {"description", "Rev B"},
+        {"functions",
+         QJsonArray{QJsonObject{
+             {"name", "fft"}, {"author", "Bob"}, {"ciNumber", "7"}, {"description", "Spectrum"}}}}};
+    QCOMPARE(tool.run({"recipe", tool.argument("top.fcf")}).json(), expected);
+    QCOMPARE(tool.run({"recipe", tool.argument("top.fcf"), "--json"}).json(), expected);
+}
+
+void InspectTest::givesNoRecipeForAnUnknownTarget()
+{
+    ToolFixture tool;
+    ForgedImage image;
+    image.numbers[7] = 16;
+    tool.write("top.fcf", image.bytes());
+    const Run run = tool.run({"recipe", tool.argument("top.fcf")});
+    QCOMPARE(run.code, 1);
+    QCOMPARE(run.out, QByteArray());
+    QVERIFY(run.err.contains("moduleCode: 1 with device code 16 stands for no target"));
+}
+
+void InspectTest::extractsThePayload()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    const Run run = tool.run(
+        {"extract", tool.argument("top.fcf"), "--output", tool.argument("out.bin"), "--json"});
+    QCOMPARE(run.code, 0);
+    QCOMPARE(run.json()["payloadBytes"].toInt(), 4000);
+    QCOMPARE(run.json()["payload"].toString(), tool.path("out.bin"));
+    QCOMPARE(tool.read("out.bin"), tool.read("top.bin"));
+    QCOMPARE(tool.names(), QStringList({"out.bin", "top.bin", "top.fcf", "top.txt"}));
+}
+
+void InspectTest::extractsNothingFromABadImage()
+{
+    ToolFixture tool;
+    ForgedImage image;
+    image.payload.chop(1);
+    tool.write("top.fcf", image.bytes());
+    tool.write("out.bin", "old");
+    const Run run = tool.run(
+        {"extract", tool.argument("top.fcf"), "--output", tool.argument("out.bin"), "--force"});
+    QCOMPARE(run.code, 1);
+    QVERIFY2(run.err.contains("binFileSize at offset 20: does not agree with a payload of 3999 "
+                              "bytes; expected 3999, found 4000"),
+             run.err);
+    QCOMPARE(tool.read("out.bin"), QByteArray("old"));
+}
+
+void InspectTest::guardsTheOutputOfAnExtraction()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    const Arguments extract{"extract", tool.argument("top.fcf"), "--output",
+                            tool.argument("out.bin")};
+    tool.write("out.bin", "old");
+    QCOMPARE(tool.run(extract).code, 4);
+    QCOMPARE(tool.read("out.bin"), QByteArray("old"));
+    QCOMPARE(tool.run(extract + Arguments{"--force"}).code, 0);
+    QCOMPARE(tool.read("out.bin"), tool.read("top.bin"));
+    const Run refused = tool.run({"extract", tool.argument("top.fcf"), "--output",
+                                  std::string(UnwritableFolder) + "/out.bin"});
+    QCOMPARE(refused.code, 3);
+    QVERIFY2(refused.err.contains("out.bin: --output: cannot be written: "), refused.err);
+}
+
+void InspectTest::printsHelpAndVersion()
+{
+    ToolFixture tool;
+    for (const Arguments& arguments :
+         {Arguments{"--help"}, Arguments{"create", "--help"}, Arguments{"verify", "--help"}}) {
+        const Run run = tool.run(arguments);
+        QCOMPARE(run.code, 0);
+        QVERIFY(run.out.contains("Usage: pelk-fcf") && run.out.contains("Exit codes: 0 done"));
+        QCOMPARE(run.err, QByteArray());
+    }
+    QVERIFY(tool.run({"--version"}).out.startsWith("pelk-fcf 2."));
+}
+
+QTEST_GUILESS_MAIN(InspectTest)
+#include "InspectTest.moc"

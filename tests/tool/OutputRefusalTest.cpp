@@ -1,0 +1,123 @@
+#include "ToolFixture.h"
+
+#include <QFile>
+#include <QtTest>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+/// Outputs that are refused, with text and exit code, and that nothing is touched by it.
+class OutputRefusalTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void refusesAnOutput_data();
+    void refusesAnOutput();
+    void refusesTheInputAsOutputUnderAnyName_data();
+    void refusesTheInputAsOutputUnderAnyName();
+};
+
+void OutputRefusalTest::refusesAnOutput_data()
+{
+    QTest::addColumn<QString>("output");
+    QTest::addColumn<bool>("force");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("code");
+    QTest::newRow("an image that exists")
+        << "old.fcf" << false << "old.fcf: --output: exists already; --force replaces it" << 4;
+    QTest::newRow("a companion that exists")
+        << "half.fcf" << false << "half.txt: --output: exists already" << 4;
+    QTest::newRow("a link into nothing")
+        << "link.fcf" << false << "link.fcf: --output: exists" << 4;
+    QTest::newRow("a folder") << "folder.fcf" << true << "folder.fcf: --output: is a folder" << 2;
+    QTest::newRow("a pipe") << "pipe.fcf" << true << "pipe.fcf: --output: is not a file" << 2;
+    QTest::newRow("another ending")
+        << "image.bin" << true << "image.bin: --output: the name of an image ends with .fcf" << 2;
+    QTest::newRow("a missing folder")
+        << "none/a.fcf" << true << "none/a.fcf: --output: cannot be written: No such file" << 3;
+    QTest::newRow("a folder that is a file")
+        << "top.bin/a.fcf" << true << "a.fcf: --output: cannot be written: Not a directory" << 3;
+    QTest::newRow("a folder that takes no files") << QString(UnwritableFolder) + "/a.fcf" << true
+                                                  << "a.fcf: --output: cannot be written: " << 3;
+    QTest::newRow("a name that is too long")
+        << QString(250, 'x') + ".fcf" << true << "cannot be written: File name too long" << 3;
+    QTest::newRow("a name with a line break")
+        << "a\nb.fcf" << true << "fileName: holds a line break" << 2;
+}
+
+void OutputRefusalTest::refusesAnOutput()
+{
+    QFETCH(QString, output);
+    QFETCH(bool, force);
+    QFETCH(QString, text);
+    QFETCH(int, code);
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(100));
+    tool.write("old.fcf", "old");
+    tool.write("half.txt", "old");
+    QVERIFY(QFile::link("nowhere", tool.path("link.fcf")));
+    QVERIFY(QDir().mkdir(tool.path("folder.fcf")));
+    QCOMPARE(::mkfifo(tool.argument("pipe.fcf").c_str(), 0600), 0);
+    const QStringList before = tool.names();
+
+    const Run run =
+        tool.run(Arguments{"create", tool.argument("top.bin"), "--output", tool.argument(output)} +
+                 ToolFixture::described() + (force ? Arguments{"--force"} : Arguments()));
+    QVERIFY2(run.err.contains(text.toUtf8()), run.err);
+    QCOMPARE(run.code, code);
+    QCOMPARE(tool.names(), before);
+    QCOMPARE(tool.read("old.fcf"), QByteArray("old"));
+    QCOMPARE(tool.read("half.txt"), QByteArray("old"));
+}
+
+void OutputRefusalTest::refusesTheInputAsOutputUnderAnyName_data()
+{
+    QTest::addColumn<QString>("binary");
+    QTest::addColumn<QString>("output");
+    QTest::newRow("the same name") << "a.fcf"
+                                   << "a.fcf";
+    QTest::newRow("another way to it") << "a.fcf"
+                                       << "./folder/../a.fcf";
+    QTest::newRow("a hard link") << "a.fcf"
+                                 << "hard.fcf";
+    QTest::newRow("a symbolic link") << "a.fcf"
+                                     << "soft.fcf";
+    QTest::newRow("a symbolic link as the input") << "soft.fcf"
+                                                  << "a.fcf";
+    QTest::newRow("as the companion") << "b.txt"
+                                      << "b.fcf";
+    QTest::newRow("as a temporary file") << ".c.fcf.pelk-fcf"
+                                         << "c.fcf";
+}
+
+void OutputRefusalTest::refusesTheInputAsOutputUnderAnyName()
+{
+    QFETCH(QString, binary);
+    QFETCH(QString, output);
+    ToolFixture tool;
+    const QByteArray bytes = ToolFixture::payload(100);
+    tool.write("a.fcf", bytes);
+    tool.write("b.txt", bytes);
+    tool.write(".c.fcf.pelk-fcf", bytes);
+    QVERIFY(QDir().mkdir(tool.path("folder")));
+    QCOMPARE(::link(tool.argument("a.fcf").c_str(), tool.argument("hard.fcf").c_str()), 0);
+    QVERIFY(QFile::link("a.fcf", tool.path("soft.fcf")));
+
+    const Run run = tool.run(
+        Arguments{"create", tool.argument(binary), "--output", tool.argument(output), "--force"} +
+        ToolFixture::described());
+    QVERIFY2(run.err.contains("--output: is the input itself"), run.err);
+    QCOMPARE(run.code, 2);
+    QCOMPARE(tool.read(binary), bytes);
+
+    // The same holds for what is taken out of an image.
+    tool.makeImage();
+    const QByteArray image = tool.read("top.fcf");
+    const Run extracted = tool.run({"extract", tool.argument("top.fcf"), "--output",
+                                    tool.argument("./folder/../top.fcf"), "--force"});
+    QCOMPARE(extracted.code, 2);
+    QCOMPARE(tool.read("top.fcf"), image);
+}
+
+QTEST_GUILESS_MAIN(OutputRefusalTest)
+#include "OutputRefusalTest.moc"

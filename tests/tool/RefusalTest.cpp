@@ -1,0 +1,373 @@
+#include "ToolFixture.h"
+
+#include "tool/Checker.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTextCodec>
+#include <QtTest>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+/// What create and the other commands refuse, with their text and exit code, and that nothing is
+/// touched by it.
+class RefusalTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void refusesWhatCannotBeBuilt_data();
+    void refusesWhatCannotBeBuilt();
+    void refusesABinary_data();
+    void refusesABinary();
+    void knowsTheLargestBinary();
+    void refusesALocaleThatHasNoSuchLetter();
+    void refusesArgumentsThatAreNoText();
+    void tellsByHowMuchAHeaderIsTooLong();
+    void refusesAnotherBuild_data();
+    void refusesAnotherBuild();
+    void refusesAMalformedSourceDateEpoch_data();
+    void refusesAMalformedSourceDateEpoch();
+    void refusesWrongUsage_data();
+    void refusesWrongUsage();
+    void reportsARefusalAsJson();
+    void namesEveryReasonAtOnce();
+};
+
+void RefusalTest::refusesWhatCannotBeBuilt_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("text");
+
+    const auto row = [](const char* name, const char* option, const QString& value,
+                        const char* text) { QTest::newRow(name) << option << value << text; };
+    row("no author", "--author", "", "author: is missing: give --author");
+    row("no CI number", "--ci", "", "ciNumber: is missing: give --ci");
+    row("an unknown module", "--module", "dfe",
+        "module: \"dfe\" is none of \"DFE\", \"DFE2\", \"GPM\"");
+    row("another module's device", "--device", "Processing_FPGA_2",
+        "device: \"Processing_FPGA_2\" is no device of module DFE");
+    row("slot 0", "--config", "0", "configNumber: 0 is no slot from 1 to 10");
+    row("slot 11", "--config", "11", "configNumber: 11 is no slot from 1 to 10");
+    row("a slot that is no number", "--config", "1x", "--config: \"1x\" is not a number");
+    row("a slot with a blank", "--config", " 1", "--config: \" 1\" is not a number");
+    row("a slot beyond 32 bits", "--config", "4294967297", "--config: \"4294967297\" is not a");
+    row("an empty version", "--version", "", "--version: \"\" is not two numbers like 1.12");
+    row("a version of one number", "--version", "1", "--version: \"1\" is not two numbers");
+    row("a version of three", "--version", "1.2.3", "--version: \"1.2.3\" is not two numbers");
+    row("a version with letters", "--version", "1.b", "--version: \"1.b\" is not two numbers");
+    row("a version beyond 32 bits", "--version", "1.2147483648", "is not two numbers");
+    row("an author of two lines", "--author", "A\nB", "author: holds a line break");
+    row("a carriage return", "--ci", "4\r2", "ciNumber: holds a line break");
+    row("a control character", "--author", "A\x1b[2J",
+        "author: holds the control character \\u001b");
+    row("a mark in the description", "--description", "a --- b", "description: holds \"---\"");
+    row("a mark on its own line", "--description", "a\n---\nb", "description: holds \"---\"");
+    row("a carriage return in the description", "--description", "a\r\nb",
+        "description: holds a line break");
+    row("a malformed time", "--date-time", "2024-05-31 13:45", "--date-time: \"2024-05-31 13:45\"");
+    row("a day that is not", "--date-time", "2024-02-30T00:00:00", "is not a date and time like");
+    row("an unknown date format", "--date-format", "us",
+        "--date-format: \"us\" is neither \"locale\" nor \"iso\"");
+    row("a missing description file", "--description", "@/no/such/file",
+        "/no/such/file: --description: cannot be read");
+}
+
+void RefusalTest::refusesWhatCannotBeBuilt()
+{
+    QFETCH(QString, option);
+    QFETCH(QString, value);
+    QFETCH(QString, text);
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(100));
+    Arguments described = ToolFixture::described();
+    const auto given = std::find(described.begin(), described.end(), option.toStdString());
+    if (given != described.end())
+        *(given + 1) = value.toStdString();
+    else
+        described = described + Arguments{option.toStdString(), value.toStdString()};
+
+    const Run run = tool.run(Arguments{"create", tool.argument("top.bin")} + described);
+    QVERIFY2(run.err.contains(text.toUtf8()), run.err);
+    QCOMPARE(run.code, value == "@/no/such/file" ? 3 : 2);
+    QCOMPARE(run.out, QByteArray());
+    QCOMPARE(tool.names(), QStringList("top.bin"));
+}
+
+void RefusalTest::refusesABinary_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("code");
+    QTest::newRow("missing") << "none.bin"
+                             << "none.bin: BIN: cannot be read: No such file" << 3;
+    QTest::newRow("empty") << "empty.bin"
+                           << "empty.bin: binFileSize: the binary is empty" << 2;
+    QTest::newRow("a folder") << "folder.bin"
+                              << "folder.bin: BIN: cannot be read: it is a folder" << 3;
+    QTest::newRow("a device") << "device.bin"
+                              << "device.bin: BIN: cannot be read: it is a device" << 3;
+    QTest::newRow("2 GiB less a page") << "huge.bin"
+                                       << "huge.bin: binFileSize: the binary is too "
+                                          "large: a size field holds no more than "
+                                          "2147481535 bytes"
+                                       << 2;
+    QTest::newRow("a name without .bin")
+        << "top.dat"
+        << "top.dat: --output: is missing: only a name that ends with .bin" << 2;
+    QTest::newRow("standard input without an output")
+        << "-"
+        << "standard input: --output: is missing" << 2;
+}
+
+void RefusalTest::refusesABinary()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, text);
+    QFETCH(int, code);
+    ToolFixture tool;
+    tool.in = ToolFixture::payload(100);
+    tool.write("top.dat", ToolFixture::payload(100));
+    tool.write("empty.bin", QByteArray());
+    QVERIFY(QDir().mkdir(tool.path("folder.bin")));
+    QVERIFY(QFile::link("/dev/zero", tool.path("device.bin")));
+    tool.write("huge.bin", ToolFixture::payload(100));
+    QCOMPARE(::truncate(tool.argument("huge.bin").c_str(), 2147483648L - 2112), 0);
+    const QStringList before = tool.names();
+
+    const std::string binary = name == "-" ? "-" : tool.argument(name);
+    const Run run = tool.run(Arguments{"create", binary, "--force"} + ToolFixture::described());
+    QVERIFY2(run.err.contains(text.toUtf8()), run.err);
+    QCOMPARE(run.code, code);
+    QCOMPARE(tool.names(), before);
+}
+
+void RefusalTest::knowsTheLargestBinary()
+{
+    ToolFixture tool;
+    Session session(&tool.environment, "create");
+    Checker(&session, "a.bin").checkBinarySize(2147483647 - 2112);
+    QVERIFY(!session.findings.hasErrors());
+    Checker(&session, "a.bin").checkBinarySize(2147483648 - 2112);
+    QVERIFY(session.findings.exitCode() == ExitCode::Refused);
+}
+
+void RefusalTest::refusesALocaleThatHasNoSuchLetter()
+{
+    ToolFixture tool;
+    tool.environment.codec = QTextCodec::codecForName("ISO-8859-1");
+    tool.write("top.bin", ToolFixture::payload(100));
+    tool.write("like.json", "{\"recipe\": 1, \"description\": \"\\u0416\"}");
+    Arguments described = ToolFixture::described();
+    described.resize(described.size() - 2);
+    const Run run = tool.run(
+        Arguments{"create", tool.argument("top.bin"), "--like", tool.argument("like.json")} +
+        described);
+    QCOMPARE(run.code, 2);
+    QVERIFY2(run.err.contains("description: cannot be encoded in this locale's ISO-8859-1"),
+             run.err);
+    QCOMPARE(tool.names(), QStringList({"like.json", "top.bin"}));
+}
+
+void RefusalTest::refusesArgumentsThatAreNoText()
+{
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(100));
+    Arguments described = ToolFixture::described();
+    described.back() = "gr\xfcn";
+    const Run text = tool.run(Arguments{"create", tool.argument("top.bin")} + described);
+    QCOMPARE(text.code, 2);
+    QVERIFY2(text.err.contains("is not text in the encoding of this locale, UTF-8"), text.err);
+
+    const Run name = tool.run({"create", tool.argument("gr") + "\xfcn.bin"});
+    QCOMPARE(name.code, 2);
+    QVERIFY2(name.err.contains("BIN: the name is not text in the encoding"), name.err);
+    QCOMPARE(tool.run({"show", ""}).code, 2);
+    QCOMPARE(tool.names(), QStringList("top.bin"));
+}
+
+void RefusalTest::tellsByHowMuchAHeaderIsTooLong()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    const int used = tool.read("top.txt").indexOf("----\n") + 5;
+    const QByteArray before = tool.read("top.fcf");
+    Arguments described = ToolFixture::described();
+    // A letter of two bytes each.
+    for (int count = (2112 - used) / 2 + 1; count > 0; --count)
+        described.back() += "ä";
+    const int excess = used + 2 * ((2112 - used) / 2 + 1) - 2112;
+    const Run run = tool.run(Arguments{"create", tool.argument("top.bin"), "--force"} + described);
+    QCOMPARE(run.code, 2);
+    const QByteArray text = "the header text is too long by " + QByteArray::number(excess) +
+                            " bytes; the largest fields are description (" +
+                            QByteArray::number(5 + 2 * ((2112 - used) / 2 + 1)) + " bytes), ";
+    QVERIFY2(run.err.contains(text), run.err);
+    QCOMPARE(tool.read("top.fcf"), before);
+}
+
+void RefusalTest::refusesAnotherBuild_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("text");
+    const auto recipe = [](const char* name, const QByteArray& json, const char* text) {
+        QTest::newRow(name) << "like.json" << json << text;
+    };
+    QTest::newRow("an unknown ending")
+        << "like.xml" << QByteArray("<x/>") << "ends with neither .fcf, .txt nor .json";
+    QTest::newRow("an image that is none")
+        << "like.fcf" << QByteArray(3000, 'x') << "like.fcf: offset 64: is not what an FCF header";
+    QTest::newRow("an empty companion") << "like.txt" << QByteArray() << "is no FCF header page";
+    recipe("no JSON", "{", "like.json: is not JSON: ");
+    recipe("no object", "[]", "recipe: is missing: this is not a recipe");
+    recipe("another object", "{\"author\": \"Ann\"}", "recipe: is missing: this is not a recipe");
+    recipe("a later recipe", "{\"recipe\": 2}", "recipe: is 2, but only 1 is known");
+    recipe("an unknown name", "{\"recipe\": 1, \"autor\": \"\"}",
+           "autor: is not known in a recipe");
+    recipe("a number for a text", "{\"recipe\": 1, \"author\": 5}", "author: is not a text");
+    recipe("a text for a number", "{\"recipe\": 1, \"configNumber\": \"5\"}",
+           "configNumber: is not a whole number of 32 bits");
+    recipe("a fraction", "{\"recipe\": 1, \"configNumber\": 1.5}", "configNumber: is not a whole");
+    recipe("a large number", "{\"recipe\": 1, \"configNumber\": 4294967297}",
+           "configNumber: is not a whole number");
+    recipe("half a version", "{\"recipe\": 1, \"version\": {\"major\": 1}}",
+           "version.minor: is missing");
+    recipe("a version of another kind", "{\"recipe\": 1, \"version\": \"1.0\"}",
+           "version.major: is missing");
+    recipe("functions that are no list", "{\"recipe\": 1, \"functions\": {}}",
+           "functions: is not a list");
+    recipe("half a function", "{\"recipe\": 1, \"functions\": [{\"name\": \"\"}]}",
+           "functions[0].author: is missing");
+    recipe("a function of other names",
+           "{\"recipe\": 1, \"functions\": [{\"name\": \"\", \"author\": \"\", \"ciNumber\": \"\", "
+           "\"description\": \"\", \"x\": 1}]}",
+           "functions[0].x: is not known in a recipe");
+    recipe("half a letter", "{\"recipe\": 1, \"author\": \"\\ud800\"}",
+           "author: cannot be encoded in this locale's UTF-8");
+    recipe("a large recipe", QByteArray(1024 * 1024 + 1, ' '), "has more than 1048576 bytes");
+}
+
+void RefusalTest::refusesAnotherBuild()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, text);
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(100));
+    tool.write(name, bytes);
+    Arguments described = ToolFixture::described();
+    described.erase(described.begin(), described.begin() + 2);
+    const Run run = tool.run(
+        Arguments{"create", tool.argument("top.bin"), "--like", tool.argument(name)} + described);
+    QVERIFY2(run.err.contains(text.toUtf8()), run.err);
+    QCOMPARE(run.code, 2);
+    QCOMPARE(tool.names().size(), 2);
+}
+
+void RefusalTest::refusesAMalformedSourceDateEpoch_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::newRow("empty") << QByteArray("");
+    QTest::newRow("a date") << QByteArray("2024-05-31");
+    QTest::newRow("negative") << QByteArray("-1");
+    QTest::newRow("with a blank") << QByteArray("1 ");
+    QTest::newRow("with a line feed") << QByteArray("1\n");
+    QTest::newRow("after the year 9999") << QByteArray("253402300800");
+    QTest::newRow("beyond 64 bits") << QByteArray("99999999999999999999");
+}
+
+void RefusalTest::refusesAMalformedSourceDateEpoch()
+{
+    QFETCH(QByteArray, value);
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(100));
+    tool.environment.sourceDateEpoch = value;
+    const Run run = tool.run(
+        Arguments{"create", tool.argument("top.bin"), "--date-time", "2024-05-31T00:00:00"} +
+        ToolFixture::described());
+    QVERIFY2(run.err.contains("SOURCE_DATE_EPOCH: \""), run.err);
+    QVERIFY2(run.err.contains("is not a number of seconds since 1970"), run.err);
+    QCOMPARE(run.code, 2);
+    QCOMPARE(tool.names(), QStringList("top.bin"));
+}
+
+void RefusalTest::refusesWrongUsage_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("nothing") << QStringList() << "is required";
+    QTest::newRow("an unknown command") << QStringList({"make"}) << "make";
+    QTest::newRow("an unknown option") << QStringList({"show", "--all", "a.fcf"}) << "--all";
+    QTest::newRow("an option without its value")
+        << QStringList({"create", "a.bin", "--author"}) << "--author";
+    QTest::newRow("an option twice")
+        << QStringList({"create", "a.bin", "--author", "A", "--author", "B"}) << "--author";
+    QTest::newRow("a function of three texts")
+        << QStringList({"create", "a.bin", "--function", "a", "b", "c"}) << "--function";
+    QTest::newRow("two binaries") << QStringList({"create", "a.bin", "b.bin"}) << "b.bin";
+    QTest::newRow("no file") << QStringList({"verify"}) << "FILE is required";
+    QTest::newRow("no output") << QStringList({"extract", "a.fcf"}) << "--output is required";
+    QTest::newRow("one binary for two images")
+        << QStringList({"verify", "a.fcf", "b.fcf", "--bin", "a.bin"}) << "are about one file";
+    QTest::newRow("an unknown type") << QStringList({"verify", "a.fcf", "--type", "text"})
+                                     << "--type: is neither \"image\" nor \"companion\"";
+    QTest::newRow("a type that cannot be told")
+        << QStringList({"verify", "a.img"}) << "--type: is missing: the name ends with neither";
+    QTest::newRow("standard input twice")
+        << QStringList({"create", "-", "--like", "-"}) << "it can be read only once";
+    QTest::newRow("a companion on standard output")
+        << QStringList({"create", "top.bin", "--output", "-"}) << "give --no-companion as well";
+    QTest::newRow("a digest on standard output")
+        << QStringList({"create", "top.bin", "--output", "-", "--no-companion", "--digest"})
+        << "--digest and --json need a file";
+    QTest::newRow("JSON and a payload")
+        << QStringList({"extract", "top.bin", "--output", "-", "--json"}) << "--json needs a file";
+}
+
+void RefusalTest::refusesWrongUsage()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, text);
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(100));
+    Arguments given;
+    for (const QString& argument : arguments)
+        given.push_back(argument == "top.bin" ? tool.argument(argument) : argument.toStdString());
+    const Run run = tool.run(given);
+    QVERIFY2(run.err.startsWith("pelk-fcf: error: ") && run.err.contains(text.toUtf8()), run.err);
+    QCOMPARE(run.code, 2);
+    QCOMPARE(run.out, QByteArray());
+}
+
+void RefusalTest::reportsARefusalAsJson()
+{
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(100));
+    Run run = tool.run({"create", tool.argument("top.bin"), "--json"});
+    QCOMPARE(run.json()["exitCode"].toInt(), 2);
+    const QJsonObject finding = run.finding("author");
+    QCOMPARE(finding["severity"].toString(), QString("error"));
+    QCOMPARE(finding["file"].toString(), tool.path("top.bin"));
+    QCOMPARE(finding["reason"].toString(), QString("is missing: give --author"));
+    run = tool.run({"create", "--json", "--nonsense"});
+    QCOMPARE(run.json()["exitCode"].toInt(), 2);
+    QCOMPARE(run.json()["schema"].toInt(), 1);
+}
+
+void RefusalTest::namesEveryReasonAtOnce()
+{
+    ToolFixture tool;
+    tool.write("empty.bin", QByteArray());
+    tool.write("empty.fcf", "old");
+    const Run run = tool.run({"create", tool.argument("empty.bin"), "--author", "A\nB", "--module",
+                              "X", "--config", "12", "--json"});
+    for (const char* const field :
+         {"author", "ciNumber", "module", "configNumber", "version", "binFileSize", "--output"})
+        QVERIFY2(!run.finding(field).isEmpty(), field);
+    QCOMPARE(run.code, 2);
+}
+
+QTEST_GUILESS_MAIN(RefusalTest)
+#include "RefusalTest.moc"

@@ -1,0 +1,139 @@
+#include "ToolFixture.h"
+
+#include "tool/CommandLine.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QtEndian>
+#include <QTextCodec>
+
+// Below a file of the kernel nothing can be made, whoever asks.
+const char* const UnwritableFolder = "/proc/sys";
+
+Arguments operator+(Arguments left, const Arguments& right)
+{
+    left.insert(left.end(), right.begin(), right.end());
+    return left;
+}
+
+QJsonObject Run::json() const { return QJsonDocument::fromJson(out).object(); }
+
+QJsonObject Run::finding(const QString& field) const
+{
+    QJsonObject found;
+    int count = 0;
+    for (const auto& value : json()["findings"].toArray()) {
+        if (value.toObject()["field"].toString() != field)
+            continue;
+        found = value.toObject();
+        ++count;
+    }
+    return count == 1 ? found : QJsonObject();
+}
+
+ToolFixture::ToolFixture()
+{
+    environment.clock = [] { return QDateTime({2024, 5, 31}, {13, 45, 0}); };
+    environment.milliseconds = [] { return 0; };
+    environment.codec = QTextCodec::codecForName("UTF-8");
+}
+
+Run ToolFixture::run(const Arguments& arguments)
+{
+    QBuffer input(&in);
+    QBuffer output;
+    QBuffer error;
+    input.open(QIODevice::ReadOnly);
+    output.open(QIODevice::WriteOnly);
+    error.open(QIODevice::WriteOnly);
+    environment.in = &input;
+    environment.out = &output;
+    environment.err = &error;
+    Run run;
+    run.code = runCommandLine(arguments, &environment);
+    run.out = output.data();
+    run.err = error.data();
+    return run;
+}
+
+std::string ToolFixture::argument(const QString& name) const
+{
+    return QFile::encodeName(path(name)).toStdString();
+}
+
+void ToolFixture::write(const QString& name, const QByteArray& bytes) const
+{
+    QFile file(path(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())
+        qFatal("%s: %s", qPrintable(path(name)), qPrintable(file.errorString()));
+}
+
+QByteArray ToolFixture::read(const QString& name) const
+{
+    QFile file(path(name));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("%s: %s", qPrintable(path(name)), qPrintable(file.errorString()));
+    return file.readAll();
+}
+
+bool ToolFixture::exists(const QString& name) const { return QFile::exists(path(name)); }
+
+QStringList ToolFixture::names() const
+{
+    return QDir(m_folder.path())
+        .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                   QDir::Name);
+}
+
+Arguments ToolFixture::described()
+{
+    return {"--author",  "Ann",      "--ci",           "42",       "--module",
+            "DFE",       "--device", "Interface_FPGA", "--config", "1",
+            "--version", "1.0",      "--description",  "Rev B"};
+}
+
+void ToolFixture::makeImage()
+{
+    write("top.bin", payload(4000));
+    const Run made = run(Arguments{"create", argument("top.bin"), "--force"} + described());
+    if (made.code != 0)
+        qFatal("%s", made.err.constData());
+}
+
+QByteArray ToolFixture::payload(int size)
+{
+    QByteArray bytes = QByteArray(16, '\xff') + QByteArray::fromHex("aa995566");
+    quint32 noise = 1;
+    while (bytes.size() < size) {
+        noise = noise * 1664525u + 1013904223u;
+        bytes += static_cast<char>(noise >> 24);
+    }
+    return bytes.left(size);
+}
+
+ForgedImage::ForgedImage() : payload(ToolFixture::payload(4000)) {}
+
+QByteArray ForgedImage::preamble() const
+{
+    QByteArray bytes;
+    const auto append = [&bytes](quint32 word) {
+        for (int shift = 24; shift >= 0; shift -= 8)
+            bytes += static_cast<char>(word >> shift);
+    };
+    for (const qint32 number : numbers)
+        append(static_cast<quint32>(number));
+    for (const quint32 word : reserved)
+        append(word);
+    return bytes;
+}
+
+QByteArray ForgedImage::page() const
+{
+    QByteArray bytes = preamble() + lineFeed + text;
+    while (bytes.size() < 2112)
+        bytes += QByteArray::fromHex("c3afc2bfc2bd");
+    return bytes;
+}

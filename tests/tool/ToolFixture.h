@@ -1,0 +1,83 @@
+#ifndef TESTS_TOOL_TOOLFIXTURE_H
+#define TESTS_TOOL_TOOLFIXTURE_H
+
+#include "tool/Session.h"
+
+#include <QByteArray>
+#include <QDir>
+#include <QJsonObject>
+#include <QString>
+#include <QTemporaryDir>
+
+#include <string>
+#include <vector>
+
+/// How one run of the tool went.
+struct Run {
+    int code = -1;
+    QByteArray out;
+    QByteArray err;
+
+    QJsonObject json() const;
+    /// The one finding about \p field; an empty object when there are none or several.
+    QJsonObject finding(const QString& field) const;
+};
+
+using Arguments = std::vector<std::string>;
+
+Arguments operator+(Arguments left, const Arguments& right);
+
+/// A folder of its own, and the tool run in this process at a fixed time.
+class ToolFixture {
+public:
+    ToolFixture();
+
+    Run run(const Arguments& arguments);
+
+    /// The path of \p name in the folder; one that is absolute already stays.
+    QString path(const QString& name) const { return QDir(m_folder.path()).filePath(name); }
+    std::string argument(const QString& name) const;
+
+    void write(const QString& name, const QByteArray& bytes) const;
+    QByteArray read(const QString& name) const;
+    bool exists(const QString& name) const;
+    /// All names in the folder, hidden ones too, sorted.
+    QStringList names() const;
+
+    /// Everything that create wants to be told.
+    static Arguments described();
+    /// Makes "top.bin" and of it "top.fcf" and "top.txt".
+    void makeImage();
+
+    /// Bytes with a sync word near their start, \p size of them.
+    static QByteArray payload(int size);
+
+    Environment environment;
+    QByteArray in;
+
+private:
+    QTemporaryDir m_folder;
+};
+
+/// A folder in which even the administrator cannot make files.
+extern const char* const UnwritableFolder;
+
+/// Writes images byte by byte without any of the code under test, so that each can lie.
+struct ForgedImage {
+    qint32 numbers[11] = {3, 0, 6112, 2, 0, 4000, 1, 1, 1, 1, 0};
+    quint32 reserved[5] = {0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF};
+    QByteArray lineFeed = "\n";
+    QByteArray text = "Filename: top.fcf\nCI No: 42\nAuthor: Ann\nDate: 31 May 2024\n"
+                      "Time: 13:45:00\nDescription: Rev B\n---\n"
+                      "Function name: fft\nFunction author: Bob\nFunction CI No: 7\n"
+                      "Function description: Spectrum\n---\n----\n";
+    QByteArray payload;
+
+    ForgedImage();
+    QByteArray preamble() const;
+    /// Preamble, text and filler.
+    QByteArray page() const;
+    QByteArray bytes() const { return page() + payload; }
+};
+
+#endif

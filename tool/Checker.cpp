@@ -1,0 +1,121 @@
+#include "Checker.h"
+
+#include "fcf/FcfLayout.h"
+#include "fcf/FcfTarget.h"
+#include "fcf/FcfWriter.h"
+#include "tool/Build.h"
+#include "tool/Session.h"
+#include "tool/TextRules.h"
+
+#include <QTextCodec>
+
+namespace {
+
+QString quotedList(const QStringList& names)
+{
+    return QLatin1Char('"') + names.join(QStringLiteral("\", \"")) + QLatin1Char('"');
+}
+
+QString missing(const char* option) { return QStringLiteral("is missing: give %1").arg(option); }
+
+constexpr int MibOfUtf8 = 106;
+
+} // namespace
+
+static_assert(Checker::LargestBinary == 2147483647 - FcfLayout::PageBytes,
+              "a header is counted as one page");
+
+Checker::Checker(Session* session, const QString& file) : m_session(session), m_file(file) {}
+
+void Checker::checkBuild(const Build& build) const
+{
+    if (build.author.value_or(QString()).isEmpty())
+        refuse(QStringLiteral("author"), missing("--author"));
+    if (build.ciNumber.value_or(QString()).isEmpty())
+        refuse(QStringLiteral("ciNumber"), missing("--ci"));
+    checkTarget(build);
+    checkNumbers(build);
+
+    int index = 0;
+    for (const FcfFunction& function : build.functions.value_or(QVector<FcfFunction>())) {
+        if (function.name.isEmpty())
+            m_session->findings.warning(m_file, TextRules::fieldName("name", index),
+                                        QStringLiteral("is empty"));
+        ++index;
+    }
+}
+
+void Checker::checkTarget(const Build& build) const
+{
+    const QString module = QStringLiteral("module");
+    const QString device = QStringLiteral("device");
+    if (!build.module) {
+        refuse(module, missing("--module"));
+        return;
+    }
+    if (!FcfTarget::modules().contains(*build.module)) {
+        refuse(module, QStringLiteral("\"%1\" is none of %2")
+                           .arg(shownText(*build.module), quotedList(FcfTarget::modules())));
+        return;
+    }
+    const QStringList devices = FcfTarget::devicesOf(*build.module);
+    if (!build.device)
+        refuse(device, missing("--device"));
+    else if (!devices.contains(*build.device))
+        refuse(device, QStringLiteral("\"%1\" is no device of module %2, which has %3")
+                           .arg(shownText(*build.device), *build.module, quotedList(devices)));
+}
+
+void Checker::checkNumbers(const Build& build) const
+{
+    if (!build.configNumber)
+        refuse(QStringLiteral("configNumber"), missing("--config"));
+    else if (*build.configNumber < FcfTarget::FirstSlot ||
+             *build.configNumber > FcfTarget::LastSlot)
+        refuse(QStringLiteral("configNumber"), QStringLiteral("%1 is no slot from %2 to %3")
+                                                   .arg(*build.configNumber)
+                                                   .arg(FcfTarget::FirstSlot)
+                                                   .arg(FcfTarget::LastSlot));
+    if (!build.version)
+        refuse(QStringLiteral("version"), missing("--version MAJOR.MINOR"));
+}
+
+void Checker::checkBinarySize(qint64 bytes) const
+{
+    if (bytes == 0)
+        refuse(QStringLiteral("binFileSize"), QStringLiteral("the binary is empty"));
+    else if (bytes > LargestBinary)
+        refuse(QStringLiteral("binFileSize"),
+               QStringLiteral("the binary is too large: a size field holds no more than %1 bytes "
+                              "and a header page")
+                   .arg(LargestBinary));
+}
+
+void Checker::checkTexts(const FcfHeader& header) const
+{
+    const auto broken = TextRules::brokenRecords(header);
+    const auto notEncodable = TextRules::notEncodable(header, m_session->codec());
+    for (const TextRules::Breach& breach : broken + notEncodable)
+        refuse(breach.field, breach.reason);
+    if (!broken.isEmpty() || !notEncodable.isEmpty())
+        return;
+
+    if (m_session->codec()->mibEnum() != MibOfUtf8)
+        m_session->findings.warning(m_file, QStringLiteral("text"),
+                                    QStringLiteral("this locale writes texts in %1, but the target "
+                                                   "reads UTF-8")
+                                        .arg(QString::fromLatin1(m_session->codec()->name())));
+    const int excess = FcfWriter(m_session->codec()).compose(header).size() - FcfLayout::PageBytes;
+    if (excess > 0)
+        refuse(QString(), QStringLiteral("the header text is too long by %1 bytes; the largest "
+                                         "fields are %2")
+                              .arg(QString::number(excess),
+                                   TextRules::largestTexts(header, m_session->codec())));
+    for (const TextRules::Breach& breach : TextRules::lostInForm(header, m_session->codec()))
+        m_session->findings.warning(m_file, breach.field, breach.reason);
+}
+
+void Checker::refuse(const QString& field, const QString& reason) const
+{
+    m_session->findings.error(ExitCode::Refused, m_file, field, reason);
+}

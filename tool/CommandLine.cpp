@@ -1,0 +1,121 @@
+#include "CommandLine.h"
+
+#include "tool/Command.h"
+#include "tool/Session.h"
+
+#include <QRegularExpression>
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+
+namespace {
+
+constexpr char Footer[] =
+    "Exit codes: 0 done, 1 a file is not valid, 2 wrong usage or an input refused, 3 a file cannot "
+    "be read or written, 4 an output exists.";
+
+/// \p arguments in the way in which the parser takes each for what it is. It would take "--name="
+/// for "--name" with the next argument as its value.
+std::vector<std::string> prepared(const std::vector<std::string>& arguments)
+{
+    static const QRegularExpression emptyValue(QStringLiteral("^--[a-z-]+=\\z"));
+    std::vector<std::string> split;
+    for (const std::string& argument : arguments) {
+        if (emptyValue.match(QString::fromStdString(argument)).hasMatch()) {
+            split.push_back(argument.substr(0, argument.size() - 1));
+            split.emplace_back();
+        } else {
+            split.push_back(guarded(argument));
+        }
+    }
+    return split;
+}
+
+class CommandLine {
+public:
+    CommandLine()
+        : m_app("Make, list, check and take apart FCF flash images.", "pelk-fcf"),
+          m_commands(allCommands())
+    {
+        m_app.set_version_flag("--version", std::string("pelk-fcf ") + PELK_FCF_VERSION,
+                               "Print the version and exit");
+        m_app.set_help_flag("--help", "Print this help and exit");
+        m_app.require_subcommand(1);
+        m_app.footer(Footer);
+        m_app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+        m_app.get_formatter()->label("Subcommands", "Commands");
+        m_app.get_formatter()->label("REQUIRED", "");
+        for (const auto& command : m_commands) {
+            CLI::App* const app = m_app.add_subcommand(command->name(), command->summary());
+            command->declare(app);
+            app->add_flag("--json", m_json, "give the result as JSON");
+            app->add_flag("--quiet", m_quiet, "say nothing but errors");
+            app->footer(Footer);
+            m_apps.push_back(app);
+        }
+    }
+
+    int run(const std::vector<std::string>& arguments, Environment* environment)
+    {
+        if (!arguments.empty() && arguments.front()[0] != '-' && !isCommand(arguments.front()))
+            return refused(arguments, '"' + arguments.front() + "\" is no command", environment);
+        try {
+            std::vector<std::string> reversed = prepared(arguments);
+            std::reverse(reversed.begin(), reversed.end());
+            m_app.parse(std::move(reversed));
+        } catch (const CLI::CallForHelp&) {
+            return printed(m_app.help(), environment);
+        } catch (const CLI::CallForVersion& version) {
+            return printed(version.what() + std::string("\n"), environment);
+        } catch (const CLI::ParseError& error) {
+            return refused(arguments, error.what(), environment);
+        }
+        const auto chosen =
+            static_cast<std::size_t>(std::find_if(m_apps.begin(), m_apps.end(),
+                                                  [](CLI::App* app) { return app->parsed(); }) -
+                                     m_apps.begin());
+        Session session(environment, m_commands[chosen]->name());
+        session.json = m_json;
+        session.quiet = m_quiet;
+        m_commands[chosen]->run(&session);
+        return session.finish();
+    }
+
+private:
+    bool isCommand(const std::string& name) const
+    {
+        return std::any_of(m_commands.begin(), m_commands.end(),
+                           [&name](const auto& command) { return command->name() == name; });
+    }
+
+    static int printed(const std::string& text, Environment* environment)
+    {
+        Session session(environment, "");
+        session.printRaw(QByteArray::fromStdString(text));
+        return session.finish();
+    }
+
+    static int refused(const std::vector<std::string>& arguments, const std::string& reason,
+                       Environment* environment)
+    {
+        Session session(environment, "");
+        session.json = std::find(arguments.begin(), arguments.end(), "--json") != arguments.end();
+        session.findings.error(ExitCode::Refused, QString(), QString(),
+                               shownText(QString::fromLocal8Bit(reason.c_str())));
+        return session.finish();
+    }
+
+    CLI::App m_app;
+    std::vector<std::unique_ptr<Command>> m_commands;
+    std::vector<CLI::App*> m_apps;
+    bool m_json = false;
+    bool m_quiet = false;
+};
+
+} // namespace
+
+int runCommandLine(std::vector<std::string> arguments, Environment* environment)
+{
+    return CommandLine().run(arguments, environment);
+}

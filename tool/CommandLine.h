@@ -1,0 +1,12 @@
+#ifndef TOOL_COMMANDLINE_H
+#define TOOL_COMMANDLINE_H
+
+#include <string>
+#include <vector>
+
+struct Environment;
+
+/// Runs the tool with \p arguments (without the program's own name), and returns the exit code.
+int runCommandLine(std::vector<std::string> arguments, Environment* environment);
+
+#endif

@@ -1,0 +1,31 @@
+#ifndef TOOL_DIGEST_H
+#define TOOL_DIGEST_H
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+class QIODevice;
+
+/// SHA-256 digests of images, in the files that sha256sum writes and checks.
+namespace Digest {
+
+/// Of a digest file nothing behind this is read.
+constexpr int MaximumBytes = 64 * 1024;
+
+/// Where the digest of the image at \p imagePath stands.
+QString pathFor(const QString& imagePath);
+
+/// The one line of a digest file: \p digest is binary, the name is that of \p imagePath.
+QByteArray line(const QByteArray& digest, const QString& imagePath);
+
+/// The binary digest that \p lines give for the name of \p imagePath, if they do.
+std::optional<QByteArray> find(const QByteArray& lines, const QString& imagePath);
+
+/// The binary digest of all that is left in \p device, or nothing if it cannot be read.
+std::optional<QByteArray> of(QIODevice* device);
+
+} // namespace Digest
+
+#endif

@@ -1,0 +1,116 @@
+#include "FileSystem.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+int result(int returned) { return returned == 0 ? 0 : errno; }
+
+FileSystem::Kind kindOf(const struct stat& status)
+{
+    switch (status.st_mode & S_IFMT) {
+    case S_IFREG:
+        return FileSystem::Kind::File;
+    case S_IFLNK:
+        return FileSystem::Kind::Link;
+    case S_IFDIR:
+        return FileSystem::Kind::Folder;
+    case S_IFCHR:
+    case S_IFBLK:
+        return FileSystem::Kind::Device;
+    default:
+        return FileSystem::Kind::Stream;
+    }
+}
+
+int rename(const QString& from, const QString& to, unsigned flags)
+{
+    return result(::renameat2(AT_FDCWD, QFile::encodeName(from).constData(), AT_FDCWD,
+                              QFile::encodeName(to).constData(), flags));
+}
+
+} // namespace
+
+std::optional<FileSystem::Identity> FileSystem::identityOf(const QString& path)
+{
+    struct stat status;
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0)
+        return std::nullopt;
+    return Identity{status.st_dev, status.st_ino};
+}
+
+std::optional<FileSystem::Identity> FileSystem::entryIdentityOf(const QString& path)
+{
+    struct stat status;
+    if (::lstat(QFile::encodeName(path).constData(), &status) != 0)
+        return std::nullopt;
+    return Identity{status.st_dev, status.st_ino};
+}
+
+std::optional<FileSystem::Identity> FileSystem::identityOf(int descriptor)
+{
+    struct stat status;
+    if (::fstat(descriptor, &status) != 0)
+        return std::nullopt;
+    return Identity{status.st_dev, status.st_ino};
+}
+
+FileSystem::Kind FileSystem::kindOf(const QString& path)
+{
+    struct stat status;
+    const bool found = ::lstat(QFile::encodeName(path).constData(), &status) == 0;
+    return found ? ::kindOf(status) : Kind::Nothing;
+}
+
+FileSystem::Kind FileSystem::targetKindOf(const QString& path)
+{
+    struct stat status;
+    const bool found = ::stat(QFile::encodeName(path).constData(), &status) == 0;
+    return found ? ::kindOf(status) : Kind::Nothing;
+}
+
+QString FileSystem::reason(int error) { return qt_error_string(error); }
+
+int FileSystem::renameToFree(const QString& from, const QString& to)
+{
+    const int error = rename(from, to, RENAME_NOREPLACE);
+    if (error != EINVAL && error != ENOSYS)
+        return error;
+    // A file system without that step: look first, which leaves a moment for another program.
+    return kindOf(to) == Kind::Nothing ? renameOver(from, to) : EEXIST;
+}
+
+int FileSystem::renameOver(const QString& from, const QString& to) { return rename(from, to, 0); }
+
+int FileSystem::exchange(const QString& one, const QString& other)
+{
+    return rename(one, other, RENAME_EXCHANGE);
+}
+
+int FileSystem::unlink(const QString& path)
+{
+    return result(::unlink(QFile::encodeName(path).constData()));
+}
+
+int FileSystem::sync(int descriptor) { return result(::fsync(descriptor)); }
+
+int FileSystem::syncFolderOf(const QString& path)
+{
+    const QByteArray folder = QFile::encodeName(QFileInfo(path).path());
+    const int descriptor = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return errno;
+    const int error = sync(descriptor);
+    ::close(descriptor);
+    // Some file systems keep names on the disk at all times, and have no such call.
+    return error == EINVAL ? 0 : error;
+}

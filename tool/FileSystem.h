@@ -1,0 +1,61 @@
+#ifndef TOOL_FILESYSTEM_H
+#define TOOL_FILESYSTEM_H
+
+#include <QString>
+
+#include <optional>
+
+#include <sys/types.h>
+
+/// What Qt does not offer of POSIX. Functions that return an int give 0 or an errno.
+namespace FileSystem {
+
+/// Tells whether two names, links included, are one file.
+struct Identity {
+    dev_t device;
+    ino_t inode;
+
+    bool operator==(const Identity& other) const
+    {
+        return device == other.device && inode == other.inode;
+    }
+};
+
+/// Of what stands at \p path itself: a link is not followed.
+std::optional<Identity> entryIdentityOf(const QString& path);
+
+/// Of what \p path leads to; nothing when it leads nowhere.
+std::optional<Identity> identityOf(const QString& path);
+std::optional<Identity> identityOf(int descriptor);
+
+enum class Kind { Nothing, File, Link, Folder, Device, Stream };
+
+/// What stands at \p path itself: a link is not followed.
+Kind kindOf(const QString& path);
+
+/// What \p path leads to; links are followed.
+Kind targetKindOf(const QString& path);
+
+/// The name of the errno \p error, for people.
+QString reason(int error);
+
+/// Renames \p from to \p to in one step, unless something stands there: then EEXIST.
+int renameToFree(const QString& from, const QString& to);
+
+/// Renames \p from to \p to in one step, over what stands there.
+int renameOver(const QString& from, const QString& to);
+
+/// Exchanges \p one and \p other in one step; EINVAL or ENOSYS where the file system cannot.
+int exchange(const QString& one, const QString& other);
+
+int unlink(const QString& path);
+
+/// Brings all of an open file to the disk.
+int sync(int descriptor);
+
+/// Brings the names in the folder of \p path to the disk.
+int syncFolderOf(const QString& path);
+
+} // namespace FileSystem
+
+#endif

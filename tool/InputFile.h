@@ -1,0 +1,49 @@
+#ifndef TOOL_INPUTFILE_H
+#define TOOL_INPUTFILE_H
+
+#include "tool/FileSystem.h"
+
+#include <QFile>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+class Session;
+
+/// A file to read from any place in it: one with a name, or standard input or a pipe, which is
+/// then first put aside into a file without a name.
+class InputFile {
+public:
+    /// Opens the file at \p path, or standard input for "-". An error goes to the findings of
+    /// \p session under \p field. A stream is taken up to one byte past \p limit bytes.
+    bool open(const QString& path, qint64 limit, const QString& field, Session* session);
+
+    /// What messages call it.
+    const QString& label() const { return m_label; }
+    /// Where it is, or "-".
+    const QString& path() const { return m_path; }
+    bool isStandardInput() const;
+
+    /// In bytes, when it was opened.
+    qint64 size() const { return m_size; }
+    QFile& device() { return *m_file; }
+
+    /// Up to \p bytes bytes from \p offset on, or nothing, with an error, if it cannot be read.
+    std::optional<QByteArray> bytesAt(qint64 offset, qint64 bytes, Session* session);
+
+    /// Whether \p path leads to this very file.
+    bool isFileAt(const QString& path) const;
+
+private:
+    bool refuse(const QString& reason, const QString& field, Session* session) const;
+    bool putAside(QIODevice* stream, qint64 limit, const QString& field, Session* session);
+
+    QString m_path;
+    QString m_label;
+    std::unique_ptr<QFile> m_file;
+    qint64 m_size = 0;
+    std::optional<FileSystem::Identity> m_identity;
+};
+
+#endif

@@ -1,0 +1,150 @@
+#include "Outputs.h"
+
+#include "tool/Digest.h"
+#include "tool/FileSystem.h"
+#include "tool/InputFile.h"
+#include "tool/Session.h"
+#include "tool/StagedFile.h"
+
+#include <QFile>
+
+namespace {
+
+const QString BinaryEnding = QStringLiteral(".bin");
+const QString ImageEnding = QStringLiteral(".fcf");
+const QString CompanionEnding = QStringLiteral(".txt");
+const QString OutputOption = QStringLiteral("--output");
+
+QString nameOf(const QString& path) { return path.mid(path.lastIndexOf(QLatin1Char('/')) + 1); }
+
+/// \p path with every ".bin" of its last name replaced; those of folders stay.
+QString renamed(const QString& path, const QString& ending)
+{
+    const QString name = nameOf(path);
+    return path.left(path.size() - name.size()) + QString(name).replace(BinaryEnding, ending);
+}
+
+std::optional<Outputs> refuse(const QString& file, const QString& reason, Session* session)
+{
+    session->findings.error(ExitCode::Refused, file, OutputOption, reason);
+    return std::nullopt;
+}
+
+} // namespace
+
+void guardOutput(const QString& path, const InputFile& input, bool force, Session* session)
+{
+    Findings& findings = session->findings;
+    if (input.isFileAt(path) || input.isFileAt(StagedFile::partialPath(path))) {
+        findings.error(ExitCode::Refused, path, OutputOption,
+                       QStringLiteral("is the input itself, \"%1\"").arg(shownText(input.label())));
+        return;
+    }
+    switch (FileSystem::kindOf(path)) {
+    case FileSystem::Kind::Nothing:
+        return;
+    case FileSystem::Kind::File:
+    case FileSystem::Kind::Link:
+        if (!force)
+            findings.error(ExitCode::OutputExists, path, OutputOption,
+                           QStringLiteral("exists already; --force replaces it"));
+        return;
+    case FileSystem::Kind::Folder:
+        findings.error(ExitCode::Refused, path, OutputOption, QStringLiteral("is a folder"));
+        return;
+    case FileSystem::Kind::Device:
+    case FileSystem::Kind::Stream:
+        findings.error(ExitCode::Refused, path, OutputOption, QStringLiteral("is not a file"));
+        return;
+    }
+}
+
+std::optional<Outputs> Outputs::of(const InputFile& binary, const std::optional<QString>& output,
+                                   Session* session)
+{
+    const bool named = !binary.isStandardInput() && binary.path().endsWith(BinaryEnding);
+    Outputs outputs;
+    if (output && *output != StandardStream) {
+        if (!output->endsWith(ImageEnding))
+            return refuse(*output, QStringLiteral("the name of an image ends with .fcf"), session);
+        outputs.m_image = *output;
+        outputs.m_companion = output->chopped(ImageEnding.size()) + CompanionEnding;
+        return outputs;
+    }
+    if (!named)
+        return refuse(binary.label(),
+                      QStringLiteral("is missing: only a name that ends with .bin gives the "
+                                     "image's name"),
+                      session);
+    outputs.m_image = renamed(binary.path(), ImageEnding);
+    outputs.m_companion = renamed(binary.path(), CompanionEnding);
+    if (output) {
+        outputs.m_nameForStream = nameOf(outputs.m_image);
+        outputs.m_image = StandardStream;
+    }
+    return outputs;
+}
+
+bool Outputs::toStandardOutput() const { return m_image == StandardStream; }
+
+QString Outputs::imageName() const
+{
+    return toStandardOutput() ? m_nameForStream : nameOf(m_image);
+}
+
+QString Outputs::digest() const { return Digest::pathFor(m_image); }
+
+void Outputs::guard(const InputFile& binary, bool force, Session* session)
+{
+    if (toStandardOutput()) {
+        if (hasCompanion)
+            refuse(QStringLiteral("standard output"),
+                   QStringLiteral("takes the image alone: give --no-companion as well"), session);
+        if (hasDigest || session->json)
+            refuse(QStringLiteral("standard output"),
+                   QStringLiteral("takes the image alone: --digest and --json need a file"),
+                   session);
+        return;
+    }
+    guardOutput(m_image, binary, force, session);
+    const struct {
+        bool written;
+        QString path;
+        const char* option;
+    } others[] = {{hasCompanion, m_companion, "--no-companion"}, {hasDigest, digest(), "--digest"}};
+    for (const auto& other : others) {
+        if (isLeftover(other.path))
+            m_leftovers << other.path;
+        else if (other.written)
+            guardOutput(other.path, binary, force, session);
+        else
+            warnOfStale(other.path, other.option, session);
+    }
+}
+
+/// Without its image, but with an image that was ready to be put in place beside it, and with just
+/// the bytes that belong to that image.
+bool Outputs::isLeftover(const QString& path) const
+{
+    if (FileSystem::kindOf(m_image) != FileSystem::Kind::Nothing ||
+        FileSystem::kindOf(path) != FileSystem::Kind::File || !StagedFile::hasStalePartial(m_image))
+        return false;
+    QFile image(StagedFile::partialPath(m_image));
+    QFile file(path);
+    if (!image.open(QIODevice::ReadOnly) || !file.open(QIODevice::ReadOnly) ||
+        file.size() > Digest::MaximumBytes)
+        return false;
+    const QByteArray bytes = file.readAll();
+    if (path == m_companion)
+        return !bytes.isEmpty() && image.read(bytes.size()) == bytes;
+    const auto digest = Digest::of(&image);
+    return digest && bytes == Digest::line(*digest, m_image);
+}
+
+void Outputs::warnOfStale(const QString& path, const char* option, Session* session) const
+{
+    if (FileSystem::kindOf(path) != FileSystem::Kind::Nothing)
+        session->findings.warning(path, QLatin1String(option),
+                                  QStringLiteral("exists, is not written, and so will not belong "
+                                                 "to the new image"));
+}

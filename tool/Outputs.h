@@ -1,0 +1,54 @@
+#ifndef TOOL_OUTPUTS_H
+#define TOOL_OUTPUTS_H
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+class InputFile;
+class Session;
+
+/// Guards a path that a run is about to write: not the input under any name, not a folder, nothing
+/// that exists unless \p force is given. What is refused goes to the findings.
+void guardOutput(const QString& path, const InputFile& input, bool force, Session* session);
+
+/// Where the files of one image go.
+class Outputs {
+public:
+    /// Derives the paths from \p binary and, if that is given, \p output, and refuses what gives
+    /// none. The name follows the window's rule: every ".bin" in it gives way.
+    static std::optional<Outputs> of(const InputFile& binary, const std::optional<QString>& output,
+                                     Session* session);
+
+    /// Whether the image goes to standard output, alone.
+    bool toStandardOutput() const;
+
+    /// What stands on the header's own line for it.
+    QString imageName() const;
+
+    const QString& image() const { return m_image; }
+    const QString& companion() const { return m_companion; }
+    QString digest() const;
+
+    bool hasCompanion = true;
+    bool hasDigest = false;
+
+    /// Guards all paths. What a killed run of this tool left of this image is no obstacle; it is
+    /// added to leftovers().
+    void guard(const InputFile& binary, bool force, Session* session);
+
+    /// Files that were put in place by a run that was killed before the image was. To be removed.
+    const QStringList& leftovers() const { return m_leftovers; }
+
+private:
+    bool isLeftover(const QString& path) const;
+    void warnOfStale(const QString& path, const char* option, Session* session) const;
+
+    QString m_image;
+    QString m_companion;
+    QString m_nameForStream;
+    QStringList m_leftovers;
+};
+
+#endif

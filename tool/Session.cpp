@@ -1,0 +1,104 @@
+#include "Session.h"
+
+#include "fcf/FcfWriter.h"
+
+#include <QFile>
+#include <QIODevice>
+#include <QJsonDocument>
+#include <QTextCodec>
+
+const QString StandardStream = QStringLiteral("-");
+
+Session::Session(Environment* environment, const char* command)
+    : m_environment(environment), m_command(command)
+{
+}
+
+std::optional<QString> Session::text(const std::string& argument, const QString& field)
+{
+    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
+    const QString text =
+        codec()->toUnicode(argument.data(), static_cast<int>(argument.size()), &state);
+    if (state.invalidChars == 0 && state.remainingChars == 0)
+        return text;
+    findings.error(ExitCode::Refused, QString(), field,
+                   QStringLiteral("\"%1\" is not text in the encoding of this locale, %2")
+                       .arg(shownText(text), QString::fromLatin1(codec()->name())));
+    return std::nullopt;
+}
+
+std::optional<QString> Session::path(const std::string& argument, const QString& field)
+{
+    const QByteArray bytes = QByteArray::fromStdString(argument);
+    const QString path = QFile::decodeName(bytes);
+    if (path.isEmpty()) {
+        findings.error(ExitCode::Refused, QString(), field,
+                       QStringLiteral("the name of a file cannot be empty"));
+        return std::nullopt;
+    }
+    if (QFile::encodeName(path) == bytes)
+        return path;
+    findings.error(ExitCode::Refused, path, field,
+                   QStringLiteral("the name is not text in the encoding of this locale, %1")
+                       .arg(QString::fromLatin1(codec()->name())));
+    return std::nullopt;
+}
+
+int Session::finish()
+{
+    QString reason;
+    const QByteArray bytes = outBytes();
+    if (!bytes.isEmpty() && !FcfWriter::writeAll(m_environment->out, bytes, &reason))
+        findings.error(ExitCode::CannotAccess, QStringLiteral("standard output"), QString(),
+                       QStringLiteral("cannot be written: %1").arg(reason));
+    writeMessages();
+    return static_cast<int>(findings.exitCode());
+}
+
+bool Session::goesToOut(const Finding& finding) const
+{
+    const bool isResult =
+        finding.severity != Finding::Error || finding.exitCode == ExitCode::NotValid;
+    return findingsAreResults && isResult && !json;
+}
+
+QByteArray Session::outBytes() const
+{
+    if (outIsTaken)
+        return m_raw;
+    if (json && m_raw.isEmpty()) {
+        QJsonObject object = result;
+        object["schema"] = SchemaVersion;
+        object["command"] = m_command;
+        object["exitCode"] = static_cast<int>(findings.exitCode());
+        object["findings"] = findings.toJson();
+        return QJsonDocument(object).toJson();
+    }
+    QString text;
+    for (const Finding& finding : findings.list()) {
+        if (goesToOut(finding) && (!quiet || finding.severity == Finding::Error))
+            text += finding.text() + QLatin1Char('\n');
+    }
+    if (!quiet && !json) {
+        for (const QString& line : m_lines)
+            text += line + QLatin1Char('\n');
+    }
+    return m_raw + encoded(text);
+}
+
+void Session::writeMessages()
+{
+    QString text;
+    for (const Finding& finding : findings.list()) {
+        if (!goesToOut(finding) && (!quiet || finding.severity == Finding::Error))
+            text += QStringLiteral("pelk-fcf: %1\n").arg(finding.text());
+    }
+    // There is nowhere left to say that a message cannot be written.
+    FcfWriter::writeAll(m_environment->err, encoded(text), nullptr);
+}
+
+QByteArray Session::encoded(const QString& text) const
+{
+    const QScopedPointer<QTextEncoder> encoder(codec()->makeEncoder(QTextCodec::IgnoreHeader));
+    return encoder->fromUnicode(text);
+}

@@ -1,0 +1,60 @@
+#include "Stamp.h"
+
+#include "fcf/FcfHeader.h"
+#include "tool/Session.h"
+
+#include <QRegularExpression>
+
+namespace {
+
+const QString DateTimeFormat = QStringLiteral("yyyy-MM-ddTHH:mm:ss");
+/// The last second of the year 9999, so that a date keeps its form.
+constexpr qint64 LastSecond = 253402300799;
+
+} // namespace
+
+void Stamp::apply(FcfHeader* header, Session* session) const
+{
+    const std::optional<QDateTime> sourceMoment = sourceDate(session);
+    const std::optional<QDateTime> givenMoment = given(session);
+    const QDateTime moment = givenMoment    ? *givenMoment
+                             : sourceMoment ? *sourceMoment
+                                            : session->environment().clock();
+    header->stamp(moment);
+    if (dateFormat == QStringLiteral("iso"))
+        header->date = moment.date().toString(Qt::ISODate);
+    else if (dateFormat && dateFormat != QStringLiteral("locale"))
+        session->findings.error(
+            ExitCode::Refused, QString(), QStringLiteral("--date-format"),
+            QStringLiteral("\"%1\" is neither \"locale\" nor \"iso\"").arg(shownText(*dateFormat)));
+}
+
+std::optional<QDateTime> Stamp::given(Session* session) const
+{
+    if (!dateTime)
+        return std::nullopt;
+    const QDateTime moment = QDateTime::fromString(*dateTime, DateTimeFormat);
+    if (moment.isValid())
+        return moment;
+    session->findings.error(ExitCode::Refused, QString(), QStringLiteral("--date-time"),
+                            QStringLiteral("\"%1\" is not a date and time like "
+                                           "2024-05-31T13:45:00")
+                                .arg(shownText(*dateTime)));
+    return std::nullopt;
+}
+
+std::optional<QDateTime> Stamp::sourceDate(Session* session)
+{
+    const auto& value = session->environment().sourceDateEpoch;
+    if (!value)
+        return std::nullopt;
+    const QString text = QString::fromLatin1(*value);
+    static const QRegularExpression digits(QStringLiteral("^[0-9]{1,12}\\z"));
+    const qint64 seconds = text.toLongLong();
+    if (digits.match(text).hasMatch() && seconds <= LastSecond)
+        return QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC);
+    session->findings.error(
+        ExitCode::Refused, QString(), QStringLiteral("SOURCE_DATE_EPOCH"),
+        QStringLiteral("\"%1\" is not a number of seconds since 1970").arg(shownText(text)));
+    return std::nullopt;
+}

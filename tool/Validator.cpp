@@ -1,0 +1,244 @@
+#include "Validator.h"
+
+#include "fcf/FcfLayout.h"
+#include "fcf/FcfTarget.h"
+#include "fcf/FcfWriter.h"
+#include "fcf/PelkFcfGeneratorFileInfo.h"
+#include "tool/Checker.h"
+#include "tool/FileCompare.h"
+#include "tool/HeaderPage.h"
+#include "tool/InputFile.h"
+#include "tool/Session.h"
+#include "tool/TextRules.h"
+
+#include <QRegularExpression>
+
+namespace {
+
+QString hex(quint32 word)
+{
+    return QStringLiteral("0x%1")
+        .arg(word, 8, 16, QLatin1Char('0'))
+        .toUpper()
+        .replace(QLatin1String("0X"), QLatin1String("0x"));
+}
+
+const FcfLayout::NumberField& numberOf(qint32 FcfHeader::*value)
+{
+    for (const auto& field : FcfLayout::Numbers) {
+        if (field.value == value)
+            return field;
+    }
+    Q_UNREACHABLE();
+}
+
+/// The device codes that go with \p moduleCode, for messages.
+QString deviceCodesOf(qint32 moduleCode)
+{
+    QStringList codes;
+    for (const QString& module : FcfTarget::modules()) {
+        if (FcfTarget::moduleCode(module) != moduleCode)
+            continue;
+        for (const QString& device : FcfTarget::devicesOf(module))
+            codes << QString::number(FcfTarget::deviceCode(module, device, 0));
+    }
+    return codes.join(QStringLiteral(", "));
+}
+
+qint64 offsetOf(const HeaderPage& page, const QString& field)
+{
+    for (const FcfSpan& span : page.reading.exact.spans) {
+        if (TextRules::fieldName(span.field, span.function) == field)
+            return span.offset;
+    }
+    return -1;
+}
+
+} // namespace
+
+Validator::Validator(InputFile* file, Kind kind, Session* session)
+    : m_file(file), m_kind(kind), m_session(session)
+{
+}
+
+void Validator::validate(const HeaderPage& page) const
+{
+    const FcfHeader& header = page.reading.header;
+    checkSizes(header, m_kind == Image ? payloadBytes(page) : header.binFileSize);
+    checkCodes(header);
+    checkReservedWords(page.reading.exact.reservedWords);
+    checkTexts(page);
+    checkFiller(page);
+    checkAgainstWriter(page);
+    if (m_kind == Companion && m_file->size() > page.bytes)
+        invalid(QString(), page.bytes, QStringLiteral("a companion ends with its header page"),
+                QStringLiteral("%1 bytes").arg(page.bytes),
+                QStringLiteral("%1 bytes").arg(m_file->size()));
+    if (page.bytes > FcfLayout::PageBytes && page.reading.exact.textEnd <= FcfLayout::PageBytes)
+        m_session->findings
+            .note(m_file->label(), QString(),
+                  QStringLiteral("the header page has %1 bytes, as its last filler unit goes "
+                                 "beyond %2")
+                      .arg(page.bytes)
+                      .arg(FcfLayout::PageBytes))
+            .at(FcfLayout::PageBytes);
+}
+
+/// 0 when even the header page is cut short.
+qint64 Validator::payloadBytes(const HeaderPage& page) const
+{
+    return qMax<qint64>(0, m_file->size() - page.bytes);
+}
+
+void Validator::checkSizes(const FcfHeader& header, qint64 bytes) const
+{
+    if (bytes <= 0 || bytes > Checker::LargestBinary) {
+        invalid(QStringLiteral("binFileSize"), numberOf(&FcfHeader::binFileSize).offset,
+                QStringLiteral("the payload is empty or larger than a size field can tell"),
+                QStringLiteral("1 to %1").arg(Checker::LargestBinary), QString::number(bytes));
+        return;
+    }
+    FcfHeader sizes;
+    PelkFcfGeneratorFileInfo().measure(bytes, &sizes);
+    qint32 FcfHeader::*const fields[] = {&FcfHeader::totalPages, &FcfHeader::totalBlocks,
+                                         &FcfHeader::totalSize,  &FcfHeader::binPages,
+                                         &FcfHeader::binBlocks,  &FcfHeader::binFileSize};
+    for (const auto field : fields) {
+        const FcfLayout::NumberField& number = numberOf(field);
+        if (header.*field != sizes.*field)
+            invalid(QLatin1String(number.name), number.offset,
+                    QStringLiteral("does not agree with a payload of %1 bytes").arg(bytes),
+                    QString::number(sizes.*field), QString::number(header.*field));
+    }
+}
+
+void Validator::checkCodes(const FcfHeader& header) const
+{
+    const FcfLayout::NumberField& module = numberOf(&FcfHeader::moduleCode);
+    const FcfLayout::NumberField& device = numberOf(&FcfHeader::deviceCode);
+    FcfTarget::Target target;
+    if (header.moduleCode != 1 && header.moduleCode != 2)
+        invalid(QLatin1String(module.name), module.offset, QStringLiteral("stands for no module"),
+                QStringLiteral("1 or 2"), QString::number(header.moduleCode));
+    else if (!FcfTarget::find(header.moduleCode, header.deviceCode, &target))
+        invalid(QLatin1String(device.name), device.offset,
+                QStringLiteral("stands for no device of the module"),
+                QStringLiteral("one of %1").arg(deviceCodesOf(header.moduleCode)),
+                QString::number(header.deviceCode));
+
+    const FcfLayout::NumberField& slot = numberOf(&FcfHeader::configNumber);
+    if (header.configNumber < FcfTarget::FirstSlot || header.configNumber > FcfTarget::LastSlot)
+        invalid(QLatin1String(slot.name), slot.offset, QStringLiteral("is no flash slot"),
+                QStringLiteral("%1 to %2").arg(FcfTarget::FirstSlot).arg(FcfTarget::LastSlot),
+                QString::number(header.configNumber));
+}
+
+void Validator::checkReservedWords(const QVector<quint32>& words) const
+{
+    int offset = FcfLayout::NumberCount * FcfLayout::WordBytes;
+    for (int index = 0; index < words.size(); ++index, offset += FcfLayout::WordBytes) {
+        if (words.at(index) != FcfLayout::ReservedWord)
+            invalid(QStringLiteral("reserved[%1]").arg(index), offset,
+                    QStringLiteral("is no reserved word"), hex(FcfLayout::ReservedWord),
+                    hex(words.at(index)));
+    }
+}
+
+void Validator::checkTexts(const HeaderPage& page) const
+{
+    const FcfHeader& header = page.reading.header;
+    for (const TextRules::Breach& breach : TextRules::brokenRecords(header))
+        m_session->findings.error(ExitCode::NotValid, m_file->label(), breach.field, breach.reason)
+            .at(offsetOf(page, breach.field));
+
+    static const QRegularExpression time(QStringLiteral("^[0-2][0-9]:[0-5][0-9]:[0-5][0-9]\\z"));
+    const QString timeField = QStringLiteral("time");
+    if (!time.match(header.time).hasMatch())
+        invalid(timeField, offsetOf(page, timeField), QStringLiteral("is no time of day"),
+                QStringLiteral("HH:MM:SS"), header.time);
+
+    const QString name = m_file->path().mid(m_file->path().lastIndexOf(QLatin1Char('/')) + 1);
+    const QString nameField = QStringLiteral("fileName");
+    if (m_kind == Image && !m_file->isStandardInput() && header.fileName != name)
+        m_session->findings
+            .note(m_file->label(), nameField, QStringLiteral("the file has another name by now"))
+            .at(offsetOf(page, nameField))
+            .comparing(name, header.fileName);
+}
+
+void Validator::checkFiller(const HeaderPage& page) const
+{
+    const int textEnd = page.reading.exact.textEnd;
+    if (textEnd > FcfLayout::PageBytes) {
+        invalid(QString(), FcfLayout::PageBytes,
+                QStringLiteral("the text does not fit in the header page"),
+                QStringLiteral("%1 bytes").arg(FcfLayout::PageBytes),
+                QStringLiteral("%1 bytes").arg(textEnd));
+        return;
+    }
+    const QByteArray filler = FcfWriter(m_session->codec()).fillerFor(textEnd);
+    const auto found = m_file->bytesAt(textEnd, filler.size(), m_session);
+    if (!found || *found == filler)
+        return;
+    const int same = FileCompare::firstDifference(filler, *found);
+    invalid(QStringLiteral("filler"), textEnd + same,
+            QStringLiteral("is not what fills a header page"), FileCompare::byteAt(filler, same),
+            FileCompare::byteAt(*found, same));
+}
+
+/// Catches what no single check above is about, such as blanks that a writer leaves out.
+void Validator::checkAgainstWriter(const HeaderPage& page) const
+{
+    if (page.reading.exact.textEnd > FcfLayout::PageBytes)
+        return;
+    const int textStart = FcfLayout::PreambleBytes;
+    const QByteArray written = FcfWriter(m_session->codec()).compose(page.reading.header);
+    const auto found =
+        m_file->bytesAt(textStart, page.reading.exact.textEnd - textStart, m_session);
+    if (!found || *found == written.mid(textStart))
+        return;
+    const int same = FileCompare::firstDifference(written.mid(textStart), *found);
+    invalid(QStringLiteral("text"), textStart + same,
+            QStringLiteral("is not what a writer writes for the same texts"),
+            FileCompare::byteAt(written, textStart + same), FileCompare::byteAt(*found, same));
+}
+
+void Validator::compareBinary(const HeaderPage& page, InputFile* binary) const
+{
+    if (m_kind == Companion) {
+        checkSizes(page.reading.header, binary->size());
+        return;
+    }
+    if (payloadBytes(page) != binary->size())
+        invalid(QStringLiteral("payload"), page.bytes,
+                QStringLiteral("has not the length of %1").arg(shownText(binary->label())),
+                QStringLiteral("%1 bytes").arg(binary->size()),
+                QStringLiteral("%1 bytes").arg(payloadBytes(page)));
+    FileCompare compare(m_file, page.bytes, binary, m_session);
+    if (compare.findDifference())
+        invalid(QStringLiteral("payload"), compare.offset(),
+                QStringLiteral("is not %1, of which this is offset %2")
+                    .arg(shownText(binary->label()))
+                    .arg(compare.offset() - page.bytes),
+                compare.expected(), compare.found());
+}
+
+void Validator::compareCompanion(const HeaderPage& page, InputFile* companion) const
+{
+    const auto own = m_file->bytesAt(0, page.bytes, m_session);
+    const auto other = companion->bytesAt(0, page.bytes + 1, m_session);
+    if (!own || !other || *own == *other)
+        return;
+    const int same = FileCompare::firstDifference(*other, *own);
+    invalid(QStringLiteral("header"), same,
+            QStringLiteral("is not the companion %1").arg(shownText(companion->label())),
+            FileCompare::byteAt(*other, same), FileCompare::byteAt(*own, same));
+}
+
+void Validator::invalid(const QString& field, qint64 offset, const QString& reason,
+                        const QString& expected, const QString& found) const
+{
+    m_session->findings.error(ExitCode::NotValid, m_file->label(), field, reason)
+        .at(offset)
+        .comparing(expected, found);
+}

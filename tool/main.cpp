@@ -1,0 +1,39 @@
+#include "tool/CommandLine.h"
+#include "tool/Session.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTextCodec>
+
+#include <csignal>
+
+#include <unistd.h>
+
+int main(int argc, char** argv)
+{
+    // A full disk and a reader that went away are errors of a write, not the end of the program.
+    std::signal(SIGXFSZ, SIG_IGN);
+    std::signal(SIGPIPE, SIG_IGN);
+    const QCoreApplication application(argc, argv);
+
+    QFile in;
+    QFile out;
+    QFile err;
+    in.open(STDIN_FILENO, QIODevice::ReadOnly | QIODevice::Unbuffered);
+    out.open(STDOUT_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered);
+    err.open(STDERR_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered);
+    QElapsedTimer timer;
+    timer.start();
+
+    Environment environment;
+    environment.in = &in;
+    environment.out = &out;
+    environment.err = &err;
+    environment.errIsTerminal = ::isatty(STDERR_FILENO) == 1;
+    environment.milliseconds = [&timer] { return timer.elapsed(); };
+    if (qEnvironmentVariableIsSet("SOURCE_DATE_EPOCH"))
+        environment.sourceDateEpoch = qgetenv("SOURCE_DATE_EPOCH");
+    environment.codec = QTextCodec::codecForLocale();
+    return runCommandLine(std::vector<std::string>(argv + 1, argv + argc), &environment);
+}
