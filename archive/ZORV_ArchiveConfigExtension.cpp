@@ -151,7 +151,8 @@ void ZORV_ArchiveConfigExtension::updatePackageName()
         return;
     destinationPath = destinationFolder() + QLatin1Char('/') + packageName() + QLatin1Char('.') +
                       archiveDialog->currentExtension();
-    emit destinationPathChanged(destinationPath);
+    // By its full name, for the constructor gets here too.
+    emit ZORV_ArchiveConfigExtension::destinationPathChanged(destinationPath);
 }
 
 QString ZORV_ArchiveConfigExtension::packageName()

@@ -15,7 +15,6 @@
 #include <QFileInfo>
 #include <QPushButton>
 
-using OrvanticCore::DesignArchiveOutputParserDialog;
 using OrvanticCore::DesignStructure;
 using OrvanticCore::IDesign;
 using Qtilities::Core::QtilitiesCoreApplication;

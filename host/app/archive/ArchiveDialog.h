@@ -27,7 +27,7 @@ class ArchiveDialog;
 /// It offers the plain archive and the types of the extensions in the object pool. An extension's
 /// form is shown while its type is chosen, goes back to the extension without a parent, and is
 /// never deleted here; the extension has the dialog from its construction to its destruction.
-class ArchiveDialog : public OrvanticCore::DesignArchiveOutputParserDialog {
+class ArchiveDialog final : public OrvanticCore::DesignArchiveOutputParserDialog {
     Q_OBJECT
 
 public:

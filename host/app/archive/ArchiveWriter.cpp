@@ -10,7 +10,6 @@
 #include <QFile>
 
 #include <array>
-#include <cerrno>
 #include <clocale>
 #include <new>
 
@@ -18,17 +17,6 @@ namespace {
 
 constexpr int BlockBytes = 64 * 1024;
 constexpr time_t StartOf1980 = 315532800;
-
-la_ssize_t writeBlock(archive* writer, void* context, const void* data, std::size_t size)
-{
-    auto* const device = static_cast<QIODevice*>(context);
-    const qint64 written = device->write(static_cast<const char*>(data), static_cast<qint64>(size));
-    if (written <= 0) {
-        archive_set_error(writer, EIO, "%s", device->errorString().toUtf8().constData());
-        return -1;
-    }
-    return written;
-}
 
 struct FreeEntry {
     void operator()(archive_entry* entry) const { archive_entry_free(entry); }
@@ -65,12 +53,13 @@ private:
 };
 
 ArchiveWriter::ArchiveWriter(QIODevice* device, const QString& name, ArchiveFormat format)
-    : m_locale(new Utf8Locale), m_name(name), m_format(format), m_archive(archive_write_new())
+    : m_locale(new Utf8Locale), m_sink{device, format != ArchiveFormat::Zip, {}}, m_name(name),
+      m_format(format), m_archive(archive_write_new())
 {
     if (!m_archive)
         throw std::bad_alloc();
     try {
-        open(device);
+        open();
     } catch (const ArchiveError&) {
         archive_write_free(m_archive);
         throw;
@@ -79,12 +68,13 @@ ArchiveWriter::ArchiveWriter(QIODevice* device, const QString& name, ArchiveForm
 
 ArchiveWriter::~ArchiveWriter()
 {
-    // Keeps the library from completing an archive that was given up.
-    archive_write_fail(m_archive);
+    // Only by completing an archive does the library free all that it has, so one that was given up
+    // is completed into nothing.
+    m_sink.device = nullptr;
     archive_write_free(m_archive);
 }
 
-void ArchiveWriter::open(QIODevice* device)
+void ArchiveWriter::open()
 {
     if (m_format == ArchiveFormat::Zip) {
         require(archive_write_set_format_zip(m_archive));
@@ -97,7 +87,21 @@ void ArchiveWriter::open(QIODevice* device)
     require(archive_write_set_bytes_per_block(m_archive, BlockBytes));
     // The end of a block device's block, which is filled up by default, is none of a file's.
     require(archive_write_set_bytes_in_last_block(m_archive, 1));
-    require(archive_write_open(m_archive, device, nullptr, &writeBlock, nullptr));
+    // A zip archive is not freed when its output is refused, a tar archive takes as long as its
+    // members are large when it is not.
+    const auto writeBlock = [](archive*, void* context, const void* data,
+                               std::size_t size) -> la_ssize_t {
+        auto* const sink = static_cast<Sink*>(context);
+        if (sink->device && sink->error.isNull()) {
+            const qint64 written =
+                sink->device->write(static_cast<const char*>(data), static_cast<qint64>(size));
+            if (written > 0)
+                return written;
+            sink->error = sink->device->errorString();
+        }
+        return sink->refuses ? -1 : static_cast<la_ssize_t>(size);
+    };
+    require(archive_write_open(m_archive, &m_sink, nullptr, writeBlock, nullptr));
 }
 
 void ArchiveWriter::add(const ArchiveMember& member, const Advance& advance)
@@ -159,7 +163,8 @@ void ArchiveWriter::addHeader(const ArchiveMember& member, qint64 size, bool exe
 
 void ArchiveWriter::addData(const char* data, qint64 size)
 {
-    if (archive_write_data(m_archive, data, static_cast<std::size_t>(size)) != size)
+    if (archive_write_data(m_archive, data, static_cast<std::size_t>(size)) != size ||
+        !m_sink.error.isNull())
         fail();
 }
 
@@ -167,13 +172,14 @@ void ArchiveWriter::finish() { require(archive_write_close(m_archive)); }
 
 void ArchiveWriter::require(int result)
 {
-    if (result != ARCHIVE_OK)
+    if (result != ARCHIVE_OK || !m_sink.error.isNull())
         fail();
 }
 
 void ArchiveWriter::fail()
 {
-    const char* const reason = archive_error_string(m_archive);
-    throw ArchiveError(
-        tr("Cannot write %1: %2").arg(m_name, reason ? QString::fromUtf8(reason) : QString()));
+    QString reason = m_sink.error;
+    if (reason.isNull())
+        reason = QString::fromUtf8(archive_error_string(m_archive));
+    throw ArchiveError(tr("Cannot write %1: %2").arg(m_name, reason));
 }

@@ -41,8 +41,17 @@ private:
     Q_DISABLE_COPY(ArchiveWriter)
 
     class Utf8Locale;
+    /// Where the library's output goes.
+    struct Sink {
+        /// Null once nothing more is to be written.
+        QIODevice* device;
+        /// Whether what is not written is refused or passed over.
+        bool refuses;
+        /// Why the device took no more; null while it does.
+        QString error;
+    };
 
-    void open(QIODevice* device);
+    void open();
     void addFile(const ArchiveMember& member, const Advance& advance);
     void addHeader(const ArchiveMember& member, qint64 size, bool executable);
     void addData(const char* data, qint64 size);
@@ -50,6 +59,7 @@ private:
     [[noreturn]] void fail();
 
     std::unique_ptr<Utf8Locale> m_locale;
+    Sink m_sink;
     QString m_name;
     ArchiveFormat m_format;
     archive* m_archive;

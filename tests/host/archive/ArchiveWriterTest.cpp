@@ -115,7 +115,7 @@ void ArchiveWriterTest::givesBackEachByte()
 {
     QFETCH(ArchiveFormat, format);
     QByteArray content;
-    for (int i = 0; i < 300000; ++i)
+    for (quint32 i = 0; i < 300000; ++i)
         content += static_cast<char>((i * i) >> 5);
     const QString large = ArchivedDesign::write(m_folder.filePath("large.bin"), content);
     const QString empty = ArchivedDesign::write(m_folder.filePath("empty.bin"), {});
