@@ -1,32 +1,20 @@
-#include "GeneratorDriver.h"
+#include "GeneratorTest.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QtTest>
 
-class ChooseBinaryTest : public QObject {
+class ChooseBinaryTest : public GeneratorTest {
     Q_OBJECT
 
 private slots:
-    void init() { driver.reset(new GeneratorDriver); }
-    void cleanup();
-
     void choosesABinary();
     void startsTheBinaryDialogAtTheCurrentPath();
     void keepsThePathWhenNoBinaryIsChosen();
     void measuresABinary_data();
     void measuresABinary();
     void takesABinaryThatDoesNotExistForAnEmptyOne();
-
-private:
-    QScopedPointer<GeneratorDriver> driver;
 };
-
-void ChooseBinaryTest::cleanup()
-{
-    QVERIFY2(driver->dialogs().allGiven(), qPrintable(driver->dialogs().unexpected().join('|')));
-    driver.reset();
-}
 
 void ChooseBinaryTest::choosesABinary()
 {

@@ -1,4 +1,4 @@
-#include "GeneratorDriver.h"
+#include "GeneratorTest.h"
 
 #include <OrvanticCore/DesignManager.h>
 
@@ -22,13 +22,10 @@ const QStringList Nothing = {"", "", "", ""};
 
 } // namespace
 
-class FunctionListTest : public QObject {
+class FunctionListTest : public GeneratorTest {
     Q_OBJECT
 
 private slots:
-    void init() { driver.reset(new GeneratorDriver); }
-    void cleanup();
-
     void showsTheFirstFunctionThatIsUploaded();
     void showsTheFunctionThatIsSelected();
     void clearsTheEditorWhenNothingIsSelected();
@@ -59,15 +56,7 @@ private:
     QStringList shown(int index);
     QList<bool> editorEnabled() const;
     bool canRemove() const { return driver->find<QPushButton>("btnRemove")->isEnabled(); }
-
-    QScopedPointer<GeneratorDriver> driver;
 };
-
-void FunctionListTest::cleanup()
-{
-    QVERIFY2(driver->dialogs().allGiven(), qPrintable(driver->dialogs().unexpected().join('|')));
-    driver.reset();
-}
 
 void FunctionListTest::uploadThree()
 {

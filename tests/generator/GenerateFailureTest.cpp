@@ -1,4 +1,4 @@
-#include "GeneratorDriver.h"
+#include "GeneratorTest.h"
 
 #include "support/PlainFcf.h"
 
@@ -11,9 +11,6 @@
 #include <sys/resource.h>
 
 namespace {
-
-const char* const Green = "<font color='green'>Successfully generated output files.</font>";
-const char* const Red = "<font color='red'>Failed to generate output file.</font>";
 
 /// While it lives, files cannot grow beyond \a bytes: what a full disk does, at a byte of choice.
 class DiskFullAt {
@@ -38,18 +35,13 @@ private:
 
 } // namespace
 
-class GenerateFailureTest : public QObject {
+class GenerateFailureTest : public GeneratorTest {
     Q_OBJECT
 
 private slots:
-    void init() { driver.reset(new GeneratorDriver); }
-    void cleanup();
-
     void asksBeforeOverwritingAndStopsOnNo_data();
     void asksBeforeOverwritingAndStopsOnNo();
     void overwritesOnYes();
-    void overwritesACompanionWithoutImageUnasked();
-    void asksAboutTheImageItselfAfterItWasLoaded();
     void namesTheFileThatCannotBeOpenedAfterTheQuestion_data();
     void namesTheFileThatCannotBeOpenedAfterTheQuestion();
     void namesTheImageThatCannotBeMade();
@@ -64,24 +56,10 @@ private slots:
     void failsOnAFullDevice();
     void failsForACompanionThatKeepsNothing();
     void warnsWhenTheHeaderTellsAnotherSize();
-    void replacesEveryBinInThePath_data();
-    void replacesEveryBinInThePath();
-    void asksAboutTheInputItselfForAPathWithoutBin_data();
-    void asksAboutTheInputItselfForAPathWithoutBin();
-    void endsInFailureWhenTheInputIsOverwritten();
-    void endsInFailureWhenTheImageIsALinkToTheBinary();
 
 private:
     void expectFailure();
-
-    QScopedPointer<GeneratorDriver> driver;
 };
-
-void GenerateFailureTest::cleanup()
-{
-    QVERIFY2(driver->dialogs().allGiven(), qPrintable(driver->dialogs().unexpected().join('|')));
-    driver.reset();
-}
 
 /// Presses Generate and expects the red text, a closed window and no announcement.
 void GenerateFailureTest::expectFailure()
@@ -143,37 +121,6 @@ void GenerateFailureTest::overwritesOnYes()
     const PlainFcf image = PlainFcf::fromFile(driver->path("top.fcf").toStdString());
     QCOMPARE(image.payload, driver->content(driver->path("top.bin")).toStdString());
     QCOMPARE(driver->content(driver->path("top.txt")).size(), int(image.headerBytes));
-}
-
-void GenerateFailureTest::overwritesACompanionWithoutImageUnasked()
-{
-    driver->fillIn(driver->binary("top.bin", 10));
-    driver->binary("top.txt", 5000);
-    driver->click("GenerateButton");
-    QCOMPARE(driver->text("StatusBar"), QString(Green));
-    const PlainFcf image = PlainFcf::fromFile(driver->path("top.fcf").toStdString());
-    QCOMPARE(driver->content(driver->path("top.txt")).toStdString(),
-             driver->content(driver->path("top.fcf")).toStdString().substr(0, image.headerBytes));
-}
-
-void GenerateFailureTest::asksAboutTheImageItselfAfterItWasLoaded()
-{
-    driver->fillIn(driver->binary("top.bin", 10));
-    driver->click("GenerateButton");
-    const QString image = driver->path("top.fcf");
-    const QByteArray before = driver->content(image);
-
-    driver->reopen();
-    driver->window()->setTxtFile(image);
-    QCOMPARE(driver->text("txtInputFile"), image);
-    driver->dialogs().clear();
-    driver->dialogs().click(QMessageBox::No);
-    driver->click("GenerateButton");
-    QCOMPARE(driver->dialogs().texts(),
-             QStringList("A fcf file already exists at path:<br><br>" + image +
-                         "<br><br>Do you want to overwrite it?"));
-    QCOMPARE(driver->text("StatusBar"), QString(Red));
-    QCOMPARE(driver->content(image), before);
 }
 
 void GenerateFailureTest::namesTheFileThatCannotBeOpenedAfterTheQuestion_data()
@@ -354,97 +301,6 @@ void GenerateFailureTest::warnsWhenTheHeaderTellsAnotherSize()
              "4 Pelk FCF Generator: \"" + binary +
                  "\" has 6000 bytes, but the header says 5000, as the binary was when it was last "
                  "selected. Select it again and generate anew.");
-}
-
-void GenerateFailureTest::replacesEveryBinInThePath_data()
-{
-    QTest::addColumn<QString>("folder");
-    QTest::addColumn<QString>("binary");
-    QTest::addColumn<QString>("image");
-    QTest::addColumn<QString>("companion");
-    QTest::newRow("once") << ""
-                          << "top.bin"
-                          << "top.fcf"
-                          << "top.txt";
-    QTest::newRow("twice") << ""
-                           << "top.bin.bin"
-                           << "top.fcf.fcf"
-                           << "top.txt.txt";
-    QTest::newRow("inside the name") << ""
-                                     << "top.binary.bin"
-                                     << "top.fcfary.fcf"
-                                     << "top.txtary.txt";
-    QTest::newRow("in the folder") << "a.bin.d"
-                                   << "a.bin.d/top.bin"
-                                   << "a.fcf.d/top.fcf"
-                                   << "a.txt.d/top.txt";
-}
-
-void GenerateFailureTest::replacesEveryBinInThePath()
-{
-    QFETCH(QString, folder);
-    QFETCH(QString, binary);
-    QFETCH(QString, image);
-    QFETCH(QString, companion);
-    if (!folder.isEmpty()) {
-        for (const char* extension : {".bin", ".fcf", ".txt"})
-            QVERIFY(QDir().mkpath(driver->path(QString(folder).replace(".bin", extension))));
-    }
-    driver->fillIn(driver->binary(binary, 10));
-    driver->click("GenerateButton");
-    QCOMPARE(driver->text("StatusBar"), QString(Green));
-    const PlainFcf made = PlainFcf::fromFile(driver->path(image).toStdString());
-    QCOMPARE(made.payload, driver->content(driver->path(binary)).toStdString());
-    QCOMPARE(QString::fromStdString(made.valueOf("Filename: ")), QFileInfo(image).fileName());
-    QVERIFY(driver->exists(driver->path(companion)));
-}
-
-void GenerateFailureTest::asksAboutTheInputItselfForAPathWithoutBin_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("no extension") << "top";
-    QTest::newRow("another extension") << "top.bit";
-    QTest::newRow("capital letters") << "top.BIN";
-}
-
-void GenerateFailureTest::asksAboutTheInputItselfForAPathWithoutBin()
-{
-    QFETCH(QString, name);
-    const QString binary = driver->binary(name, 5000);
-    const QByteArray before = driver->content(binary);
-    driver->window()->setBinFile(binary);
-    driver->type("AuthoEditBox", "a");
-    driver->type("CiNumEditBox", "1");
-    driver->dialogs().click(QMessageBox::No);
-    expectFailure();
-    QCOMPARE(driver->dialogs().texts(),
-             QStringList("A fcf file already exists at path:<br><br>" + binary +
-                         "<br><br>Do you want to overwrite it?"));
-    QCOMPARE(driver->content(binary), before);
-}
-
-void GenerateFailureTest::endsInFailureWhenTheInputIsOverwritten()
-{
-    const QString binary = driver->binary("top.BIN", 5000);
-    driver->window()->setBinFile(binary);
-    driver->type("AuthoEditBox", "a");
-    driver->type("CiNumEditBox", "1");
-    driver->dialogs().click(QMessageBox::Yes);
-    expectFailure();
-    // Image and companion are one file, which has both their fillers.
-    QVERIFY2(driver->log().last().contains("\"" + binary + "\" is not complete: it has "),
-             qPrintable(driver->log().last()));
-}
-
-void GenerateFailureTest::endsInFailureWhenTheImageIsALinkToTheBinary()
-{
-    const QString binary = driver->binary("top.bin", 5000);
-    driver->fillIn(binary);
-    QVERIFY(QFile::link(binary, driver->path("top.fcf")));
-    driver->dialogs().click(QMessageBox::Yes);
-    expectFailure();
-    QVERIFY2(driver->log().last().contains("the payload is longer than its 0 bytes"),
-             qPrintable(driver->log().last()));
 }
 
 QTEST_MAIN(GenerateFailureTest)

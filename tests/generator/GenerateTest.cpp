@@ -1,4 +1,4 @@
-#include "GeneratorDriver.h"
+#include "GeneratorTest.h"
 
 #include "support/PlainFcf.h"
 
@@ -8,19 +8,14 @@
 
 namespace {
 
-const char* const Green = "<font color='green'>Successfully generated output files.</font>";
-const char* const Red = "<font color='red'>Failed to generate output file.</font>";
 const char* const TooLarge = "The file Size is too large please change some fields";
 
 } // namespace
 
-class GenerateTest : public QObject {
+class GenerateTest : public GeneratorTest {
     Q_OBJECT
 
 private slots:
-    void init() { driver.reset(new GeneratorDriver); }
-    void cleanup();
-
     void writesImageAndCompanionBesideTheBinary();
     void copiesBinariesOfAnySize_data();
     void copiesBinariesOfAnySize();
@@ -46,15 +41,7 @@ private slots:
 
 private:
     PlainFcf generate();
-
-    QScopedPointer<GeneratorDriver> driver;
 };
-
-void GenerateTest::cleanup()
-{
-    QVERIFY2(driver->dialogs().allGiven(), qPrintable(driver->dialogs().unexpected().join('|')));
-    driver.reset();
-}
 
 /// Presses Generate for top.bin, overwriting, and takes the image apart.
 PlainFcf GenerateTest::generate()

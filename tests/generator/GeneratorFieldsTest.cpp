@@ -1,15 +1,12 @@
-#include "GeneratorDriver.h"
+#include "GeneratorTest.h"
 
 #include <QClipboard>
 #include <QtTest>
 
-class GeneratorFieldsTest : public QObject {
+class GeneratorFieldsTest : public GeneratorTest {
     Q_OBJECT
 
 private slots:
-    void init() { driver.reset(new GeneratorDriver); }
-    void cleanup();
-
     void offersTheDevicesOfEachModule_data();
     void offersTheDevicesOfEachModule();
     void leavesTheDevicesEmptyForAnUnknownModule();
@@ -21,16 +18,7 @@ private slots:
     void takesMarkupForPlainText();
     void pastesMarkupAsPlainText();
     void clearScreenEmptiesAllButTheTarget();
-
-private:
-    QScopedPointer<GeneratorDriver> driver;
 };
-
-void GeneratorFieldsTest::cleanup()
-{
-    QVERIFY2(driver->dialogs().allGiven(), qPrintable(driver->dialogs().unexpected().join('|')));
-    driver.reset();
-}
 
 void GeneratorFieldsTest::offersTheDevicesOfEachModule_data()
 {

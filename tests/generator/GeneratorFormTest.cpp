@@ -1,4 +1,4 @@
-#include "GeneratorDriver.h"
+#include "GeneratorTest.h"
 
 #include <QtCreatorUtilities/DetailsWidget.h>
 
@@ -12,13 +12,10 @@
 
 using QtCreatorUtilities::DetailsWidget;
 
-class GeneratorFormTest : public QObject {
+class GeneratorFormTest : public GeneratorTest {
     Q_OBJECT
 
 private slots:
-    void init() { driver.reset(new GeneratorDriver); }
-    void cleanup();
-
     void declaresItsSignalAndSlotsInOrder();
     void holdsTheFormsObjectsInOrder();
     void isCalledAndTitledAsUsersKnowIt();
@@ -33,16 +30,7 @@ private slots:
     void visitsItsFieldsInReadingOrder();
     void labelsAreBuddiesOfTheirFields();
     void closesOnCancel();
-
-private:
-    QScopedPointer<GeneratorDriver> driver;
 };
-
-void GeneratorFormTest::cleanup()
-{
-    QVERIFY2(driver->dialogs().allGiven(), qPrintable(driver->dialogs().unexpected().join('|')));
-    driver.reset();
-}
 
 void GeneratorFormTest::declaresItsSignalAndSlotsInOrder()
 {

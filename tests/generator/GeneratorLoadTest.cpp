@@ -1,4 +1,4 @@
-#include "GeneratorDriver.h"
+#include "GeneratorTest.h"
 #include "SampleBuild.h"
 
 #include "fcf/FcfWriter.h"
@@ -19,13 +19,10 @@ QString loaded(const QString& path)
 
 } // namespace
 
-class GeneratorLoadTest : public QObject {
+class GeneratorLoadTest : public GeneratorTest {
     Q_OBJECT
 
 private slots:
-    void init() { driver.reset(new GeneratorDriver); }
-    void cleanup();
-
     void loadsACompanionIntoTheForm();
     void loadsAnImageLikeItsCompanion();
     void loadsThroughTheFileMenu();
@@ -40,16 +37,7 @@ private slots:
     void doesNotTakeTheFilesTextsForMarkup();
     void pointsBackToTheBinaryOnlyWhereAPathHasTxt();
     void doesNotTakeTheSizesReadForTheNextHeader();
-
-private:
-    QScopedPointer<GeneratorDriver> driver;
 };
-
-void GeneratorLoadTest::cleanup()
-{
-    QVERIFY2(driver->dialogs().allGiven(), qPrintable(driver->dialogs().unexpected().join('|')));
-    driver.reset();
-}
 
 void GeneratorLoadTest::loadsACompanionIntoTheForm()
 {

@@ -1,5 +1,5 @@
 #include "FormModel.h"
-#include "GeneratorDriver.h"
+#include "GeneratorTest.h"
 
 #include <QFile>
 #include <QRandomGenerator>
@@ -71,13 +71,10 @@ private:
 
 } // namespace
 
-class GeneratorRoundsTest : public QObject {
+class GeneratorRoundsTest : public GeneratorTest {
     Q_OBJECT
 
 private slots:
-    void init() { driver.reset(new GeneratorDriver); }
-    void cleanup();
-
     void bringsATextBack_data();
     void bringsATextBack();
     void losesWhatFollowsFourHyphensInAFunctionName();
@@ -92,15 +89,7 @@ private:
     PlainFcf generate();
     FormModel form() const;
     void compareForm(const FormModel& expected);
-
-    QScopedPointer<GeneratorDriver> driver;
 };
-
-void GeneratorRoundsTest::cleanup()
-{
-    QVERIFY2(driver->dialogs().allGiven(), qPrintable(driver->dialogs().unexpected().join('|')));
-    driver.reset();
-}
 
 PlainFcf GeneratorRoundsTest::generate()
 {

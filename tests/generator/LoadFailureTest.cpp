@@ -1,4 +1,4 @@
-#include "GeneratorDriver.h"
+#include "GeneratorTest.h"
 #include "SampleBuild.h"
 
 #include "fcf/FcfWriter.h"
@@ -20,13 +20,10 @@ QString loadingFailed(const QString& path)
 
 } // namespace
 
-class LoadFailureTest : public QObject {
+class LoadFailureTest : public GeneratorTest {
     Q_OBJECT
 
 private slots:
-    void init() { driver.reset(new GeneratorDriver); }
-    void cleanup();
-
     void endsInTheFailureTextWhenNoCompanionIsChosen();
     void keepsNoFunctionInMemoryAfterAFailedLoad();
     void locksTheEditorForAFileThatCannotBeOpened();
@@ -38,16 +35,7 @@ private slots:
     void saysBothOfAFileWithoutText();
     void tellsOnceThatADescriptionOfThousandsOfLinesIsTooLong();
     void readsLessThan64KibOfALargeImage();
-
-private:
-    QScopedPointer<GeneratorDriver> driver;
 };
-
-void LoadFailureTest::cleanup()
-{
-    QVERIFY2(driver->dialogs().allGiven(), qPrintable(driver->dialogs().unexpected().join('|')));
-    driver.reset();
-}
 
 void LoadFailureTest::endsInTheFailureTextWhenNoCompanionIsChosen()
 {

@@ -1,26 +1,10 @@
-#include "ToolFixture.h"
+#include "VerifyingTest.h"
 
 #include <QJsonArray>
 #include <QtTest>
 
-namespace {
-
-struct Lie {
-    QString field;
-    int offset;
-    QString expected;
-    QString found;
-};
-
-QString hexByte(char byte)
-{
-    return QString("0x%1").arg(static_cast<uchar>(byte), 2, 16, QLatin1Char('0'));
-}
-
-} // namespace
-
 /// What verify finds in files that are not what they should be.
-class VerifyTest : public QObject {
+class VerifyTest : public VerifyingTest {
     Q_OBJECT
 
 private slots:
@@ -45,31 +29,6 @@ private slots:
     void printsFindingsAsResults();
     void survivesHostileFiles_data();
     void survivesHostileFiles();
-
-private:
-    Run verify(const ForgedImage& image, const Arguments& more = {})
-    {
-        return verifyBytes(image.bytes(), more);
-    }
-
-    Run verifyBytes(const QByteArray& bytes, const Arguments& more = {})
-    {
-        m_tool.write("top.fcf", bytes);
-        return m_tool.run(Arguments{"verify", m_tool.argument("top.fcf"), "--json"} + more);
-    }
-
-    void checkFinding(const Run& run, const Lie& lie)
-    {
-        QCOMPARE(run.code, 1);
-        const QJsonObject finding = run.finding(lie.field);
-        QVERIFY2(!finding.isEmpty(), run.out);
-        QCOMPARE(finding["severity"].toString(), QString("error"));
-        QCOMPARE(finding["offset"].toInt(), lie.offset);
-        QCOMPARE(finding["expected"].toString(), lie.expected);
-        QCOMPARE(finding["found"].toString(), lie.found);
-    }
-
-    ToolFixture m_tool;
 };
 
 void VerifyTest::findsNothingWrongWithAForgedButRightImage()

@@ -1,0 +1,24 @@
+#ifndef TESTS_GENERATOR_GENERATORTEST_H
+#define TESTS_GENERATOR_GENERATORTEST_H
+
+#include "GeneratorDriver.h"
+
+#include <QScopedPointer>
+
+/// A test with a fresh generator window for each of its functions, none of which may leave a
+/// promised answer to a box ungiven or meet a box that it did not expect.
+class GeneratorTest : public QObject {
+    Q_OBJECT
+
+protected:
+    static const char* const Green;
+    static const char* const Red;
+
+    QScopedPointer<GeneratorDriver> driver;
+
+private slots:
+    void init();
+    void cleanup();
+};
+
+#endif
