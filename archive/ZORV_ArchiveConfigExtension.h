@@ -18,7 +18,7 @@ using OrvanticCore::Interfaces::IDesignArchiveExtension;
 /// 7010-GNRL-ELEC-FW-01-V-01_00: package code, project CM code, design code, kind code, sequence
 /// number and revision.
 ///
-/// It works in any order of the host's calls, and without a dialog or a design it does nothing. It
+/// The host may call it in whatever order; without a dialog or a design it does nothing. It
 /// does not watch the dialog's lifetime: the host takes the dialog back by handing over null.
 class ZORV_ArchiveConfigExtension : public QWidget, public IDesignArchiveExtension {
     Q_OBJECT

@@ -139,12 +139,10 @@ void ZORV_FileTypeExtensions::handleActionOpenFCF()
 {
     if (!d->currentItem)
         return;
-    // Loading may ask the user something, and while it waits the window may go.
-    const QPointer<PelkFcfGenerator> window = generator();
+    PelkFcfGenerator* const window = generator();
     if (onlyDesign())
         window->setTxtFile(d->currentItem->filePath());
-    if (window)
-        window->show();
+    window->show();
 }
 
 void ZORV_FileTypeExtensions::handleNewFilesCreated(QStringList created_files)
@@ -163,13 +161,22 @@ void ZORV_FileTypeExtensions::handleNewFilesCreated(QStringList created_files)
         recordTarget(design);
     }
 
-    // While events run the host may close the design, and its files with it.
+    // While events run the host may close the design, or the user take a file out of it.
     const QPointer<QObject> designGuard(design->objectBase());
+    QList<QPointer<DesignFile>> fileGuards;
+    foreach (DesignFile* file, handled)
+        fileGuards << file;
     QCoreApplication::processEvents();
     if (!designGuard)
         return;
+    // Without a node no cycle was started: ending one would end somebody else's.
     if (!node.isEmpty())
         design->tree()->endProcessingCycle(true);
+    handled.clear();
+    foreach (const QPointer<DesignFile>& file, fileGuards) {
+        if (file)
+            handled << file;
+    }
     design->refreshFiles(handled);
 }
 

@@ -125,6 +125,7 @@ void ZORV_Plugin_Core::showFcfGenerator()
         d->generatorWindow = new PelkFcfGenerator;
     d->generatorWindow->show();
     d->generatorWindow->raise();
+    // Without it a covered window would come up and leave the keyboard to the other one.
     d->generatorWindow->activateWindow();
     d->generatorWindow->setFocus(Qt::OtherFocusReason);
 }

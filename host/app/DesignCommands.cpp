@@ -20,6 +20,8 @@
 #include <QFileInfo>
 #include <QUrl>
 
+#include <algorithm>
+
 using OrvanticCore::Design;
 using OrvanticCore::DesignFile;
 using OrvanticCore::DesignFolder;
@@ -138,7 +140,10 @@ void DesignCommands::takePaths(const QStringList& paths, Design* design)
         const QFileInfo first(added.first());
         design = makeDesign(first.isDir() ? first.absoluteFilePath() : first.absolutePath());
         // A folder in which a design was made is not a part of it.
-        added.removeAll(design ? design->workingFolderPath() : QString());
+        const QString own = design ? design->workingFolderPath() : QString();
+        added.erase(std::remove_if(added.begin(), added.end(),
+                                   [&own](const QString& path) { return QDir(path) == QDir(own); }),
+                    added.end());
     }
     if (design)
         addPaths(added, design);

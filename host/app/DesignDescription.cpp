@@ -33,7 +33,7 @@ QString tr(const char* text) { return QCoreApplication::translate("DesignDescrip
 QString storedPath(const Design& design, const QString& path)
 {
     const QString relative = QDir(design.workingFolderPath()).relativeFilePath(path);
-    return relative.startsWith("..") ? path : relative;
+    return relative == ".." || relative.startsWith("../") ? path : relative;
 }
 
 QJsonObject writeFile(const Design& design, const DesignFile* file)
@@ -141,8 +141,25 @@ void readProperty(const JsonNode& node, Design* design)
         levels << level.text();
     // Joined by a character that no level can hold in a text that a person has typed.
     const QString separator(QChar::Null);
-    design->setDesignProperty(node.entry("name").text(), readValue(node.entry("value")),
+    const JsonNode name = node.entry("name");
+    if (name.text().isEmpty())
+        name.fail(tr("a name is expected"));
+    for (const DesignProperty& property : design->designProperties()) {
+        if (property.name == name.text())
+            name.fail(tr("\"%1\" is listed twice").arg(name.text()));
+    }
+    design->setDesignProperty(name.text(), readValue(node.entry("value")),
                               QtilitiesCategory(levels.join(separator), separator));
+}
+
+void readFolder(const JsonNode& path, Design* design)
+{
+    if (path.text().isEmpty())
+        path.fail(tr("a path is expected"));
+    const int before = design->folders().size();
+    design->restoreFolder(path.text());
+    if (design->folders().size() == before)
+        path.fail(tr("\"%1\" is listed twice").arg(path.text()));
 }
 
 void readNodes(const std::vector<JsonNode>& nodes, TreeNode* parent)
@@ -214,7 +231,7 @@ std::unique_ptr<Design> DesignDescription::read(const JsonNode& description, con
     for (const JsonNode& file : description.listOrNone("files"))
         readFile(file, design.get());
     for (const JsonNode& path : description.listOrNone("folders"))
-        design->restoreFolder(path.text());
+        readFolder(path, design.get());
     for (const JsonNode& property : description.listOrNone("properties"))
         readProperty(property, design.get());
     if (description.hasEntry("structure"))

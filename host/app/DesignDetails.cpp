@@ -38,6 +38,10 @@ DesignDetails::DesignDetails(QWidget* parent)
     if (auto* const label = qobject_cast<QLabel*>(form->labelForField(version)))
         label->setBuddy(m_major);
 
+    // Each takes its own number alone: the other one may be larger than its box can show.
+    const auto valueChanged = QOverload<int>::of(&QSpinBox::valueChanged);
+    connect(m_major, valueChanged, this, &DesignDetails::takeMajor);
+    connect(m_minor, valueChanged, this, &DesignDetails::takeMinor);
     connect(m_changes, &QPlainTextEdit::textChanged, this, &DesignDetails::takeChanges);
     show();
 }
@@ -47,7 +51,6 @@ QSpinBox* DesignDetails::makeSpinBox(const QString& name)
     auto* const box = new QSpinBox(this);
     box->setObjectName(name);
     box->setMaximum(MaximumVersion);
-    connect(box, QOverload<int>::of(&QSpinBox::valueChanged), this, &DesignDetails::takeVersion);
     return box;
 }
 
@@ -85,10 +88,16 @@ void DesignDetails::show()
     m_changes->setEnabled(m_design);
 }
 
-void DesignDetails::takeVersion()
+void DesignDetails::takeMajor(int number)
 {
     if (m_design)
-        m_design->setVersion(m_major->value(), m_minor->value());
+        m_design->setVersion(number, m_design->versionMinor());
+}
+
+void DesignDetails::takeMinor(int number)
+{
+    if (m_design)
+        m_design->setVersion(m_design->versionMajor(), number);
 }
 
 void DesignDetails::takeChanges()

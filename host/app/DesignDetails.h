@@ -25,7 +25,8 @@ public:
 private:
     QSpinBox* makeSpinBox(const QString& name);
     void show();
-    void takeVersion();
+    void takeMajor(int number);
+    void takeMinor(int number);
     void takeChanges();
 
     QPointer<OrvanticCore::Design> m_design;

@@ -1,3 +1,5 @@
+#include <OrvanticCore/DesignManager.h>
+
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 #include <QtilitiesExtensionSystem/IPlugin.h>
 
@@ -6,8 +8,10 @@
 #include <QIcon>
 #include <QMenu>
 #include <QPluginLoader>
+#include <QTemporaryDir>
 #include <QtTest>
 
+using OrvanticCore::DesignManager;
 using Qtilities::Core::VersionInformation;
 using Qtilities::Core::VersionNumber;
 using Qtilities::CoreGui::ActionContainer;
@@ -49,6 +53,7 @@ private slots:
     void makesANewInstanceAfterTheFirstWasDeleted();
 
 private:
+    QTemporaryDir m_settings;
     QPluginLoader m_loader;
     QObject* m_core = nullptr;
     IPlugin* m_plugin = nullptr;
@@ -56,6 +61,7 @@ private:
 
 void PluginTest::initTestCase()
 {
+    DesignManager::instance()->setSettingsFilePath(m_settings.filePath("host.ini"));
     m_loader.setFileName(ZORV_PLUGIN_FILE);
     m_core = m_loader.instance();
     QVERIFY2(m_core, qPrintable(m_loader.errorString()));
@@ -155,6 +161,7 @@ void PluginTest::startsWhateverTheArguments()
     QVERIFY(m_plugin->initialize({"some", "--arguments"}, &errors));
     QVERIFY(m_plugin->initializeDependencies(&errors));
     QCOMPARE(errors, QStringList("of another"));
+    QVERIFY(m_plugin->initializeDependencies(nullptr));
 }
 
 void PluginTest::registersItsExtensionsInOrder()

@@ -3,6 +3,8 @@
 #include "ArchiveJob.h"
 #include "ui_ArchiveDialog.h"
 
+#include <OrvanticCore/Design.h>
+#include <OrvanticCore/DesignFile.h>
 #include <OrvanticCore/DesignStructure.h>
 #include <OrvanticCore/IDesign.h>
 
@@ -15,6 +17,10 @@
 #include <QFileInfo>
 #include <QPushButton>
 
+#include <algorithm>
+
+using OrvanticCore::Design;
+using OrvanticCore::DesignFile;
 using OrvanticCore::DesignStructure;
 using OrvanticCore::IDesign;
 using Qtilities::Core::QtilitiesCoreApplication;
@@ -308,6 +314,9 @@ void ArchiveDialog::archive()
     }
     if (present.isFile() && !mayReplace(path))
         return;
+    // While the question waited the host may have closed the design.
+    if (!design())
+        return;
 
     const Extension* const extension = currentType().extension();
     if (extension && extension->archiveIncludeInstaller())
@@ -324,10 +333,24 @@ void ArchiveDialog::archive()
 
 bool ArchiveDialog::isOfDesign(const QString& path) const
 {
-    const QString canonical = QFileInfo(path).canonicalFilePath();
-    const QDir folder(design()->workingFolderPath());
-    return design()->fileAt(path) || design()->fileAt(canonical) ||
-           (!m_description.name.isEmpty() && path == folder.filePath(m_description.name));
+    const QString description =
+        m_description.name.isEmpty()
+            ? QString()
+            : QDir(design()->workingFolderPath()).filePath(m_description.name);
+    if (design()->fileAt(path) || path == description)
+        return true;
+
+    // Under another name, through a link on either side: compared by where the paths end.
+    const QString end = QFileInfo(path).canonicalFilePath();
+    if (end.isEmpty())
+        return false;
+    if (end == QFileInfo(description).canonicalFilePath())
+        return true;
+    const auto* const concrete = qobject_cast<const Design*>(m_designObject);
+    const QList<DesignFile*> files = concrete ? concrete->files() : QList<DesignFile*>();
+    return std::any_of(files.begin(), files.end(), [&end](const DesignFile* file) {
+        return QFileInfo(file->filePath()).canonicalFilePath() == end;
+    });
 }
 
 bool ArchiveDialog::mayReplace(const QString& path)

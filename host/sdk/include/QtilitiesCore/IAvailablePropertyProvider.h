@@ -16,8 +16,8 @@ namespace Core {
 struct QTILITIES_SHARED_EXPORT PropertySpecification {
     PropertySpecification();
 
-    /// The name under which the value is kept: the property name, or the displayed name when that
-    /// is empty.
+    /// The name under which the value is kept. A property without a name of its own is kept under
+    /// the one that is shown.
     QString propertyName() const;
 
     /// Whether it has a name and a type.
