@@ -59,6 +59,7 @@ private slots:
     void aDesignWithoutTheNodeIsLeftAlone();
     void changesAreAnnouncedOnceAfterEventsHaveRun();
     void aDesignClosedByAnEventIsLeftAlone();
+    void aFileTakenOutByAnEventIsNotRefreshed();
     void propertiesStayWithoutAWindow();
 };
 
@@ -242,6 +243,20 @@ void ZORV_FileTypeExtensionsFilesTest::aDesignClosedByAnEventIsLeftAlone()
     QTimer::singleShot(0, &fixture, [&fixture] { fixture.closeDesign(); });
     emit window->newFilesCreated({fixture.writeFile("top.fcf")});
     QVERIFY(!design);
+}
+
+void ZORV_FileTypeExtensionsFilesTest::aFileTakenOutByAnEventIsNotRefreshed()
+{
+    DesignFixture fixture;
+    PelkFcfGenerator* const window = openWindow(&fixture);
+    Design* const design = fixture.design();
+    QList<DesignFile*> refreshed;
+    connect(design, &Design::filesRefreshed, this,
+            [&refreshed](const QList<DesignFile*>& files) { refreshed = files; });
+    QTimer::singleShot(0, design, [design] { design->removeFile(design->fileAt("top.fcf")); });
+    emit window->newFilesCreated({fixture.writeFile("top.fcf"), fixture.writeFile("top.txt")});
+    QVERIFY(!design->fileAt("top.fcf"));
+    QCOMPARE(refreshed, QList<DesignFile*>{design->fileAt("top.txt")});
 }
 
 void ZORV_FileTypeExtensionsFilesTest::propertiesStayWithoutAWindow()

@@ -198,6 +198,16 @@ void DesignStorageTest::refusesADamagedDescription_data()
                                                << "files[0].path: a path is expected";
     QTest::newRow("a file listed twice") << start + R"("files": [{"path": "a"}, {"path": "./a"}]})"
                                          << "files[1].path: \"./a\" is listed twice";
+    QTest::newRow("a folder listed twice") << start + R"("folders": ["a", "./a"]})"
+                                           << "folders[1]: \"./a\" is listed twice";
+    QTest::newRow("a folder without a path") << start + R"("folders": [""]})"
+                                             << "folders[0]: a path is expected";
+    QTest::newRow("a property listed twice")
+        << start + R"("properties": [{"name": "a", "value": 1}, {"name": "a", "value": 2}]})"
+        << "properties[1].name: \"a\" is listed twice";
+    QTest::newRow("a property without a name")
+        << start + R"("properties": [{"name": "", "value": 1}]})"
+        << "properties[0].name: a name is expected";
     QTest::newRow("a flag that is none")
         << start + R"("files": [{"path": "a", "generated": "yes"}]})"
         << "files[0].generated: true or false is expected";

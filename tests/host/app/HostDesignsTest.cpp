@@ -67,6 +67,7 @@ private slots:
     void opensADroppedDesign();
     void tellsWhichFilesItCannotAdd();
     void editsTheVersion();
+    void keepsAVersionNumberTooLargeForItsBox();
     void remembersItsGeometry();
 };
 
@@ -316,6 +317,15 @@ void HostDesignsTest::editsTheVersion()
     host.press(Qt::Key_L, Qt::ControlModifier);
     QVERIFY(!major->isEnabled());
     QVERIFY(changes->isReadOnly());
+}
+
+void HostDesignsTest::keepsAVersionNumberTooLargeForItsBox()
+{
+    HostFixture host;
+    Design* const design = host.openDesign("radar");
+    design->setVersion(2026, 4);
+    QTest::keyClick(host.child<QSpinBox>("VersionMinor"), Qt::Key_Up);
+    QCOMPARE(design->versionString("."), QString("2026.5"));
 }
 
 void HostDesignsTest::remembersItsGeometry()

@@ -206,6 +206,10 @@ void ArchiveDialogRunTest::refusesToReplaceWhatBelongsToTheDesign_data()
                                       << "top.fcf";
     QTest::newRow("the description") << "design.json"
                                      << "design.json";
+    QTest::newRow("a file through a link to the folder") << "folder-link/top.bin"
+                                                         << "top.bin";
+    QTest::newRow("the description through a link to the folder") << "folder-link/design.json"
+                                                                  << "design.json";
 }
 
 void ArchiveDialogRunTest::refusesToReplaceWhatBelongsToTheDesign()
@@ -213,6 +217,7 @@ void ArchiveDialogRunTest::refusesToReplaceWhatBelongsToTheDesign()
     QFETCH(QString, destination);
     QFETCH(QString, file);
     QVERIFY(QFile::link(bench->path("top.bin"), bench->path("link.zip")));
+    QVERIFY(QFile::link(bench->path("."), bench->path("folder-link")));
     ArchivedDesign::write(bench->path("design.json"), "stored");
     const QByteArray before = ArchivedDesign::read(bench->path(file));
     answers->click(QMessageBox::Ok);
