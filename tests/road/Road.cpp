@@ -3,6 +3,7 @@
 #include "GeneratorSteps.h"
 #include "ImageCheck.h"
 
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
@@ -32,6 +33,16 @@ QJsonObject entry(const QJsonArray& list, const char* key, const QString& value)
     throw RoadBlock("The design's description has no \"" + value + "\".");
 }
 
+/// What another tool says of a package.
+QByteArray unzip(const QStringList& arguments)
+{
+    QProcess process;
+    process.start("unzip", arguments);
+    require(process.waitForFinished(Hands::PatienceMs) && process.exitCode() == 0,
+            "unzip " + arguments.join(' ') + ": " + process.readAllStandardError());
+    return process.readAllStandardOutput();
+}
+
 } // namespace
 
 Road::Road(const QString& design, const QString& screenshot)
@@ -51,6 +62,23 @@ void Road::drive()
     saveDesign();
     openCompanionFromDesign();
     archiveDesign();
+    withArchiveDialog([](QWidget* dialog) {
+        Hands::select(dialog, "typeBox", "VKT Config Package");
+        Hands::select(dialog, "cmbPackageType", "7030 (Software)");
+        dialog->close();
+    });
+}
+
+void Road::driveAfterRestart()
+{
+    m_host = Hands::window("MainWindow");
+    withArchiveDialog([](QWidget* dialog) {
+        Hands::select(dialog, "typeBox", "VKT Config Package");
+        const QString type = find<QComboBox>(dialog, "cmbPackageType")->currentText();
+        require(type == "7030 (Software)", "The package type is " + type + " after a restart.");
+        dialog->close();
+    });
+    tell("Restarted", "  The package type is still 7030 (Software).\n");
 }
 
 void Road::makeImageFromToolsMenu()
@@ -140,10 +168,11 @@ void Road::checkDesignView()
         require(Hands::row(view, name) == QStringList({name, "Generated", "1.0"}),
                 QString("The design shows %1 as: ").arg(name) + Hands::row(view, name).join(", "));
     const QStringList log = Hands::column(find<QTreeView>(m_host, "LogPane"), 2);
-    for (const char* name : {"top.fcf", "top.txt"}) {
-        const QString line = "Successfully added generated file \"" + path(name) + "\" to design.";
-        require(log.contains(line), "The log does not say: " + line);
-    }
+    const QStringList added = {
+        "Successfully added generated file \"" + path("top.fcf") + "\" to design.",
+        "Successfully added generated file \"" + path("top.txt") + "\" to design."};
+    require(log.mid(log.indexOf(added[0]), 2) == added && log.filter("generated file").size() == 2,
+            "The log does not tell of both files: " + log.join(" | "));
     tell("Log", "  " + log.join("\n  ") + '\n');
 }
 
@@ -180,43 +209,53 @@ void Road::openCompanionFromDesign()
 
 void Road::archiveDesign()
 {
-    m_dialogs.leaveTo([this](QWidget* dialog) { makePackage(dialog); });
-    Hands::chooseFromMenuBar(m_host, "File", "Archive Design...");
-    require(m_dialogs.allGiven(),
-            "No archive dialog came up, or more: " + m_dialogs.texts().join(" | "));
-
+    withArchiveDialog([this](QWidget* dialog) { makePackage(dialog); });
     const QString package = path("7010-GNRL-ELEC-FW-01-V-01_00.zip");
-    QProcess unzip;
-    unzip.start("unzip", {"-t", package});
-    require(unzip.waitForFinished(Hands::PatienceMs) && unzip.exitCode() == 0,
-            "The package is none: " + package);
-    const QString listing = unzip.readAllStandardOutput();
-    for (const char* member : {"design.json", "top.bin"})
-        require(listing.contains(member), QString("The package has no ") + member);
-    tell("Package", "  " + listing.trimmed().replace("\n", "\n  ") + '\n');
+    unzip({"-t", package});
+    // What is generated is made anew from the package, and not part of it.
+    require(unzip({"-Z1", package}) == "design.json\ntop.bin\n", "The package has other members.");
+    for (const char* member : {"design.json", "top.bin"}) {
+        QFile file(path(member));
+        require(file.open(QIODevice::ReadOnly) && unzip({"-p", package, member}) == file.readAll(),
+                QString("The package's %1 is not the design's.").arg(member));
+    }
+    tell("Package", "  " + package + '\n');
 }
 
-/// Runs inside the modal dialog, where no exception may pass.
 void Road::makePackage(QWidget* dialog)
 {
-    try {
-        const auto expectName = [&](const char* name) {
-            const QString shown = find<QLineEdit>(dialog, "destinationPath")->text();
-            require(shown == path(name), QString("The package is to go to %1.").arg(shown));
-        };
-        Hands::select(dialog, "typeBox", "VKT Config Package");
-        expectName("7010-GNRL-ELEC-FW-01-V-01_00.zip");
-        Hands::select(dialog, "cmbPackageType", "7030 (Software)");
-        expectName("7030-GNRL-CMPL-SW-01-V-01_00.zip");
-        Hands::select(dialog, "cmbPackageType", "7010 (Firmware)");
-        expectName("7010-GNRL-ELEC-FW-01-V-01_00.zip");
-        Hands::click(dialog, "archiveButton");
-        require(QTest::qWaitFor([&] { return !dialog->isVisible(); }, Hands::PatienceMs),
-                "The archive dialog stays open.");
-    } catch (const RoadBlock& block) {
-        tell("In the archive dialog", block.what());
-        dialog->close();
-    }
+    const auto expectName = [&](const char* name) {
+        const QString shown = find<QLineEdit>(dialog, "destinationPath")->text();
+        require(shown == path(name), QString("The package is to go to %1.").arg(shown));
+    };
+    Hands::select(dialog, "typeBox", "VKT Config Package");
+    expectName("7010-GNRL-ELEC-FW-01-V-01_00.zip");
+    Hands::select(dialog, "cmbPackageType", "7030 (Software)");
+    expectName("7030-GNRL-CMPL-SW-01-V-01_00.zip");
+    Hands::select(dialog, "cmbPackageType", "7010 (Firmware)");
+    expectName("7010-GNRL-ELEC-FW-01-V-01_00.zip");
+    Hands::click(dialog, "archiveButton");
+    require(QTest::qWaitFor([&] { return !dialog->isVisible(); }, Hands::PatienceMs),
+            "The archive dialog stays open.");
+}
+
+void Road::withArchiveDialog(const std::function<void(QWidget*)>& deal)
+{
+    // No exception may pass through the dialog's own event loop.
+    std::exception_ptr block;
+    m_dialogs.leaveTo([&](QWidget* dialog) {
+        try {
+            deal(dialog);
+        } catch (const RoadBlock&) {
+            block = std::current_exception();
+            dialog->close();
+        }
+    });
+    Hands::chooseFromMenuBar(m_host, "File", "Archive Design...");
+    if (block)
+        std::rethrow_exception(block);
+    require(m_dialogs.allGiven(),
+            "No archive dialog came up, or more: " + m_dialogs.texts().join(" | "));
 }
 
 void Road::takeScreenshot() const

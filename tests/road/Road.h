@@ -5,6 +5,8 @@
 
 #include "support/ModalAnswer.h"
 
+#include <functional>
+
 /// The way of a person through the host's real menus and windows.
 class Road {
 public:
@@ -13,6 +15,8 @@ public:
 
     /// Throws a RoadBlock at the first thing that falls short.
     void drive();
+    /// What the host must still know after it was ended and started again.
+    void driveAfterRestart();
 
     /// What was made on the way, as far as it was gone.
     QString report() const { return m_report; }
@@ -29,6 +33,8 @@ private:
     /// A configuration package of the design, named by the plug-in's form.
     void archiveDesign();
     void makePackage(QWidget* dialog);
+    /// Opens the archive dialog and lets \p deal have it, in which a RoadBlock may be thrown.
+    void withArchiveDialog(const std::function<void(QWidget*)>& deal);
     void takeScreenshot() const;
     void tell(const QString& title, const QString& text);
 

@@ -25,7 +25,10 @@ void RoadPlugin::drive()
     Road road(qEnvironmentVariable("PELK_ROAD_DESIGN"),
               qEnvironmentVariable("PELK_ROAD_SCREENSHOT"));
     try {
-        road.drive();
+        if (qEnvironmentVariableIsSet("PELK_ROAD_RESTARTED"))
+            road.driveAfterRestart();
+        else
+            road.drive();
         QTextStream(stdout) << road.report() << Qt::flush;
         QCoreApplication::exit(0);
     } catch (const RoadBlock& block) {
