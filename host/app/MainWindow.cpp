@@ -37,6 +37,8 @@ using Qtilities::CoreGui::QtilitiesApplication;
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent), m_designs(new OpenDesigns(this)), m_model(new DesignModel(this))
 {
+    // A static library's resources are not there by themselves.
+    Q_INIT_RESOURCE(host);
     setObjectName("MainWindow");
     setWindowIcon(QIcon(":/icons/radar_128x128.png"));
     setAcceptDrops(true);

@@ -1,0 +1,92 @@
+#include "HostFixture.h"
+
+#include <QtilitiesLogging/Logger.h>
+
+#include <QMenuBar>
+#include <QtTest>
+
+using Qtilities::Logging::Logger;
+
+/// What the host has around its designs: menus, log and the icons that plug-ins ask for.
+class HostFrameTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void showsTheMenusOfTheActionManager();
+    void listsPriorityMessagesWithTheirKinds();
+    void showsMarkupInMessagesAsItIs();
+    void providesTheIconsOfThePlugin();
+    void closesThePluginsWindowsWithItsOwn();
+};
+
+void HostFrameTest::showsTheMenusOfTheActionManager()
+{
+    const HostFixture host;
+    QStringList titles;
+    for (const QAction* menu : host.window()->menuBar()->actions())
+        titles << menu->text().remove('&');
+    QCOMPARE(titles, QStringList({"File", "Design", "Tools"}));
+    const QList<QAction*> tools = host.window()->menuBar()->actions().last()->menu()->actions();
+    QVERIFY(tools.size() >= 2);
+    QVERIFY(tools.last()->isSeparator());
+    QCOMPARE(tools.at(tools.size() - 2)->text(), QString("Pelk FCF Generator"));
+}
+
+void HostFrameTest::listsPriorityMessagesWithTheirKinds()
+{
+    const HostFixture host;
+    const QAbstractItemModel* const log = host.child<QTreeView>("LogPane")->model();
+    const int before = log->rowCount();
+    for (const auto type : {Logger::Info, Logger::Warning, Logger::Error, Logger::Fatal})
+        Logger::instance()->logPriorityMessage(QString(), type, QString("number %1").arg(type));
+    QStringList rows;
+    for (int row = before; row < log->rowCount(); ++row) {
+        QVERIFY(!log->index(row, 0).data().toString().isEmpty());
+        QVERIFY(!log->index(row, 1).data(Qt::DecorationRole).value<QIcon>().isNull());
+        rows << log->index(row, 1).data().toString() + ": " + log->index(row, 2).data().toString();
+    }
+    QCOMPARE(rows, QStringList({"Info: number 2", "Warning: number 4", "Error: number 8",
+                                "Fatal: number 16"}));
+}
+
+void HostFrameTest::showsMarkupInMessagesAsItIs()
+{
+    const HostFixture host;
+    Logger::instance()->logPriorityMessage(QString(), Logger::Info, "<b>bold</b> & more");
+    QCOMPARE(host.log().last(), QString("<b>bold</b> & more"));
+    const QAbstractItemModel* const log = host.child<QTreeView>("LogPane")->model();
+    QCOMPARE(log->index(log->rowCount() - 1, 2).data(Qt::ToolTipRole).toString(),
+             QString("&lt;b&gt;bold&lt;/b&gt; &amp; more"));
+}
+
+void HostFrameTest::providesTheIconsOfThePlugin()
+{
+    HostFixture host;
+    QCOMPARE(QImage(":/icons/radar_22x22.png").size(), QSize(22, 22));
+    QCOMPARE(QImage(":/icons/config_output_16x16.png").size(), QSize(16, 16));
+
+    QMenu* const tools = host.window()->menuBar()->actions().last()->menu();
+    tools->popup(QPoint(0, 0));
+    QVERIFY(HostFixture::choose(tools, "Pelk FCF Generator"));
+    QTRY_VERIFY(HostFixture::generator());
+    QVERIFY(!HostFixture::generator()->windowIcon().pixmap(22, 22).isNull());
+}
+
+void HostFrameTest::closesThePluginsWindowsWithItsOwn()
+{
+    HostFixture host;
+    QMenu* const tools = host.window()->menuBar()->actions().last()->menu();
+    tools->popup(QPoint(0, 0));
+    QVERIFY(HostFixture::choose(tools, "Pelk FCF Generator"));
+    QTRY_VERIFY(HostFixture::generator());
+    QVERIFY(host.closeWindow());
+    QTRY_VERIFY(!HostFixture::generator());
+}
+
+int main(int argc, char** argv)
+{
+    HostFrameTest test;
+    return runHostTest(&test, argc, argv);
+}
+
+#include "HostFrameTest.moc"
