@@ -72,8 +72,10 @@ void ZORV_FileTypeExtensionsFilesTest::takesWhatTheWindowGeneratesIntoTheDesign(
 
     QCOMPARE(fixture.design()->files().count(), 3);
     for (const char* name : {"top.fcf", "top.txt"}) {
-        DesignFile* const file = fixture.design()->fileAt(name);
-        QVERIFY(file && file->exists());
+        const DesignFile* const file = fixture.design()->fileAt(name);
+        if (!file)
+            QFAIL(name);
+        QVERIFY(file->exists());
         QVERIFY(file->isGenerated());
         QCOMPARE(file->versionAssociation(), QString("2.7"));
         QCOMPARE(file->customNode(), QString("Bit-stream Files"));

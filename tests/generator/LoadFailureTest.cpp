@@ -188,7 +188,7 @@ void LoadFailureTest::readsLessThan64KibOfALargeImage()
     const auto bytesRead = [] {
         QFile io("/proc/self/io");
         io.open(QIODevice::ReadOnly);
-        return io.readLine().mid(qstrlen("rchar: ")).trimmed().toLongLong();
+        return io.readLine().mid(int(qstrlen("rchar: "))).trimmed().toLongLong();
     };
     const qint64 before = bytesRead();
     driver->window()->setTxtFile(image);

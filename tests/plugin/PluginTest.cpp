@@ -234,10 +234,11 @@ void PluginTest::opensOneWindowAndBringsItBack()
 
 void PluginTest::makesANewInstanceAfterTheFirstWasDeleted()
 {
-    QPointer<QObject> first = m_core;
+    bool deleted = false;
+    connect(m_core, &QObject::destroyed, this, [&deleted] { deleted = true; });
     m_plugin->finalize();
     delete m_core;
-    QVERIFY(!first);
+    QVERIFY(deleted);
 
     QObject* const second = m_loader.instance();
     QVERIFY(second);

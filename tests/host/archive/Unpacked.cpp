@@ -42,7 +42,7 @@ QByteArray Unpacked::run(const QString& tool, const QStringList& arguments)
         fault += tool + ": " + process.errorString();
         return {};
     }
-    const QByteArray output = process.readAll();
+    QByteArray output = process.readAll();
     if (process.exitCode() != 0)
         fault += tool + ": " + QString::fromUtf8(output);
     return output;
