@@ -45,5 +45,5 @@ function(zorv_test name)
         # Whole stacks, or what Qt leaks could not be told from what we leak.
         ASAN_OPTIONS=fast_unwind_on_malloc=0
         "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan-suppressions.txt")
-    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 400)
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 900)
 endfunction()
