@@ -112,7 +112,7 @@ std::optional<Outputs> CreateCommand::plan(InputFile* binary, Session* session) 
     if (outputs) {
         outputs->hasCompanion = !m_noCompanion;
         outputs->hasDigest = m_digest;
-        outputs->guard(*binary, m_force, session);
+        outputs->guard(m_force, session);
     }
     return outputs;
 }

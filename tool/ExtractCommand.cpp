@@ -65,7 +65,7 @@ void ExtractCommand::run(Session* session)
                                 QStringLiteral("--output"),
                                 QStringLiteral("takes the payload alone: --json needs a file"));
     if (!session->outIsTaken)
-        guardOutput(*output, file, m_force, session);
+        guardOutput(*output, m_force, session);
     if (session->findings.hasErrors() || !page.read(&file, ExitCode::NotValid, session))
         return;
     Validator(&file, Validator::Image, session).validate(page);
