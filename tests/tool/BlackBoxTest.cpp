@@ -48,6 +48,7 @@ private slots:
     void worksThroughPipes();
     void isCheckedBySha256sum();
     void obeysSourceDateEpoch();
+    void takesADateAndTimeInEveryTimeZone();
     void leavesNothingOnAFullDisk_data();
     void leavesNothingOnAFullDisk();
     void tellsThatStandardOutputIsFull();
@@ -220,6 +221,20 @@ void BlackBoxTest::obeysSourceDateEpoch()
     const Run refused = run(create(tool, "top.bin", {"--force"}), {}, environment);
     QCOMPARE(refused.code, 2);
     QVERIFY(refused.err.contains("SOURCE_DATE_EPOCH: \"yesterday\" is not a number"));
+}
+
+void BlackBoxTest::takesADateAndTimeInEveryTimeZone()
+{
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(100));
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    // Where clocks are put forward at two o'clock that night.
+    environment.insert("TZ", "EST5EDT,M3.2.0,M11.1.0");
+    const Run run = this->run(
+        create(tool, "top.bin", {"--date-format", "iso", "--date-time", "2024-03-10T02:30:00"}), {},
+        environment);
+    QVERIFY2(run.code == 0, run.err);
+    QVERIFY(tool.read("top.txt").contains("\nDate: 2024-03-10\nTime: 02:30:00\n"));
 }
 
 void BlackBoxTest::leavesNothingOnAFullDisk_data()
