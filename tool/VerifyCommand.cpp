@@ -126,9 +126,10 @@ bool VerifyCommand::checkDigest(InputFile* file, Session* session) const
         return false;
     }
     Progress progress(session, QStringLiteral("verify"), file->size());
-    file->device().seek(0);
     MeteredSource source(&file->device(), &progress);
-    const std::optional<QByteArray> found = Digest::of(&source);
+    std::optional<QByteArray> found;
+    if (file->device().seek(0))
+        found = Digest::of(&source);
     if (!found)
         session->findings.error(ExitCode::CannotAccess, file->label(), QString(),
                                 QStringLiteral("cannot be read: %1").arg(source.errorString()));
