@@ -54,7 +54,10 @@ bool stageAndPlace(ImageWriter* writer, InputFile* binary, const Outputs& output
         if (!FcfWriter::writeAll(file, other.bytes, &error->reason))
             return false;
     }
-    return files.place(force, error);
+    if (!files.place(force, error))
+        return false;
+    warnOfLeftBehind(files, session);
+    return true;
 }
 
 } // namespace

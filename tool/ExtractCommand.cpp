@@ -35,8 +35,11 @@ bool writePayload(InputFile* file, const HeaderPage& page, const QString& path, 
         return copyPayload(file, page, session->environment().out, session, &error->reason);
     StagedFiles files(session->environment().beforeStep);
     QFile* const output = files.add(path, error);
-    return output && copyPayload(file, page, output, session, &error->reason) &&
-           files.place(force, error);
+    if (!output || !copyPayload(file, page, output, session, &error->reason) ||
+        !files.place(force, error))
+        return false;
+    warnOfLeftBehind(files, session);
+    return true;
 }
 
 } // namespace

@@ -96,6 +96,11 @@ int FileSystem::exchange(const QString& one, const QString& other)
     return rename(one, other, RENAME_EXCHANGE);
 }
 
+int FileSystem::link(const QString& from, const QString& to)
+{
+    return result(::link(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()));
+}
+
 int FileSystem::unlink(const QString& path)
 {
     return result(::unlink(QFile::encodeName(path).constData()));

@@ -48,6 +48,9 @@ int renameOver(const QString& from, const QString& to);
 /// Exchanges \p one and \p other in one step; EINVAL or ENOSYS where the file system cannot.
 int exchange(const QString& one, const QString& other);
 
+/// Gives what stands at \p from the name \p to as well; EEXIST when something stands there.
+int link(const QString& from, const QString& to);
+
 int unlink(const QString& path);
 
 /// Brings all of an open file to the disk.

@@ -71,6 +71,14 @@ void guardOutput(const QString& path, bool force, Session* session)
     }
 }
 
+void warnOfLeftBehind(const StagedFiles& files, Session* session)
+{
+    for (const QString& path : files.leftBehind())
+        session->findings.warning(
+            path, OutputOption,
+            QStringLiteral("holds what was replaced, and could not be removed"));
+}
+
 std::optional<Outputs> Outputs::of(const InputFile& binary, const std::optional<QString>& output,
                                    Session* session)
 {

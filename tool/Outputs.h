@@ -8,10 +8,14 @@
 
 class InputFile;
 class Session;
+class StagedFiles;
 
 /// Guards a path that a run is about to write: not one of its inputs under any name, not a folder,
 /// nothing that exists unless \p force is given. What is refused goes to the findings.
 void guardOutput(const QString& path, bool force, Session* session);
+
+/// Warns of what \p files replaced but could not remove.
+void warnOfLeftBehind(const StagedFiles& files, Session* session);
 
 /// Where the files of one image go.
 class Outputs {
