@@ -151,7 +151,8 @@ void Validator::checkTexts(const HeaderPage& page) const
         m_session->findings.error(ExitCode::NotValid, m_file->label(), breach.field, breach.reason)
             .at(offsetOf(page, breach.field));
 
-    static const QRegularExpression time(QStringLiteral("^[0-2][0-9]:[0-5][0-9]:[0-5][0-9]\\z"));
+    static const QRegularExpression time(
+        QStringLiteral("^([01][0-9]|2[0-3]):[0-5][0-9]:[0-5][0-9]\\z"));
     const QString timeField = QStringLiteral("time");
     if (!time.match(header.time).hasMatch())
         invalid(timeField, offsetOf(page, timeField), QStringLiteral("is no time of day"),

@@ -186,6 +186,8 @@ void VerifyTest::findsTextsThatAreNotWellFormed_data()
     row("bytes that are no text", "Ann", "A\xffn", "author");
     row("bytes that are no text in a second line", "Rev B", "Rev B\n\xc3", "description");
     row("a time of 60 minutes", "13:45:00", "13:60:00", "time");
+    row("a time of 24 hours", "13:45:00", "24:00:00", "time");
+    row("a time of 29 hours", "13:45:00", "29:59:59", "time");
     row("a time with a blank", "13:45:00", "13:45:00 ", "time");
     row("a mark inside a description", "Rev B", "Rev --- B", "description");
     row("a mark inside a function's name", "fft", "f----t", "functions[0].name");
