@@ -29,9 +29,9 @@ Checker::Checker(Session* session, const QString& file) : m_session(session), m_
 
 void Checker::checkBuild(const Build& build) const
 {
-    if (build.author.value_or(QString()).isEmpty())
+    if (build.author.value_or(QString()).trimmed().isEmpty())
         refuse(QStringLiteral("author"), missing("--author"));
-    if (build.ciNumber.value_or(QString()).isEmpty())
+    if (build.ciNumber.value_or(QString()).trimmed().isEmpty())
         refuse(QStringLiteral("ciNumber"), missing("--ci"));
     checkTarget(build);
     checkNumbers(build);
@@ -78,6 +78,10 @@ void Checker::checkNumbers(const Build& build) const
                                                    .arg(FcfTarget::LastSlot));
     if (!build.version)
         refuse(QStringLiteral("version"), missing("--version MAJOR.MINOR"));
+    else if (build.version->major < 0 || build.version->minor < 0)
+        refuse(QStringLiteral("version"), QStringLiteral("%1.%2 has a negative number")
+                                              .arg(build.version->major)
+                                              .arg(build.version->minor));
 }
 
 void Checker::checkBinarySize(qint64 bytes) const
