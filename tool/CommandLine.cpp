@@ -50,7 +50,7 @@ public:
             CLI::App* const app = m_app.add_subcommand(command->name(), command->summary());
             command->declare(app);
             app->add_flag("--json", m_json, "give the result as JSON");
-            app->add_flag("--quiet", m_quiet, "say nothing but errors");
+            app->add_flag("--quiet", m_quiet, "show no progress and no notes");
             app->footer(Footer);
             m_apps.push_back(app);
         }

@@ -64,6 +64,7 @@ public:
     /// What the command adds to the JSON.
     QJsonObject result;
     bool json = false;
+    /// Whether neither progress nor notes are wanted.
     bool quiet = false;
     /// Whether a file that is not valid is what was asked for, and so goes to standard output.
     bool findingsAreResults = false;

@@ -96,7 +96,7 @@ QVector<Breach> TextRules::brokenRecords(const FcfHeader& header)
     for (const NamedText& text : textsOf(header)) {
         const QString reason = brokenRecord(text);
         if (!reason.isEmpty())
-            breaches.append({text.field, reason});
+            breaches.append({text.field, reason, text.value});
     }
     return breaches;
 }
@@ -106,8 +106,10 @@ QVector<Breach> TextRules::notEncodable(const FcfHeader& header, const QTextCode
     QVector<Breach> breaches;
     for (const NamedText& text : textsOf(header)) {
         if (!canEncode(codec, text.value))
-            breaches.append({text.field, QStringLiteral("cannot be encoded in this locale's %1")
-                                             .arg(QString::fromLatin1(codec->name()))});
+            breaches.append({text.field,
+                             QStringLiteral("cannot be encoded in this locale's %1")
+                                 .arg(QString::fromLatin1(codec->name())),
+                             text.value});
     }
     return breaches;
 }
@@ -123,7 +125,8 @@ QVector<Breach> TextRules::lostInForm(const FcfHeader& header, QTextCodec* codec
             breaches.append({written.at(index).field,
                              QStringLiteral("the generator window would load no more of it than "
                                             "\"%1\"")
-                                 .arg(shownText(value))});
+                                 .arg(shownText(value)),
+                             written.at(index).value});
     }
     return breaches;
 }

@@ -148,8 +148,8 @@ void Validator::checkTexts(const HeaderPage& page) const
 {
     const FcfHeader& header = page.reading.header;
     for (const TextRules::Breach& breach : TextRules::brokenRecords(header))
-        m_session->findings.error(ExitCode::NotValid, m_file->label(), breach.field, breach.reason)
-            .at(offsetOf(page, breach.field));
+        invalid(breach.field, offsetOf(page, breach.field), breach.reason,
+                QStringLiteral("a text that a reader takes whole"), breach.value);
 
     static const QRegularExpression time(
         QStringLiteral("^([01][0-9]|2[0-3]):[0-5][0-9]:[0-5][0-9]\\z"));

@@ -221,7 +221,7 @@ void RefusalTest::refusesAnotherBuild_data()
     QTest::newRow("an unknown ending")
         << "like.xml" << QByteArray("<x/>") << "ends with neither .fcf, .txt nor .json";
     QTest::newRow("an image that is none")
-        << "like.fcf" << QByteArray(3000, 'x') << "like.fcf: offset 64: is not what an FCF header";
+        << "like.fcf" << QByteArray(3000, 'x') << "like.fcf: text at offset 64: is not what an FCF header";
     QTest::newRow("an empty companion") << "like.txt" << QByteArray() << "is no FCF header page";
     recipe("no JSON", "{", "like.json: is not JSON: ");
     recipe("no object", "[]", "recipe: is missing: this is not a recipe");
