@@ -46,12 +46,19 @@ QVector<NamedText> textsOf(const FcfHeader& header)
     return texts;
 }
 
+/// A text field of a form breaks a line at the separators too.
+bool isLineBreak(QChar character)
+{
+    return character == QLatin1Char('\n') || character == QLatin1Char('\r') ||
+           character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
+}
+
 QString brokenRecord(const NamedText& text)
 {
     for (const QChar character : text.value) {
         if (character == QLatin1Char('\n') && text.hasLines)
             continue;
-        if (character == QLatin1Char('\n') || character == QLatin1Char('\r'))
+        if (isLineBreak(character))
             return QStringLiteral("holds a line break, at which a reader would lose the rest");
         if (character.category() == QChar::Other_Control && character != QLatin1Char('\t'))
             return QStringLiteral("holds the control character %1")

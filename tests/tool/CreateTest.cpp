@@ -39,6 +39,7 @@ private slots:
     void warnsOfABinaryThatIsNotRight();
     void takesWarningsForErrorsWhenStrict();
     void warnsOfTextsThatTheWindowWouldLose();
+    void warnsOfADescriptionThatTheWindowWouldCut();
     void warnsOfALocaleThatTheTargetDoesNotShare();
     void givesResultsAndWarningsWhenQuiet();
     void showsProgressAtATerminalOnly();
@@ -392,6 +393,22 @@ void CreateTest::warnsOfALocaleThatTheTargetDoesNotShare()
     QVERIFY(tool.read("top.txt").size() >= 2112 && tool.read("top.txt").size() <= 2114);
     QCOMPARE(tool.run({"verify", tool.argument("top.fcf")}).code, 0);
     QCOMPARE(create(&tool, {"--force", "--strict"}).code, 2);
+}
+
+void CreateTest::warnsOfADescriptionThatTheWindowWouldCut()
+{
+    for (const int length : {1000, 1001}) {
+        ToolFixture tool;
+        tool.write("top.bin", ToolFixture::payload(4000));
+        Arguments described = ToolFixture::described();
+        described.back() = std::string(static_cast<std::size_t>(length), 'x');
+        const Run run = tool.run(Arguments{"create", tool.argument("top.bin")} + described);
+        QCOMPARE(run.code, 0);
+        QCOMPARE(run.err.contains("warning: " + tool.path("top.bin").toUtf8() +
+                                  ": description: has 1001 characters: the generator window cuts "
+                                  "it behind 1000"),
+                 length > 1000);
+    }
 }
 
 void CreateTest::givesResultsAndWarningsWhenQuiet()

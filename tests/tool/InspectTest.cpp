@@ -229,7 +229,16 @@ void InspectTest::writesARecipe()
          QJsonArray{QJsonObject{
              {"name", "fft"}, {"author", "Bob"}, {"ciNumber", "7"}, {"description", "Spectrum"}}}}};
     QCOMPARE(tool.run({"recipe", tool.argument("top.fcf")}).json(), expected);
-    QCOMPARE(tool.run({"recipe", tool.argument("top.fcf"), "--json"}).json(), expected);
+    const QJsonObject json = tool.run({"recipe", tool.argument("top.fcf"), "--json"}).json();
+    QCOMPARE(json["recipe"].toObject(), expected);
+    QCOMPARE(json["schema"].toInt(), 1);
+    QCOMPARE(json["command"].toString(), QString("recipe"));
+    QCOMPARE(json["exitCode"].toInt(-1), 0);
+    QVERIFY(json["findings"].isArray());
+    // Wrong usage has the same shape.
+    const QJsonObject refused = tool.run({"recipe", "--json", "--nonsense"}).json();
+    QCOMPARE(refused["command"].toString(), QString("recipe"));
+    QCOMPARE(refused["exitCode"].toInt(), 2);
 }
 
 void InspectTest::givesNoRecipeForAnUnknownTarget()

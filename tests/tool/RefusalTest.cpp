@@ -63,6 +63,10 @@ void RefusalTest::refusesWhatCannotBeBuilt_data()
     row("a version beyond 32 bits", "--version", "1.2147483648", "is not two numbers");
     row("an author of two lines", "--author", "A\nB", "author: holds a line break");
     row("a carriage return", "--ci", "4\r2", "ciNumber: holds a line break");
+    row("a line separator", "--description", QString("a") + QChar(0x2028) + "b",
+        "description: holds a line break");
+    row("a paragraph separator", "--author", QString("a") + QChar(0x2029) + "b",
+        "author: holds a line break");
     row("a control character", "--author", "A\x1b[2J",
         "author: holds the control character \\u001b");
     row("a mark in the description", "--description", "a --- b", "description: holds \"---\"");
@@ -221,7 +225,8 @@ void RefusalTest::refusesAnotherBuild_data()
     QTest::newRow("an unknown ending")
         << "like.xml" << QByteArray("<x/>") << "ends with neither .fcf, .txt nor .json";
     QTest::newRow("an image that is none")
-        << "like.fcf" << QByteArray(3000, 'x') << "like.fcf: text at offset 64: is not what an FCF header";
+        << "like.fcf" << QByteArray(3000, 'x')
+        << "like.fcf: text at offset 64: is not what an FCF header";
     QTest::newRow("an empty companion") << "like.txt" << QByteArray() << "is no FCF header page";
     recipe("no JSON", "{", "like.json: is not JSON: ");
     recipe("no object", "[]", "recipe: is missing: this is not a recipe");
