@@ -53,6 +53,12 @@ int link(const QString& from, const QString& to);
 
 int unlink(const QString& path);
 
+/// Gives the open file the mode of the file at \p path, if that is a file itself.
+int copyMode(const QString& path, int descriptor);
+
+/// Whether the folder that \p path is to be in is there.
+int findFolderOf(const QString& path);
+
 /// Brings all of an open file to the disk.
 int sync(int descriptor);
 

@@ -54,6 +54,9 @@ void guardOutput(const QString& path, bool force, Session* session)
     }
     switch (FileSystem::kindOf(path)) {
     case FileSystem::Kind::Nothing:
+        if (const int number = FileSystem::findFolderOf(path))
+            findings.error(ExitCode::CannotAccess, path, OutputOption,
+                           QStringLiteral("cannot be written: %1").arg(FileSystem::reason(number)));
         return;
     case FileSystem::Kind::File:
     case FileSystem::Kind::Link:

@@ -13,6 +13,7 @@ class OutputRefusalTest : public QObject {
 private slots:
     void refusesAnOutput_data();
     void refusesAnOutput();
+    void findsAMissingFolderBeforeAnythingIsOpened();
     void refusesTheInputAsOutputUnderAnyName_data();
     void refusesTheInputAsOutputUnderAnyName();
     void refusesAnyOtherFileItReadsAsOutput_data();
@@ -70,6 +71,20 @@ void OutputRefusalTest::refusesAnOutput()
     QCOMPARE(tool.names(), before);
     QCOMPARE(tool.read("old.fcf"), QByteArray("old"));
     QCOMPARE(tool.read("half.txt"), QByteArray("old"));
+}
+
+void OutputRefusalTest::findsAMissingFolderBeforeAnythingIsOpened()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    int steps = 0;
+    tool.environment.beforeStep = [&steps](const char*) { ++steps; };
+    const std::string output = tool.argument("none/a.fcf");
+    const Run created = tool.run(Arguments{"create", tool.argument("top.bin"), "--output", output} +
+                                 ToolFixture::described());
+    QCOMPARE(created.code, 3);
+    QCOMPARE(tool.run({"extract", tool.argument("top.fcf"), "--output", output}).code, 3);
+    QCOMPARE(steps, 0);
 }
 
 void OutputRefusalTest::refusesTheInputAsOutputUnderAnyName_data()
