@@ -139,6 +139,9 @@ int StagedFile::replace()
     if (FileSystem::kindOf(m_path) == FileSystem::Kind::Folder)
         return EISDIR;
     m_replaced = FileSystem::entryIdentityOf(m_path);
+    const int copying = FileSystem::copyMode(m_path, m_descriptor);
+    if (copying != 0)
+        return copying;
     const int number = FileSystem::exchange(m_partial, m_path);
     if (number == 0)
         m_state = Exchanged;
