@@ -32,6 +32,15 @@ const FcfLayout::NumberField& numberOf(qint32 FcfHeader::*value)
     Q_UNREACHABLE();
 }
 
+QStringList allModuleCodes()
+{
+    QStringList codes;
+    for (const QString& module : FcfTarget::modules())
+        codes << QString::number(FcfTarget::moduleCode(module));
+    codes.removeDuplicates();
+    return codes;
+}
+
 /// The device codes that go with \p moduleCode, for messages.
 QString deviceCodesOf(qint32 moduleCode)
 {
@@ -117,9 +126,10 @@ void Validator::checkCodes(const FcfHeader& header) const
     const FcfLayout::NumberField& module = numberOf(&FcfHeader::moduleCode);
     const FcfLayout::NumberField& device = numberOf(&FcfHeader::deviceCode);
     FcfTarget::Target target;
-    if (header.moduleCode != 1 && header.moduleCode != 2)
+    const QStringList moduleCodes = allModuleCodes();
+    if (!moduleCodes.contains(QString::number(header.moduleCode)))
         invalid(QLatin1String(module.name), module.offset, QStringLiteral("stands for no module"),
-                QStringLiteral("1 or 2"), QString::number(header.moduleCode));
+                moduleCodes.join(QStringLiteral(" or ")), QString::number(header.moduleCode));
     else if (!FcfTarget::find(header.moduleCode, header.deviceCode, &target))
         invalid(QLatin1String(device.name), device.offset,
                 QStringLiteral("stands for no device of the module"),
