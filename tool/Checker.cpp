@@ -19,6 +19,8 @@ QString quotedList(const QStringList& names)
 QString missing(const char* option) { return QStringLiteral("is missing: give %1").arg(option); }
 
 constexpr int MibOfUtf8 = 106;
+/// Of the window, in UTF-16 units.
+constexpr int LongestDescription = 1000;
 
 } // namespace
 
@@ -29,9 +31,9 @@ Checker::Checker(Session* session, const QString& file) : m_session(session), m_
 
 void Checker::checkBuild(const Build& build) const
 {
-    if (build.author.value_or(QString()).isEmpty())
+    if (build.author.value_or(QString()).trimmed().isEmpty())
         refuse(QStringLiteral("author"), missing("--author"));
-    if (build.ciNumber.value_or(QString()).isEmpty())
+    if (build.ciNumber.value_or(QString()).trimmed().isEmpty())
         refuse(QStringLiteral("ciNumber"), missing("--ci"));
     checkTarget(build);
     checkNumbers(build);
@@ -78,6 +80,10 @@ void Checker::checkNumbers(const Build& build) const
                                                    .arg(FcfTarget::LastSlot));
     if (!build.version)
         refuse(QStringLiteral("version"), missing("--version MAJOR.MINOR"));
+    else if (build.version->major < 0 || build.version->minor < 0)
+        refuse(QStringLiteral("version"), QStringLiteral("%1.%2 has a negative number")
+                                              .arg(build.version->major)
+                                              .arg(build.version->minor));
 }
 
 void Checker::checkBinarySize(qint64 bytes) const
@@ -111,6 +117,12 @@ void Checker::checkTexts(const FcfHeader& header) const
                                          "fields are %2")
                               .arg(QString::number(excess),
                                    TextRules::largestTexts(header, m_session->codec())));
+    if (header.description.size() > LongestDescription)
+        m_session->findings.warning(
+            m_file, QStringLiteral("description"),
+            QStringLiteral("has %1 characters: the generator window cuts it behind %2")
+                .arg(header.description.size())
+                .arg(LongestDescription));
     for (const TextRules::Breach& breach : TextRules::lostInForm(header, m_session->codec()))
         m_session->findings.warning(m_file, breach.field, breach.reason);
 }

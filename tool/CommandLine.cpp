@@ -50,7 +50,7 @@ public:
             CLI::App* const app = m_app.add_subcommand(command->name(), command->summary());
             command->declare(app);
             app->add_flag("--json", m_json, "give the result as JSON");
-            app->add_flag("--quiet", m_quiet, "say nothing but errors");
+            app->add_flag("--quiet", m_quiet, "show no progress and no notes");
             app->footer(Footer);
             m_apps.push_back(app);
         }
@@ -96,10 +96,20 @@ private:
         return session.finish();
     }
 
-    static int refused(const std::vector<std::string>& arguments, const std::string& reason,
-                       Environment* environment)
+    /// The one that \p arguments name, or "".
+    const char* commandIn(const std::vector<std::string>& arguments) const
     {
-        Session session(environment, "");
+        for (const auto& command : m_commands) {
+            if (!arguments.empty() && command->name() == arguments.front())
+                return command->name();
+        }
+        return "";
+    }
+
+    int refused(const std::vector<std::string>& arguments, const std::string& reason,
+                Environment* environment) const
+    {
+        Session session(environment, commandIn(arguments));
         session.json = std::find(arguments.begin(), arguments.end(), "--json") != arguments.end();
         session.findings.error(ExitCode::Refused, QString(), QString(),
                                shownText(QString::fromLocal8Bit(reason.c_str())));

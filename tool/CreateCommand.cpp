@@ -54,7 +54,10 @@ bool stageAndPlace(ImageWriter* writer, InputFile* binary, const Outputs& output
         if (!FcfWriter::writeAll(file, other.bytes, &error->reason))
             return false;
     }
-    return files.place(force, error);
+    if (!files.place(force, error))
+        return false;
+    warnOfLeftBehind(files, session);
+    return true;
 }
 
 } // namespace
@@ -112,7 +115,7 @@ std::optional<Outputs> CreateCommand::plan(InputFile* binary, Session* session) 
     if (outputs) {
         outputs->hasCompanion = !m_noCompanion;
         outputs->hasDigest = m_digest;
-        outputs->guard(*binary, m_force, session);
+        outputs->guard(m_force, session);
     }
     return outputs;
 }

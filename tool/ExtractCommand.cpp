@@ -35,8 +35,11 @@ bool writePayload(InputFile* file, const HeaderPage& page, const QString& path, 
         return copyPayload(file, page, session->environment().out, session, &error->reason);
     StagedFiles files(session->environment().beforeStep);
     QFile* const output = files.add(path, error);
-    return output && copyPayload(file, page, output, session, &error->reason) &&
-           files.place(force, error);
+    if (!output || !copyPayload(file, page, output, session, &error->reason) ||
+        !files.place(force, error))
+        return false;
+    warnOfLeftBehind(files, session);
+    return true;
 }
 
 } // namespace
@@ -65,7 +68,7 @@ void ExtractCommand::run(Session* session)
                                 QStringLiteral("--output"),
                                 QStringLiteral("takes the payload alone: --json needs a file"));
     if (!session->outIsTaken)
-        guardOutput(*output, file, m_force, session);
+        guardOutput(*output, m_force, session);
     if (session->findings.hasErrors() || !page.read(&file, ExitCode::NotValid, session))
         return;
     Validator(&file, Validator::Image, session).validate(page);

@@ -85,7 +85,12 @@ int FileSystem::renameToFree(const QString& from, const QString& to)
     const int error = rename(from, to, RENAME_NOREPLACE);
     if (error != EINVAL && error != ENOSYS)
         return error;
-    // A file system without that step: look first, which leaves a moment for another program.
+    // A file system without that step has links, or else leaves a moment for another program.
+    const int linking = link(from, to);
+    if (linking == 0)
+        return unlink(from);
+    if (linking != EPERM && linking != EOPNOTSUPP && linking != ENOSYS)
+        return linking;
     return kindOf(to) == Kind::Nothing ? renameOver(from, to) : EEXIST;
 }
 
@@ -96,9 +101,36 @@ int FileSystem::exchange(const QString& one, const QString& other)
     return rename(one, other, RENAME_EXCHANGE);
 }
 
+int FileSystem::link(const QString& from, const QString& to)
+{
+    return result(::link(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()));
+}
+
 int FileSystem::unlink(const QString& path)
 {
     return result(::unlink(QFile::encodeName(path).constData()));
+}
+
+int FileSystem::copyMode(const QString& path, int descriptor)
+{
+    constexpr mode_t permissions = 07777;
+    struct stat from;
+    struct stat to;
+    if (::lstat(QFile::encodeName(path).constData(), &from) != 0 || ::fstat(descriptor, &to) != 0)
+        return errno;
+    if (!S_ISREG(from.st_mode) || (from.st_mode & permissions) == (to.st_mode & permissions))
+        return 0;
+    return result(::fchmod(descriptor, from.st_mode & permissions));
+}
+
+int FileSystem::findFolderOf(const QString& path)
+{
+    const QByteArray folder = QFile::encodeName(QFileInfo(path).path());
+    const int descriptor = ::open(folder.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return errno;
+    ::close(descriptor);
+    return 0;
 }
 
 int FileSystem::sync(int descriptor) { return result(::fsync(descriptor)); }

@@ -48,7 +48,16 @@ int renameOver(const QString& from, const QString& to);
 /// Exchanges \p one and \p other in one step; EINVAL or ENOSYS where the file system cannot.
 int exchange(const QString& one, const QString& other);
 
+/// Gives what stands at \p from the name \p to as well; EEXIST when something stands there.
+int link(const QString& from, const QString& to);
+
 int unlink(const QString& path);
+
+/// Gives the open file the mode of the file at \p path, if that is a file itself.
+int copyMode(const QString& path, int descriptor);
+
+/// Whether the folder that \p path is to be in is there.
+int findFolderOf(const QString& path);
 
 /// Brings all of an open file to the disk.
 int sync(int descriptor);

@@ -19,9 +19,28 @@ const char* nameOf(Finding::Severity severity)
     return "error";
 }
 
+/// In characters; a digest, the longest that must be whole, has 64.
+constexpr int LongestCompared = 64;
+
 /// The nearer to the front, the more it says about a run.
 constexpr ExitCode Precedence[] = {ExitCode::Refused, ExitCode::CannotAccess,
                                    ExitCode::OutputExists, ExitCode::NotValid};
+
+bool isHarmful(QChar character)
+{
+    switch (character.category()) {
+    case QChar::Other_Control:
+    // Format characters can turn the direction of what follows.
+    case QChar::Other_Format:
+    case QChar::Other_NotAssigned:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return true;
+    default:
+        // What stands for bytes that are no text.
+        return character == QChar::ReplacementCharacter;
+    }
+}
 
 } // namespace
 
@@ -29,9 +48,7 @@ QString shownText(const QString& text, int length)
 {
     QString shown;
     for (const QChar character : text.left(length)) {
-        // Format characters can turn the direction of what follows.
-        const bool harmful = character.category() == QChar::Other_Control ||
-                             character.category() == QChar::Other_Format;
+        const bool harmful = isHarmful(character);
         if (character == QLatin1Char('\n'))
             shown += QStringLiteral("\\n");
         else if (harmful)
@@ -50,8 +67,8 @@ Finding& Finding::at(qint64 where)
 
 Finding& Finding::comparing(const QString& isExpected, const QString& isFound)
 {
-    expected = isExpected;
-    found = isFound;
+    expected = shownText(isExpected, LongestCompared);
+    found = shownText(isFound, LongestCompared);
     return *this;
 }
 
@@ -68,8 +85,7 @@ QString Finding::text() const
         line += QStringLiteral(": ");
     line += reason;
     if (!expected.isEmpty() || !found.isEmpty())
-        line +=
-            QStringLiteral("; expected %1, found %2").arg(shownText(expected), shownText(found));
+        line += QStringLiteral("; expected %1, found %2").arg(expected, found);
     return line;
 }
 

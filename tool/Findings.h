@@ -31,11 +31,13 @@ struct Finding {
     QString field;
     /// Bytes from the start of the file, or -1.
     qint64 offset = -1;
+    /// Both as shownText(), no longer than a line can take.
     QString expected;
     QString found;
     QString reason;
 
     Finding& at(qint64 where);
+    /// Of texts out of a file only the start is kept.
     Finding& comparing(const QString& isExpected, const QString& isFound);
 
     /// One line, fit for a terminal whatever the file held.
@@ -72,8 +74,8 @@ private:
     QList<Finding> m_list;
 };
 
-/// \p text with everything escaped that a terminal would act on, and cut behind \p length
-/// characters.
+/// \p text with everything escaped that a terminal would act on or could not show, and cut behind
+/// \p length characters.
 QString shownText(const QString& text, int length = 120);
 
 #endif

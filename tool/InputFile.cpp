@@ -1,6 +1,7 @@
 #include "InputFile.h"
 
 #include "fcf/FcfWriter.h"
+#include "tool/FileSystem.h"
 #include "tool/Session.h"
 
 #include <QDir>
@@ -21,8 +22,12 @@ bool InputFile::open(const QString& path, qint64 limit, const QString& field, Se
                                 QStringLiteral("it can be read only once"));
         return false;
     }
-    if (isStandardInput())
-        return putAside(session->environment().in, limit, field, session);
+    if (isStandardInput()) {
+        QIODevice* const in = session->environment().in;
+        if (const auto* const file = qobject_cast<const QFile*>(in))
+            keepFromOutputs(*file, session);
+        return putAside(in, limit, field, session);
+    }
 
     const FileSystem::Kind kind = FileSystem::targetKindOf(path);
     if (kind == FileSystem::Kind::Folder)
@@ -32,7 +37,7 @@ bool InputFile::open(const QString& path, qint64 limit, const QString& field, Se
     m_file = std::make_unique<QFile>(path);
     if (!m_file->open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return refuse(m_file->errorString(), field, session);
-    m_identity = FileSystem::identityOf(m_file->handle());
+    keepFromOutputs(*m_file, session);
     if (m_file->isSequential()) {
         const std::unique_ptr<QFile> stream = std::move(m_file);
         return putAside(stream.get(), limit, field, session);
@@ -94,10 +99,10 @@ std::optional<QByteArray> InputFile::bytesAt(qint64 offset, qint64 bytes, Sessio
     return taken;
 }
 
-bool InputFile::isFileAt(const QString& path) const
+void InputFile::keepFromOutputs(const QFile& file, Session* session) const
 {
-    const auto identity = FileSystem::identityOf(path);
-    return identity && m_identity && *identity == *m_identity;
+    if (const auto identity = FileSystem::identityOf(file.handle()))
+        session->inputs.push_back({*identity, m_label});
 }
 
 bool InputFile::refuse(const QString& reason, const QString& field, Session* session) const

@@ -1,8 +1,6 @@
 #ifndef TOOL_INPUTFILE_H
 #define TOOL_INPUTFILE_H
 
-#include "tool/FileSystem.h"
-
 #include <QFile>
 #include <QString>
 
@@ -15,8 +13,9 @@ class Session;
 /// then first put aside into a file without a name.
 class InputFile {
 public:
-    /// Opens the file at \p path, or standard input for "-". An error goes to the findings of
-    /// \p session under \p field. A stream is taken up to one byte past \p limit bytes.
+    /// Opens the file at \p path, or standard input for "-", and adds it to the inputs of
+    /// \p session. An error goes to its findings under \p field. A stream is taken up to one byte
+    /// past \p limit bytes.
     bool open(const QString& path, qint64 limit, const QString& field, Session* session);
 
     /// What messages call it.
@@ -32,10 +31,8 @@ public:
     /// Up to \p bytes bytes from \p offset on, or nothing, with an error, if it cannot be read.
     std::optional<QByteArray> bytesAt(qint64 offset, qint64 bytes, Session* session);
 
-    /// Whether \p path leads to this very file.
-    bool isFileAt(const QString& path) const;
-
 private:
+    void keepFromOutputs(const QFile& file, Session* session) const;
     bool refuse(const QString& reason, const QString& field, Session* session) const;
     bool putAside(QIODevice* stream, qint64 limit, const QString& field, Session* session);
 
@@ -43,7 +40,6 @@ private:
     QString m_label;
     std::unique_ptr<QFile> m_file;
     qint64 m_size = 0;
-    std::optional<FileSystem::Identity> m_identity;
 };
 
 #endif

@@ -30,18 +30,33 @@ std::optional<Outputs> refuse(const QString& file, const QString& reason, Sessio
     return std::nullopt;
 }
 
+/// The input that an output at \p path, or its temporary file, would replace, or null.
+const ReadFile* inputWrittenAt(const QString& path, const Session& session)
+{
+    const auto own = FileSystem::identityOf(path);
+    const auto partial = FileSystem::identityOf(StagedFile::partialPath(path));
+    for (const ReadFile& input : session.inputs) {
+        if (own == input.identity || partial == input.identity)
+            return &input;
+    }
+    return nullptr;
+}
+
 } // namespace
 
-void guardOutput(const QString& path, const InputFile& input, bool force, Session* session)
+void guardOutput(const QString& path, bool force, Session* session)
 {
     Findings& findings = session->findings;
-    if (input.isFileAt(path) || input.isFileAt(StagedFile::partialPath(path))) {
+    if (const ReadFile* const input = inputWrittenAt(path, *session)) {
         findings.error(ExitCode::Refused, path, OutputOption,
-                       QStringLiteral("is the input itself, \"%1\"").arg(shownText(input.label())));
+                       QStringLiteral("is the input itself, \"%1\"").arg(shownText(input->label)));
         return;
     }
     switch (FileSystem::kindOf(path)) {
     case FileSystem::Kind::Nothing:
+        if (const int number = FileSystem::findFolderOf(path))
+            findings.error(ExitCode::CannotAccess, path, OutputOption,
+                           QStringLiteral("cannot be written: %1").arg(FileSystem::reason(number)));
         return;
     case FileSystem::Kind::File:
     case FileSystem::Kind::Link:
@@ -57,6 +72,14 @@ void guardOutput(const QString& path, const InputFile& input, bool force, Sessio
         findings.error(ExitCode::Refused, path, OutputOption, QStringLiteral("is not a file"));
         return;
     }
+}
+
+void warnOfLeftBehind(const StagedFiles& files, Session* session)
+{
+    for (const QString& path : files.leftBehind())
+        session->findings.warning(
+            path, OutputOption,
+            QStringLiteral("holds what was replaced, and could not be removed"));
 }
 
 std::optional<Outputs> Outputs::of(const InputFile& binary, const std::optional<QString>& output,
@@ -94,7 +117,7 @@ QString Outputs::imageName() const
 
 QString Outputs::digest() const { return Digest::pathFor(m_image); }
 
-void Outputs::guard(const InputFile& binary, bool force, Session* session)
+void Outputs::guard(bool force, Session* session)
 {
     if (toStandardOutput()) {
         if (hasCompanion)
@@ -106,17 +129,17 @@ void Outputs::guard(const InputFile& binary, bool force, Session* session)
                    session);
         return;
     }
-    guardOutput(m_image, binary, force, session);
+    guardOutput(m_image, force, session);
     const struct {
         bool written;
         QString path;
         const char* option;
     } others[] = {{hasCompanion, m_companion, "--no-companion"}, {hasDigest, digest(), "--digest"}};
     for (const auto& other : others) {
-        if (isLeftover(other.path))
+        if (isLeftover(other.path) && !inputWrittenAt(other.path, *session))
             m_leftovers << other.path;
         else if (other.written)
-            guardOutput(other.path, binary, force, session);
+            guardOutput(other.path, force, session);
         else
             warnOfStale(other.path, other.option, session);
     }

@@ -8,10 +8,14 @@
 
 class InputFile;
 class Session;
+class StagedFiles;
 
-/// Guards a path that a run is about to write: not the input under any name, not a folder, nothing
-/// that exists unless \p force is given. What is refused goes to the findings.
-void guardOutput(const QString& path, const InputFile& input, bool force, Session* session);
+/// Guards a path that a run is about to write: not one of its inputs under any name, not a folder,
+/// nothing that exists unless \p force is given. What is refused goes to the findings.
+void guardOutput(const QString& path, bool force, Session* session);
+
+/// Warns of what \p files replaced but could not remove.
+void warnOfLeftBehind(const StagedFiles& files, Session* session);
 
 /// Where the files of one image go.
 class Outputs {
@@ -36,7 +40,7 @@ public:
 
     /// Guards all paths. What a killed run of this tool left of this image is no obstacle; it is
     /// added to leftovers().
-    void guard(const InputFile& binary, bool force, Session* session);
+    void guard(bool force, Session* session);
 
     /// Files that were put in place by a run that was killed before the image was. To be removed.
     const QStringList& leftovers() const { return m_leftovers; }

@@ -1,6 +1,7 @@
 #include "Recipe.h"
 
 #include "fcf/FcfLayout.h"
+#include "tool/JsonKeys.h"
 #include "tool/TextRules.h"
 
 #include <QJsonArray>
@@ -73,6 +74,11 @@ private:
 
 bool readVersion(const QJsonValue& value, Build* build, QString* field, QString* error)
 {
+    if (!value.isObject()) {
+        *field = QStringLiteral("version");
+        *error = QStringLiteral("is not an object of \"major\" and \"minor\"");
+        return false;
+    }
     Taker taker(value.toObject(), QStringLiteral("version."), field, error);
     std::optional<qint32> major;
     std::optional<qint32> minor;
@@ -90,6 +96,11 @@ bool readVersion(const QJsonValue& value, Build* build, QString* field, QString*
 bool readFunction(const QJsonValue& value, int index, Build* build, QString* field, QString* error)
 {
     Taker taker(value.toObject(), TextRules::fieldName("", index), field, error);
+    if (!value.isObject()) {
+        *field = QStringLiteral("functions[%1]").arg(index);
+        *error = QStringLiteral("is not an object");
+        return false;
+    }
     FcfFunction function;
     for (const auto& text : FcfLayout::FunctionTexts) {
         std::optional<QString> taken;
@@ -163,6 +174,9 @@ bool Recipe::read(const QByteArray& json, Build* build, QString* field, QString*
         return taker.fail(QString(), QStringLiteral("is not JSON: %1 at offset %2")
                                          .arg(parseError.errorString())
                                          .arg(parseError.offset));
+
+    if (const auto repeated = JsonKeys::repeated(json))
+        return taker.fail(*repeated, QStringLiteral("is given twice"));
 
     std::optional<qint32> recipeVersion;
     if (!document.isObject() || !taker.number(VersionKey, &recipeVersion) || !recipeVersion)

@@ -5,6 +5,8 @@
 #include "tool/Recipe.h"
 #include "tool/Session.h"
 
+#include <QJsonDocument>
+
 void RecipeCommand::declare(CLI::App* app)
 {
     addOperand(app, "FILE", &m_file, "an image or a companion; - is standard input");
@@ -19,7 +21,9 @@ void RecipeCommand::run(Session* session)
         !page.read(&file, ExitCode::NotValid, session))
         return;
     const Build build = Build::of(page.reading.header);
-    if (build.module)
+    if (build.module && session->json)
+        session->result["recipe"] = QJsonDocument::fromJson(Recipe::write(build)).object();
+    else if (build.module)
         session->printRaw(Recipe::write(build));
     else
         session->findings.error(ExitCode::NotValid, file.label(), QStringLiteral("moduleCode"),

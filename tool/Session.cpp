@@ -76,10 +76,10 @@ QByteArray Session::outBytes() const
     }
     QString text;
     for (const Finding& finding : findings.list()) {
-        if (goesToOut(finding) && (!quiet || finding.severity == Finding::Error))
+        if (goesToOut(finding) && (!quiet || finding.severity != Finding::Note))
             text += finding.text() + QLatin1Char('\n');
     }
-    if (!quiet && !json) {
+    if (!json) {
         for (const QString& line : m_lines)
             text += line + QLatin1Char('\n');
     }
@@ -90,7 +90,7 @@ void Session::writeMessages()
 {
     QString text;
     for (const Finding& finding : findings.list()) {
-        if (!goesToOut(finding) && (!quiet || finding.severity == Finding::Error))
+        if (!goesToOut(finding) && (!quiet || finding.severity != Finding::Note))
             text += QStringLiteral("pelk-fcf: %1\n").arg(finding.text());
     }
     // There is nowhere left to say that a message cannot be written.

@@ -1,6 +1,7 @@
 #ifndef TOOL_SESSION_H
 #define TOOL_SESSION_H
 
+#include "tool/FileSystem.h"
 #include "tool/Findings.h"
 
 #include <QByteArray>
@@ -12,6 +13,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 class QIODevice;
 class QTextCodec;
@@ -35,6 +37,13 @@ struct Environment {
     std::function<void(const char*)> beforeStep = [](const char*) {};
 };
 
+/// A file that a run reads, so that no output takes its place.
+struct ReadFile {
+    FileSystem::Identity identity;
+    /// What messages call it.
+    QString label;
+};
+
 /// One run of one command: what it was told in general, and what it has to say.
 ///
 /// Results go to standard output, messages to standard error; as JSON, all of it goes to standard
@@ -50,9 +59,12 @@ public:
     QTextCodec* codec() const { return m_environment->codec; }
 
     Findings findings;
+    /// Every file that was opened for reading, whatever for.
+    std::vector<ReadFile> inputs;
     /// What the command adds to the JSON.
     QJsonObject result;
     bool json = false;
+    /// Whether neither progress nor notes are wanted.
     bool quiet = false;
     /// Whether a file that is not valid is what was asked for, and so goes to standard output.
     bool findingsAreResults = false;

@@ -1,6 +1,7 @@
 #include "StagedFile.h"
 
 #include "tool/FileSystem.h"
+#include "tool/Findings.h"
 
 #include <cerrno>
 
@@ -64,6 +65,11 @@ QString StagedFile::partialPath(const QString& path)
     return path.left(nameStart) + QStringLiteral(".%1.pelk-fcf").arg(path.mid(nameStart));
 }
 
+QString StagedFile::backupPath(const QString& path)
+{
+    return partialPath(path) + QStringLiteral("-old");
+}
+
 bool StagedFile::hasStalePartial(const QString& path)
 {
     const QString partial = partialPath(path);
@@ -92,8 +98,12 @@ bool StagedFile::open(FileError* error)
             m_descriptor = descriptor;
             m_state = Temporary;
             m_file.setFileName(m_path);
-            m_file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered);
-            return true;
+            if (!m_file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+                error->path = m_path;
+                error->reason = m_file.errorString();
+                return false;
+            }
+            return fail(clearBackup(), error);
         }
         if (descriptor >= 0) {
             ::close(descriptor);
@@ -115,45 +125,97 @@ bool StagedFile::place(bool replacing, FileError* error)
 {
     int number = EEXIST;
     if (replacing && FileSystem::kindOf(m_path) != FileSystem::Kind::Nothing) {
-        if (FileSystem::kindOf(m_path) == FileSystem::Kind::Folder)
-            return fail(EISDIR, error);
-        m_replaced = FileSystem::entryIdentityOf(m_path);
-        number = FileSystem::exchange(m_partial, m_path);
-        m_state = number == 0 ? Exchanged : Temporary;
-        if (number != EINVAL && number != ENOSYS)
-            return fail(number, error);
-        // Where the two cannot be exchanged, what stood there before is lost from here on.
-        number = FileSystem::renameOver(m_partial, m_path);
+        number = replace();
     } else {
         number = FileSystem::renameToFree(m_partial, m_path);
+        if (number == 0)
+            m_state = Placed;
     }
-    if (number == 0)
-        m_state = Placed;
     return fail(number, error);
 }
 
-void StagedFile::takeBack()
+int StagedFile::replace()
 {
-    if (m_state == Exchanged && keepsReplaced() && FileSystem::exchange(m_partial, m_path) == 0) {
-        m_state = Temporary;
-    } else if (m_state == Placed) {
-        FileSystem::unlink(m_path);
-        m_state = Unused;
-    }
+    if (FileSystem::kindOf(m_path) == FileSystem::Kind::Folder)
+        return EISDIR;
+    m_replaced = FileSystem::entryIdentityOf(m_path);
+    const int copying = FileSystem::copyMode(m_path, m_descriptor);
+    if (copying != 0)
+        return copying;
+    const int number = FileSystem::exchange(m_partial, m_path);
+    if (number == 0)
+        m_state = Exchanged;
+    return number == EINVAL || number == ENOSYS ? replaceWithBackup() : number;
 }
 
-void StagedFile::settle()
+int StagedFile::replaceWithBackup()
 {
-    if (m_state == Exchanged && keepsReplaced())
-        FileSystem::unlink(m_partial);
-    m_state = Placed;
+    const QString backup = backupPath(m_path);
+    int number = FileSystem::link(m_path, backup);
+    // Without links there is a moment with nothing in the place; see clearBackup().
+    const bool moved = number == EPERM || number == EOPNOTSUPP || number == ENOSYS;
+    if (moved)
+        number = FileSystem::renameToFree(m_path, backup);
+    if (number != 0)
+        return number;
+    number = FileSystem::renameOver(m_partial, m_path);
+    if (number == 0)
+        m_state = BackedUp;
+    else if (moved)
+        FileSystem::renameToFree(backup, m_path);
+    else
+        FileSystem::unlink(backup);
+    return number;
+}
+
+/// Clears what a killed run kept, or puts it back if that run came no further.
+int StagedFile::clearBackup() const
+{
+    const QString backup = backupPath(m_path);
+    if (FileSystem::kindOf(backup) == FileSystem::Kind::Nothing)
+        return 0;
+    const int number = FileSystem::renameToFree(backup, m_path);
+    return number == EEXIST ? FileSystem::unlink(backup) : number;
+}
+
+bool StagedFile::takeBack()
+{
+    if (m_state == Exchanged) {
+        if (!keepsReplaced() || FileSystem::exchange(m_partial, m_path) != 0)
+            return false;
+        m_state = Temporary;
+    } else if (m_state == BackedUp) {
+        if (!keepsReplaced() || FileSystem::renameOver(keptPath(), m_path) != 0)
+            return false;
+        m_state = Unused;
+    } else if (m_state == Placed) {
+        // Another program may have put its own file there since.
+        if (stillStandsAt(m_path, m_descriptor) && FileSystem::unlink(m_path) != 0)
+            return false;
+        m_state = Unused;
+    }
+    return true;
+}
+
+bool StagedFile::settle()
+{
+    const bool kept = (m_state == Exchanged || m_state == BackedUp) && keepsReplaced();
+    const bool gone = !kept || FileSystem::unlink(keptPath()) == 0;
+    if (gone)
+        m_state = Placed;
+    return gone;
+}
+
+QString StagedFile::keptPath() const
+{
+    return m_state == BackedUp ? backupPath(m_path) : m_partial;
 }
 
 /// What was replaced is not locked: a run that started meanwhile may have cleared it, and have put
 /// its own file under that name.
 bool StagedFile::keepsReplaced() const
 {
-    return m_replaced && m_replaced == FileSystem::entryIdentityOf(m_partial);
+    return m_replaced && m_replaced == FileSystem::entryIdentityOf(keptPath());
 }
 
 /// Returns whether there is no error after all.
@@ -187,18 +249,35 @@ bool StagedFiles::place(bool replacing, FileError* error)
 {
     if (!completeAll(error))
         return false;
-    if (!placeAll(replacing, error)) {
-        for (const auto& file : m_files)
-            file->takeBack();
+    if (!placeAll(replacing, error) || !syncFolder(error)) {
+        takeAllBack(error);
         return false;
     }
+    for (const auto& file : m_files) {
+        m_beforeStep("settle");
+        if (!file->settle())
+            m_leftBehind << file->keptPath();
+    }
+    return true;
+}
+
+void StagedFiles::takeAllBack(FileError* error)
+{
+    for (const auto& file : m_files) {
+        if (!file->takeBack())
+            error->reason +=
+                QStringLiteral("; %1 could not be put back, what stood there before is "
+                               "kept as %2")
+                    .arg(shownText(file->path()), shownText(file->keptPath()));
+    }
+}
+
+/// All outputs are in one folder.
+bool StagedFiles::syncFolder(FileError* error)
+{
     m_beforeStep("sync folder");
     const QString path = m_files.front()->path();
     const int number = FileSystem::syncFolderOf(path);
-    for (const auto& file : m_files) {
-        m_beforeStep("settle");
-        file->settle();
-    }
     if (number != 0)
         *error = FileError{path, FileSystem::reason(number)};
     return number == 0;

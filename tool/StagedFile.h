@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
@@ -35,6 +36,10 @@ public:
     /// The temporary name of the file at \p path.
     static QString partialPath(const QString& path);
 
+    /// Where the file at \p path is kept until its replacement is sure to stay, on a file system
+    /// that cannot exchange two files.
+    static QString backupPath(const QString& path);
+
     /// Whether a killed run left a temporary file for \p path. One that a run still uses is none.
     static bool hasStalePartial(const QString& path);
 
@@ -44,24 +49,31 @@ public:
     const QString& path() const { return m_path; }
     QFile& file() { return m_file; }
 
+    /// Creates the temporary file, once what a killed run left is cleared.
     bool open(FileError* error);
 
     /// Brings all that was written to the disk.
     bool complete(FileError* error);
 
     /// Puts the file in its place in one step; with \p replacing over what stands there, which is
-    /// kept under the temporary name for now.
+    /// kept for now.
     bool place(bool replacing, FileError* error);
 
-    /// Undoes place().
-    void takeBack();
+    /// Undoes place(). Where that fails, what stood there before is still at keptPath().
+    bool takeBack();
 
-    /// Makes place() last.
-    void settle();
+    /// Makes place() last. Returns whether what stood there before is gone.
+    bool settle();
+
+    /// Where that is which the file took the place of.
+    QString keptPath() const;
 
 private:
-    enum State { Unused, Temporary, Placed, Exchanged };
+    enum State { Unused, Temporary, Placed, Exchanged, BackedUp };
 
+    int replace();
+    int replaceWithBackup();
+    int clearBackup() const;
     bool fail(int number, FileError* error) const;
     bool keepsReplaced() const;
 
@@ -92,12 +104,18 @@ public:
     /// digest from now. Nothing is lost by that: an image begins with its companion's bytes.
     bool place(bool replacing, FileError* error);
 
+    /// Replaced files that place() could not remove once all was in place.
+    const QStringList& leftBehind() const { return m_leftBehind; }
+
 private:
     bool completeAll(FileError* error);
     bool placeAll(bool replacing, FileError* error);
+    bool syncFolder(FileError* error);
+    void takeAllBack(FileError* error);
 
     std::function<void(const char*)> m_beforeStep;
     std::vector<std::unique_ptr<StagedFile>> m_files;
+    QStringList m_leftBehind;
 };
 
 #endif

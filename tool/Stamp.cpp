@@ -7,7 +7,8 @@
 
 namespace {
 
-const QString DateTimeFormat = QStringLiteral("yyyy-MM-ddTHH:mm:ss");
+const QString DateFormat = QStringLiteral("yyyy-MM-dd");
+const QString TimeFormat = QStringLiteral("HH:mm:ss");
 /// The last second of the year 9999, so that a date keeps its form.
 constexpr qint64 LastSecond = 253402300799;
 
@@ -33,7 +34,10 @@ std::optional<QDateTime> Stamp::given(Session* session) const
 {
     if (!dateTime)
         return std::nullopt;
-    const QDateTime moment = QDateTime::fromString(*dateTime, DateTimeFormat);
+    // In UTC, which has every time of day: a local clock that is put forward leaves some out.
+    const QDateTime moment(QDate::fromString(dateTime->section(QLatin1Char('T'), 0, 0), DateFormat),
+                           QTime::fromString(dateTime->section(QLatin1Char('T'), 1), TimeFormat),
+                           Qt::UTC);
     if (moment.isValid())
         return moment;
     session->findings.error(ExitCode::Refused, QString(), QStringLiteral("--date-time"),

@@ -46,12 +46,19 @@ QVector<NamedText> textsOf(const FcfHeader& header)
     return texts;
 }
 
+/// A text field of a form breaks a line at the separators too.
+bool isLineBreak(QChar character)
+{
+    return character == QLatin1Char('\n') || character == QLatin1Char('\r') ||
+           character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
+}
+
 QString brokenRecord(const NamedText& text)
 {
     for (const QChar character : text.value) {
         if (character == QLatin1Char('\n') && text.hasLines)
             continue;
-        if (character == QLatin1Char('\n') || character == QLatin1Char('\r'))
+        if (isLineBreak(character))
             return QStringLiteral("holds a line break, at which a reader would lose the rest");
         if (character.category() == QChar::Other_Control && character != QLatin1Char('\t'))
             return QStringLiteral("holds the control character %1")
@@ -96,7 +103,7 @@ QVector<Breach> TextRules::brokenRecords(const FcfHeader& header)
     for (const NamedText& text : textsOf(header)) {
         const QString reason = brokenRecord(text);
         if (!reason.isEmpty())
-            breaches.append({text.field, reason});
+            breaches.append({text.field, reason, text.value});
     }
     return breaches;
 }
@@ -106,8 +113,10 @@ QVector<Breach> TextRules::notEncodable(const FcfHeader& header, const QTextCode
     QVector<Breach> breaches;
     for (const NamedText& text : textsOf(header)) {
         if (!canEncode(codec, text.value))
-            breaches.append({text.field, QStringLiteral("cannot be encoded in this locale's %1")
-                                             .arg(QString::fromLatin1(codec->name()))});
+            breaches.append({text.field,
+                             QStringLiteral("cannot be encoded in this locale's %1")
+                                 .arg(QString::fromLatin1(codec->name())),
+                             text.value});
     }
     return breaches;
 }
@@ -123,7 +132,8 @@ QVector<Breach> TextRules::lostInForm(const FcfHeader& header, QTextCodec* codec
             breaches.append({written.at(index).field,
                              QStringLiteral("the generator window would load no more of it than "
                                             "\"%1\"")
-                                 .arg(shownText(value))});
+                                 .arg(shownText(value)),
+                             written.at(index).value});
     }
     return breaches;
 }

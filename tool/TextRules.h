@@ -17,6 +17,8 @@ struct Breach {
     /// As in fieldName().
     QString field;
     QString reason;
+    /// The text.
+    QString value;
 };
 
 /// How messages and JSON call a text of the header (with \p function -1) or of one function.

@@ -32,6 +32,15 @@ const FcfLayout::NumberField& numberOf(qint32 FcfHeader::*value)
     Q_UNREACHABLE();
 }
 
+QStringList allModuleCodes()
+{
+    QStringList codes;
+    for (const QString& module : FcfTarget::modules())
+        codes << QString::number(FcfTarget::moduleCode(module));
+    codes.removeDuplicates();
+    return codes;
+}
+
 /// The device codes that go with \p moduleCode, for messages.
 QString deviceCodesOf(qint32 moduleCode)
 {
@@ -117,9 +126,10 @@ void Validator::checkCodes(const FcfHeader& header) const
     const FcfLayout::NumberField& module = numberOf(&FcfHeader::moduleCode);
     const FcfLayout::NumberField& device = numberOf(&FcfHeader::deviceCode);
     FcfTarget::Target target;
-    if (header.moduleCode != 1 && header.moduleCode != 2)
+    const QStringList moduleCodes = allModuleCodes();
+    if (!moduleCodes.contains(QString::number(header.moduleCode)))
         invalid(QLatin1String(module.name), module.offset, QStringLiteral("stands for no module"),
-                QStringLiteral("1 or 2"), QString::number(header.moduleCode));
+                moduleCodes.join(QStringLiteral(" or ")), QString::number(header.moduleCode));
     else if (!FcfTarget::find(header.moduleCode, header.deviceCode, &target))
         invalid(QLatin1String(device.name), device.offset,
                 QStringLiteral("stands for no device of the module"),
@@ -148,10 +158,11 @@ void Validator::checkTexts(const HeaderPage& page) const
 {
     const FcfHeader& header = page.reading.header;
     for (const TextRules::Breach& breach : TextRules::brokenRecords(header))
-        m_session->findings.error(ExitCode::NotValid, m_file->label(), breach.field, breach.reason)
-            .at(offsetOf(page, breach.field));
+        invalid(breach.field, offsetOf(page, breach.field), breach.reason,
+                QStringLiteral("a text that a reader takes whole"), breach.value);
 
-    static const QRegularExpression time(QStringLiteral("^[0-2][0-9]:[0-5][0-9]:[0-5][0-9]\\z"));
+    static const QRegularExpression time(
+        QStringLiteral("^([01][0-9]|2[0-3]):[0-5][0-9]:[0-5][0-9]\\z"));
     const QString timeField = QStringLiteral("time");
     if (!time.match(header.time).hasMatch())
         invalid(timeField, offsetOf(page, timeField), QStringLiteral("is no time of day"),

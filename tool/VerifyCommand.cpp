@@ -120,15 +120,19 @@ bool VerifyCommand::checkDigest(InputFile* file, Session* session) const
 
     const std::optional<QByteArray> expected = Digest::find(*lines, file->path());
     if (!expected) {
-        session->findings.error(
-            ExitCode::NotValid, *path, field,
-            QStringLiteral("holds no SHA-256 of \"%1\"").arg(shownText(file->label())));
+        session->findings
+            .error(ExitCode::NotValid, *path, field,
+                   QStringLiteral("holds no SHA-256 of \"%1\"").arg(shownText(file->label())))
+            .at(0)
+            .comparing(QStringLiteral("a line of sha256sum for that name"),
+                       QStringLiteral("none in %1 bytes").arg(lines->size()));
         return false;
     }
     Progress progress(session, QStringLiteral("verify"), file->size());
-    file->device().seek(0);
     MeteredSource source(&file->device(), &progress);
-    const std::optional<QByteArray> found = Digest::of(&source);
+    std::optional<QByteArray> found;
+    if (file->device().seek(0))
+        found = Digest::of(&source);
     if (!found)
         session->findings.error(ExitCode::CannotAccess, file->label(), QString(),
                                 QStringLiteral("cannot be read: %1").arg(source.errorString()));
@@ -136,6 +140,7 @@ bool VerifyCommand::checkDigest(InputFile* file, Session* session) const
         session->findings
             .error(ExitCode::NotValid, file->label(), field,
                    QStringLiteral("is not that of %1").arg(shownText(*path)))
+            .at(0)
             .comparing(QString::fromLatin1(expected->toHex()), QString::fromLatin1(found->toHex()));
     return found.has_value();
 }

@@ -20,9 +20,10 @@ int main(int argc, char** argv)
     QFile in;
     QFile out;
     QFile err;
-    in.open(STDIN_FILENO, QIODevice::ReadOnly | QIODevice::Unbuffered);
-    out.open(STDOUT_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered);
-    err.open(STDERR_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered);
+    if (!in.open(STDIN_FILENO, QIODevice::ReadOnly | QIODevice::Unbuffered) ||
+        !out.open(STDOUT_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered) ||
+        !err.open(STDERR_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered))
+        return static_cast<int>(ExitCode::CannotAccess);
     QElapsedTimer timer;
     timer.start();
 

@@ -34,7 +34,7 @@ complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a extract -d 'Take t
 complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a recipe -d 'Write the recipe of a build'
 
 complete -c pelk-fcf -n "__pelk_fcf_command $commands" -l json -d 'Give the result as JSON'
-complete -c pelk-fcf -n "__pelk_fcf_command $commands" -l quiet -d 'Say nothing but errors'
+complete -c pelk-fcf -n "__pelk_fcf_command $commands" -l quiet -d 'Show no progress and no notes'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -k -a '(__fish_complete_suffix .bin)'
 complete -c pelk-fcf -n '__pelk_fcf_command extract' -k -a '(__fish_complete_suffix .fcf)'
 complete -c pelk-fcf -n '__pelk_fcf_command show verify recipe' -k -a '(__fish_complete_suffix .fcf)'

@@ -39,8 +39,9 @@ private slots:
     void warnsOfABinaryThatIsNotRight();
     void takesWarningsForErrorsWhenStrict();
     void warnsOfTextsThatTheWindowWouldLose();
+    void warnsOfADescriptionThatTheWindowWouldCut();
     void warnsOfALocaleThatTheTargetDoesNotShare();
-    void staysQuiet();
+    void givesResultsAndWarningsWhenQuiet();
     void showsProgressAtATerminalOnly();
     void fillsThePageToTheByte();
 
@@ -122,7 +123,8 @@ void CreateTest::takesADescriptionFromAFile()
     ToolFixture tool;
     tool.write("notes", "First\nSecond: Grün\n\n");
     QCOMPARE(create(&tool, {"--function", "fft", "Bob", "7", "x"}).code, 0);
-    QCOMPARE(tool.run({"create", tool.argument("top.bin"), "--like", tool.argument("top.txt"),
+    tool.write("like.txt", tool.read("top.txt"));
+    QCOMPARE(tool.run({"create", tool.argument("top.bin"), "--like", tool.argument("like.txt"),
                        "--description", "@" + tool.argument("notes"), "--force"})
                  .code,
              0);
@@ -155,8 +157,9 @@ void CreateTest::takesArgumentsForWhatTheyAre()
         "Function description: it's \"q\"\n---\nFunction name: {}\nFunction author: %%\n"
         "Function CI No: \nFunction description: [x]\n---\n----\n"));
     // An empty value is one, whatever comes next.
+    tool.write("like.txt", tool.read("top.txt"));
     QCOMPARE(tool.run({"create", tool.argument("top.bin"), "--description=", "--like",
-                       tool.argument("top.txt"), "--force"})
+                       tool.argument("like.txt"), "--force"})
                  .code,
              0);
     QVERIFY(tool.read("top.txt").contains("Description: \n---\n"));
@@ -194,8 +197,9 @@ void CreateTest::letsOptionsOverrideAnotherBuild()
 {
     ToolFixture tool;
     create(&tool, {"--function", "fft", "Bob", "7", "x"});
+    tool.write("like.fcf", tool.read("top.fcf"));
     const Run run =
-        tool.run({"create", tool.argument("top.bin"), "--like", tool.argument("top.fcf"),
+        tool.run({"create", tool.argument("top.bin"), "--like", tool.argument("like.fcf"),
                   "--version", "2.5", "--function", "fir", "Cy", "8", "y", "--force", "--json"});
     const QJsonObject header = run.json()["header"].toObject();
     QCOMPARE(header["author"].toString(), QString("Ann"));
@@ -205,7 +209,7 @@ void CreateTest::letsOptionsOverrideAnotherBuild()
     QCOMPARE(header["functions"].toArray()[0].toObject()["name"].toString(), QString("fir"));
     // A device of another module is not taken over.
     const Run other = tool.run({"create", tool.argument("top.bin"), "--like",
-                                tool.argument("top.fcf"), "--module", "GPM", "--force"});
+                                tool.argument("like.fcf"), "--module", "GPM", "--force"});
     QCOMPARE(other.code, 2);
     QVERIFY(other.err.contains("device: is missing: give --device"));
 }
@@ -391,14 +395,33 @@ void CreateTest::warnsOfALocaleThatTheTargetDoesNotShare()
     QCOMPARE(create(&tool, {"--force", "--strict"}).code, 2);
 }
 
-void CreateTest::staysQuiet()
+void CreateTest::warnsOfADescriptionThatTheWindowWouldCut()
+{
+    for (const int length : {1000, 1001}) {
+        ToolFixture tool;
+        tool.write("top.bin", ToolFixture::payload(4000));
+        Arguments described = ToolFixture::described();
+        described.back() = std::string(static_cast<std::size_t>(length), 'x');
+        const Run run = tool.run(Arguments{"create", tool.argument("top.bin")} + described);
+        QCOMPARE(run.code, 0);
+        QCOMPARE(run.err.contains("warning: " + tool.path("top.bin").toUtf8() +
+                                  ": description: has 1001 characters: the generator window cuts "
+                                  "it behind 1000"),
+                 length > 1000);
+    }
+}
+
+void CreateTest::givesResultsAndWarningsWhenQuiet()
 {
     ToolFixture tool;
     tool.write("top.bin", "not a bitstream");
     const Run run = tool.run(Arguments{"create", tool.argument("top.bin"), "--quiet"} +
                              ToolFixture::described());
     QCOMPARE(run.code, 0);
-    QCOMPARE(run.out + run.err, QByteArray());
+    QCOMPARE(run.out, QByteArray::fromStdString(tool.argument("top.fcf") + '\n' +
+                                                tool.argument("top.txt") + '\n'));
+    QVERIFY2(run.err.contains("warning: "), run.err);
+    QCOMPARE(run.err.count('\n'), 1);
     QVERIFY(tool.run({"create", tool.argument("top.bin"), "--quiet"}).err.contains("error: "));
 }
 

@@ -32,6 +32,8 @@ private slots:
     void letsNoTextAtTheTerminal();
     void neverReadsThePayload();
     void readsFromStandardInput();
+    void givesEveryResultWhenQuiet();
+    void showsLittleOfWhatIsNoText();
     void writesARecipe();
     void givesNoRecipeForAnUnknownTarget();
     void extractsThePayload();
@@ -125,7 +127,9 @@ void InspectTest::listsSeveralFilesAndGoesOnAfterABadOne()
     QCOMPARE(run.code, 3);
     QCOMPARE(run.out.count(": header page of "), 2);
     QCOMPARE(run.err.count('\n'), 2);
-    QVERIFY2(run.err.contains("bad.fcf: is no FCF header page: it ends before the text"), run.err);
+    QVERIFY2(run.err.contains(
+                 "bad.fcf: text at offset 3: is no FCF header page: it ends before the text"),
+             run.err);
     QCOMPARE(tool.run({"show", tool.argument("bad.fcf")}).code, 1);
 }
 
@@ -174,6 +178,40 @@ void InspectTest::readsFromStandardInput()
     QCOMPARE(tool.run({"extract", "-", "--output", "-"}).out, tool.read("top.bin"));
 }
 
+void InspectTest::givesEveryResultWhenQuiet()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    const std::string image = tool.argument("top.fcf");
+    for (const Arguments& arguments :
+         {Arguments{"show", image}, Arguments{"recipe", image},
+          Arguments{"extract", image, "--force", "--output", tool.argument("out.bin")}}) {
+        const Run loud = tool.run(arguments);
+        QVERIFY(!loud.out.isEmpty());
+        QCOMPARE(tool.run(arguments + Arguments{"--quiet"}).out, loud.out);
+    }
+}
+
+void InspectTest::showsLittleOfWhatIsNoText()
+{
+    ToolFixture tool;
+    QByteArray noise = ForgedImage().preamble() + '\n';
+    while (noise.size() < 30000)
+        noise += QByteArray::fromHex("ffe280a8417f");
+    tool.write("noise.fcf", noise);
+    tool.write("long.fcf", ForgedImage().preamble() + "\nFilename: a\nCI No: " +
+                               QByteArray(20000, 'x') + "\nAuthor? Ann\n");
+    for (const char* const name : {"noise.fcf", "long.fcf"}) {
+        const Run run = tool.run({"show", tool.argument(name), "--json"});
+        QCOMPARE(run.code, 1);
+        const QString found = run.json()["findings"].toArray()[0].toObject()["found"].toString();
+        QVERIFY2(!found.isEmpty() && found.size() < 500, qPrintable(found));
+        for (const QChar character : found)
+            QVERIFY2(character.unicode() >= ' ' && character.unicode() < 0x7f, qPrintable(found));
+        QVERIFY(run.err.size() < 1000);
+    }
+}
+
 void InspectTest::writesARecipe()
 {
     ToolFixture tool;
@@ -191,7 +229,16 @@ void InspectTest::writesARecipe()
          QJsonArray{QJsonObject{
              {"name", "fft"}, {"author", "Bob"}, {"ciNumber", "7"}, {"description", "Spectrum"}}}}};
     QCOMPARE(tool.run({"recipe", tool.argument("top.fcf")}).json(), expected);
-    QCOMPARE(tool.run({"recipe", tool.argument("top.fcf"), "--json"}).json(), expected);
+    const QJsonObject json = tool.run({"recipe", tool.argument("top.fcf"), "--json"}).json();
+    QCOMPARE(json["recipe"].toObject(), expected);
+    QCOMPARE(json["schema"].toInt(), 1);
+    QCOMPARE(json["command"].toString(), QString("recipe"));
+    QCOMPARE(json["exitCode"].toInt(-1), 0);
+    QVERIFY(json["findings"].isArray());
+    // Wrong usage has the same shape.
+    const QJsonObject refused = tool.run({"recipe", "--json", "--nonsense"}).json();
+    QCOMPARE(refused["command"].toString(), QString("recipe"));
+    QCOMPARE(refused["exitCode"].toInt(), 2);
 }
 
 void InspectTest::givesNoRecipeForAnUnknownTarget()

@@ -13,8 +13,11 @@ class OutputRefusalTest : public QObject {
 private slots:
     void refusesAnOutput_data();
     void refusesAnOutput();
+    void findsAMissingFolderBeforeAnythingIsOpened();
     void refusesTheInputAsOutputUnderAnyName_data();
     void refusesTheInputAsOutputUnderAnyName();
+    void refusesAnyOtherFileItReadsAsOutput_data();
+    void refusesAnyOtherFileItReadsAsOutput();
 };
 
 void OutputRefusalTest::refusesAnOutput_data()
@@ -70,6 +73,20 @@ void OutputRefusalTest::refusesAnOutput()
     QCOMPARE(tool.read("half.txt"), QByteArray("old"));
 }
 
+void OutputRefusalTest::findsAMissingFolderBeforeAnythingIsOpened()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    int steps = 0;
+    tool.environment.beforeStep = [&steps](const char*) { ++steps; };
+    const std::string output = tool.argument("none/a.fcf");
+    const Run created = tool.run(Arguments{"create", tool.argument("top.bin"), "--output", output} +
+                                 ToolFixture::described());
+    QCOMPARE(created.code, 3);
+    QCOMPARE(tool.run({"extract", tool.argument("top.fcf"), "--output", output}).code, 3);
+    QCOMPARE(steps, 0);
+}
+
 void OutputRefusalTest::refusesTheInputAsOutputUnderAnyName_data()
 {
     QTest::addColumn<QString>("binary");
@@ -117,6 +134,58 @@ void OutputRefusalTest::refusesTheInputAsOutputUnderAnyName()
                                     tool.argument("./folder/../top.fcf"), "--force"});
     QCOMPARE(extracted.code, 2);
     QCOMPARE(tool.read("top.fcf"), image);
+}
+
+void OutputRefusalTest::refusesAnyOtherFileItReadsAsOutput_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("input");
+    QTest::newRow("a description as the companion") << "--description"
+                                                    << "@"
+                                                    << "n.txt";
+    QTest::newRow("a description as the image") << "--description"
+                                                << "@"
+                                                << "n.fcf";
+    QTest::newRow("a description by a link") << "--description"
+                                             << "@"
+                                             << "link";
+    QTest::newRow("a description as the digest") << "--description"
+                                                 << "@"
+                                                 << "n.fcf.sha256";
+    QTest::newRow("a companion as the companion") << "--like"
+                                                  << ""
+                                                  << "n.txt";
+    QTest::newRow("an image as the image") << "--like"
+                                           << ""
+                                           << "n.fcf";
+}
+
+void OutputRefusalTest::refusesAnyOtherFileItReadsAsOutput()
+{
+    QFETCH(QString, option);
+    QFETCH(QString, before);
+    QFETCH(QString, input);
+    ToolFixture tool;
+    const QByteArray bytes =
+        option == "--like" ? ForgedImage().page() : QByteArray("what the build is");
+    tool.write("top.bin", ToolFixture::payload(100));
+    tool.write(input == "link" ? "n.txt" : input, bytes);
+    if (input == "link")
+        QVERIFY(QFile::link("n.txt", tool.path("link")));
+    const QStringList names = tool.names();
+
+    Arguments described = ToolFixture::described();
+    if (option == "--description")
+        described.resize(described.size() - 2);
+    const Run run = tool.run(Arguments{"create", tool.argument("top.bin"), "--digest", "--force",
+                                       "--output", tool.argument("n.fcf"), option.toStdString(),
+                                       before.toStdString() + tool.argument(input)} +
+                             described);
+    QVERIFY2(run.err.contains("--output: is the input itself, \""), run.err);
+    QCOMPARE(run.code, 2);
+    QCOMPARE(tool.read(input), bytes);
+    QCOMPARE(tool.names(), names);
 }
 
 QTEST_GUILESS_MAIN(OutputRefusalTest)

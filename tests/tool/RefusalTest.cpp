@@ -43,6 +43,9 @@ void RefusalTest::refusesWhatCannotBeBuilt_data()
     const auto row = [](const char* name, const char* option, const QString& value,
                         const char* text) { QTest::newRow(name) << option << value << text; };
     row("no author", "--author", "", "author: is missing: give --author");
+    row("an author of blanks", "--author", "   ", "author: is missing: give --author");
+    row("a CI number of blanks", "--ci", " \t", "ciNumber: is missing: give --ci");
+    row("a negative version", "--version", "-1.-2", "version: -1.-2 has a negative number");
     row("no CI number", "--ci", "", "ciNumber: is missing: give --ci");
     row("an unknown module", "--module", "dfe",
         "module: \"dfe\" is none of \"DFE\", \"DFE2\", \"GPM\"");
@@ -60,6 +63,10 @@ void RefusalTest::refusesWhatCannotBeBuilt_data()
     row("a version beyond 32 bits", "--version", "1.2147483648", "is not two numbers");
     row("an author of two lines", "--author", "A\nB", "author: holds a line break");
     row("a carriage return", "--ci", "4\r2", "ciNumber: holds a line break");
+    row("a line separator", "--description", QString("a") + QChar(0x2028) + "b",
+        "description: holds a line break");
+    row("a paragraph separator", "--author", QString("a") + QChar(0x2029) + "b",
+        "author: holds a line break");
     row("a control character", "--author", "A\x1b[2J",
         "author: holds the control character \\u001b");
     row("a mark in the description", "--description", "a --- b", "description: holds \"---\"");
@@ -218,7 +225,8 @@ void RefusalTest::refusesAnotherBuild_data()
     QTest::newRow("an unknown ending")
         << "like.xml" << QByteArray("<x/>") << "ends with neither .fcf, .txt nor .json";
     QTest::newRow("an image that is none")
-        << "like.fcf" << QByteArray(3000, 'x') << "like.fcf: offset 64: is not what an FCF header";
+        << "like.fcf" << QByteArray(3000, 'x')
+        << "like.fcf: text at offset 64: is not what an FCF header";
     QTest::newRow("an empty companion") << "like.txt" << QByteArray() << "is no FCF header page";
     recipe("no JSON", "{", "like.json: is not JSON: ");
     recipe("no object", "[]", "recipe: is missing: this is not a recipe");
@@ -235,7 +243,16 @@ void RefusalTest::refusesAnotherBuild_data()
     recipe("half a version", "{\"recipe\": 1, \"version\": {\"major\": 1}}",
            "version.minor: is missing");
     recipe("a version of another kind", "{\"recipe\": 1, \"version\": \"1.0\"}",
-           "version.major: is missing");
+           "version: is not an object of \"major\" and \"minor\"");
+    recipe("a negative version", "{\"recipe\": 1, \"version\": {\"major\": -1, \"minor\": 0}}",
+           "version: -1.0 has a negative number");
+    recipe("a name given twice", "{\"recipe\": 1, \"description\": \"a\", \"description\": \"b\"}",
+           "description: is given twice");
+    recipe("a name given twice with an escape",
+           "{\"recipe\": 1, \"version\": {\"major\": 1, \"m\\u0061jor\": 2, \"minor\": 0}}",
+           "major: is given twice");
+    recipe("a function that is no object", "{\"recipe\": 1, \"functions\": [\"x\"]}",
+           "functions[0]: is not an object");
     recipe("functions that are no list", "{\"recipe\": 1, \"functions\": {}}",
            "functions: is not a list");
     recipe("half a function", "{\"recipe\": 1, \"functions\": [{\"name\": \"\"}]}",
@@ -259,6 +276,9 @@ void RefusalTest::refusesAnotherBuild()
     tool.write(name, bytes);
     Arguments described = ToolFixture::described();
     described.erase(described.begin(), described.begin() + 2);
+    // One that is given would go before that of a recipe.
+    if (bytes.contains("-1"))
+        described.erase(described.begin() + 8, described.begin() + 10);
     const Run run = tool.run(
         Arguments{"create", tool.argument("top.bin"), "--like", tool.argument(name)} + described);
     QVERIFY2(run.err.contains(text.toUtf8()), run.err);

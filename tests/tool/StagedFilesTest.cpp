@@ -16,6 +16,7 @@ class StagedFilesTest : public QObject {
 
 private slots:
     void leavesNoTemporaryFile();
+    void keepsTheModeOfWhatItReplaces();
     void leavesWhatWasThereWhenKilledAtAnyStep_data();
     void leavesWhatWasThereWhenKilledAtAnyStep();
     void takesBackWhatWasPlacedWhenTheRestFails_data();
@@ -64,6 +65,20 @@ void StagedFilesTest::leavesNoTemporaryFile()
     QCOMPARE(tool.names(), all);
     QCOMPARE(tool.run(create(tool, {"--force"})).code, 0);
     QCOMPARE(tool.names(), all);
+}
+
+void StagedFilesTest::keepsTheModeOfWhatItReplaces()
+{
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(4000));
+    QCOMPARE(tool.run(create(tool)).code, 0);
+    const auto mode = QFile::ReadOwner | QFile::WriteOwner;
+    QVERIFY(QFile::setPermissions(tool.path("top.fcf"), mode));
+    const auto companionMode = QFile::permissions(tool.path("top.txt"));
+    QCOMPARE(tool.run(create(tool, {"--force"})).code, 0);
+    QCOMPARE(QFile::permissions(tool.path("top.fcf")) & ~(QFile::ReadUser | QFile::WriteUser),
+             mode);
+    QCOMPARE(QFile::permissions(tool.path("top.txt")), companionMode);
 }
 
 void StagedFilesTest::leavesWhatWasThereWhenKilledAtAnyStep_data()

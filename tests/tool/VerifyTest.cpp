@@ -87,7 +87,7 @@ void VerifyTest::findsEachFlippedBitOfTheLineFeed()
         image.lineFeed[0] = static_cast<char>('\n' ^ (1 << bit));
         const Run run = verify(image);
         QCOMPARE(run.code, 1);
-        QCOMPARE(run.finding(QString())["offset"].toInt(), 64);
+        QCOMPARE(run.finding("text")["offset"].toInt(), 64);
     }
 }
 
@@ -124,6 +124,14 @@ void VerifyTest::findsAFileCutAnywhere()
     for (int length = 0; length < bytes.size(); length += length < 400 ? 1 : 97) {
         const Run run = verifyBytes(bytes.left(length));
         QVERIFY2(run.code == 1, qPrintable(QString::number(length)));
+        for (const auto& value : run.json()["findings"].toArray()) {
+            const QJsonObject finding = value.toObject();
+            if (finding["severity"].toString() != "error")
+                continue;
+            QVERIFY2(!finding["field"].toString().isEmpty() && finding.contains("offset") &&
+                         !finding["expected"].toString().isEmpty() && finding.contains("found"),
+                     run.out);
+        }
     }
 }
 
@@ -174,7 +182,7 @@ void VerifyTest::findsTextsThatAreNotWellFormed_data()
                         const char* field) {
         QTest::newRow(name) << QByteArray(before) << QByteArray(after) << QString(field);
     };
-    row("another first line", "Filename", "Filenom", "");
+    row("another first line", "Filename", "Filenom", "fileName");
     row("a first line that only holds the keyword", "Filename", " Filename", "fileName");
     row("a prefix without its blank", "CI No: 42", "CI No:42", "ciNumber");
     row("a missing line", "Author: Ann\n", "", "author");
@@ -186,6 +194,8 @@ void VerifyTest::findsTextsThatAreNotWellFormed_data()
     row("bytes that are no text", "Ann", "A\xffn", "author");
     row("bytes that are no text in a second line", "Rev B", "Rev B\n\xc3", "description");
     row("a time of 60 minutes", "13:45:00", "13:60:00", "time");
+    row("a time of 24 hours", "13:45:00", "24:00:00", "time");
+    row("a time of 29 hours", "13:45:00", "29:59:59", "time");
     row("a time with a blank", "13:45:00", "13:45:00 ", "time");
     row("a mark inside a description", "Rev B", "Rev --- B", "description");
     row("a mark inside a function's name", "fft", "f----t", "functions[0].name");
@@ -210,8 +220,9 @@ void VerifyTest::findsTextsThatAreNotWellFormed()
     QCOMPARE(run.code, 1);
     const QJsonObject finding = run.finding(field);
     QVERIFY2(!finding.isEmpty(), run.out);
-    if (!field.isEmpty())
-        QVERIFY2(finding["offset"].toInt() >= 65, run.out);
+    QVERIFY2(finding["offset"].toInt() >= 65, run.out);
+    QVERIFY2(!finding["expected"].toString().isEmpty(), run.out);
+    QVERIFY2(finding.contains("found"), run.out);
 }
 
 void VerifyTest::findsATextBeyondThePage()
@@ -307,7 +318,9 @@ void VerifyTest::printsFindingsAsResults()
              run.out);
     const Run quiet = m_tool.run({"verify", m_tool.argument("top.fcf"), "--quiet"});
     QCOMPARE(quiet.code, 1);
-    QCOMPARE(quiet.out.count('\n'), 1);
+    QVERIFY2(quiet.out.contains("is no flash slot") && quiet.out.contains("top.fcf: not valid\n"),
+             quiet.out);
+    QVERIFY2(!quiet.out.contains("note: "), quiet.out);
 }
 
 void VerifyTest::survivesHostileFiles_data()
