@@ -179,11 +179,14 @@ Build BuildOptions::like(Session* session) const
         return build;
     }
     if (path->endsWith(QStringLiteral(".fcf")) || path->endsWith(QStringLiteral(".txt"))) {
+        const std::size_t inputsBefore = session->inputs.size();
         InputFile file;
         HeaderPage page;
         if (!file.open(*path, std::numeric_limits<qint32>::max(), option, session) ||
             !page.read(&file, ExitCode::Refused, session))
             return Build();
+        // An image may be made anew from what it says itself: nothing else of it is needed.
+        session->inputs.resize(inputsBefore);
         return Build::of(page.reading.header);
     }
     refuse(option,

@@ -123,8 +123,7 @@ void CreateTest::takesADescriptionFromAFile()
     ToolFixture tool;
     tool.write("notes", "First\nSecond: Grün\n\n");
     QCOMPARE(create(&tool, {"--function", "fft", "Bob", "7", "x"}).code, 0);
-    tool.write("like.txt", tool.read("top.txt"));
-    QCOMPARE(tool.run({"create", tool.argument("top.bin"), "--like", tool.argument("like.txt"),
+    QCOMPARE(tool.run({"create", tool.argument("top.bin"), "--like", tool.argument("top.txt"),
                        "--description", "@" + tool.argument("notes"), "--force"})
                  .code,
              0);
@@ -157,9 +156,8 @@ void CreateTest::takesArgumentsForWhatTheyAre()
         "Function description: it's \"q\"\n---\nFunction name: {}\nFunction author: %%\n"
         "Function CI No: \nFunction description: [x]\n---\n----\n"));
     // An empty value is one, whatever comes next.
-    tool.write("like.txt", tool.read("top.txt"));
     QCOMPARE(tool.run({"create", tool.argument("top.bin"), "--description=", "--like",
-                       tool.argument("like.txt"), "--force"})
+                       tool.argument("top.txt"), "--force"})
                  .code,
              0);
     QVERIFY(tool.read("top.txt").contains("Description: \n---\n"));
@@ -197,9 +195,8 @@ void CreateTest::letsOptionsOverrideAnotherBuild()
 {
     ToolFixture tool;
     create(&tool, {"--function", "fft", "Bob", "7", "x"});
-    tool.write("like.fcf", tool.read("top.fcf"));
     const Run run =
-        tool.run({"create", tool.argument("top.bin"), "--like", tool.argument("like.fcf"),
+        tool.run({"create", tool.argument("top.bin"), "--like", tool.argument("top.fcf"),
                   "--version", "2.5", "--function", "fir", "Cy", "8", "y", "--force", "--json"});
     const QJsonObject header = run.json()["header"].toObject();
     QCOMPARE(header["author"].toString(), QString("Ann"));
@@ -209,7 +206,7 @@ void CreateTest::letsOptionsOverrideAnotherBuild()
     QCOMPARE(header["functions"].toArray()[0].toObject()["name"].toString(), QString("fir"));
     // A device of another module is not taken over.
     const Run other = tool.run({"create", tool.argument("top.bin"), "--like",
-                                tool.argument("like.fcf"), "--module", "GPM", "--force"});
+                                tool.argument("top.fcf"), "--module", "GPM", "--force"});
     QCOMPARE(other.code, 2);
     QVERIFY(other.err.contains("device: is missing: give --device"));
 }

@@ -153,12 +153,9 @@ void OutputRefusalTest::refusesAnyOtherFileItReadsAsOutput_data()
     QTest::newRow("a description as the digest") << "--description"
                                                  << "@"
                                                  << "n.fcf.sha256";
-    QTest::newRow("a companion as the companion") << "--like"
-                                                  << ""
-                                                  << "n.txt";
-    QTest::newRow("an image as the image") << "--like"
-                                           << ""
-                                           << "n.fcf";
+    QTest::newRow("a recipe by a link") << "--like"
+                                        << ""
+                                        << "link.json";
 }
 
 void OutputRefusalTest::refusesAnyOtherFileItReadsAsOutput()
@@ -167,12 +164,12 @@ void OutputRefusalTest::refusesAnyOtherFileItReadsAsOutput()
     QFETCH(QString, before);
     QFETCH(QString, input);
     ToolFixture tool;
-    const QByteArray bytes =
-        option == "--like" ? ForgedImage().page() : QByteArray("what the build is");
+    const QByteArray bytes = option == "--like" ? "{ \"recipe\": 1 }" : "what the build is";
     tool.write("top.bin", ToolFixture::payload(100));
-    tool.write(input == "link" ? "n.txt" : input, bytes);
-    if (input == "link")
-        QVERIFY(QFile::link("n.txt", tool.path("link")));
+    const bool linked = input.startsWith("link");
+    tool.write(linked ? "n.txt" : input, bytes);
+    if (linked)
+        QVERIFY(QFile::link("n.txt", tool.path(input)));
     const QStringList names = tool.names();
 
     Arguments described = ToolFixture::described();
