@@ -113,10 +113,11 @@ void Checker::checkTexts(const FcfHeader& header) const
                                         .arg(QString::fromLatin1(m_session->codec()->name())));
     const int excess = FcfWriter(m_session->codec()).compose(header).size() - FcfLayout::PageBytes;
     if (excess > 0)
-        refuse(QString(), QStringLiteral("the header text is too long by %1 bytes; the largest "
-                                         "fields are %2")
-                              .arg(QString::number(excess),
-                                   TextRules::largestTexts(header, m_session->codec())));
+        refuse(
+            QStringLiteral("text"),
+            QStringLiteral("the header text is too long by %1 bytes; the largest "
+                           "fields are %2")
+                .arg(QString::number(excess), TextRules::largestTexts(header, m_session->codec())));
     if (header.description.size() > LongestDescription)
         m_session->findings.warning(
             m_file, QStringLiteral("description"),

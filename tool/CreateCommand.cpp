@@ -7,9 +7,11 @@
 #include "tool/HeaderJson.h"
 #include "tool/ImageWriter.h"
 #include "tool/InputFile.h"
+#include "tool/KilledRun.h"
+#include "tool/PartialFile.h"
 #include "tool/PayloadKind.h"
 #include "tool/Session.h"
-#include "tool/StagedFile.h"
+#include "tool/StagedFiles.h"
 #include "tool/Stamp.h"
 
 #include <CLI/CLI.hpp>
@@ -20,19 +22,17 @@ namespace {
 bool stageAndPlace(ImageWriter* writer, InputFile* binary, const Outputs& outputs, bool force,
                    Session* session, FileError* error)
 {
-    // Gone before the image's own leftover, which is what tells that they are leftovers.
-    for (const QString& leftover : outputs.leftovers())
-        FileSystem::unlink(leftover);
-
+    session->environment().beforeStep("undo");
+    if (!KilledRun(outputs.image()).undo({outputs.companion(), outputs.digest()}, error))
+        return false;
     StagedFiles files(session->environment().beforeStep);
     QFile* const image = files.add(outputs.image(), error);
     if (!image)
         return false;
     // What is not written this time may have been by a run that was killed. One that a run still
     // writes is locked, and stays.
-    FileError ignored;
-    StagedFile::clearStalePartial(outputs.companion(), &ignored);
-    StagedFile::clearStalePartial(outputs.digest(), &ignored);
+    PartialFile::clear(outputs.companion());
+    PartialFile::clear(outputs.digest());
 
     error->path = outputs.image();
     if (!writer->write(binary, image, outputs.hasDigest, &error->reason))
@@ -79,6 +79,7 @@ void CreateCommand::declare(CLI::App* app)
 
 void CreateCommand::run(Session* session)
 {
+    session->findings.setSubject(InputFile::labelOf(QFile::decodeName(m_binary.c_str())));
     const Build build = m_build.build(session);
     // What could not be taken would be found missing as well.
     const bool isWhole = !session->findings.hasErrors();
@@ -155,9 +156,7 @@ void CreateCommand::write(const FcfHeader& header, InputFile* binary, const Outp
     ImageWriter writer(header, session);
     FileError error;
     if (!stageAndPlace(&writer, binary, outputs, m_force, session, &error)) {
-        session->findings.error(error.exists ? ExitCode::OutputExists : ExitCode::CannotAccess,
-                                error.path, QStringLiteral("--output"),
-                                QStringLiteral("cannot be written: %1").arg(error.reason));
+        refuseUnwritten(error, session);
         return;
     }
     session->print(outputs.image());
@@ -176,9 +175,9 @@ void CreateCommand::write(const FcfHeader& header, InputFile* binary, const Outp
 void CreateCommand::writeToStandardOutput(const FcfHeader& header, InputFile* binary,
                                           Session* session) const
 {
-    QString error;
-    if (!ImageWriter(header, session).write(binary, session->environment().out, false, &error))
-        session->findings.error(ExitCode::CannotAccess, QStringLiteral("standard output"),
-                                QStringLiteral("--output"),
-                                QStringLiteral("cannot be written: %1").arg(error));
+    FileError error;
+    error.path = StandardStream;
+    if (!ImageWriter(header, session)
+             .write(binary, session->environment().out, false, &error.reason))
+        refuseUnwritten(error, session);
 }

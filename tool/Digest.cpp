@@ -2,6 +2,7 @@
 
 #include <QCryptographicHash>
 #include <QFile>
+#include <QFileInfo>
 #include <QIODevice>
 #include <QList>
 
@@ -12,7 +13,7 @@ constexpr int ChunkBytes = 1024 * 1024;
 
 QByteArray encodedName(const QString& path)
 {
-    return QFile::encodeName(path.mid(path.lastIndexOf(QLatin1Char('/')) + 1));
+    return QFile::encodeName(QFileInfo(path).fileName());
 }
 
 /// sha256sum marks a line in which a name is escaped with a backslash at its start.

@@ -1,13 +1,12 @@
 #include "ExtractCommand.h"
 
 #include "fcf/FcfWriter.h"
-#include "tool/Checker.h"
 #include "tool/HeaderPage.h"
 #include "tool/InputFile.h"
 #include "tool/Outputs.h"
 #include "tool/Progress.h"
 #include "tool/Session.h"
-#include "tool/StagedFile.h"
+#include "tool/StagedFiles.h"
 #include "tool/Validator.h"
 
 #include <CLI/CLI.hpp>
@@ -60,12 +59,10 @@ void ExtractCommand::run(Session* session)
     InputFile file;
     HeaderPage page;
     if (!path || !output ||
-        !file.open(*path, Checker::LargestBinary + FcfReader::MaximumBytes, QStringLiteral("FCF"),
-                   session))
+        !file.open(*path, Validator::LargestFile, QStringLiteral("FCF"), session))
         return;
     if (session->outIsTaken && session->json)
-        session->findings.error(ExitCode::Refused, QStringLiteral("standard output"),
-                                QStringLiteral("--output"),
+        session->findings.error(ExitCode::Refused, StandardOutputLabel, QStringLiteral("--output"),
                                 QStringLiteral("takes the payload alone: --json needs a file"));
     if (!session->outIsTaken)
         guardOutput(*output, m_force, session);
@@ -82,9 +79,7 @@ void ExtractCommand::extract(InputFile* file, const HeaderPage& page, const QStr
 {
     FileError error;
     if (!writePayload(file, page, output, m_force, session, &error)) {
-        session->findings.error(error.exists ? ExitCode::OutputExists : ExitCode::CannotAccess,
-                                error.path, QStringLiteral("--output"),
-                                QStringLiteral("cannot be written: %1").arg(error.reason));
+        refuseUnwritten(error, session);
         return;
     }
     if (!session->outIsTaken)

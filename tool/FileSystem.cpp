@@ -64,6 +64,13 @@ std::optional<FileSystem::Identity> FileSystem::identityOf(int descriptor)
     return Identity{status.st_dev, status.st_ino};
 }
 
+bool FileSystem::standsAt(const QString& path, int descriptor)
+{
+    const auto named = identityOf(path);
+    const auto opened = identityOf(descriptor);
+    return named && opened && *named == *opened;
+}
+
 FileSystem::Kind FileSystem::kindOf(const QString& path)
 {
     struct stat status;
@@ -123,14 +130,16 @@ int FileSystem::copyMode(const QString& path, int descriptor)
     return result(::fchmod(descriptor, from.st_mode & permissions));
 }
 
-int FileSystem::findFolderOf(const QString& path)
+int FileSystem::findPlaceOf(const QString& path)
 {
     const QByteArray folder = QFile::encodeName(QFileInfo(path).path());
     const int descriptor = ::open(folder.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC);
     if (descriptor < 0)
         return errno;
     ::close(descriptor);
-    return 0;
+    struct stat status;
+    const int found = result(::lstat(QFile::encodeName(path).constData(), &status));
+    return found == ENOENT ? 0 : found;
 }
 
 int FileSystem::sync(int descriptor) { return result(::fsync(descriptor)); }

@@ -28,6 +28,9 @@ std::optional<Identity> entryIdentityOf(const QString& path);
 std::optional<Identity> identityOf(const QString& path);
 std::optional<Identity> identityOf(int descriptor);
 
+/// Whether the open file is what stands at \p path, by a link or itself.
+bool standsAt(const QString& path, int descriptor);
+
 enum class Kind { Nothing, File, Link, Folder, Device, Stream };
 
 /// What stands at \p path itself: a link is not followed.
@@ -56,8 +59,8 @@ int unlink(const QString& path);
 /// Gives the open file the mode of the file at \p path, if that is a file itself.
 int copyMode(const QString& path, int descriptor);
 
-/// Whether the folder that \p path is to be in is there.
-int findFolderOf(const QString& path);
+/// Whether the folder that \p path is to be in is there, and can hold a name as long.
+int findPlaceOf(const QString& path);
 
 /// Brings all of an open file to the disk.
 int sync(int descriptor);

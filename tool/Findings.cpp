@@ -128,7 +128,7 @@ Finding& Findings::add(Finding::Severity severity, const QString& file, const QS
 {
     Finding finding;
     finding.severity = severity;
-    finding.file = file;
+    finding.file = file.isEmpty() ? m_subject : file;
     finding.field = field;
     finding.reason = reason;
     m_list.append(finding);

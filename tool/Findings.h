@@ -48,6 +48,9 @@ struct Finding {
 /// The findings of a run, in the order in which they were made.
 class Findings {
 public:
+    /// Whatever is found without a file is about \p file.
+    void setSubject(const QString& file) { m_subject = file; }
+
     /// The references hold until the next finding is added.
     Finding& error(ExitCode exitCode, const QString& file, const QString& field,
                    const QString& reason);
@@ -71,6 +74,7 @@ private:
     Finding& add(Finding::Severity severity, const QString& file, const QString& field,
                  const QString& reason);
 
+    QString m_subject;
     QList<Finding> m_list;
 };
 

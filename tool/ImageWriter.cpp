@@ -5,6 +5,29 @@
 #include "tool/Progress.h"
 #include "tool/Session.h"
 
+namespace {
+
+/// Hands bytes on to another device, and digests them.
+class DigestingSink : public PassingDevice {
+public:
+    /// Neither becomes the sink's own.
+    DigestingSink(QIODevice* device, QCryptographicHash* hash)
+        : PassingDevice(device, QIODevice::WriteOnly), m_hash(hash)
+    {
+    }
+
+protected:
+    void passed(const char* data, qint64 bytes) override
+    {
+        m_hash->addData(data, static_cast<int>(bytes));
+    }
+
+private:
+    QCryptographicHash* m_hash;
+};
+
+} // namespace
+
 ImageWriter::ImageWriter(const FcfHeader& header, Session* session)
     : m_session(session), m_hash(QCryptographicHash::Sha256)
 {

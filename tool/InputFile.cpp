@@ -2,6 +2,7 @@
 
 #include "fcf/FcfWriter.h"
 #include "tool/FileSystem.h"
+#include "tool/Progress.h"
 #include "tool/Session.h"
 
 #include <QDir>
@@ -13,10 +14,15 @@ constexpr int ChunkBytes = 1024 * 1024;
 
 } // namespace
 
+QString InputFile::labelOf(const QString& path)
+{
+    return path == StandardStream ? QStringLiteral("standard input") : path;
+}
+
 bool InputFile::open(const QString& path, qint64 limit, const QString& field, Session* session)
 {
     m_path = path;
-    m_label = isStandardInput() ? QStringLiteral("standard input") : path;
+    m_label = labelOf(path);
     if (isStandardInput() && !session->takeStandardInput()) {
         session->findings.error(ExitCode::Refused, m_label, field,
                                 QStringLiteral("it can be read only once"));
@@ -55,6 +61,8 @@ bool InputFile::putAside(QIODevice* stream, qint64 limit, const QString& field, 
     if (!aside->open())
         return refuse(QStringLiteral("cannot be put aside: %1").arg(aside->errorString()), field,
                       session);
+    Progress progress(session, QStringLiteral("reading %1").arg(shownText(m_label)),
+                      Progress::Unknown);
     QByteArray chunk(ChunkBytes, Qt::Uninitialized);
     while (m_size <= limit) {
         const qint64 count =
@@ -70,6 +78,7 @@ bool InputFile::putAside(QIODevice* stream, qint64 limit, const QString& field, 
                 &error))
             return refuse(QStringLiteral("cannot be put aside: %1").arg(error), field, session);
         m_size += count;
+        progress.advance(count);
     }
     if (!aside->flush() || !aside->seek(0))
         return refuse(QStringLiteral("cannot be put aside: %1").arg(aside->errorString()), field,

@@ -18,6 +18,9 @@ public:
     /// past \p limit bytes.
     bool open(const QString& path, qint64 limit, const QString& field, Session* session);
 
+    /// What messages call the file at \p path.
+    static QString labelOf(const QString& path);
+
     /// What messages call it.
     const QString& label() const { return m_label; }
     /// Where it is, or "-".

@@ -3,10 +3,12 @@
 #include "tool/Digest.h"
 #include "tool/FileSystem.h"
 #include "tool/InputFile.h"
+#include "tool/KilledRun.h"
+#include "tool/PartialFile.h"
 #include "tool/Session.h"
-#include "tool/StagedFile.h"
+#include "tool/StagedFiles.h"
 
-#include <QFile>
+#include <QFileInfo>
 
 namespace {
 
@@ -15,7 +17,7 @@ const QString ImageEnding = QStringLiteral(".fcf");
 const QString CompanionEnding = QStringLiteral(".txt");
 const QString OutputOption = QStringLiteral("--output");
 
-QString nameOf(const QString& path) { return path.mid(path.lastIndexOf(QLatin1Char('/')) + 1); }
+QString nameOf(const QString& path) { return QFileInfo(path).fileName(); }
 
 /// \p path with every ".bin" of its last name replaced; those of folders stay.
 QString renamed(const QString& path, const QString& ending)
@@ -30,14 +32,16 @@ std::optional<Outputs> refuse(const QString& file, const QString& reason, Sessio
     return std::nullopt;
 }
 
-/// The input that an output at \p path, or its temporary file, would replace, or null.
+/// The input that an output at \p path, or what is needed on the way to it, would replace, or null.
 const ReadFile* inputWrittenAt(const QString& path, const Session& session)
 {
-    const auto own = FileSystem::identityOf(path);
-    const auto partial = FileSystem::identityOf(StagedFile::partialPath(path));
-    for (const ReadFile& input : session.inputs) {
-        if (own == input.identity || partial == input.identity)
-            return &input;
+    for (const QString& written :
+         {path, PartialFile::pathFor(path), PartialFile::backupPathFor(path)}) {
+        const auto identity = FileSystem::identityOf(written);
+        for (const ReadFile& input : session.inputs) {
+            if (identity == input.identity)
+                return &input;
+        }
     }
     return nullptr;
 }
@@ -53,11 +57,12 @@ void guardOutput(const QString& path, bool force, Session* session)
         return;
     }
     switch (FileSystem::kindOf(path)) {
-    case FileSystem::Kind::Nothing:
-        if (const int number = FileSystem::findFolderOf(path))
-            findings.error(ExitCode::CannotAccess, path, OutputOption,
-                           QStringLiteral("cannot be written: %1").arg(FileSystem::reason(number)));
+    case FileSystem::Kind::Nothing: {
+        FileError error;
+        if (!error.take(FileSystem::findPlaceOf(path), path))
+            refuseUnwritten(error, session);
         return;
+    }
     case FileSystem::Kind::File:
     case FileSystem::Kind::Link:
         if (!force)
@@ -72,6 +77,14 @@ void guardOutput(const QString& path, bool force, Session* session)
         findings.error(ExitCode::Refused, path, OutputOption, QStringLiteral("is not a file"));
         return;
     }
+}
+
+void refuseUnwritten(const FileError& error, Session* session)
+{
+    session->findings.error(error.exists ? ExitCode::OutputExists : ExitCode::CannotAccess,
+                            error.path == StandardStream ? StandardOutputLabel : error.path,
+                            OutputOption,
+                            QStringLiteral("cannot be written: %1").arg(error.reason));
 }
 
 void warnOfLeftBehind(const StagedFiles& files, Session* session)
@@ -121,10 +134,10 @@ void Outputs::guard(bool force, Session* session)
 {
     if (toStandardOutput()) {
         if (hasCompanion)
-            refuse(QStringLiteral("standard output"),
+            refuse(StandardOutputLabel,
                    QStringLiteral("takes the image alone: give --no-companion as well"), session);
         if (hasDigest || session->json)
-            refuse(QStringLiteral("standard output"),
+            refuse(StandardOutputLabel,
                    QStringLiteral("takes the image alone: --digest and --json need a file"),
                    session);
         return;
@@ -136,32 +149,15 @@ void Outputs::guard(bool force, Session* session)
         const char* option;
     } others[] = {{hasCompanion, m_companion, "--no-companion"}, {hasDigest, digest(), "--digest"}};
     for (const auto& other : others) {
-        if (isLeftover(other.path) && !inputWrittenAt(other.path, *session))
-            m_leftovers << other.path;
-        else if (other.written)
+        if (!inputWrittenAt(other.path, *session) &&
+            FileSystem::kindOf(m_image) == FileSystem::Kind::Nothing &&
+            KilledRun(m_image).placedWhereNothingWas(other.path))
+            continue;
+        if (other.written)
             guardOutput(other.path, force, session);
         else
             warnOfStale(other.path, other.option, session);
     }
-}
-
-/// Without its image, but with an image that was ready to be put in place beside it, and with just
-/// the bytes that belong to that image.
-bool Outputs::isLeftover(const QString& path) const
-{
-    if (FileSystem::kindOf(m_image) != FileSystem::Kind::Nothing ||
-        FileSystem::kindOf(path) != FileSystem::Kind::File || !StagedFile::hasStalePartial(m_image))
-        return false;
-    QFile image(StagedFile::partialPath(m_image));
-    QFile file(path);
-    if (!image.open(QIODevice::ReadOnly) || !file.open(QIODevice::ReadOnly) ||
-        file.size() > Digest::MaximumBytes)
-        return false;
-    const QByteArray bytes = file.readAll();
-    if (path == m_companion)
-        return !bytes.isEmpty() && image.read(bytes.size()) == bytes;
-    const auto digest = Digest::of(&image);
-    return digest && bytes == Digest::line(*digest, m_image);
 }
 
 void Outputs::warnOfStale(const QString& path, const char* option, Session* session) const

@@ -2,17 +2,20 @@
 #define TOOL_OUTPUTS_H
 
 #include <QString>
-#include <QStringList>
 
 #include <optional>
 
 class InputFile;
 class Session;
+struct FileError;
 class StagedFiles;
 
 /// Guards a path that a run is about to write: not one of its inputs under any name, not a folder,
 /// nothing that exists unless \p force is given. What is refused goes to the findings.
 void guardOutput(const QString& path, bool force, Session* session);
+
+/// Says that an output could not be written on account of \p error.
+void refuseUnwritten(const FileError& error, Session* session);
 
 /// Warns of what \p files replaced but could not remove.
 void warnOfLeftBehind(const StagedFiles& files, Session* session);
@@ -38,21 +41,15 @@ public:
     bool hasCompanion = true;
     bool hasDigest = false;
 
-    /// Guards all paths. What a killed run of this tool left of this image is no obstacle; it is
-    /// added to leftovers().
+    /// Guards all paths. What a killed run left of this image is no obstacle.
     void guard(bool force, Session* session);
 
-    /// Files that were put in place by a run that was killed before the image was. To be removed.
-    const QStringList& leftovers() const { return m_leftovers; }
-
 private:
-    bool isLeftover(const QString& path) const;
     void warnOfStale(const QString& path, const char* option, Session* session) const;
 
     QString m_image;
     QString m_companion;
     QString m_nameForStream;
-    QStringList m_leftovers;
 };
 
 #endif

@@ -1,16 +1,19 @@
 #ifndef TOOL_PROGRESS_H
 #define TOOL_PROGRESS_H
 
-#include <QIODevice>
+#include "tool/PassingDevice.h"
+
 #include <QString>
 
-class QCryptographicHash;
 class Session;
 
 /// Tells a person at a terminal how far a run has come, once it takes longer than a second. Nobody
 /// else sees any of it.
 class Progress {
 public:
+    /// For a total that nobody knows yet.
+    static constexpr qint64 Unknown = -1;
+
     /// Of \p total bytes, in the course of what \p label says.
     Progress(Session* session, const QString& label, qint64 total);
     /// Wipes what it told.
@@ -21,46 +24,28 @@ public:
     void advance(qint64 bytes);
 
 private:
+    QString state() const;
+
     Session* m_session;
     QString m_label;
     qint64 m_total;
     qint64 m_done = 0;
-    qint64 m_started;
-    int m_percentTold = -1;
+    /// In milliseconds; before it nothing is told.
+    qint64 m_nextTelling;
+    QString m_told;
 };
 
 /// Hands on another device's bytes, and counts them.
-class MeteredSource : public QIODevice {
+class MeteredSource : public PassingDevice {
 public:
     /// Neither becomes the source's own.
     MeteredSource(QIODevice* device, Progress* progress);
 
-    bool isSequential() const override { return true; }
-
 protected:
-    qint64 readData(char* data, qint64 maxSize) override;
-    qint64 writeData(const char* data, qint64 maxSize) override;
+    void passed(const char* data, qint64 bytes) override;
 
 private:
-    QIODevice* m_device;
     Progress* m_progress;
-};
-
-/// Hands bytes on to another device, and digests them.
-class DigestingSink : public QIODevice {
-public:
-    /// Neither becomes the sink's own.
-    DigestingSink(QIODevice* device, QCryptographicHash* hash);
-
-    bool isSequential() const override { return true; }
-
-protected:
-    qint64 readData(char* data, qint64 maxSize) override;
-    qint64 writeData(const char* data, qint64 maxSize) override;
-
-private:
-    QIODevice* m_device;
-    QCryptographicHash* m_hash;
 };
 
 #endif

@@ -8,6 +8,7 @@
 #include <QTextCodec>
 
 const QString StandardStream = QStringLiteral("-");
+const QString StandardOutputLabel = QStringLiteral("standard output");
 
 Session::Session(Environment* environment, const char* command)
     : m_environment(environment), m_command(command)
@@ -49,7 +50,7 @@ int Session::finish()
     QString reason;
     const QByteArray bytes = outBytes();
     if (!bytes.isEmpty() && !FcfWriter::writeAll(m_environment->out, bytes, &reason))
-        findings.error(ExitCode::CannotAccess, QStringLiteral("standard output"), QString(),
+        findings.error(ExitCode::CannotAccess, StandardOutputLabel, QString(),
                        QStringLiteral("cannot be written: %1").arg(reason));
     writeMessages();
     return static_cast<int>(findings.exitCode());

@@ -110,4 +110,7 @@ private:
 /// "-", the name of standard input and standard output.
 extern const QString StandardStream;
 
+/// What messages call standard output.
+extern const QString StandardOutputLabel;
+
 #endif

@@ -1,54 +1,12 @@
 #include "StagedFile.h"
 
-#include "tool/FileSystem.h"
-#include "tool/Findings.h"
+#include "tool/PartialFile.h"
 
 #include <cerrno>
 
-#include <fcntl.h>
-#include <sys/file.h>
 #include <unistd.h>
 
-namespace {
-
-constexpr mode_t PermissionsBeforeUmask = 0666;
-/// How often another program may take the temporary name away between two of our steps.
-constexpr int Attempts = 16;
-
-int openNew(const QString& path)
-{
-    return ::open(QFile::encodeName(path).constData(),
-                  O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, PermissionsBeforeUmask);
-}
-
-bool lock(int descriptor) { return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0; }
-
-bool stillStandsAt(const QString& path, int descriptor)
-{
-    const auto named = FileSystem::identityOf(path);
-    const auto opened = FileSystem::identityOf(descriptor);
-    return named && opened && *named == *opened;
-}
-
-/// Removes the file at \p partial unless it is locked. Returns 0 or an errno.
-int clearUnlessLocked(const QString& partial)
-{
-    const int descriptor = ::open(QFile::encodeName(partial).constData(),
-                                  O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-    if (descriptor < 0)
-        return errno == ENOENT ? 0 : errno;
-    int error = 0;
-    if (!lock(descriptor))
-        error = errno;
-    else if (stillStandsAt(partial, descriptor))
-        error = FileSystem::unlink(partial);
-    ::close(descriptor);
-    return error;
-}
-
-} // namespace
-
-StagedFile::StagedFile(const QString& path) : m_path(path), m_partial(partialPath(path)) {}
+StagedFile::StagedFile(const QString& path) : m_path(path), m_partial(PartialFile::pathFor(path)) {}
 
 StagedFile::~StagedFile()
 {
@@ -59,67 +17,26 @@ StagedFile::~StagedFile()
         ::close(m_descriptor);
 }
 
-QString StagedFile::partialPath(const QString& path)
-{
-    const int nameStart = path.lastIndexOf(QLatin1Char('/')) + 1;
-    return path.left(nameStart) + QStringLiteral(".%1.pelk-fcf").arg(path.mid(nameStart));
-}
-
-QString StagedFile::backupPath(const QString& path)
-{
-    return partialPath(path) + QStringLiteral("-old");
-}
-
-bool StagedFile::hasStalePartial(const QString& path)
-{
-    const QString partial = partialPath(path);
-    if (FileSystem::kindOf(partial) != FileSystem::Kind::File)
-        return false;
-    const int descriptor = ::open(QFile::encodeName(partial).constData(),
-                                  O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-    if (descriptor < 0)
-        return false;
-    const bool stale = lock(descriptor);
-    ::close(descriptor);
-    return stale;
-}
-
-bool StagedFile::clearStalePartial(const QString& path, FileError* error)
-{
-    return StagedFile(path).fail(clearUnlessLocked(partialPath(path)), error);
-}
-
 bool StagedFile::open(FileError* error)
 {
-    int number = EEXIST;
-    for (int attempt = 0; attempt < Attempts && number == EEXIST; ++attempt) {
-        const int descriptor = openNew(m_partial);
-        if (descriptor >= 0 && lock(descriptor) && stillStandsAt(m_partial, descriptor)) {
-            m_descriptor = descriptor;
-            m_state = Temporary;
-            m_file.setFileName(m_path);
-            if (!m_file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-                error->path = m_path;
-                error->reason = m_file.errorString();
-                return false;
-            }
-            return fail(clearBackup(), error);
-        }
-        if (descriptor >= 0) {
-            ::close(descriptor);
-            continue;
-        }
-        number = errno;
-        if (number != EEXIST)
-            break;
-        const int clearing = clearUnlessLocked(m_partial);
-        if (clearing != 0)
-            number = clearing;
+    if (!error->take(PartialFile::create(m_path, &m_descriptor), m_path))
+        return false;
+    m_state = Temporary;
+    m_file.setFileName(m_path);
+    if (!m_file.open(m_descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+        *error = FileError{m_path, m_file.errorString()};
+        return false;
     }
-    return fail(number == EEXIST ? EBUSY : number, error);
+    int number = PartialFile::clearBackup(m_path);
+    if (number == 0 && FileSystem::kindOf(m_path) == FileSystem::Kind::File)
+        number = FileSystem::copyMode(m_path, m_descriptor);
+    return error->take(number, m_path);
 }
 
-bool StagedFile::complete(FileError* error) { return fail(FileSystem::sync(m_descriptor), error); }
+bool StagedFile::complete(FileError* error)
+{
+    return error->take(FileSystem::sync(m_descriptor), m_path);
+}
 
 bool StagedFile::place(bool replacing, FileError* error)
 {
@@ -131,7 +48,7 @@ bool StagedFile::place(bool replacing, FileError* error)
         if (number == 0)
             m_state = Placed;
     }
-    return fail(number, error);
+    return error->take(number, m_path);
 }
 
 int StagedFile::replace()
@@ -150,9 +67,9 @@ int StagedFile::replace()
 
 int StagedFile::replaceWithBackup()
 {
-    const QString backup = backupPath(m_path);
+    const QString backup = PartialFile::backupPathFor(m_path);
     int number = FileSystem::link(m_path, backup);
-    // Without links there is a moment with nothing in the place; see clearBackup().
+    // Without links there is a moment with nothing in the place; see PartialFile::clearBackup().
     const bool moved = number == EPERM || number == EOPNOTSUPP || number == ENOSYS;
     if (moved)
         number = FileSystem::renameToFree(m_path, backup);
@@ -168,29 +85,20 @@ int StagedFile::replaceWithBackup()
     return number;
 }
 
-/// Clears what a killed run kept, or puts it back if that run came no further.
-int StagedFile::clearBackup() const
-{
-    const QString backup = backupPath(m_path);
-    if (FileSystem::kindOf(backup) == FileSystem::Kind::Nothing)
-        return 0;
-    const int number = FileSystem::renameToFree(backup, m_path);
-    return number == EEXIST ? FileSystem::unlink(backup) : number;
-}
-
 bool StagedFile::takeBack()
 {
+    // Another program may have put its own file there since.
+    const bool own = FileSystem::standsAt(m_path, m_descriptor);
     if (m_state == Exchanged) {
-        if (!keepsReplaced() || FileSystem::exchange(m_partial, m_path) != 0)
+        if (!own || !keepsReplaced() || FileSystem::exchange(m_partial, m_path) != 0)
             return false;
         m_state = Temporary;
     } else if (m_state == BackedUp) {
-        if (!keepsReplaced() || FileSystem::renameOver(keptPath(), m_path) != 0)
+        if (!own || !keepsReplaced() || FileSystem::renameOver(keptPath(), m_path) != 0)
             return false;
         m_state = Unused;
     } else if (m_state == Placed) {
-        // Another program may have put its own file there since.
-        if (stillStandsAt(m_path, m_descriptor) && FileSystem::unlink(m_path) != 0)
+        if (own && FileSystem::unlink(m_path) != 0)
             return false;
         m_state = Unused;
     }
@@ -208,7 +116,7 @@ bool StagedFile::settle()
 
 QString StagedFile::keptPath() const
 {
-    return m_state == BackedUp ? backupPath(m_path) : m_partial;
+    return m_state == BackedUp ? PartialFile::backupPathFor(m_path) : m_partial;
 }
 
 /// What was replaced is not locked: a run that started meanwhile may have cleared it, and have put
@@ -216,89 +124,4 @@ QString StagedFile::keptPath() const
 bool StagedFile::keepsReplaced() const
 {
     return m_replaced && m_replaced == FileSystem::entryIdentityOf(keptPath());
-}
-
-/// Returns whether there is no error after all.
-bool StagedFile::fail(int number, FileError* error) const
-{
-    if (number == 0)
-        return true;
-    error->path = m_path;
-    error->exists = number == EEXIST;
-    error->reason = number == EWOULDBLOCK ? QStringLiteral("another run of pelk-fcf is writing it")
-                                          : FileSystem::reason(number);
-    return false;
-}
-
-StagedFiles::StagedFiles(std::function<void(const char*)> beforeStep)
-    : m_beforeStep(std::move(beforeStep))
-{
-}
-
-QFile* StagedFiles::add(const QString& path, FileError* error)
-{
-    m_beforeStep("open");
-    auto staged = std::make_unique<StagedFile>(path);
-    if (!staged->open(error))
-        return nullptr;
-    m_files.push_back(std::move(staged));
-    return &m_files.back()->file();
-}
-
-bool StagedFiles::place(bool replacing, FileError* error)
-{
-    if (!completeAll(error))
-        return false;
-    if (!placeAll(replacing, error) || !syncFolder(error)) {
-        takeAllBack(error);
-        return false;
-    }
-    for (const auto& file : m_files) {
-        m_beforeStep("settle");
-        if (!file->settle())
-            m_leftBehind << file->keptPath();
-    }
-    return true;
-}
-
-void StagedFiles::takeAllBack(FileError* error)
-{
-    for (const auto& file : m_files) {
-        if (!file->takeBack())
-            error->reason +=
-                QStringLiteral("; %1 could not be put back, what stood there before is "
-                               "kept as %2")
-                    .arg(shownText(file->path()), shownText(file->keptPath()));
-    }
-}
-
-/// All outputs are in one folder.
-bool StagedFiles::syncFolder(FileError* error)
-{
-    m_beforeStep("sync folder");
-    const QString path = m_files.front()->path();
-    const int number = FileSystem::syncFolderOf(path);
-    if (number != 0)
-        *error = FileError{path, FileSystem::reason(number)};
-    return number == 0;
-}
-
-bool StagedFiles::completeAll(FileError* error)
-{
-    for (const auto& file : m_files) {
-        m_beforeStep("complete");
-        if (!file->complete(error))
-            return false;
-    }
-    return true;
-}
-
-bool StagedFiles::placeAll(bool replacing, FileError* error)
-{
-    for (auto file = m_files.rbegin(); file != m_files.rend(); ++file) {
-        m_beforeStep("place");
-        if (!(*file)->place(replacing, error))
-            return false;
-    }
-    return true;
 }

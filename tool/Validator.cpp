@@ -4,13 +4,13 @@
 #include "fcf/FcfTarget.h"
 #include "fcf/FcfWriter.h"
 #include "fcf/PelkFcfGeneratorFileInfo.h"
-#include "tool/Checker.h"
 #include "tool/FileCompare.h"
 #include "tool/HeaderPage.h"
 #include "tool/InputFile.h"
 #include "tool/Session.h"
 #include "tool/TextRules.h"
 
+#include <QFileInfo>
 #include <QRegularExpression>
 
 namespace {
@@ -80,12 +80,13 @@ void Validator::validate(const HeaderPage& page) const
     checkFiller(page);
     checkAgainstWriter(page);
     if (m_kind == Companion && m_file->size() > page.bytes)
-        invalid(QString(), page.bytes, QStringLiteral("a companion ends with its header page"),
+        invalid(QStringLiteral("page"), page.bytes,
+                QStringLiteral("a companion ends with its header page"),
                 QStringLiteral("%1 bytes").arg(page.bytes),
                 QStringLiteral("%1 bytes").arg(m_file->size()));
     if (page.bytes > FcfLayout::PageBytes && page.reading.exact.textEnd <= FcfLayout::PageBytes)
         m_session->findings
-            .note(m_file->label(), QString(),
+            .note(m_file->label(), QStringLiteral("page"),
                   QStringLiteral("the header page has %1 bytes, as its last filler unit goes "
                                  "beyond %2")
                       .arg(page.bytes)
@@ -168,7 +169,7 @@ void Validator::checkTexts(const HeaderPage& page) const
         invalid(timeField, offsetOf(page, timeField), QStringLiteral("is no time of day"),
                 QStringLiteral("HH:MM:SS"), header.time);
 
-    const QString name = m_file->path().mid(m_file->path().lastIndexOf(QLatin1Char('/')) + 1);
+    const QString name = QFileInfo(m_file->path()).fileName();
     const QString nameField = QStringLiteral("fileName");
     if (m_kind == Image && !m_file->isStandardInput() && header.fileName != name)
         m_session->findings
@@ -181,7 +182,7 @@ void Validator::checkFiller(const HeaderPage& page) const
 {
     const int textEnd = page.reading.exact.textEnd;
     if (textEnd > FcfLayout::PageBytes) {
-        invalid(QString(), FcfLayout::PageBytes,
+        invalid(QStringLiteral("text"), FcfLayout::PageBytes,
                 QStringLiteral("the text does not fit in the header page"),
                 QStringLiteral("%1 bytes").arg(FcfLayout::PageBytes),
                 QStringLiteral("%1 bytes").arg(textEnd));

@@ -1,6 +1,9 @@
 #ifndef TOOL_VALIDATOR_H
 #define TOOL_VALIDATOR_H
 
+#include "fcf/FcfReader.h"
+#include "tool/Checker.h"
+
 #include <QString>
 #include <QVector>
 
@@ -14,6 +17,9 @@ struct HeaderPage;
 class Validator {
 public:
     enum Kind { Image, Companion };
+
+    /// In bytes; no valid image is larger.
+    static constexpr qint64 LargestFile = Checker::LargestBinary + FcfReader::MaximumBytes;
 
     /// Neither becomes the validator's own.
     Validator(InputFile* file, Kind kind, Session* session);

@@ -1,19 +1,11 @@
 #include "VerifyCommand.h"
 
-#include "tool/Checker.h"
 #include "tool/Digest.h"
 #include "tool/FileKind.h"
 #include "tool/HeaderPage.h"
 #include "tool/InputFile.h"
 #include "tool/Progress.h"
 #include "tool/Session.h"
-
-namespace {
-
-/// No valid image is larger.
-constexpr qint64 LargestFile = Checker::LargestBinary + FcfReader::MaximumBytes;
-
-} // namespace
 
 void VerifyCommand::declare(CLI::App* app)
 {
@@ -64,7 +56,7 @@ void VerifyCommand::verify(const QString& path, Session* session, QJsonObject* r
     const std::optional<Validator::Kind> kind = kindOfFile(path, m_type, session);
     InputFile file;
     HeaderPage page;
-    if (!kind || !file.open(path, LargestFile, QStringLiteral("FILE"), session) ||
+    if (!kind || !file.open(path, Validator::LargestFile, QStringLiteral("FILE"), session) ||
         !page.read(&file, ExitCode::NotValid, session))
         return;
     Validator(&file, *kind, session).validate(page);
@@ -88,7 +80,7 @@ bool VerifyCommand::compareOthers(InputFile* file, Validator::Kind kind, const H
         const QString option = QStringLiteral("--companion");
         const std::optional<QString> path = session->path(*m_companion, option);
         InputFile companion;
-        if (path && companion.open(*path, LargestFile, option, session))
+        if (path && companion.open(*path, Validator::LargestFile, option, session))
             validator.compareCompanion(page, &companion);
     }
     if (!m_binary)
@@ -96,7 +88,7 @@ bool VerifyCommand::compareOthers(InputFile* file, Validator::Kind kind, const H
     const QString option = QStringLiteral("--bin");
     const std::optional<QString> path = session->path(*m_binary, option);
     InputFile binary;
-    if (!path || !binary.open(*path, LargestFile, option, session))
+    if (!path || !binary.open(*path, Validator::LargestFile, option, session))
         return false;
     validator.compareBinary(page, &binary);
     return true;

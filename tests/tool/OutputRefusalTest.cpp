@@ -13,7 +13,8 @@ class OutputRefusalTest : public QObject {
 private slots:
     void refusesAnOutput_data();
     void refusesAnOutput();
-    void findsAMissingFolderBeforeAnythingIsOpened();
+    void findsABadPlaceBeforeAnythingIsOpened_data();
+    void findsABadPlaceBeforeAnythingIsOpened();
     void refusesTheInputAsOutputUnderAnyName_data();
     void refusesTheInputAsOutputUnderAnyName();
     void refusesAnyOtherFileItReadsAsOutput_data();
@@ -43,7 +44,7 @@ void OutputRefusalTest::refusesAnOutput_data()
     QTest::newRow("a folder that takes no files") << QString(UnwritableFolder) + "/a.fcf" << true
                                                   << "a.fcf: --output: cannot be written: " << 3;
     QTest::newRow("a name that is too long")
-        << QString(250, 'x') + ".fcf" << true << "cannot be written: File name too long" << 3;
+        << QString(252, 'x') + ".fcf" << true << "cannot be written: File name too long" << 3;
     QTest::newRow("a name with a line break")
         << "a\nb.fcf" << true << "fileName: holds a line break" << 2;
 }
@@ -73,17 +74,28 @@ void OutputRefusalTest::refusesAnOutput()
     QCOMPARE(tool.read("half.txt"), QByteArray("old"));
 }
 
-void OutputRefusalTest::findsAMissingFolderBeforeAnythingIsOpened()
+void OutputRefusalTest::findsABadPlaceBeforeAnythingIsOpened_data()
 {
+    QTest::addColumn<QString>("output");
+    QTest::newRow("a missing folder") << "none/a.fcf";
+    QTest::newRow("a name that is too long") << QString(252, 'x') + ".fcf";
+    QTest::newRow("a name that is too long for its digest") << QString(245, 'x') + ".fcf";
+}
+
+void OutputRefusalTest::findsABadPlaceBeforeAnythingIsOpened()
+{
+    QFETCH(QString, output);
     ToolFixture tool;
     tool.makeImage();
     int steps = 0;
     tool.environment.beforeStep = [&steps](const char*) { ++steps; };
-    const std::string output = tool.argument("none/a.fcf");
-    const Run created = tool.run(Arguments{"create", tool.argument("top.bin"), "--output", output} +
+    const Run created = tool.run(Arguments{"create", tool.argument("top.bin"), "--digest",
+                                           "--output", tool.argument(output)} +
                                  ToolFixture::described());
     QCOMPARE(created.code, 3);
-    QCOMPARE(tool.run({"extract", tool.argument("top.fcf"), "--output", output}).code, 3);
+    QVERIFY2(created.err.contains("--output: cannot be written: "), created.err);
+    const std::string payload = tool.argument(output + ".sha256");
+    QCOMPARE(tool.run({"extract", tool.argument("top.fcf"), "--output", payload}).code, 3);
     QCOMPARE(steps, 0);
 }
 

@@ -5,9 +5,7 @@
 #include <QFile>
 #include <QtTest>
 
-#include <csignal>
-
-#include <sys/wait.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 /// Outputs appear together or not at all, whatever happens in between.
@@ -17,53 +15,24 @@ class StagedFilesTest : public QObject {
 private slots:
     void leavesNoTemporaryFile();
     void keepsTheModeOfWhatItReplaces();
-    void leavesWhatWasThereWhenKilledAtAnyStep_data();
-    void leavesWhatWasThereWhenKilledAtAnyStep();
+    void hidesWhatItReplacesFromTheStart();
+    void takesTheLongestNameThereIs();
     void takesBackWhatWasPlacedWhenTheRestFails_data();
     void takesBackWhatWasPlacedWhenTheRestFails();
     void refusesAnOutputThatAppearsMeanwhile();
-    void clearsTheLeftoversOfAllOutputs();
-    void keepsACompanionThatIsNoLeftover();
+    void keepsWhatAnotherProgramPutInPlaceMeanwhile();
     void keepsOutOfTheWayOfAnotherRun();
     void followsNoLinkUnderATemporaryName();
-
-private:
-    /// Runs create in a process of its own that is killed before step \p killedAt, counted from 0.
-    /// Returns whether it came that far.
-    bool runKilled(ToolFixture* tool, const Arguments& arguments, int killedAt);
-    Arguments create(const ToolFixture& tool, const Arguments& more = {})
-    {
-        return Arguments{"create", tool.argument("top.bin"), "--digest"} +
-               ToolFixture::described() + more;
-    }
 };
-
-bool StagedFilesTest::runKilled(ToolFixture* tool, const Arguments& arguments, int killedAt)
-{
-    const pid_t child = ::fork();
-    if (child == 0) {
-        int step = 0;
-        tool->environment.beforeStep = [&step, killedAt](const char*) {
-            if (step++ == killedAt)
-                ::raise(SIGKILL);
-        };
-        tool->run(arguments);
-        ::_exit(0);
-    }
-    int status = 0;
-    if (::waitpid(child, &status, 0) != child)
-        qFatal("waitpid failed");
-    return WIFSIGNALED(status);
-}
 
 void StagedFilesTest::leavesNoTemporaryFile()
 {
     ToolFixture tool;
     tool.write("top.bin", ToolFixture::payload(4000));
     const QStringList all{"top.bin", "top.fcf", "top.fcf.sha256", "top.txt"};
-    QCOMPARE(tool.run(create(tool)).code, 0);
+    QCOMPARE(tool.run(tool.createAll()).code, 0);
     QCOMPARE(tool.names(), all);
-    QCOMPARE(tool.run(create(tool, {"--force"})).code, 0);
+    QCOMPARE(tool.run(tool.createAll({"--force"})).code, 0);
     QCOMPARE(tool.names(), all);
 }
 
@@ -71,65 +40,55 @@ void StagedFilesTest::keepsTheModeOfWhatItReplaces()
 {
     ToolFixture tool;
     tool.write("top.bin", ToolFixture::payload(4000));
-    QCOMPARE(tool.run(create(tool)).code, 0);
+    QCOMPARE(tool.run(tool.createAll()).code, 0);
     const auto mode = QFile::ReadOwner | QFile::WriteOwner;
     QVERIFY(QFile::setPermissions(tool.path("top.fcf"), mode));
     const auto companionMode = QFile::permissions(tool.path("top.txt"));
-    QCOMPARE(tool.run(create(tool, {"--force"})).code, 0);
+    QCOMPARE(tool.run(tool.createAll({"--force"})).code, 0);
     QCOMPARE(QFile::permissions(tool.path("top.fcf")) & ~(QFile::ReadUser | QFile::WriteUser),
              mode);
     QCOMPARE(QFile::permissions(tool.path("top.txt")), companionMode);
 }
 
-void StagedFilesTest::leavesWhatWasThereWhenKilledAtAnyStep_data()
+void StagedFilesTest::hidesWhatItReplacesFromTheStart()
 {
-    QTest::addColumn<bool>("replacing");
-    QTest::newRow("new files") << false;
-    QTest::newRow("files that are replaced") << true;
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(4000));
+    QCOMPARE(tool.run(tool.createAll()).code, 0);
+    QCOMPARE(::chmod(tool.argument("top.fcf").c_str(), 0600), 0);
+    int seen = 0;
+    tool.environment.beforeStep = [&](const char* step) {
+        struct stat status;
+        if (qstrcmp(step, "open") == 0 &&
+            ::stat(tool.argument(".top.fcf.pelk-fcf").c_str(), &status) == 0) {
+            QCOMPARE(status.st_mode & 0777u, 0600u);
+            ++seen;
+        }
+    };
+    QCOMPARE(tool.run(tool.createAll({"--force"})).code, 0);
+    QCOMPARE(seen, 2);
 }
 
-void StagedFilesTest::leavesWhatWasThereWhenKilledAtAnyStep()
+void StagedFilesTest::takesTheLongestNameThereIs()
 {
-    QFETCH(bool, replacing);
-    int steps = 0;
-    for (bool killed = true; killed; ++steps) {
-        ToolFixture tool;
-        tool.write("top.bin", ToolFixture::payload(4000));
-        if (replacing)
-            QCOMPARE(tool.run(create(tool)).code, 0);
-        const QByteArray image = replacing ? tool.read("top.fcf") : QByteArray();
-        const QByteArray companion = replacing ? tool.read("top.txt") : QByteArray();
-        tool.write("top.bin", ToolFixture::payload(5000));
-        const Arguments again = create(tool, replacing ? Arguments{"--force"} : Arguments());
-        killed = runKilled(&tool, again, steps);
-
-        // The image is the old one, or the new one with all that belongs to it.
-        const QByteArray found = tool.exists("top.fcf") ? tool.read("top.fcf") : QByteArray();
-        if (found == image) {
-            QVERIFY(killed);
-        } else {
-            const Run verified =
-                tool.run({"verify", tool.argument("top.fcf"), "--companion",
-                          tool.argument("top.txt"), "--bin", tool.argument("top.bin")});
-            QVERIFY2(verified.code == 0, verified.out);
-            QVERIFY(tool.exists("top.fcf.sha256"));
-        }
-        // Even between two steps nothing of the old companion is lost.
-        if (replacing && tool.read("top.txt") != companion && found == image)
-            QVERIFY(image.startsWith(companion));
-
-        // A next run is not held up, and clears what is left.
-        const bool done = found != image;
-        const Run next = tool.run(done ? create(tool, {"--force"}) : again);
-        QVERIFY2(next.code == 0, next.err);
-        QCOMPARE(tool.names(), QStringList({"top.bin", "top.fcf", "top.fcf.sha256", "top.txt"}));
-        QCOMPARE(tool.run({"verify", tool.argument("top.fcf"), "--companion",
-                           tool.argument("top.txt"), "--bin", tool.argument("top.bin")})
-                     .code,
-                 0);
-    }
-    // Three files to open, complete and place, the folder, and three to settle.
-    QCOMPARE(steps - 1, 13);
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(4000));
+    // Of two bytes each, and as long as a name can be.
+    const QString name = QString(125, QChar(0x416)) + 'x';
+    const Arguments more{"--output", tool.argument(name + ".fcf")};
+    const Arguments create =
+        Arguments{"create", tool.argument("top.bin")} + ToolFixture::described() + more;
+    const QStringList names{"top.bin", name + ".fcf", name + ".txt"};
+    QVERIFY(tool.runSignalled(create, 2));
+    QCOMPARE(tool.names().size(), 2);
+    QCOMPARE(tool.run(create).code, 0);
+    QCOMPARE(tool.names(), names);
+    QCOMPARE(tool.run(create + Arguments{"--force"}).code, 0);
+    QCOMPARE(tool.names(), names);
+    QCOMPARE(tool.run({"verify", tool.argument(name + ".fcf"), "--bin", tool.argument("top.bin"),
+                       "--companion", tool.argument(name + ".txt")})
+                 .code,
+             0);
 }
 
 void StagedFilesTest::takesBackWhatWasPlacedWhenTheRestFails_data()
@@ -149,7 +108,7 @@ void StagedFilesTest::takesBackWhatWasPlacedWhenTheRestFails()
     ToolFixture tool;
     tool.write("top.bin", ToolFixture::payload(4000));
     if (replacing)
-        QCOMPARE(tool.run(create(tool)).code, 0);
+        QCOMPARE(tool.run(tool.createAll()).code, 0);
     const QByteArray image = replacing ? tool.read("top.fcf") : QByteArray();
     const QByteArray companion = replacing ? tool.read("top.txt") : QByteArray();
     const QByteArray digest = replacing ? tool.read("top.fcf.sha256") : QByteArray();
@@ -163,7 +122,7 @@ void StagedFilesTest::takesBackWhatWasPlacedWhenTheRestFails()
         if (qstrcmp(step, "place") == 0 && places++ == failingPlace)
             QFile::remove(tool.path(partials[failingPlace]));
     };
-    const Run run = tool.run(create(tool, replacing ? Arguments{"--force"} : Arguments()));
+    const Run run = tool.run(tool.createAll(replacing ? Arguments{"--force"} : Arguments()));
     QCOMPARE(run.code, 3);
     QVERIFY2(run.err.contains("--output: cannot be written: No such file or directory"), run.err);
     if (!replacing) {
@@ -184,34 +143,32 @@ void StagedFilesTest::refusesAnOutputThatAppearsMeanwhile()
         if (qstrcmp(step, "place") == 0 && !tool.exists("top.fcf"))
             tool.write("top.fcf", "someone else's");
     };
-    const Run run = tool.run(create(tool));
+    const Run run = tool.run(tool.createAll());
     QCOMPARE(run.code, 4);
     QCOMPARE(tool.names(), QStringList({"top.bin", "top.fcf"}));
     QCOMPARE(tool.read("top.fcf"), QByteArray("someone else's"));
 }
 
-void StagedFilesTest::clearsTheLeftoversOfAllOutputs()
+void StagedFilesTest::keepsWhatAnotherProgramPutInPlaceMeanwhile()
 {
     ToolFixture tool;
     tool.write("top.bin", ToolFixture::payload(4000));
-    tool.write(".top.fcf.pelk-fcf", "stale");
-    tool.write(".top.txt.pelk-fcf", "stale");
-    tool.write(".top.fcf.sha256.pelk-fcf", "stale");
-    tool.write(".other.fcf.pelk-fcf", "of another image");
-    const Run run = tool.run(Arguments{"create", tool.argument("top.bin"), "--no-companion"} +
-                             ToolFixture::described());
-    QCOMPARE(run.code, 0);
-    QCOMPARE(tool.names(), QStringList({".other.fcf.pelk-fcf", "top.bin", "top.fcf"}));
-}
-
-void StagedFilesTest::keepsACompanionThatIsNoLeftover()
-{
-    ToolFixture tool;
-    tool.write("top.bin", ToolFixture::payload(4000));
-    tool.write("top.txt", "notes of mine");
-    tool.write(".top.fcf.pelk-fcf", "stale, but of another companion");
-    QCOMPARE(tool.run(create(tool)).code, 4);
-    QCOMPARE(tool.read("top.txt"), QByteArray("notes of mine"));
+    QCOMPARE(tool.run(tool.createAll()).code, 0);
+    const QByteArray companion = tool.read("top.txt");
+    int places = 0;
+    tool.environment.beforeStep = [&](const char* step) {
+        if (qstrcmp(step, "place") != 0 || ++places < 3)
+            return;
+        QVERIFY(QFile::remove(tool.path("top.txt")));
+        tool.write("top.txt", "someone else's");
+        QVERIFY(QFile::remove(tool.path(".top.fcf.pelk-fcf")));
+    };
+    const Run run = tool.run(tool.createAll({"--force"}));
+    QCOMPARE(run.code, 3);
+    QVERIFY2(run.err.contains("top.txt could not be put back, what stood there before is kept as "),
+             run.err);
+    QCOMPARE(tool.read("top.txt"), QByteArray("someone else's"));
+    QCOMPARE(tool.read(".top.txt.pelk-fcf"), companion);
 }
 
 void StagedFilesTest::keepsOutOfTheWayOfAnotherRun()
@@ -221,7 +178,7 @@ void StagedFilesTest::keepsOutOfTheWayOfAnotherRun()
     StagedFile other(tool.path("top.fcf"));
     FileError error;
     QVERIFY(other.open(&error));
-    const Run run = tool.run(create(tool));
+    const Run run = tool.run(tool.createAll());
     QCOMPARE(run.code, 3);
     QVERIFY2(run.err.contains("cannot be written: another run of pelk-fcf is writing it"), run.err);
     QCOMPARE(tool.names(), QStringList({".top.fcf.pelk-fcf", "top.bin"}));
@@ -235,15 +192,16 @@ void StagedFilesTest::followsNoLinkUnderATemporaryName()
     ToolFixture tool;
     tool.write("top.bin", ToolFixture::payload(4000));
     tool.write("precious", "precious");
+    // A link is cleared without harm to what it leads to.
+    const QStringList names{"precious", "top.bin", "top.fcf", "top.fcf.sha256", "top.txt"};
     QVERIFY(QFile::link("precious", tool.path(".top.fcf.pelk-fcf")));
-    const Run run = tool.run(create(tool));
-    QCOMPARE(run.code, 3);
+    QCOMPARE(tool.run(tool.createAll()).code, 0);
+    QCOMPARE(tool.names(), names);
     QCOMPARE(tool.read("precious"), QByteArray("precious"));
-    // A hard link is cleared without harm to the file's other name.
-    QVERIFY(QFile::remove(tool.path(".top.fcf.pelk-fcf")));
     QCOMPARE(::link(tool.argument("precious").c_str(), tool.argument(".top.fcf.pelk-fcf").c_str()),
              0);
-    QCOMPARE(tool.run(create(tool)).code, 0);
+    QCOMPARE(tool.run(tool.createAll({"--force"})).code, 0);
+    QCOMPARE(tool.names(), names);
     QCOMPARE(tool.read("precious"), QByteArray("precious"));
 }
 

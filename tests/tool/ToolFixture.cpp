@@ -10,6 +10,9 @@
 #include <QtEndian>
 #include <QTextCodec>
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 // Below a file of the kernel nothing can be made, whoever asks.
 const char* const UnwritableFolder = "/proc/sys";
 
@@ -59,6 +62,25 @@ Run ToolFixture::run(const Arguments& arguments)
     return run;
 }
 
+bool ToolFixture::runSignalled(const Arguments& arguments, int step, int signal)
+{
+    const pid_t child = ::fork();
+    if (child == 0) {
+        // The test library would print what it thinks of it.
+        std::signal(signal, SIG_DFL);
+        environment.beforeStep = [&step, signal](const char*) {
+            if (step-- == 0)
+                ::raise(signal);
+        };
+        run(arguments);
+        ::_exit(0);
+    }
+    int status = 0;
+    if (::waitpid(child, &status, 0) != child)
+        qFatal("waitpid failed");
+    return WIFSIGNALED(status) && WTERMSIG(status) == signal;
+}
+
 std::string ToolFixture::argument(const QString& name) const
 {
     return QFile::encodeName(path(name)).toStdString();
@@ -93,6 +115,17 @@ Arguments ToolFixture::described()
     return {"--author",  "Ann",      "--ci",           "42",       "--module",
             "DFE",       "--device", "Interface_FPGA", "--config", "1",
             "--version", "1.0",      "--description",  "Rev B"};
+}
+
+Arguments ToolFixture::createAll(const Arguments& more) const
+{
+    return Arguments{"create", argument("top.bin"), "--digest"} + described() + more;
+}
+
+Run ToolFixture::verifyAll()
+{
+    return run({"verify", argument("top.fcf"), "--bin", argument("top.bin"), "--companion",
+                argument("top.txt"), "--digest", argument("top.fcf.sha256")});
 }
 
 void ToolFixture::makeImage()

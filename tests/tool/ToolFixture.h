@@ -9,6 +9,7 @@
 #include <QString>
 #include <QTemporaryDir>
 
+#include <csignal>
 #include <string>
 #include <vector>
 
@@ -34,6 +35,10 @@ public:
 
     Run run(const Arguments& arguments);
 
+    /// Runs the tool in a process of its own that gets \p signal before step \p step, counted from
+    /// 0. Returns whether that ended it.
+    bool runSignalled(const Arguments& arguments, int step, int signal = SIGKILL);
+
     /// The path of \p name in the folder; one that is absolute already stays.
     QString path(const QString& name) const { return QDir(m_folder.path()).filePath(name); }
     std::string argument(const QString& name) const;
@@ -46,6 +51,10 @@ public:
 
     /// Everything that create wants to be told.
     static Arguments described();
+    /// The arguments that make all there is of "top.bin".
+    Arguments createAll(const Arguments& more = {}) const;
+    /// Checks that it is all of what "top.bin" is now.
+    Run verifyAll();
     /// Makes "top.bin" and of it "top.fcf" and "top.txt".
     void makeImage();
 

@@ -231,7 +231,7 @@ void VerifyTest::findsATextBeyondThePage()
     image.text.replace("Rev B", QByteArray(2100, 'x'));
     const Run run = verify(image);
     QCOMPARE(run.code, 1);
-    const QJsonObject finding = run.finding(QString());
+    const QJsonObject finding = run.finding("text");
     QCOMPARE(finding["offset"].toInt(), 2112);
     QCOMPARE(finding["expected"].toString(), QString("2112 bytes"));
     QCOMPARE(finding["found"].toString(), QString("%1 bytes").arg(65 + image.text.size()));
@@ -244,8 +244,8 @@ void VerifyTest::notesAPageThatIsLongerThanOne()
     QCOMPARE(image.page().size(), 2117);
     const Run run = verify(image);
     QCOMPARE(run.code, 0);
-    QCOMPARE(run.finding(QString())["severity"].toString(), QString("note"));
-    QVERIFY(run.finding(QString())["reason"].toString().contains("has 2117 bytes"));
+    QCOMPARE(run.finding("page")["severity"].toString(), QString("note"));
+    QVERIFY(run.finding("page")["reason"].toString().contains("has 2117 bytes"));
 }
 
 void VerifyTest::notesAnotherFileName()

@@ -1,0 +1,44 @@
+#ifndef TOOL_STAGEDFILES_H
+#define TOOL_STAGEDFILES_H
+
+#include "tool/StagedFile.h"
+
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+/// Files that are put in place together: all of them, or none.
+class StagedFiles {
+public:
+    /// \p beforeStep is called before each step with the step's name.
+    explicit StagedFiles(std::function<void(const char*)> beforeStep);
+
+    /// Adds a file, open for writing, or returns null. The first one is put in place last, and as
+    /// long as it is not, keeps other runs for the same outputs away.
+    QFile* add(const QString& path, FileError* error);
+
+    /// Completes all files and puts them in place, with \p replacing over what stands there.
+    ///
+    /// No file system has one step for several files. So the last one to go is the one that others
+    /// go by, the image: whoever sees it sees all that belongs to it. The signals that ask a
+    /// program to end wait until all is done. After a kill that cannot wait there may be files
+    /// without their image, or beside the one from before; KilledRun undoes that.
+    bool place(bool replacing, FileError* error);
+
+    /// Replaced files that place() could not remove once all was in place.
+    const QStringList& leftBehind() const { return m_leftBehind; }
+
+private:
+    bool completeAll(FileError* error);
+    bool placeAll(bool replacing, FileError* error);
+    bool syncFolder(FileError* error);
+    void takeAllBack(FileError* error);
+
+    std::function<void(const char*)> m_beforeStep;
+    std::vector<std::unique_ptr<StagedFile>> m_files;
+    QStringList m_leftBehind;
+};
+
+#endif
