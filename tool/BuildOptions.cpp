@@ -182,12 +182,12 @@ Build BuildOptions::like(Session* session) const
         const std::size_t inputsBefore = session->inputs.size();
         InputFile file;
         HeaderPage page;
-        if (!file.open(*path, std::numeric_limits<qint32>::max(), option, session) ||
-            !page.read(&file, ExitCode::Refused, session))
+        if (!file.open(*path, std::numeric_limits<qint32>::max(), option, session))
             return Build();
         // An image may be made anew from what it says itself: nothing else of it is needed.
         session->inputs.resize(inputsBefore);
-        return Build::of(page.reading.header);
+        const bool isRead = page.read(&file, ExitCode::Refused, session);
+        return isRead ? Build::of(page.reading.header) : Build();
     }
     refuse(option,
            QStringLiteral("\"%1\" ends with neither .fcf, .txt nor .json").arg(shownText(*path)),

@@ -18,11 +18,8 @@ bool copyPayload(InputFile* file, const HeaderPage& page, QIODevice* output, Ses
 {
     const qint64 bytes = file->size() - page.bytes;
     Progress progress(session, QStringLiteral("extract"), bytes);
-    if (!file->device().seek(page.bytes)) {
-        *error = file->device().errorString();
-        return false;
-    }
-    MeteredSource payload(&file->device(), &progress);
+    InputSource behindPage(file, page.bytes);
+    MeteredSource payload(&behindPage, &progress);
     return FcfWriter::copyPayload(&payload, bytes, output, error);
 }
 

@@ -70,10 +70,11 @@ void explain(const FcfReading& reading, InputFile* file, ExitCode exitCode, Sess
 
 bool HeaderPage::read(InputFile* file, ExitCode exitCode, Session* session)
 {
-    // The reader takes a device that fails for one that ends, so fail here first.
-    if (!file->bytesAt(0, FcfLayout::PreambleBytes, session) || !file->device().seek(0))
-        return false;
-    reading = FcfReader(session->codec(), FcfReader::Exact).read(&file->device());
+    InputSource source(file, 0);
+    reading = FcfReader(session->codec(), FcfReader::Exact).read(&source);
+    // The reader takes a file that fails for one that ends.
+    if (!source.failure().isEmpty())
+        return file->refuse(source.failure(), QString(), session);
     if (reading.outcome != FcfReading::Complete) {
         explain(reading, file, exitCode, session);
         return false;

@@ -39,13 +39,10 @@ ImageWriter::ImageWriter(const FcfHeader& header, Session* session)
 bool ImageWriter::write(InputFile* binary, QIODevice* image, bool digesting, QString* error)
 {
     Progress progress(m_session, QStringLiteral("create"), binary->size());
-    MeteredSource payload(&binary->device(), &progress);
+    InputSource source(binary, 0);
+    MeteredSource payload(&source, &progress);
     DigestingSink digestingSink(image, &m_hash);
     QIODevice* const sink = digesting ? &digestingSink : image;
-    if (!binary->device().seek(0)) {
-        *error = binary->device().errorString();
-        return false;
-    }
     return FcfWriter::writeAll(sink, m_page, error) &&
            FcfWriter::copyPayload(&payload, binary->size(), sink, error);
 }

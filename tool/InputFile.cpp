@@ -6,11 +6,30 @@
 #include "tool/Session.h"
 
 #include <QDir>
-#include <QTemporaryFile>
+
+#include <cerrno>
+#include <cstdlib>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
 constexpr int ChunkBytes = 1024 * 1024;
+
+/// A file for reading and writing that has no name, and so cannot stay; or null, with errno.
+std::unique_ptr<QFile> openNameless()
+{
+    QByteArray name = QFile::encodeName(QDir::tempPath()) + "/pelk-fcf-XXXXXX";
+    const int descriptor = ::mkostemp(name.data(), O_CLOEXEC);
+    if (descriptor < 0 || ::unlink(name.constData()) != 0)
+        return nullptr;
+    // Without a buffer each write tells itself why it fails.
+    auto file = std::make_unique<QFile>();
+    file->open(descriptor, QIODevice::ReadWrite | QIODevice::Unbuffered,
+               QFileDevice::AutoCloseHandle);
+    return file;
+}
 
 } // namespace
 
@@ -56,11 +75,10 @@ bool InputFile::isStandardInput() const { return m_path == StandardStream; }
 
 bool InputFile::putAside(QIODevice* stream, qint64 limit, const QString& field, Session* session)
 {
-    // Never asked for its name, it has none where the file system allows that, and so cannot stay.
-    auto aside = std::make_unique<QTemporaryFile>(QDir::tempPath() + QStringLiteral("/pelk-fcf"));
-    if (!aside->open())
-        return refuse(QStringLiteral("cannot be put aside: %1").arg(aside->errorString()), field,
-                      session);
+    std::unique_ptr<QFile> aside = openNameless();
+    if (!aside)
+        return refuse(QStringLiteral("cannot be put aside: %1").arg(FileSystem::reason(errno)),
+                      field, session);
     Progress progress(session, QStringLiteral("reading %1").arg(shownText(m_label)),
                       Progress::Unknown);
     QByteArray chunk(ChunkBytes, Qt::Uninitialized);
@@ -80,32 +98,34 @@ bool InputFile::putAside(QIODevice* stream, qint64 limit, const QString& field, 
         m_size += count;
         progress.advance(count);
     }
-    if (!aside->flush() || !aside->seek(0))
-        return refuse(QStringLiteral("cannot be put aside: %1").arg(aside->errorString()), field,
-                      session);
     m_file = std::move(aside);
     return true;
 }
 
-std::optional<QByteArray> InputFile::bytesAt(qint64 offset, qint64 bytes, Session* session)
+std::optional<QByteArray> InputFile::bytesAt(qint64 offset, qint64 bytes, Session* session) const
 {
+    InputSource source(this, offset);
     QByteArray taken;
-    if (!m_file->seek(offset)) {
-        refuse(m_file->errorString(), QString(), session);
-        return std::nullopt;
-    }
     while (taken.size() < bytes) {
-        QByteArray chunk(static_cast<int>(bytes - taken.size()), Qt::Uninitialized);
-        const qint64 count = m_file->read(chunk.data(), chunk.size());
-        if (count < 0) {
-            refuse(m_file->errorString(), QString(), session);
-            return std::nullopt;
-        }
-        if (count == 0)
+        const QByteArray more = source.read(bytes - taken.size());
+        if (more.isEmpty())
             break;
-        taken += chunk.left(static_cast<int>(count));
+        taken += more;
     }
-    return taken;
+    if (source.failure().isEmpty())
+        return taken;
+    refuse(source.failure(), QString(), session);
+    return std::nullopt;
+}
+
+qint64 InputFile::readAt(qint64 offset, char* data, qint64 bytes) const
+{
+    for (;;) {
+        const ssize_t count =
+            ::pread(m_file->handle(), data, static_cast<std::size_t>(bytes), offset);
+        if (count >= 0 || errno != EINTR)
+            return count;
+    }
 }
 
 void InputFile::keepFromOutputs(const QFile& file, Session* session) const
@@ -120,3 +140,22 @@ bool InputFile::refuse(const QString& reason, const QString& field, Session* ses
                             QStringLiteral("cannot be read: %1").arg(reason));
     return false;
 }
+
+InputSource::InputSource(const InputFile* file, qint64 offset) : m_file(file), m_offset(offset)
+{
+    open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+}
+
+qint64 InputSource::readData(char* data, qint64 maxSize)
+{
+    const qint64 count = m_file->readAt(m_offset, data, maxSize);
+    if (count < 0) {
+        m_failure = FileSystem::reason(errno);
+        setErrorString(m_failure);
+        return count;
+    }
+    m_offset += count;
+    return count;
+}
+
+qint64 InputSource::writeData(const char*, qint64) { return -1; }

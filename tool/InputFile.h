@@ -29,20 +29,46 @@ public:
 
     /// In bytes, when it was opened.
     qint64 size() const { return m_size; }
-    QFile& device() { return *m_file; }
 
     /// Up to \p bytes bytes from \p offset on, or nothing, with an error, if it cannot be read.
-    std::optional<QByteArray> bytesAt(qint64 offset, qint64 bytes, Session* session);
+    std::optional<QByteArray> bytesAt(qint64 offset, qint64 bytes, Session* session) const;
+
+    /// Reads up to \p bytes bytes from \p offset on. Returns how many, 0 at the end, or -1 with the
+    /// reason in errno.
+    qint64 readAt(qint64 offset, char* data, qint64 bytes) const;
+
+    /// Adds the error that it cannot be read on account of \p reason.
+    bool refuse(const QString& reason, const QString& field, Session* session) const;
 
 private:
     void keepFromOutputs(const QFile& file, Session* session) const;
-    bool refuse(const QString& reason, const QString& field, Session* session) const;
     bool putAside(QIODevice* stream, qint64 limit, const QString& field, Session* session);
 
     QString m_path;
     QString m_label;
     std::unique_ptr<QFile> m_file;
     qint64 m_size = 0;
+};
+
+/// The bytes of a file from an offset on, in turn.
+class InputSource : public QIODevice {
+public:
+    /// \p file does not become its own. The offset is in bytes.
+    InputSource(const InputFile* file, qint64 offset);
+
+    bool isSequential() const override { return true; }
+
+    /// Why it could not be read, or an empty text. Whoever reads may take that for the end.
+    const QString& failure() const { return m_failure; }
+
+protected:
+    qint64 readData(char* data, qint64 maxSize) override;
+    qint64 writeData(const char* data, qint64 maxSize) override;
+
+private:
+    const InputFile* m_file;
+    qint64 m_offset;
+    QString m_failure;
 };
 
 #endif

@@ -121,13 +121,11 @@ bool VerifyCommand::checkDigest(InputFile* file, Session* session) const
         return false;
     }
     Progress progress(session, QStringLiteral("verify"), file->size());
-    MeteredSource source(&file->device(), &progress);
-    std::optional<QByteArray> found;
-    if (file->device().seek(0))
-        found = Digest::of(&source);
+    InputSource source(file, 0);
+    MeteredSource metered(&source, &progress);
+    const std::optional<QByteArray> found = Digest::of(&metered);
     if (!found)
-        session->findings.error(ExitCode::CannotAccess, file->label(), QString(),
-                                QStringLiteral("cannot be read: %1").arg(source.errorString()));
+        file->refuse(source.failure(), QString(), session);
     else if (*found != *expected)
         session->findings
             .error(ExitCode::NotValid, file->label(), field,

@@ -1,0 +1,243 @@
+#include "ToolFixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QtTest>
+
+#include <cerrno>
+#include <climits>
+#include <limits>
+#include <memory>
+
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace {
+
+/// What the disk does not do.
+struct Faults {
+    /// Bytes that are still free.
+    qint64 room = std::numeric_limits<qint64>::max();
+    /// Which read from now on fails, counted from 0, or -1.
+    int failingRead = -1;
+    bool failsSync = false;
+};
+
+Faults faults;
+
+int failed(int error)
+{
+    errno = error;
+    return -1;
+}
+
+/// Only files among the temporary ones are on it.
+bool isOnDisk(int descriptor)
+{
+    struct stat status;
+    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
+        return false;
+    char path[PATH_MAX] = "";
+    const QByteArray link = "/proc/self/fd/" + QByteArray::number(descriptor);
+    return ::readlink(link.constData(), path, sizeof path - 1) > 0 &&
+           QByteArray(path).startsWith(QFile::encodeName(QDir::tempPath()) + '/');
+}
+
+bool isTurn(int* countdown) { return *countdown >= 0 && (*countdown)-- == 0; }
+
+} // namespace
+
+// The library's functions of these names give way to those of the program, for Qt as well.
+#pragma GCC visibility push(default)
+
+extern "C" ssize_t write(int descriptor, const void* data, std::size_t bytes)
+{
+    if (isOnDisk(descriptor)) {
+        if (faults.room == 0 && bytes > 0)
+            return failed(ENOSPC);
+        bytes = static_cast<std::size_t>(qMin(static_cast<qint64>(bytes), faults.room));
+        faults.room -= static_cast<qint64>(bytes);
+    }
+    return ::syscall(SYS_write, descriptor, data, bytes);
+}
+
+extern "C" ssize_t read(int descriptor, void* data, std::size_t bytes)
+{
+    if (isOnDisk(descriptor) && isTurn(&faults.failingRead))
+        return failed(EIO);
+    return ::syscall(SYS_read, descriptor, data, bytes);
+}
+
+extern "C" ssize_t pread(int descriptor, void* data, std::size_t bytes, off_t offset)
+{
+    if (isOnDisk(descriptor) && isTurn(&faults.failingRead))
+        return failed(EIO);
+    return ::syscall(SYS_pread64, descriptor, data, bytes, offset);
+}
+
+extern "C" int fsync(int descriptor)
+{
+    if (faults.failsSync && isOnDisk(descriptor))
+        return failed(EIO);
+    return static_cast<int>(::syscall(SYS_fsync, descriptor));
+}
+
+#pragma GCC visibility pop
+
+/// Every command on a disk that is full or breaks: it says so, and takes nothing for read or
+/// written that is not.
+class BrokenDiskTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { faults = Faults(); }
+    void leavesWhatWasThereOnAFullDisk_data();
+    void leavesWhatWasThereOnAFullDisk();
+    void needsRoomToPutStandardInputAside();
+    void leavesWhatWasThereWhenTheDiskTakesNothing();
+    void tellsOfEachReadThatFails_data() { addCommands(); }
+    void tellsOfEachReadThatFails();
+
+private:
+    static void addCommands();
+    Arguments named(const QStringList& arguments) const;
+    void verifyNothingChanged();
+
+    std::unique_ptr<ToolFixture> m_tool;
+    QMap<QString, QByteArray> m_before;
+};
+
+void BrokenDiskTest::init()
+{
+    m_tool = std::make_unique<ToolFixture>();
+    m_tool->write("top.bin", ToolFixture::payload(4000));
+    QCOMPARE(m_tool->run(m_tool->createAll()).code, 0);
+    m_tool->write("top.json", m_tool->run({"recipe", m_tool->argument("top.fcf")}).out);
+    m_tool->write("notes", "Rev B");
+    m_before.clear();
+    for (const QString& name : m_tool->names())
+        m_before[name] = m_tool->read(name);
+}
+
+void BrokenDiskTest::verifyNothingChanged()
+{
+    faults = Faults();
+    QCOMPARE(m_tool->names(), m_before.keys());
+    for (auto file = m_before.cbegin(); file != m_before.cend(); ++file)
+        QVERIFY2(m_tool->read(file.key()) == file.value(), qPrintable(file.key()));
+}
+
+void BrokenDiskTest::leavesWhatWasThereOnAFullDisk_data()
+{
+    QTest::addColumn<int>("room");
+    QTest::addColumn<QString>("file");
+    constexpr int page = 2116;
+    constexpr int image = page + 4000;
+    QTest::newRow("no room at all") << 0 << "top.fcf";
+    QTest::newRow("room for a part of the page") << 1000 << "top.fcf";
+    QTest::newRow("room for the page") << page << "top.fcf";
+    QTest::newRow("room for all but a byte of the image") << image - 1 << "top.fcf";
+    QTest::newRow("room for the image") << image << "top.txt";
+    QTest::newRow("room for all but a byte of the companion") << image + page - 1 << "top.txt";
+    QTest::newRow("room for all but the digest") << image + page << "top.fcf.sha256";
+    QTest::newRow("room for a part of the digest") << image + page + 10 << "top.fcf.sha256";
+}
+
+void BrokenDiskTest::leavesWhatWasThereOnAFullDisk()
+{
+    QFETCH(int, room);
+    QFETCH(QString, file);
+    QCOMPARE(m_before["top.txt"].size(), 2116);
+    faults.room = room;
+    const Run run = m_tool->run(m_tool->createAll({"--force"}));
+    QCOMPARE(run.code, 3);
+    QCOMPARE(QString::fromUtf8(run.err),
+             QString("pelk-fcf: error: %1: --output: cannot be written: No space left on device\n")
+                 .arg(m_tool->path(file)));
+    verifyNothingChanged();
+}
+
+void BrokenDiskTest::needsRoomToPutStandardInputAside()
+{
+    m_tool->in = ToolFixture::payload(4000);
+    faults.room = 3999;
+    const Run run = m_tool->run(Arguments{"create", "-", "--output", m_tool->argument("new.fcf")} +
+                                ToolFixture::described());
+    QCOMPARE(run.code, 3);
+    QVERIFY2(run.err.contains("standard input: BIN: cannot be read: cannot be put aside: No space "
+                              "left on device"),
+             run.err);
+    verifyNothingChanged();
+}
+
+void BrokenDiskTest::leavesWhatWasThereWhenTheDiskTakesNothing()
+{
+    faults.failsSync = true;
+    const Run run = m_tool->run(m_tool->createAll({"--force"}));
+    QCOMPARE(run.code, 3);
+    QVERIFY2(run.err.contains("top.fcf: --output: cannot be written: Input/output error"), run.err);
+    verifyNothingChanged();
+}
+
+void BrokenDiskTest::addCommands()
+{
+    QTest::addColumn<QStringList>("arguments");
+    const QStringList described = [] {
+        QStringList all;
+        for (const std::string& argument : ToolFixture::described())
+            all << QString::fromStdString(argument);
+        return all;
+    }();
+    QTest::newRow("create") << QStringList{"create", "top.bin", "--force", "--digest"} + described;
+    QTest::newRow("create like an image")
+        << QStringList{"create", "top.bin", "--force", "--like", "top.fcf"};
+    QTest::newRow("create like a recipe")
+        << QStringList{"create", "top.bin", "--force", "--like", "top.json"};
+    QTest::newRow("create with a description") << QStringList{
+        "create", "top.bin", "--force", "--like", "top.txt", "--description", "@notes"};
+    QTest::newRow("show an image") << QStringList{"show", "top.fcf"};
+    QTest::newRow("show a companion") << QStringList{"show", "top.txt"};
+    QTest::newRow("verify") << QStringList{"verify",  "top.fcf",     "--bin",
+                                           "top.bin", "--companion", "top.txt"};
+    QTest::newRow("verify a companion") << QStringList{"verify", "top.txt", "--bin", "top.bin"};
+    QTest::newRow("extract") << QStringList{"extract", "top.fcf", "--output", "top.bin", "--force"};
+    QTest::newRow("recipe") << QStringList{"recipe", "top.fcf"};
+}
+
+/// The names among \p arguments with the folder that they are in.
+Arguments BrokenDiskTest::named(const QStringList& arguments) const
+{
+    Arguments all;
+    for (const QString& argument : arguments) {
+        const bool isText = argument.startsWith('@');
+        const QString name = isText ? argument.mid(1) : argument;
+        const std::string path = (isText ? "@" : "") + m_tool->argument(name);
+        all.push_back(m_before.contains(name) ? path : argument.toStdString());
+    }
+    return all;
+}
+
+void BrokenDiskTest::tellsOfEachReadThatFails()
+{
+    QFETCH(QStringList, arguments);
+    const Arguments command = named(arguments);
+    int failures = 0;
+    for (;; ++failures) {
+        faults.failingRead = failures;
+        const Run run = m_tool->run(command);
+        const bool failed = faults.failingRead < 0;
+        if (!failed) {
+            QCOMPARE(run.code, 0);
+            break;
+        }
+        QVERIFY2(run.code == 3, run.err);
+        QVERIFY2(run.err.contains("Input/output error"), run.err);
+        verifyNothingChanged();
+    }
+    QVERIFY(failures > 0);
+}
+
+QTEST_GUILESS_MAIN(BrokenDiskTest)
+#include "BrokenDiskTest.moc"
