@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 #include <functional>
 #include <memory>
@@ -20,12 +21,21 @@ struct Faults {
     bool hasNoFlaggedRename = false;
     bool hasNoLink = false;
     bool syncsNoFolder = false;
+    /// Before which rename, link or removal from now on the process is killed, counted from 0, or
+    /// -1.
+    int killedBeforeChange = -1;
     /// Whether a rename or an exchange of the first to the second fails.
     std::function<bool(const QByteArray&, const QByteArray&)> failsRename;
     std::function<bool(const QByteArray&)> failsUnlink;
 };
 
 Faults faults;
+
+void change()
+{
+    if (faults.killedBeforeChange >= 0 && faults.killedBeforeChange-- == 0)
+        ::raise(SIGKILL);
+}
 
 int failed(int error)
 {
@@ -40,6 +50,7 @@ int failed(int error)
 extern "C" int renameat2(int fromFolder, const char* from, int toFolder, const char* to,
                          unsigned flags) noexcept
 {
+    change();
     if (flags != 0 && faults.hasNoFlaggedRename)
         return failed(EINVAL);
     if (faults.failsRename && faults.failsRename(from, to))
@@ -49,6 +60,7 @@ extern "C" int renameat2(int fromFolder, const char* from, int toFolder, const c
 
 extern "C" int link(const char* from, const char* to) noexcept
 {
+    change();
     if (faults.hasNoLink)
         return failed(EPERM);
     return static_cast<int>(::syscall(SYS_linkat, AT_FDCWD, from, AT_FDCWD, to, 0));
@@ -56,6 +68,7 @@ extern "C" int link(const char* from, const char* to) noexcept
 
 extern "C" int unlink(const char* path) noexcept
 {
+    change();
     if (faults.failsUnlink && faults.failsUnlink(path))
         return failed(EIO);
     return static_cast<int>(::syscall(SYS_unlinkat, AT_FDCWD, path, 0));
@@ -80,6 +93,8 @@ private slots:
     void replacesWithoutExchange();
     void takesBackWithoutExchange_data() { addFileSystems(); }
     void takesBackWithoutExchange();
+    void losesNothingWhenKilledBetweenAnyTwoChanges_data();
+    void losesNothingWhenKilledBetweenAnyTwoChanges();
     void takesAllBackWhenTheFolderIsNotSynced_data();
     void takesAllBackWhenTheFolderIsNotSynced();
     void tellsWhereAFileIsThatCannotBePutBack();
@@ -156,6 +171,55 @@ void BrokenFileSystemTest::takesBackWithoutExchange()
     QCOMPARE(run.code, 3);
     QVERIFY2(run.err.contains("top.fcf: --output: cannot be written: Input/output error"), run.err);
     verifyOldFiles();
+}
+
+void BrokenFileSystemTest::losesNothingWhenKilledBetweenAnyTwoChanges_data()
+{
+    QTest::addColumn<bool>("hasExchange");
+    QTest::addColumn<bool>("hasLinks");
+    QTest::addColumn<bool>("nextSucceeds");
+    const struct {
+        const char* name;
+        bool hasExchange;
+        bool hasLinks;
+    } fileSystems[] = {{"exchange", true, true},
+                       {"no exchange", false, true},
+                       {"neither exchange nor links", false, false}};
+    for (const auto& system : fileSystems) {
+        QTest::addRow("%s, the next run succeeds", system.name)
+            << system.hasExchange << system.hasLinks << true;
+        QTest::addRow("%s, the next run fails", system.name)
+            << system.hasExchange << system.hasLinks << false;
+    }
+}
+
+void BrokenFileSystemTest::losesNothingWhenKilledBetweenAnyTwoChanges()
+{
+    QFETCH(bool, hasExchange);
+    QFETCH(bool, hasLinks);
+    QFETCH(bool, nextSucceeds);
+    int calls = 0;
+    for (bool killed = true; killed; ++calls) {
+        init();
+        faults.hasNoFlaggedRename = !hasExchange;
+        faults.hasNoLink = !hasLinks;
+        // Between any two changes in the folder, not only between the steps of the run.
+        faults.killedBeforeChange = calls;
+        killed = m_tool->runSignalled(m_tool->createAll({"--force"}), -1);
+        faults.killedBeforeChange = -1;
+        const bool isReplaced = m_tool->exists("top.fcf") && m_tool->read("top.fcf") != m_image;
+        QVERIFY(killed || isReplaced);
+        faults.syncsNoFolder = !nextSucceeds && !isReplaced;
+        const Run next = create();
+        QCOMPARE(next.code, nextSucceeds || isReplaced ? 0 : 3);
+        faults = Faults();
+        if (next.code != 0)
+            verifyOldFiles();
+        else
+            QCOMPARE(m_tool->verifyAll().code, 0);
+        QVERIFY2(!QTest::currentTestFailed(), qPrintable(QString::number(calls)));
+    }
+    QVERIFY(calls > 6);
 }
 
 void BrokenFileSystemTest::takesAllBackWhenTheFolderIsNotSynced_data()
