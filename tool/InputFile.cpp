@@ -31,6 +31,28 @@ std::unique_ptr<QFile> openNameless()
     return file;
 }
 
+qint64 readDescriptor(int descriptor, char* data, qint64 bytes)
+{
+    for (;;) {
+        const ssize_t count = ::read(descriptor, data, static_cast<std::size_t>(bytes));
+        if (count >= 0 || errno != EINTR)
+            return count;
+    }
+}
+
+/// What has come of a stream, up to \p bytes bytes. Returns how many, 0 at the end, or -1 with the
+/// reason in \p error.
+qint64 readStream(QIODevice* stream, char* data, qint64 bytes, QString* error)
+{
+    // A QFile would wait until it has them all.
+    const auto* const file = qobject_cast<const QFile*>(stream);
+    const qint64 count =
+        file ? readDescriptor(file->handle(), data, bytes) : stream->read(data, bytes);
+    if (count < 0)
+        *error = file ? FileSystem::reason(errno) : stream->errorString();
+    return count;
+}
+
 } // namespace
 
 QString InputFile::labelOf(const QString& path)
@@ -82,15 +104,15 @@ bool InputFile::putAside(QIODevice* stream, qint64 limit, const QString& field, 
     Progress progress(session, QStringLiteral("reading %1").arg(shownText(m_label)),
                       Progress::Unknown);
     QByteArray chunk(ChunkBytes, Qt::Uninitialized);
+    QString error;
     while (m_size <= limit) {
         const qint64 count =
-            stream->read(chunk.data(), qMin<qint64>(ChunkBytes, limit + 1 - m_size));
+            readStream(stream, chunk.data(), qMin<qint64>(ChunkBytes, limit + 1 - m_size), &error);
         if (count < 0)
-            return refuse(stream->errorString(), field, session);
+            return refuse(error, field, session);
         // A pipe says so in its own way when it has come to its end.
         if (count == 0)
             break;
-        QString error;
         if (!FcfWriter::writeAll(
                 aside.get(), QByteArray::fromRawData(chunk.constData(), static_cast<int>(count)),
                 &error))

@@ -8,10 +8,26 @@
 
 #include <csignal>
 
+#include <fcntl.h>
 #include <unistd.h>
+
+namespace {
+
+/// Takes the places of standard streams that are closed, or a file of the run would get one, and
+/// with it what is meant for the stream. What takes them can be used in no way.
+void fillClosedStreams()
+{
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (::fcntl(stream, F_GETFD) < 0)
+            ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    }
+}
+
+} // namespace
 
 int main(int argc, char** argv)
 {
+    fillClosedStreams();
     // A full disk and a reader that went away are errors of a write, not the end of the program.
     std::signal(SIGXFSZ, SIG_IGN);
     std::signal(SIGPIPE, SIG_IGN);

@@ -1,23 +1,16 @@
-#include "ToolFixture.h"
+#include "ProgramTest.h"
 
-#include <QElapsedTimer>
 #include <QJsonArray>
 #include <QProcess>
 #include <QProcessEnvironment>
-#include <QRandomGenerator>
 #include <QtTest>
 
-#include <csignal>
-#include <limits>
-
 #include <sys/resource.h>
-#include <unistd.h>
 
 namespace {
 
-/// Enough for a run to be killed in the middle of it.
+/// More than a pipe holds.
 constexpr int LargePayload = 4 * 1024 * 1024;
-constexpr int Kills = 25;
 
 /// A process that can write no more than this much into any file, as on a full disk.
 class LimitedProcess : public QProcess {
@@ -38,7 +31,7 @@ private:
 } // namespace
 
 /// The program itself, from outside.
-class BlackBoxTest : public QObject {
+class BlackBoxTest : public ProgramTest {
     Q_OBJECT
 
 private slots:
@@ -47,6 +40,9 @@ private slots:
     void takesNamesOfAllKinds_data();
     void takesNamesOfAllKinds();
     void worksThroughPipes();
+    void readsAFileOnStandardInputFromWhereItStands();
+    void confusesNoFileWithAClosedStream_data();
+    void confusesNoFileWithAClosedStream();
     void isCheckedBySha256sum();
     void obeysSourceDateEpoch();
     void takesADateAndTimeInEveryTimeZone();
@@ -54,46 +50,7 @@ private slots:
     void leavesNothingOnAFullDisk();
     void tellsThatStandardOutputIsFull();
     void tellsThatNobodyReadsStandardOutput();
-    void leavesNothingHalfWhenKilledAtAnyMoment();
-
-private:
-    Run run(const QStringList& arguments, const QByteArray& in = QByteArray(),
-            const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment());
-    Run finished(QProcess* process) const;
-    static QStringList create(const ToolFixture& tool, const QString& name,
-                              const QStringList& more = {});
 };
-
-Run BlackBoxTest::run(const QStringList& arguments, const QByteArray& in,
-                      const QProcessEnvironment& environment)
-{
-    QProcess process;
-    process.setProcessEnvironment(environment);
-    process.start(PELK_FCF, arguments);
-    process.write(in);
-    process.closeWriteChannel();
-    return finished(&process);
-}
-
-Run BlackBoxTest::finished(QProcess* process) const
-{
-    if (!process->waitForFinished())
-        qFatal("%s", qPrintable(process->errorString()));
-    Run run;
-    run.code = process->exitStatus() == QProcess::NormalExit ? process->exitCode() : -1;
-    run.out = process->readAllStandardOutput();
-    run.err = process->readAllStandardError();
-    return run;
-}
-
-QStringList BlackBoxTest::create(const ToolFixture& tool, const QString& name,
-                                 const QStringList& more)
-{
-    QStringList arguments{"create", tool.path(name)};
-    for (const std::string& argument : ToolFixture::described())
-        arguments << QString::fromStdString(argument);
-    return arguments + more;
-}
 
 void BlackBoxTest::runsEveryCommand()
 {
@@ -190,6 +147,72 @@ void BlackBoxTest::worksThroughPipes()
     QCOMPARE(streamed.code, 0);
     QCOMPARE(streamed.out.right(payload.size()), payload);
     QCOMPARE(run(arguments, QByteArray()).code, 2);
+}
+
+void BlackBoxTest::readsAFileOnStandardInputFromWhereItStands()
+{
+    ToolFixture tool;
+    const QByteArray payload = ToolFixture::payload(3000);
+    tool.write("both", QByteArray(1000, 'x') + payload);
+    const auto runOn = [&](const QString& output, const QStringList& more) {
+        QStringList arguments = create(tool, "x", more + QStringList{"--output", output});
+        arguments[1] = "-";
+        QProcess process;
+        process.start("sh", QStringList{"-c",
+                                        "exec <\"$1\"; shift; dd bs=1000 count=1 of=/dev/null "
+                                        "status=none; exec \"$@\"",
+                                        "sh", tool.path("both"), PELK_FCF} +
+                                arguments);
+        return finished(&process);
+    };
+    const Run made = runOn(tool.path("top.fcf"), {});
+    QVERIFY2(made.code == 0, made.err);
+    QCOMPARE(tool.read("top.fcf").right(payload.size()), payload);
+    QCOMPARE(tool.read("top.fcf").size(), tool.read("top.txt").size() + payload.size());
+    // It is an input as any other.
+    QVERIFY(QFile::link("both", tool.path("both.fcf")));
+    const Run refused = runOn(tool.path("both.fcf"), {"--force"});
+    QCOMPARE(refused.code, 2);
+    QVERIFY2(refused.err.contains("is the input itself, \"standard input\""), refused.err);
+}
+
+void BlackBoxTest::confusesNoFileWithAClosedStream_data()
+{
+    QTest::addColumn<QString>("closed");
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QByteArray>("err");
+    const QStringList extract{"extract", "top.fcf", "--output", "-"};
+    QTest::newRow("input") << "<&-" << QStringList{"verify", "-", "--type", "image"} << 3
+                           << QByteArray("standard input: FILE: cannot be read: Bad file "
+                                         "descriptor");
+    QTest::newRow("input that is not read")
+        << "<&-" << QStringList{"show", "top.fcf"} << 0 << QByteArray();
+    QTest::newRow("output") << ">&-" << extract << 3
+                            << QByteArray("standard output: --output: cannot be written: Bad file "
+                                          "descriptor");
+    QTest::newRow("output of a result") << ">&-" << QStringList{"show", "top.fcf"} << 3
+                                        << QByteArray("standard output: cannot be written: Bad");
+    QTest::newRow("messages") << "2>&-" << QStringList{"verify", "none.fcf"} << 3 << QByteArray();
+    QTest::newRow("all") << "<&- >&- 2>&-" << extract << 3 << QByteArray();
+}
+
+void BlackBoxTest::confusesNoFileWithAClosedStream()
+{
+    QFETCH(QString, closed);
+    QFETCH(QStringList, arguments);
+    QFETCH(int, code);
+    QFETCH(QByteArray, err);
+    ToolFixture tool;
+    tool.makeImage();
+    const QByteArray image = tool.read("top.fcf");
+    QProcess process;
+    process.setWorkingDirectory(tool.path("."));
+    process.start("sh", QStringList{"-c", "exec \"$@\" " + closed, "sh", PELK_FCF} + arguments);
+    const Run run = finished(&process);
+    QCOMPARE(run.code, code);
+    QVERIFY2(run.err.contains(err), run.err);
+    QCOMPARE(tool.read("top.fcf"), image);
 }
 
 void BlackBoxTest::isCheckedBySha256sum()
@@ -297,45 +320,6 @@ void BlackBoxTest::tellsThatNobodyReadsStandardOutput()
                          PELK_FCF, tool.path("top.fcf"), tool.path("err")});
     finished(&process);
     QVERIFY2(tool.read("err").contains("cannot be written: Broken pipe"), tool.read("err"));
-}
-
-void BlackBoxTest::leavesNothingHalfWhenKilledAtAnyMoment()
-{
-    ToolFixture tool;
-    tool.write("top.bin", ToolFixture::payload(LargePayload));
-    const QStringList arguments = create(tool, "top.bin", {"--force", "--digest"});
-    // A busy machine can only make a run longer, so the shortest says when to kill one.
-    int duration = std::numeric_limits<int>::max();
-    for (int warm = 0; warm < 5; ++warm) {
-        QElapsedTimer timer;
-        timer.start();
-        QCOMPARE(run(arguments).code, 0);
-        duration = qMin(duration, static_cast<int>(timer.nsecsElapsed() / 1000));
-    }
-
-    QRandomGenerator random(1);
-    int killed = 0;
-    for (int kill = 0; killed < Kills && kill < 20 * Kills; ++kill) {
-        QProcess process;
-        process.start(PELK_FCF, arguments);
-        QVERIFY(process.waitForStarted());
-        // No wait for something to happen: the moment is to be any.
-        ::usleep(static_cast<useconds_t>(random.bounded(duration)));
-        ::kill(static_cast<pid_t>(process.processId()), SIGKILL);
-        killed += finished(&process).code == -1;
-        // Old or new, image and companion are whole.
-        const Run image = run({"verify", "-", "--type", "image", "--bin", tool.path("top.bin")},
-                              tool.read("top.fcf"));
-        QVERIFY2(image.code == 0, image.out);
-        // The digest may be that of the image that was about to follow.
-        QVERIFY(run({"verify", tool.path("top.fcf")}).code == 0 ||
-                tool.exists(".top.fcf.pelk-fcf"));
-        QCOMPARE(run({"verify", tool.path("top.txt"), "--bin", tool.path("top.bin")}).code, 0);
-    }
-    QCOMPARE(killed, Kills);
-    QCOMPARE(run(arguments).code, 0);
-    QCOMPARE(tool.names(), QStringList({"top.bin", "top.fcf", "top.fcf.sha256", "top.txt"}));
-    QCOMPARE(run({"verify", tool.path("top.fcf"), "--companion", tool.path("top.txt")}).code, 0);
 }
 
 QTEST_GUILESS_MAIN(BlackBoxTest)

@@ -286,11 +286,15 @@ void CreateTest::showsProgressAtATerminalOnly()
 {
     ToolFixture tool;
     qint64 now = 0;
-    tool.environment.milliseconds = [&now] { return now += 700; };
+    tool.environment.milliseconds = [&now] { return now += 1100; };
     QVERIFY(!create(&tool).err.contains('\r'));
     tool.environment.errIsTerminal = true;
     QVERIFY(create(&tool, {"--force"}).err.contains("\rcreate: 100 %\r\033[K"));
     QVERIFY(!create(&tool, {"--force", "--quiet"}).err.contains('\r'));
+    tool.in = ToolFixture::payload(4000);
+    const std::string image = tool.argument("piped.fcf");
+    QVERIFY(tool.run(Arguments{"create", "-", "--output", image} + ToolFixture::described())
+                .err.contains("\rreading standard input: 0.0 MiB\r\033[K"));
     tool.environment.milliseconds = [] { return 0; };
     QVERIFY(!create(&tool, {"--force"}).err.contains('\r'));
 }
