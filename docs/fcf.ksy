@@ -108,7 +108,7 @@ types:
         type: str
         terminator: 0x0a
   lines:
-    doc: a text, each of its lines, and the mark behind them
+    doc: a text, and the mark behind its lines
     params:
       - id: begins_with
         type: str
@@ -117,11 +117,16 @@ types:
         type: str
         size: begins_with.length
         valid: begins_with
-      - id: value
+      - id: first_line
+        type: str
+        terminator: 0x0a
+        doc: never the mark, whatever it holds
+      - id: further_lines
         type: str
         terminator: 0x0a
         repeat: until
         repeat-until: _ == '---'
+        doc: the mark is the last of them
 enums:
   module_code:
     1: dfe

@@ -22,7 +22,10 @@ _pelk_fcf() {
     local common='--json --quiet --help'
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
-        _pelk_fcf_words create show verify extract recipe --help --version
+        case $word in
+        -*) _pelk_fcf_words --help --version ;;
+        *) _pelk_fcf_words create show verify extract recipe ;;
+        esac
         return
     fi
 

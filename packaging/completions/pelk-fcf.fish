@@ -23,6 +23,12 @@ function __pelk_fcf_devices
     end
 end
 
+# Folders, and the files with one of these endings.
+function __pelk_fcf_files
+    set -l endings (string join '|' / $argv | string replace -a . '\\.')
+    __fish_complete_suffix $argv[1] | string match -r -- ".*(?:$endings)\$"
+end
+
 set -l commands create show verify extract recipe
 complete -c pelk-fcf -f
 complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -l version -d 'Print the version and exit'
@@ -35,9 +41,9 @@ complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a recipe -d 'Write t
 
 complete -c pelk-fcf -n "__pelk_fcf_command $commands" -l json -d 'Give the result as JSON'
 complete -c pelk-fcf -n "__pelk_fcf_command $commands" -l quiet -d 'Show no progress and no notes'
-complete -c pelk-fcf -n '__pelk_fcf_command create' -k -a '(__fish_complete_suffix .bin)'
-complete -c pelk-fcf -n '__pelk_fcf_command extract' -k -a '(__fish_complete_suffix .fcf)'
-complete -c pelk-fcf -n '__pelk_fcf_command show verify recipe' -k -a '(__fish_complete_suffix .fcf)'
+complete -c pelk-fcf -n '__pelk_fcf_command create' -a '(__pelk_fcf_files .bin)'
+complete -c pelk-fcf -n '__pelk_fcf_command extract' -a '(__pelk_fcf_files .fcf)'
+complete -c pelk-fcf -n '__pelk_fcf_command show verify recipe' -a '(__pelk_fcf_files .fcf .txt)'
 
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l author -d 'Who built it'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l ci -d 'Configuration item number'
@@ -47,7 +53,8 @@ complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l config -a '(seq 10)' -
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l version -d 'Version of the build'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l description -d 'Text, or @file'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l function -d 'Name, author, CI, description'
-complete -c pelk-fcf -n '__pelk_fcf_command create' -r -F -l like -d 'Take the rest from a file'
+complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l like -a '(__pelk_fcf_files .fcf .txt .json)' \
+    -d 'Take the rest from a file'
 complete -c pelk-fcf -n '__pelk_fcf_command create extract' -r -F -l output -d 'Where to write'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l date-time -d 'YYYY-MM-DDTHH:MM:SS'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l date-format -a 'locale iso' -d 'Date format'
@@ -56,7 +63,10 @@ complete -c pelk-fcf -n '__pelk_fcf_command create' -l digest -d 'Write the SHA-
 complete -c pelk-fcf -n '__pelk_fcf_command create extract' -l force -d 'Replace outputs that exist'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -l strict -d 'Take warnings for errors'
 
-complete -c pelk-fcf -n '__pelk_fcf_command verify' -r -F -l bin -d 'The binary to compare with'
-complete -c pelk-fcf -n '__pelk_fcf_command verify' -r -F -l companion -d 'The companion to compare with'
-complete -c pelk-fcf -n '__pelk_fcf_command verify' -r -F -l digest -d 'The SHA-256 to compare with'
+complete -c pelk-fcf -n '__pelk_fcf_command verify' -x -l bin -a '(__pelk_fcf_files .bin)' \
+    -d 'The binary to compare with'
+complete -c pelk-fcf -n '__pelk_fcf_command verify' -x -l companion -a '(__pelk_fcf_files .txt)' \
+    -d 'The companion to compare with'
+complete -c pelk-fcf -n '__pelk_fcf_command verify' -x -l digest -a '(__pelk_fcf_files .sha256)' \
+    -d 'The SHA-256 to compare with'
 complete -c pelk-fcf -n '__pelk_fcf_command verify' -x -l type -a 'image companion' -d 'What the file is'

@@ -11,6 +11,11 @@
 namespace {
 
 const QStringList Commands = {"create", "show", "verify", "extract", "recipe"};
+const QStringList Shells = {"bash", "zsh", "fish"};
+
+/// A shell takes some tenths of a second; one that hangs is not waited for.
+constexpr int ShellSeconds = 20;
+constexpr int ProcessMilliseconds = 2 * ShellSeconds * 1000;
 
 QByteArray readFile(const QString& path)
 {
@@ -46,20 +51,21 @@ private slots:
     void runsWhereItWasInstalled();
     void describesEveryOptionInTheManual();
     void describesTheExitCodesInTheManual();
-    void completesInBash_data();
-    void completesInBash();
-    void completesEveryOptionInBash();
-    void completesEveryOptionInZsh();
-    void completesEveryOptionInFish();
-    void completesTheDevicesOfAModule_data();
-    void completesTheDevicesOfAModule();
+    void completes_data();
+    void completes();
+    void completesEveryOption_data();
+    void completesEveryOption();
+    void quotesNamesWithBlanksInZsh();
     void letsDesktopsKnowImages();
 
 private:
     QString installed(const char* name) const { return m_prefix.filePath(name); }
     QStringList output(const QString& program, const QStringList& arguments) const;
     QStringList bashCompletion(const QStringList& words) const;
+    QStringList zshCompletion(const QString& line, QString* completed = nullptr) const;
     QStringList fishCompletion(const QString& line) const;
+    /// What \p shell offers in place of the last of \p words, sorted.
+    QStringList completion(const QString& shell, const QStringList& words) const;
 
     QTemporaryDir m_prefix;
 };
@@ -71,19 +77,26 @@ void PackagingTest::initTestCase()
                           "pelk-fcf"});
     QVERIFY(cmake.waitForFinished());
     QVERIFY2(cmake.exitCode() == 0, cmake.readAllStandardError());
+    for (const char* const name : {"two words.bin", "two words.fcf", "two words.json", "two.o"}) {
+        QFile file(installed(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
 }
 
+/// The lines that \p program prints.
 QStringList PackagingTest::output(const QString& program, const QStringList& arguments) const
 {
     QProcess process;
     process.setWorkingDirectory(m_prefix.path());
     process.start(program, arguments);
-    if (!process.waitForFinished() || process.exitCode() != 0)
+    if (!process.waitForFinished(ProcessMilliseconds)) {
+        process.kill();
+        process.waitForFinished();
+        qFatal("%s did not end: %s", qPrintable(program), qPrintable(arguments.join(' ')));
+    }
+    if (process.exitCode() != 0)
         qFatal("%s: %s", qPrintable(program), process.readAllStandardError().constData());
-    QStringList lines =
-        QString::fromUtf8(process.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
-    lines.sort();
-    return lines;
+    return QString::fromUtf8(process.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
 }
 
 QStringList PackagingTest::bashCompletion(const QStringList& words) const
@@ -95,6 +108,17 @@ QStringList PackagingTest::bashCompletion(const QStringList& words) const
                               words);
 }
 
+QStringList PackagingTest::zshCompletion(const QString& line, QString* completed) const
+{
+    QStringList lines =
+        output("zsh", {"--no-rcs", ZSH_COMPLETION, installed("share/zsh/site-functions"),
+                       m_prefix.path(), QString::number(ShellSeconds), line});
+    const QString last = lines.takeLast();
+    if (completed)
+        *completed = last;
+    return lines;
+}
+
 QStringList PackagingTest::fishCompletion(const QString& line) const
 {
     QStringList words;
@@ -103,6 +127,16 @@ QStringList PackagingTest::fishCompletion(const QString& line) const
                          installed("share/fish/vendor_completions.d/pelk-fcf.fish"), line}))
         words << completion.section('\t', 0, 0);
     return words;
+}
+
+QStringList PackagingTest::completion(const QString& shell, const QStringList& words) const
+{
+    const QString line = "pelk-fcf " + words.join(' ');
+    QStringList offered = shell == "bash"  ? bashCompletion(QStringList("pelk-fcf") + words)
+                          : shell == "zsh" ? zshCompletion(line)
+                                           : fishCompletion(line);
+    offered.sort();
+    return offered;
 }
 
 void PackagingTest::installsEverythingThatBelongsToTheTool()
@@ -142,89 +176,72 @@ void PackagingTest::describesTheExitCodesInTheManual()
         QVERIFY(manual.contains(QString("\n\\fB%1\\fR\n").arg(code)));
 }
 
-void PackagingTest::completesInBash_data()
+void PackagingTest::completes_data()
 {
+    const struct {
+        const char* name;
+        QStringList words;
+        QStringList expected;
+    } rows[] = {
+        {"commands", {""}, {"create", "extract", "recipe", "show", "verify"}},
+        {"begun command", {"e"}, {"extract"}},
+        {"options of no command", {"--"}, {"--help", "--version"}},
+        {"modules", {"create", "--module", "D"}, {"DFE", "DFE2"}},
+        {"devices of DFE",
+         {"create", "--module", "DFE", "--device", ""},
+         {"Clock_Master_Device", "Interface_FPGA", "Processing_FPGA_1"}},
+        {"devices of DFE2", {"create", "--module", "DFE2", "--device", ""}, {"Processing_FPGA"}},
+        {"devices of GPM",
+         {"create", "--module", "GPM", "--device", ""},
+         {"Interface_FPGA", "Processing_FPGA_1", "Processing_FPGA_2", "Processing_FPGA_3"}},
+        {"types", {"verify", "--type", ""}, {"companion", "image"}},
+        {"binaries", {"create", "two"}, {"two words.bin"}},
+        {"binaries behind a version", {"create", "--version", "1.0", "two"}, {"two words.bin"}},
+        {"binaries behind all options", {"create", "--", "two"}, {"two words.bin"}},
+        {"binaries to compare with", {"verify", "--bin", "two"}, {"two words.bin"}},
+        {"images", {"extract", "two"}, {"two words.fcf"}},
+        {"recipes", {"create", "--like", "two"}, {"two words.fcf", "two words.json"}},
+    };
+    QTest::addColumn<QString>("shell");
     QTest::addColumn<QStringList>("words");
     QTest::addColumn<QStringList>("expected");
-    QTest::newRow("commands") << QStringList{"e"} << QStringList{"extract"};
-    QTest::newRow("modules") << QStringList{"create", "--module", "D"}
-                             << QStringList{"DFE", "DFE2"};
-    QTest::newRow("types") << QStringList{"verify", "--type", ""}
-                           << QStringList{"companion", "image"};
-    QTest::newRow("binaries") << QStringList{"create", "two"} << QStringList{"two words.bin"};
-    QTest::newRow("images") << QStringList{"extract", "two"} << QStringList{"two words.fcf"};
-    QTest::newRow("recipes") << QStringList{"create", "--like", "two"}
-                             << QStringList{"two words.fcf", "two words.json"};
+    for (const QString& shell : Shells) {
+        for (const auto& row : rows)
+            QTest::addRow("%s: %s", qPrintable(shell), row.name)
+                << shell << row.words << row.expected;
+    }
 }
 
-void PackagingTest::completesInBash()
+void PackagingTest::completes()
 {
+    QFETCH(QString, shell);
     QFETCH(QStringList, words);
     QFETCH(QStringList, expected);
-    for (const char* const name : {"two words.bin", "two words.fcf", "two words.json", "two.o"}) {
-        QFile file(installed(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-    }
-    QCOMPARE(bashCompletion(QStringList("pelk-fcf") + words), expected);
+    QCOMPARE(completion(shell, words), expected);
 }
 
-void PackagingTest::completesEveryOptionInBash()
+void PackagingTest::completesEveryOption_data()
 {
-    for (const QString& command : Commands)
-        QCOMPARE(bashCompletion({"pelk-fcf", command, "--"}), optionsOf(command));
-}
-
-void PackagingTest::completesEveryOptionInZsh()
-{
-    const QString path = installed("share/zsh/site-functions/_pelk-fcf");
-    output("zsh", {"--no-rcs", "-n", path});
-    const QString script = readFile(path);
-    const QString common = script.left(script.indexOf("_arguments"));
-    for (const QString& command : Commands) {
-        const int start = script.indexOf("\n    " + command + ")\n");
-        QVERIFY2(start > 0, qPrintable(command));
-        const QString own = common + script.mid(start, script.indexOf(";;", start) - start);
-        QStringList options;
-        auto matches = QRegularExpression("^ *'(?:\\*|\\(.*\\))?(--[a-z-]+)\\[",
-                                          QRegularExpression::MultilineOption)
-                           .globalMatch(own);
-        while (matches.hasNext())
-            options << matches.next().captured(1);
-        options.sort();
-        QCOMPARE(options, optionsOf(command));
+    QTest::addColumn<QString>("shell");
+    QTest::addColumn<QString>("command");
+    for (const QString& shell : Shells) {
+        for (const QString& command : Commands)
+            QTest::addRow("%s: %s", qPrintable(shell), qPrintable(command)) << shell << command;
     }
 }
 
-void PackagingTest::completesEveryOptionInFish()
+void PackagingTest::completesEveryOption()
 {
-    for (const QString& command : Commands)
-        QCOMPARE(fishCompletion("pelk-fcf " + command + " --"), optionsOf(command));
-    QCOMPARE(fishCompletion("pelk-fcf ver"), QStringList("verify"));
+    QFETCH(QString, shell);
+    QFETCH(QString, command);
+    QCOMPARE(completion(shell, {command, "--"}), optionsOf(command));
 }
 
-void PackagingTest::completesTheDevicesOfAModule_data()
+void PackagingTest::quotesNamesWithBlanksInZsh()
 {
-    QTest::addColumn<QString>("module");
-    QTest::addColumn<QStringList>("devices");
-    QTest::newRow("DFE") << "DFE"
-                         << QStringList{"Clock_Master_Device", "Interface_FPGA",
-                                        "Processing_FPGA_1"};
-    QTest::newRow("DFE2") << "DFE2" << QStringList{"Processing_FPGA"};
-    QTest::newRow("GPM") << "GPM"
-                         << QStringList{"Interface_FPGA", "Processing_FPGA_1", "Processing_FPGA_2",
-                                        "Processing_FPGA_3"};
-}
-
-void PackagingTest::completesTheDevicesOfAModule()
-{
-    QFETCH(QString, module);
-    QFETCH(QStringList, devices);
-    QCOMPARE(bashCompletion({"pelk-fcf", "create", "--module", module, "--device", ""}), devices);
-    QCOMPARE(fishCompletion("pelk-fcf create --module " + module + " --device "), devices);
-    const QString zsh = readFile(installed("share/zsh/site-functions/_pelk-fcf"));
-    const QString line = zsh.mid(zsh.indexOf("    " + module + ") devices=("));
-    for (const QString& device : devices)
-        QVERIFY(line.left(line.indexOf(";;")).contains(device));
+    QString completed;
+    zshCompletion("pelk-fcf extract two", &completed);
+    QCOMPARE(completed, QString("pelk-fcf extract two\\ words.fcf "));
 }
 
 void PackagingTest::letsDesktopsKnowImages()
