@@ -97,6 +97,10 @@ void RefusalTest::refusesWhatCannotBeBuilt()
 
     const Run run = tool.run(Arguments{"create", tool.argument("top.bin")} + described);
     QVERIFY2(run.err.contains(text.toUtf8()), run.err);
+    for (const QByteArray& line : run.err.trimmed().split('\n'))
+        QVERIFY2(line.contains(value == "@/no/such/file" ? "/no/such/file: --description: "
+                                                         : "/top.bin: "),
+                 line);
     QCOMPARE(run.code, value == "@/no/such/file" ? 3 : 2);
     QCOMPARE(run.out, QByteArray());
     QCOMPARE(tool.names(), QStringList("top.bin"));
@@ -307,7 +311,7 @@ void RefusalTest::refusesAMalformedSourceDateEpoch()
     const Run run = tool.run(
         Arguments{"create", tool.argument("top.bin"), "--date-time", "2024-05-31T00:00:00"} +
         ToolFixture::described());
-    QVERIFY2(run.err.contains("SOURCE_DATE_EPOCH: \""), run.err);
+    QVERIFY2(run.err.contains("/top.bin: SOURCE_DATE_EPOCH: \""), run.err);
     QVERIFY2(run.err.contains("is not a number of seconds since 1970"), run.err);
     QCOMPARE(run.code, 2);
     QCOMPARE(tool.names(), QStringList("top.bin"));
