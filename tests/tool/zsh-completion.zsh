@@ -55,7 +55,7 @@ fi
 zmodload zsh/zpty zsh/system
 export TERM=dumb PS1='<ready>' site_functions=$1 work=$2 typing='<typing>' offering='<offered>'
 seconds=$3
-zpty -b shell zsh --no-rcs --interactive
+zpty -b shell zsh --no-rcs --interactive || exit 1
 terminal=$REPLY
 await $PS1
 zpty -w shell "source ${(q)0:a}"
