@@ -78,6 +78,8 @@ FileSystem::Kind FileSystem::kindOf(const QString& path)
     return found ? ::kindOf(status) : Kind::Nothing;
 }
 
+bool FileSystem::exists(const QString& path) { return kindOf(path) != Kind::Nothing; }
+
 FileSystem::Kind FileSystem::targetKindOf(const QString& path)
 {
     struct stat status;
@@ -96,21 +98,21 @@ int FileSystem::renameToFree(const QString& from, const QString& to)
     const int linking = link(from, to);
     if (linking == 0)
         return unlink(from);
-    if (linking != EPERM && linking != EOPNOTSUPP && linking != ENOSYS)
+    if (!isWithoutLinks(linking))
         return linking;
-    return kindOf(to) == Kind::Nothing ? renameOver(from, to) : EEXIST;
+    return exists(to) ? EEXIST : renameOver(from, to);
 }
 
 int FileSystem::renameOver(const QString& from, const QString& to) { return rename(from, to, 0); }
 
-int FileSystem::exchange(const QString& one, const QString& other)
-{
-    return rename(one, other, RENAME_EXCHANGE);
-}
-
 int FileSystem::link(const QString& from, const QString& to)
 {
     return result(::link(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()));
+}
+
+bool FileSystem::isWithoutLinks(int error)
+{
+    return error == EPERM || error == EOPNOTSUPP || error == ENOSYS;
 }
 
 int FileSystem::unlink(const QString& path)
@@ -118,17 +120,16 @@ int FileSystem::unlink(const QString& path)
     return result(::unlink(QFile::encodeName(path).constData()));
 }
 
-int FileSystem::copyMode(const QString& path, int descriptor)
+std::optional<mode_t> FileSystem::modeOf(const QString& path)
 {
     constexpr mode_t permissions = 07777;
-    struct stat from;
-    struct stat to;
-    if (::lstat(QFile::encodeName(path).constData(), &from) != 0 || ::fstat(descriptor, &to) != 0)
-        return errno;
-    if (!S_ISREG(from.st_mode) || (from.st_mode & permissions) == (to.st_mode & permissions))
-        return 0;
-    return result(::fchmod(descriptor, from.st_mode & permissions));
+    struct stat status;
+    if (::lstat(QFile::encodeName(path).constData(), &status) != 0 || !S_ISREG(status.st_mode))
+        return std::nullopt;
+    return status.st_mode & permissions;
 }
+
+int FileSystem::setMode(int descriptor, mode_t mode) { return result(::fchmod(descriptor, mode)); }
 
 int FileSystem::findPlaceOf(const QString& path)
 {

@@ -36,6 +36,9 @@ enum class Kind { Nothing, File, Link, Folder, Device, Stream };
 /// What stands at \p path itself: a link is not followed.
 Kind kindOf(const QString& path);
 
+/// Whether anything stands at \p path itself.
+bool exists(const QString& path);
+
 /// What \p path leads to; links are followed.
 Kind targetKindOf(const QString& path);
 
@@ -48,16 +51,20 @@ int renameToFree(const QString& from, const QString& to);
 /// Renames \p from to \p to in one step, over what stands there.
 int renameOver(const QString& from, const QString& to);
 
-/// Exchanges \p one and \p other in one step; EINVAL or ENOSYS where the file system cannot.
-int exchange(const QString& one, const QString& other);
-
 /// Gives what stands at \p from the name \p to as well; EEXIST when something stands there.
 int link(const QString& from, const QString& to);
 
+/// Whether link() gives \p error where a file cannot have a second name, for the file system's sake
+/// or because it is someone else's.
+bool isWithoutLinks(int error);
+
 int unlink(const QString& path);
 
-/// Gives the open file the mode of the file at \p path, if that is a file itself.
-int copyMode(const QString& path, int descriptor);
+/// The mode of the file at \p path, if that is a file itself; nothing else than its permissions.
+std::optional<mode_t> modeOf(const QString& path);
+
+/// Gives the open file \p mode.
+int setMode(int descriptor, mode_t mode);
 
 /// Whether the folder that \p path is to be in is there, and can hold a name as long.
 int findPlaceOf(const QString& path);

@@ -32,18 +32,28 @@ std::optional<Outputs> refuse(const QString& file, const QString& reason, Sessio
     return std::nullopt;
 }
 
-/// The input that an output at \p path, or what is needed on the way to it, would replace, or null.
-const ReadFile* inputWrittenAt(const QString& path, const Session& session)
+/// Where a run for \p path puts files on the way, or clears what another left.
+QStringList temporaryNames(const QString& path)
 {
-    for (const QString& written :
-         {path, PartialFile::pathFor(path), PartialFile::backupPathFor(path)}) {
-        const auto identity = FileSystem::identityOf(written);
-        for (const ReadFile& input : session.inputs) {
-            if (identity == input.identity)
-                return &input;
+    return {PartialFile::pathFor(path), PartialFile::backupPathFor(path),
+            PartialFile::sparePathFor(path)};
+}
+
+/// Refuses \p path if an input stands at any of \p names. Returns whether none does.
+bool keepInputs(const QStringList& names, const QString& path, Session* session)
+{
+    for (const QString& name : names) {
+        const auto identity = FileSystem::identityOf(name);
+        for (const ReadFile& input : session->inputs) {
+            if (identity == input.identity) {
+                session->findings.error(
+                    ExitCode::Refused, path, OutputOption,
+                    QStringLiteral("is the input itself, \"%1\"").arg(shownText(input.label)));
+                return false;
+            }
         }
     }
-    return nullptr;
+    return true;
 }
 
 } // namespace
@@ -51,11 +61,8 @@ const ReadFile* inputWrittenAt(const QString& path, const Session& session)
 void guardOutput(const QString& path, bool force, Session* session)
 {
     Findings& findings = session->findings;
-    if (const ReadFile* const input = inputWrittenAt(path, *session)) {
-        findings.error(ExitCode::Refused, path, OutputOption,
-                       QStringLiteral("is the input itself, \"%1\"").arg(shownText(input->label)));
+    if (!keepInputs(temporaryNames(path) << path, path, session))
         return;
-    }
     switch (FileSystem::kindOf(path)) {
     case FileSystem::Kind::Nothing: {
         FileError error;
@@ -149,20 +156,23 @@ void Outputs::guard(bool force, Session* session)
         const char* option;
     } others[] = {{hasCompanion, m_companion, "--no-companion"}, {hasDigest, digest(), "--digest"}};
     for (const auto& other : others) {
-        if (!inputWrittenAt(other.path, *session) &&
-            FileSystem::kindOf(m_image) == FileSystem::Kind::Nothing &&
-            KilledRun(m_image).placedWhereNothingWas(other.path))
+        const bool isLeftover =
+            !FileSystem::exists(m_image) && KilledRun(m_image).placedWhereNothingWas(other.path);
+        QStringList names = temporaryNames(other.path);
+        if (isLeftover)
+            names << other.path;
+        if (!keepInputs(names, other.path, session))
             continue;
-        if (other.written)
+        if (other.written && !isLeftover)
             guardOutput(other.path, force, session);
-        else
+        else if (!other.written && !isLeftover)
             warnOfStale(other.path, other.option, session);
     }
 }
 
 void Outputs::warnOfStale(const QString& path, const char* option, Session* session) const
 {
-    if (FileSystem::kindOf(path) != FileSystem::Kind::Nothing)
+    if (FileSystem::exists(path))
         session->findings.warning(path, QLatin1String(option),
                                   QStringLiteral("exists, is not written, and so will not belong "
                                                  "to the new image"));

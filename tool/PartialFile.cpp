@@ -17,7 +17,7 @@ namespace {
 
 const QString PartialEnding = QStringLiteral(".pelk-fcf");
 const QString BackupEnding = QStringLiteral("-old");
-constexpr mode_t PermissionsBeforeUmask = 0666;
+const QString SpareEnding = QStringLiteral("-new");
 /// How often another program may take the temporary name away between two of our steps.
 constexpr int Attempts = 16;
 
@@ -26,17 +26,17 @@ bool fits(const QString& name) { return QFile::encodeName(name).size() <= NAME_M
 QString partialName(const QString& name)
 {
     const QString partial = QLatin1Char('.') + name + PartialEnding;
-    if (fits(partial + BackupEnding) || !fits(name))
+    if (fits(partial + SpareEnding))
         return partial;
     const QByteArray digest =
         QCryptographicHash::hash(QFile::encodeName(name), QCryptographicHash::Sha256);
     return QLatin1Char('.') + QString::fromLatin1(digest.toHex()) + PartialEnding;
 }
 
-int openNew(const QString& path)
+int openNew(const QString& path, mode_t mode)
 {
     return ::open(QFile::encodeName(path).constData(),
-                  O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, PermissionsBeforeUmask);
+                  O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
 }
 
 bool lock(int descriptor) { return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0; }
@@ -51,40 +51,67 @@ QString PartialFile::pathFor(const QString& path)
 
 QString PartialFile::backupPathFor(const QString& path) { return pathFor(path) + BackupEnding; }
 
-int PartialFile::create(const QString& path, int* descriptor)
+QString PartialFile::sparePathFor(const QString& path) { return pathFor(path) + SpareEnding; }
+
+int PartialFile::create(const QString& path, mode_t mode, int* descriptor)
 {
     const QString partial = pathFor(path);
     for (int attempt = 0; attempt < Attempts; ++attempt) {
-        const int created = openNew(partial);
-        if (created >= 0 && lock(created) && FileSystem::standsAt(partial, created)) {
-            *descriptor = created;
-            return 0;
-        }
-        if (created >= 0) {
-            ::close(created);
+        const int created = openNew(partial, mode);
+        if (created < 0) {
+            if (errno != EEXIST)
+                return errno;
+            if (const int clearing = Found(path).clear())
+                return clearing;
             continue;
         }
-        if (errno != EEXIST)
-            return errno;
-        if (const int clearing = Found(path).clear())
-            return clearing;
+        const int locking = lock(created) ? 0 : errno;
+        if (locking == 0 && FileSystem::standsAt(partial, created)) {
+            *descriptor = created;
+            return recover(path, true);
+        }
+        // A run that locked it first clears it.
+        if (locking != 0 && locking != EWOULDBLOCK)
+            FileSystem::unlink(partial);
+        ::close(created);
+        if (locking != 0 && locking != EWOULDBLOCK)
+            return locking;
     }
     return EBUSY;
 }
 
-int PartialFile::clear(const QString& path)
+bool PartialFile::isInPlace(const QString& path)
 {
-    const int clearing = Found(path).clear();
-    return clearing != 0 ? clearing : clearBackup(path);
+    const auto identity = FileSystem::entryIdentityOf(path);
+    return identity && identity == FileSystem::entryIdentityOf(pathFor(path));
 }
 
-int PartialFile::clearBackup(const QString& path)
+int PartialFile::recover(const QString& path, bool keepPlaced)
 {
     const QString backup = backupPathFor(path);
-    if (FileSystem::kindOf(backup) == FileSystem::Kind::Nothing)
-        return 0;
-    const int number = FileSystem::renameToFree(backup, path);
-    return number == EEXIST ? FileSystem::unlink(backup) : number;
+    int number = 0;
+    if (!FileSystem::exists(backup)) {
+        if (!keepPlaced && isInPlace(path))
+            number = FileSystem::unlink(path);
+    } else if (!FileSystem::exists(path)) {
+        number = FileSystem::renameToFree(backup, path);
+    } else {
+        // Without links the temporary name goes when the file is put in place.
+        const bool isPlaced = isInPlace(path) || !FileSystem::exists(pathFor(path));
+        number = isPlaced && !keepPlaced ? FileSystem::renameOver(backup, path)
+                                         : FileSystem::unlink(backup);
+    }
+    const QString spare = sparePathFor(path);
+    return number == 0 && FileSystem::exists(spare) ? FileSystem::unlink(spare) : number;
+}
+
+int PartialFile::clear(const QString& path)
+{
+    const Found found(path);
+    if (found.error() != 0 && found.error() != ENOENT)
+        return found.error();
+    const int number = recover(path, true);
+    return number != 0 ? number : found.clear();
 }
 
 PartialFile::Found::Found(const QString& path) : m_partial(pathFor(path))

@@ -3,30 +3,39 @@
 
 #include <QString>
 
-/// Temporary files beside outputs.
+#include <sys/types.h>
+
+/// Temporary names beside an output.
 ///
-/// The name follows from the output's own, and the file is locked while a run uses it. So a run
-/// that was killed leaves at most one for each output, and the next run for the same output tells
-/// from the missing lock that it is free to clear it.
+/// They follow from the output's own, and what stands under the first is locked as long as a run
+/// needs any of them. It stays until the run is done with all its outputs, so that an output which
+/// is the same file as it was put in place by that run. A run that was killed leaves no other files
+/// than these, and the next run for the same output tells from the missing lock that they are free.
 namespace PartialFile {
 
 /// Where the file at \p path is completed. A name too long to be added to gives way to its digest.
 QString pathFor(const QString& path);
 
-/// Where the file at \p path is kept until its replacement is sure to stay, on a file system that
-/// cannot exchange two files.
+/// Where the file at \p path is kept until its replacement is sure to stay.
 QString backupPathFor(const QString& path);
 
+/// A second name of what is completed, from where it replaces the file at \p path in one step.
+QString sparePathFor(const QString& path);
+
 /// Creates the temporary file for \p path with its lock and puts it into \p descriptor, once what a
-/// killed run left is cleared. Returns 0 or an errno; EWOULDBLOCK while another run has it.
-int create(const QString& path, int* descriptor);
+/// killed run left is cleared. \p mode is that of the file, less what the process masks. Returns 0
+/// or an errno; EWOULDBLOCK while another run has it.
+int create(const QString& path, mode_t mode, int* descriptor);
+
+/// Whether the file at \p path was put there by the run whose temporary file is beside it.
+bool isInPlace(const QString& path);
+
+/// Clears the other names for \p path. What was put in place stays if \p keepPlaced, or else gives
+/// way to what stood there before. Only for a run that has the lock. Returns 0 or an errno.
+int recover(const QString& path, bool keepPlaced);
 
 /// Clears all that a killed run left for \p path. Returns 0 or an errno.
 int clear(const QString& path);
-
-/// Clears what a killed run kept of \p path, or puts it back if that run came no further. Returns 0
-/// or an errno.
-int clearBackup(const QString& path);
 
 /// What stands under the temporary name for a path, kept from other runs while this lives.
 class Found {

@@ -6,31 +6,36 @@
 
 #include <unistd.h>
 
+namespace {
+
+/// Less what the process masks.
+constexpr mode_t UsualMode = 0666;
+
+} // namespace
+
 StagedFile::StagedFile(const QString& path) : m_path(path), m_partial(PartialFile::pathFor(path)) {}
 
 StagedFile::~StagedFile()
 {
-    if (m_state == Temporary)
+    if (m_descriptor < 0)
+        return;
+    if (FileSystem::standsAt(m_partial, m_descriptor))
         FileSystem::unlink(m_partial);
     m_file.close();
-    if (m_descriptor >= 0)
-        ::close(m_descriptor);
+    // Only now may another run have the name.
+    ::close(m_descriptor);
 }
 
 bool StagedFile::open(FileError* error)
 {
-    if (!error->take(PartialFile::create(m_path, &m_descriptor), m_path))
+    const mode_t mode = FileSystem::modeOf(m_path).value_or(UsualMode);
+    if (!error->take(PartialFile::create(m_path, mode, &m_descriptor), m_path))
         return false;
-    m_state = Temporary;
     m_file.setFileName(m_path);
-    if (!m_file.open(m_descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-        *error = FileError{m_path, m_file.errorString()};
-        return false;
-    }
-    int number = PartialFile::clearBackup(m_path);
-    if (number == 0 && FileSystem::kindOf(m_path) == FileSystem::Kind::File)
-        number = FileSystem::copyMode(m_path, m_descriptor);
-    return error->take(number, m_path);
+    if (m_file.open(m_descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered))
+        return true;
+    *error = FileError{m_path, m_file.errorString()};
+    return false;
 }
 
 bool StagedFile::complete(FileError* error)
@@ -40,15 +45,19 @@ bool StagedFile::complete(FileError* error)
 
 bool StagedFile::place(bool replacing, FileError* error)
 {
-    int number = EEXIST;
-    if (replacing && FileSystem::kindOf(m_path) != FileSystem::Kind::Nothing) {
-        number = replace();
-    } else {
-        number = FileSystem::renameToFree(m_partial, m_path);
-        if (number == 0)
-            m_state = Placed;
-    }
+    int number = ENOENT;
+    if (FileSystem::standsAt(m_partial, m_descriptor))
+        number = replacing && FileSystem::exists(m_path) ? replace() : placeWhereNothingIs();
+    m_isPlaced = number == 0;
     return error->take(number, m_path);
+}
+
+/// The temporary name stays, where that is possible, as what tells the next run who did this.
+int StagedFile::placeWhereNothingIs()
+{
+    const int number = FileSystem::link(m_partial, m_path);
+    return FileSystem::isWithoutLinks(number) ? FileSystem::renameToFree(m_partial, m_path)
+                                              : number;
 }
 
 int StagedFile::replace()
@@ -56,72 +65,66 @@ int StagedFile::replace()
     if (FileSystem::kindOf(m_path) == FileSystem::Kind::Folder)
         return EISDIR;
     m_replaced = FileSystem::entryIdentityOf(m_path);
-    const int copying = FileSystem::copyMode(m_path, m_descriptor);
-    if (copying != 0)
-        return copying;
-    const int number = FileSystem::exchange(m_partial, m_path);
+    const auto mode = FileSystem::modeOf(m_path);
+    int number = mode ? FileSystem::setMode(m_descriptor, *mode) : 0;
     if (number == 0)
-        m_state = Exchanged;
-    return number == EINVAL || number == ENOSYS ? replaceWithBackup() : number;
+        number = replaceKept();
+    if (number != 0)
+        m_replaced.reset();
+    return number;
 }
 
-int StagedFile::replaceWithBackup()
+int StagedFile::replaceKept()
 {
-    const QString backup = PartialFile::backupPathFor(m_path);
+    const QString backup = keptPath();
     int number = FileSystem::link(m_path, backup);
-    // Without links there is a moment with nothing in the place; see PartialFile::clearBackup().
-    const bool moved = number == EPERM || number == EOPNOTSUPP || number == ENOSYS;
-    if (moved)
+    if (FileSystem::isWithoutLinks(number)) {
+        // There is a moment with nothing in the place; see PartialFile::recover().
         number = FileSystem::renameToFree(m_path, backup);
+        if (number != 0)
+            return number;
+        number = placeWhereNothingIs();
+        if (number != 0)
+            FileSystem::renameToFree(backup, m_path);
+        return number;
+    }
     if (number != 0)
         return number;
-    number = FileSystem::renameOver(m_partial, m_path);
-    if (number == 0)
-        m_state = BackedUp;
-    else if (moved)
-        FileSystem::renameToFree(backup, m_path);
-    else
+    const QString spare = PartialFile::sparePathFor(m_path);
+    number = FileSystem::link(m_partial, spare);
+    if (number == 0) {
+        number = FileSystem::renameOver(spare, m_path);
+        if (number != 0)
+            FileSystem::unlink(spare);
+    }
+    if (number != 0)
         FileSystem::unlink(backup);
     return number;
 }
 
 bool StagedFile::takeBack()
 {
+    if (!m_isPlaced)
+        return true;
     // Another program may have put its own file there since.
     const bool own = FileSystem::standsAt(m_path, m_descriptor);
-    if (m_state == Exchanged) {
-        if (!own || !keepsReplaced() || FileSystem::exchange(m_partial, m_path) != 0)
-            return false;
-        m_state = Temporary;
-    } else if (m_state == BackedUp) {
-        if (!own || !keepsReplaced() || FileSystem::renameOver(keptPath(), m_path) != 0)
-            return false;
-        m_state = Unused;
-    } else if (m_state == Placed) {
-        if (own && FileSystem::unlink(m_path) != 0)
-            return false;
-        m_state = Unused;
-    }
-    return true;
+    int number = 0;
+    if (m_replaced)
+        number = own && keepsReplaced() ? FileSystem::renameOver(keptPath(), m_path) : EEXIST;
+    else if (own)
+        number = FileSystem::unlink(m_path);
+    m_isPlaced = number != 0;
+    return number == 0;
 }
 
 bool StagedFile::settle()
 {
-    const bool kept = (m_state == Exchanged || m_state == BackedUp) && keepsReplaced();
-    const bool gone = !kept || FileSystem::unlink(keptPath()) == 0;
-    if (gone)
-        m_state = Placed;
-    return gone;
+    return !m_replaced || !keepsReplaced() || FileSystem::unlink(keptPath()) == 0;
 }
 
-QString StagedFile::keptPath() const
-{
-    return m_state == BackedUp ? PartialFile::backupPathFor(m_path) : m_partial;
-}
+QString StagedFile::keptPath() const { return PartialFile::backupPathFor(m_path); }
 
-/// What was replaced is not locked: a run that started meanwhile may have cleared it, and have put
-/// its own file under that name.
 bool StagedFile::keepsReplaced() const
 {
-    return m_replaced && m_replaced == FileSystem::entryIdentityOf(keptPath());
+    return m_replaced == FileSystem::entryIdentityOf(keptPath());
 }

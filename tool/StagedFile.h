@@ -13,7 +13,7 @@
 class StagedFile {
 public:
     explicit StagedFile(const QString& path);
-    /// Leaves neither the temporary file nor, unless it was put in place, any other trace.
+    /// Leaves no temporary name, and unless it was put in place, no other trace.
     ~StagedFile();
     StagedFile(const StagedFile&) = delete;
     StagedFile& operator=(const StagedFile&) = delete;
@@ -42,17 +42,16 @@ public:
     QString keptPath() const;
 
 private:
-    enum State { Unused, Temporary, Placed, Exchanged, BackedUp };
-
+    int placeWhereNothingIs();
     int replace();
-    int replaceWithBackup();
+    int replaceKept();
     bool keepsReplaced() const;
 
     const QString m_path;
     const QString m_partial;
     QFile m_file;
     int m_descriptor = -1;
-    State m_state = Unused;
+    bool m_isPlaced = false;
     std::optional<FileSystem::Identity> m_replaced;
 };
 

@@ -33,6 +33,13 @@ StagedFiles::StagedFiles(std::function<void(const char*)> beforeStep)
 {
 }
 
+/// The first file's lock keeps other runs away to the end.
+void StagedFiles::release()
+{
+    while (!m_files.empty())
+        m_files.pop_back();
+}
+
 QFile* StagedFiles::add(const QString& path, FileError* error)
 {
     m_beforeStep("open");
@@ -48,6 +55,13 @@ bool StagedFiles::place(bool replacing, FileError* error)
     if (!completeAll(error))
         return false;
     const SignalPause pause;
+    const bool isPlaced = putInPlace(replacing, error);
+    release();
+    return isPlaced;
+}
+
+bool StagedFiles::putInPlace(bool replacing, FileError* error)
+{
     if (!placeAll(replacing, error) || !syncFolder(error)) {
         takeAllBack(error);
         return false;

@@ -15,11 +15,15 @@ public:
     /// \p beforeStep is called before each step with the step's name.
     explicit StagedFiles(std::function<void(const char*)> beforeStep);
 
-    /// Adds a file, open for writing, or returns null. The first one is put in place last, and as
-    /// long as it is not, keeps other runs for the same outputs away.
+    ~StagedFiles() { release(); }
+    StagedFiles(const StagedFiles&) = delete;
+    StagedFiles& operator=(const StagedFiles&) = delete;
+
+    /// Adds a file, open for writing, or returns null. The first one is put in place last.
     QFile* add(const QString& path, FileError* error);
 
-    /// Completes all files and puts them in place, with \p replacing over what stands there.
+    /// Completes all files, closes them and puts them in place, with \p replacing over what stands
+    /// there.
     ///
     /// No file system has one step for several files. So the last one to go is the one that others
     /// go by, the image: whoever sees it sees all that belongs to it. The signals that ask a
@@ -31,6 +35,8 @@ public:
     const QStringList& leftBehind() const { return m_leftBehind; }
 
 private:
+    bool putInPlace(bool replacing, FileError* error);
+    void release();
     bool completeAll(FileError* error);
     bool placeAll(bool replacing, FileError* error);
     bool syncFolder(FileError* error);

@@ -1,86 +1,11 @@
+#include "FaultyFileSystem.h"
 #include "ToolFixture.h"
 
 #include <QFile>
 #include <QtTest>
 
-#include <cerrno>
-#include <csignal>
-#include <cstring>
-#include <functional>
 #include <memory>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <sys/syscall.h>
-#include <unistd.h>
-
-namespace {
-
-/// What the file system cannot do, or refuses to.
-struct Faults {
-    bool hasNoFlaggedRename = false;
-    bool hasNoLink = false;
-    bool syncsNoFolder = false;
-    /// Before which rename, link or removal from now on the process is killed, counted from 0, or
-    /// -1.
-    int killedBeforeChange = -1;
-    /// Whether a rename or an exchange of the first to the second fails.
-    std::function<bool(const QByteArray&, const QByteArray&)> failsRename;
-    std::function<bool(const QByteArray&)> failsUnlink;
-};
-
-Faults faults;
-
-void change()
-{
-    if (faults.killedBeforeChange >= 0 && faults.killedBeforeChange-- == 0)
-        ::raise(SIGKILL);
-}
-
-int failed(int error)
-{
-    errno = error;
-    return -1;
-}
-
-} // namespace
-
-// The library's functions of these names give way to those of the program.
-
-extern "C" int renameat2(int fromFolder, const char* from, int toFolder, const char* to,
-                         unsigned flags) noexcept
-{
-    change();
-    if (flags != 0 && faults.hasNoFlaggedRename)
-        return failed(EINVAL);
-    if (faults.failsRename && faults.failsRename(from, to))
-        return failed(EIO);
-    return static_cast<int>(::syscall(SYS_renameat2, fromFolder, from, toFolder, to, flags));
-}
-
-extern "C" int link(const char* from, const char* to) noexcept
-{
-    change();
-    if (faults.hasNoLink)
-        return failed(EPERM);
-    return static_cast<int>(::syscall(SYS_linkat, AT_FDCWD, from, AT_FDCWD, to, 0));
-}
-
-extern "C" int unlink(const char* path) noexcept
-{
-    change();
-    if (faults.failsUnlink && faults.failsUnlink(path))
-        return failed(EIO);
-    return static_cast<int>(::syscall(SYS_unlinkat, AT_FDCWD, path, 0));
-}
-
-extern "C" int fsync(int descriptor)
-{
-    struct stat status;
-    if (faults.syncsNoFolder && ::fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode))
-        return failed(EIO);
-    return static_cast<int>(::syscall(SYS_fsync, descriptor));
-}
+#include <utility>
 
 /// Outputs are whole, or as they were before, on file systems that can do less or fail.
 class BrokenFileSystemTest : public QObject {
@@ -89,19 +14,20 @@ class BrokenFileSystemTest : public QObject {
 private slots:
     void init();
     void cleanup() { faults = Faults(); }
-    void replacesWithoutExchange_data() { addFileSystems(); }
-    void replacesWithoutExchange();
-    void takesBackWithoutExchange_data() { addFileSystems(); }
-    void takesBackWithoutExchange();
-    void losesNothingWhenKilledBetweenAnyTwoChanges_data();
-    void losesNothingWhenKilledBetweenAnyTwoChanges();
-    void takesAllBackWhenTheFolderIsNotSynced_data();
+    void replacesOnEveryFileSystem_data() { addFileSystems(); }
+    void replacesOnEveryFileSystem();
+    void takesBackOnEveryFileSystem_data() { addFileSystems(); }
+    void takesBackOnEveryFileSystem();
+    void takesAllBackWhenTheFolderIsNotSynced_data() { addFileSystems(); }
     void takesAllBackWhenTheFolderIsNotSynced();
     void tellsWhereAFileIsThatCannotBePutBack();
     void tellsWhatItCannotClear();
+    void leavesNothingWhereFilesCannotBeLocked();
 
 private:
-    void addFileSystems();
+    static void addFileSystems();
+    /// As the row says.
+    static void breakFileSystem();
     Run create(const Arguments& more = {"--force"});
     void verifyOldFiles();
 
@@ -124,15 +50,27 @@ void BrokenFileSystemTest::init()
 
 void BrokenFileSystemTest::addFileSystems()
 {
+    QTest::addColumn<bool>("hasFlaggedRename");
     QTest::addColumn<bool>("hasLinks");
-    QTest::newRow("no exchange") << true;
-    QTest::newRow("neither exchange nor links") << false;
+    for (const bool hasFlaggedRename : {true, false}) {
+        for (const bool hasLinks : {true, false})
+            QTest::addRow("%s, %s", hasFlaggedRename ? "flagged rename" : "no flagged rename",
+                          hasLinks ? "links" : "no links")
+                << hasFlaggedRename << hasLinks;
+    }
+}
+
+void BrokenFileSystemTest::breakFileSystem()
+{
+    QFETCH(bool, hasFlaggedRename);
+    QFETCH(bool, hasLinks);
+    faults.hasNoFlaggedRename = !hasFlaggedRename;
+    faults.hasNoLink = !hasLinks;
 }
 
 Run BrokenFileSystemTest::create(const Arguments& more)
 {
-    return m_tool->run(Arguments{"create", m_tool->argument("top.bin"), "--digest"} +
-                       ToolFixture::described() + more);
+    return m_tool->run(m_tool->createAll(more));
 }
 
 void BrokenFileSystemTest::verifyOldFiles()
@@ -143,11 +81,9 @@ void BrokenFileSystemTest::verifyOldFiles()
     QCOMPARE(m_tool->read("top.fcf.sha256"), m_digest);
 }
 
-void BrokenFileSystemTest::replacesWithoutExchange()
+void BrokenFileSystemTest::replacesOnEveryFileSystem()
 {
-    QFETCH(bool, hasLinks);
-    faults.hasNoFlaggedRename = true;
-    faults.hasNoLink = !hasLinks;
+    breakFileSystem();
     const Run run = create();
     QVERIFY2(run.code == 0, run.err);
     QCOMPARE(m_tool->names(), QStringList({"top.bin", "top.fcf", "top.fcf.sha256", "top.txt"}));
@@ -159,13 +95,12 @@ void BrokenFileSystemTest::replacesWithoutExchange()
     QCOMPARE(create({}).code, 4);
 }
 
-void BrokenFileSystemTest::takesBackWithoutExchange()
+void BrokenFileSystemTest::takesBackOnEveryFileSystem()
 {
-    QFETCH(bool, hasLinks);
-    faults.hasNoFlaggedRename = true;
-    faults.hasNoLink = !hasLinks;
-    faults.failsRename = [](const QByteArray& from, const QByteArray& to) {
-        return from.endsWith("/.top.fcf.pelk-fcf") && to.endsWith("/top.fcf");
+    breakFileSystem();
+    bool failed = false;
+    faults.failsTo = [&failed](const QByteArray& to) {
+        return to.endsWith("/top.fcf") && !std::exchange(failed, true);
     };
     const Run run = create();
     QCOMPARE(run.code, 3);
@@ -173,67 +108,10 @@ void BrokenFileSystemTest::takesBackWithoutExchange()
     verifyOldFiles();
 }
 
-void BrokenFileSystemTest::losesNothingWhenKilledBetweenAnyTwoChanges_data()
-{
-    QTest::addColumn<bool>("hasExchange");
-    QTest::addColumn<bool>("hasLinks");
-    QTest::addColumn<bool>("nextSucceeds");
-    const struct {
-        const char* name;
-        bool hasExchange;
-        bool hasLinks;
-    } fileSystems[] = {{"exchange", true, true},
-                       {"no exchange", false, true},
-                       {"neither exchange nor links", false, false}};
-    for (const auto& system : fileSystems) {
-        QTest::addRow("%s, the next run succeeds", system.name)
-            << system.hasExchange << system.hasLinks << true;
-        QTest::addRow("%s, the next run fails", system.name)
-            << system.hasExchange << system.hasLinks << false;
-    }
-}
-
-void BrokenFileSystemTest::losesNothingWhenKilledBetweenAnyTwoChanges()
-{
-    QFETCH(bool, hasExchange);
-    QFETCH(bool, hasLinks);
-    QFETCH(bool, nextSucceeds);
-    int calls = 0;
-    for (bool killed = true; killed; ++calls) {
-        init();
-        faults.hasNoFlaggedRename = !hasExchange;
-        faults.hasNoLink = !hasLinks;
-        // Between any two changes in the folder, not only between the steps of the run.
-        faults.killedBeforeChange = calls;
-        killed = m_tool->runSignalled(m_tool->createAll({"--force"}), -1);
-        faults.killedBeforeChange = -1;
-        const bool isReplaced = m_tool->exists("top.fcf") && m_tool->read("top.fcf") != m_image;
-        QVERIFY(killed || isReplaced);
-        faults.syncsNoFolder = !nextSucceeds && !isReplaced;
-        const Run next = create();
-        QCOMPARE(next.code, nextSucceeds || isReplaced ? 0 : 3);
-        faults = Faults();
-        if (next.code != 0)
-            verifyOldFiles();
-        else
-            QCOMPARE(m_tool->verifyAll().code, 0);
-        QVERIFY2(!QTest::currentTestFailed(), qPrintable(QString::number(calls)));
-    }
-    QVERIFY(calls > 6);
-}
-
-void BrokenFileSystemTest::takesAllBackWhenTheFolderIsNotSynced_data()
-{
-    QTest::addColumn<bool>("hasExchange");
-    QTest::newRow("by exchange") << true;
-    QTest::newRow("without exchange") << false;
-}
-
 void BrokenFileSystemTest::takesAllBackWhenTheFolderIsNotSynced()
 {
-    QFETCH(bool, hasExchange);
+    breakFileSystem();
     faults.syncsNoFolder = true;
-    faults.hasNoFlaggedRename = !hasExchange;
     const Run run = create();
     QCOMPARE(run.code, 3);
     QVERIFY2(run.err.contains("top.fcf: --output: cannot be written: Input/output error"), run.err);
@@ -247,34 +125,46 @@ void BrokenFileSystemTest::takesAllBackWhenTheFolderIsNotSynced()
 void BrokenFileSystemTest::tellsWhereAFileIsThatCannotBePutBack()
 {
     // The companion is placed before the image, and cannot be put back when that fails.
-    int companionRenames = 0;
-    faults.failsRename = [&companionRenames](const QByteArray&, const QByteArray& to) {
-        return to.endsWith("/top.fcf") || (to.endsWith("/top.txt") && companionRenames++ > 0);
+    int companions = 0;
+    faults.failsTo = [&companions](const QByteArray& to) {
+        return to.endsWith("/top.fcf") || (to.endsWith("/top.txt") && companions++ > 0);
     };
     const Run run = create();
     QCOMPARE(run.code, 3);
     QVERIFY2(
         run.err.contains("/top.txt could not be put back, what stood there before is kept as "),
         run.err);
-    QCOMPARE(m_tool->read(".top.txt.pelk-fcf"), m_companion);
+    QCOMPARE(m_tool->read(".top.txt.pelk-fcf-old"), m_companion);
     QCOMPARE(m_tool->read("top.fcf"), m_image);
     QCOMPARE(m_tool->read("top.fcf.sha256"), m_digest);
 }
 
 void BrokenFileSystemTest::tellsWhatItCannotClear()
 {
-    faults.failsUnlink = [](const QByteArray& path) { return path.endsWith("/.top.txt.pelk-fcf"); };
+    faults.failsUnlink = [](const QByteArray& path) {
+        return path.endsWith("/.top.txt.pelk-fcf-old");
+    };
     const Run run = create();
     QCOMPARE(run.code, 0);
     QVERIFY2(run.err.contains("warning: "), run.err);
-    QVERIFY2(run.err.contains(".top.txt.pelk-fcf: --output: holds what was replaced, and could not "
-                              "be removed"),
-             run.err);
-    QCOMPARE(m_tool->read(".top.txt.pelk-fcf"), m_companion);
+    QVERIFY2(
+        run.err.contains(".top.txt.pelk-fcf-old: --output: holds what was replaced, and could not "
+                         "be removed"),
+        run.err);
+    QCOMPARE(m_tool->read(".top.txt.pelk-fcf-old"), m_companion);
     // The next run clears it.
     faults = Faults();
     QCOMPARE(create().code, 0);
     QCOMPARE(m_tool->names(), QStringList({"top.bin", "top.fcf", "top.fcf.sha256", "top.txt"}));
+}
+
+void BrokenFileSystemTest::leavesNothingWhereFilesCannotBeLocked()
+{
+    faults.hasNoLock = true;
+    const Run run = create();
+    QCOMPARE(run.code, 3);
+    QVERIFY2(run.err.contains("top.fcf: --output: cannot be written: No locks available"), run.err);
+    verifyOldFiles();
 }
 
 QTEST_GUILESS_MAIN(BrokenFileSystemTest)
