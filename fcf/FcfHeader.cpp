@@ -28,7 +28,8 @@ bool operator!=(const FcfFunction& left, const FcfFunction& right) { return !(le
 void FcfHeader::stamp(const QDateTime& moment)
 {
     date = QLocale::system().toString(moment.date(), QLocale::ShortFormat);
-    time = moment.time().toString(QLatin1String("HH:mm:ss"));
+    // Some locales have digits of their own, which no reader of the file takes for a time.
+    time = QLocale::c().toString(moment.time(), QLatin1String("HH:mm:ss"));
 }
 
 bool operator==(const FcfHeader& left, const FcfHeader& right)

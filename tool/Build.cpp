@@ -1,28 +1,49 @@
 #include "Build.h"
 
+#include "fcf/FcfLayout.h"
 #include "fcf/FcfTarget.h"
 
 namespace {
 
-template <class Value>
-void completeWith(std::optional<Value>* own, const std::optional<Value>& other)
+/// Makes the texts of \p record those that a file will hold.
+template <class Record, int Count>
+void asWritten(const FcfLayout::TextField<Record> (&fields)[Count], Record* record)
 {
-    if (!*own)
+    for (const auto& field : fields) {
+        if (field.whenWritten == FcfLayout::Trimmed)
+            record->*field.value = (record->*field.value).trimmed();
+    }
+}
+
+/// Returns whether something was taken.
+template <class Value>
+bool completeWith(std::optional<Value>* own, const std::optional<Value>& other)
+{
+    const bool takes = !*own && other;
+    if (takes)
         *own = other;
+    return takes;
 }
 
 } // namespace
 
-void Build::complete(const Build& other)
+void Build::complete(const Build& other, const QString& origin)
 {
-    completeWith(&author, other.author);
-    completeWith(&ciNumber, other.ciNumber);
-    completeWith(&module, other.module);
-    completeWith(&device, other.device);
-    completeWith(&configNumber, other.configNumber);
-    completeWith(&version, other.version);
-    completeWith(&description, other.description);
-    completeWith(&functions, other.functions);
+    const struct {
+        const char* field;
+        bool isTaken;
+    } fields[] = {{"author", completeWith(&author, other.author)},
+                  {"ciNumber", completeWith(&ciNumber, other.ciNumber)},
+                  {"module", completeWith(&module, other.module)},
+                  {"device", completeWith(&device, other.device)},
+                  {"configNumber", completeWith(&configNumber, other.configNumber)},
+                  {"version", completeWith(&version, other.version)},
+                  {"description", completeWith(&description, other.description)},
+                  {"functions", completeWith(&functions, other.functions)}};
+    for (const auto& field : fields) {
+        if (field.isTaken)
+            origins[QLatin1String(field.field)] = origin;
+    }
 }
 
 Build Build::of(const FcfHeader& header)
@@ -54,4 +75,7 @@ void Build::describe(FcfHeader* header) const
     header->versionMinor = version.value_or(Version()).minor;
     header->description = description.value_or(QString());
     header->functions = functions.value_or(QVector<FcfFunction>());
+    asWritten(FcfLayout::HeaderTexts, header);
+    for (FcfFunction& function : header->functions)
+        asWritten(FcfLayout::FunctionTexts, &function);
 }

@@ -3,6 +3,7 @@
 
 #include "fcf/FcfHeader.h"
 
+#include <QHash>
 #include <QString>
 #include <QVector>
 
@@ -25,13 +26,17 @@ struct Build {
     std::optional<QString> description;
     std::optional<QVector<FcfFunction>> functions;
 
-    /// Takes from \p other whatever was not said here.
-    void complete(const Build& other);
+    /// The files that the fields were taken from, by their names; those of the command line have
+    /// none.
+    QHash<QString, QString> origins;
+
+    /// Takes from \p other whatever was not said here; it comes from the file \p origin.
+    void complete(const Build& other, const QString& origin);
 
     /// What \p header says. Codes that stand for no target leave it unsaid.
     static Build of(const FcfHeader& header);
 
-    /// Puts all that was said into \p header, the target as codes.
+    /// Puts all that was said into \p header, the target as codes, the texts as a file holds them.
     void describe(FcfHeader* header) const;
 };
 

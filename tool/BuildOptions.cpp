@@ -6,6 +6,7 @@
 #include "tool/Recipe.h"
 #include "tool/Session.h"
 
+#include <QFile>
 #include <QRegularExpression>
 
 #include <CLI/CLI.hpp>
@@ -83,7 +84,8 @@ Build BuildOptions::build(Session* session) const
     // A device belongs to its module: another module's is of no use.
     if (build.module && build.module != base.module)
         base.device.reset();
-    build.complete(base);
+    const QString origin = QFile::decodeName(m_like.value_or(std::string()).c_str());
+    build.complete(base, InputFile::labelOf(origin));
     return build;
 }
 
@@ -138,8 +140,16 @@ void BuildOptions::readDescription(Build* build, Session* session) const
         return;
     const std::optional<QByteArray> bytes =
         wholeFile(*path, LargestDescriptionFile, option, session);
-    if (bytes)
-        build->description = session->text(bytes->toStdString(), option);
+    if (!bytes)
+        return;
+    build->origins["description"] = *path;
+    build->description = session->text(bytes->toStdString(), option);
+    if (!build->description)
+        return;
+    // How editors on other systems mark the file and end its lines is no part of the text.
+    if (build->description->startsWith(QChar::ByteOrderMark))
+        build->description->remove(0, 1);
+    build->description->replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
 }
 
 void BuildOptions::readFunctions(Build* build, Session* session) const
@@ -175,7 +185,7 @@ Build BuildOptions::like(Session* session) const
         QString field;
         QString error;
         if (json && !Recipe::read(*json, &build, &field, &error))
-            session->findings.error(ExitCode::Refused, *path, field, error);
+            session->findings.error(ExitCode::Refused, InputFile::labelOf(*path), field, error);
         return build;
     }
     if (path->endsWith(QStringLiteral(".fcf")) || path->endsWith(QStringLiteral(".txt"))) {
@@ -189,8 +199,7 @@ Build BuildOptions::like(Session* session) const
         const bool isRead = page.read(&file, ExitCode::Refused, session);
         return isRead ? Build::of(page.reading.header) : Build();
     }
-    refuse(option,
-           QStringLiteral("\"%1\" ends with neither .fcf, .txt nor .json").arg(shownText(*path)),
-           session);
+    session->findings.error(ExitCode::Refused, *path, option,
+                            QStringLiteral("the name ends with neither .fcf, .txt nor .json"));
     return Build();
 }

@@ -27,7 +27,15 @@ constexpr int LongestDescription = 1000;
 static_assert(Checker::LargestBinary == 2147483647 - FcfLayout::PageBytes,
               "a header is counted as one page");
 
-Checker::Checker(Session* session, const QString& file) : m_session(session), m_file(file) {}
+Checker::Checker(Session* session, const QString& file, const QHash<QString, QString>& origins)
+    : m_session(session), m_file(file), m_origins(origins)
+{
+}
+
+QString Checker::fileOf(const QString& field) const
+{
+    return m_origins.value(field.section(QLatin1Char('['), 0, 0), m_file);
+}
 
 void Checker::checkBuild(const Build& build) const
 {
@@ -125,10 +133,10 @@ void Checker::checkTexts(const FcfHeader& header) const
                 .arg(header.description.size())
                 .arg(LongestDescription));
     for (const TextRules::Breach& breach : TextRules::lostInForm(header, m_session->codec()))
-        m_session->findings.warning(m_file, breach.field, breach.reason);
+        m_session->findings.warning(fileOf(breach.field), breach.field, breach.reason);
 }
 
 void Checker::refuse(const QString& field, const QString& reason) const
 {
-    m_session->findings.error(ExitCode::Refused, m_file, field, reason);
+    m_session->findings.error(ExitCode::Refused, fileOf(field), field, reason);
 }

@@ -1,6 +1,7 @@
 #ifndef TOOL_CHECKER_H
 #define TOOL_CHECKER_H
 
+#include <QHash>
 #include <QString>
 #include <QtGlobal>
 
@@ -16,8 +17,9 @@ public:
     /// 2 GiB.
     static constexpr qint64 LargestBinary = 2147483647 - 2112;
 
-    /// Neither becomes the checker's own. Findings are about \p file.
-    Checker(Session* session, const QString& file);
+    /// Findings are about \p file, or where a field is from another, that one of \p origins. The
+    /// session does not become the checker's own.
+    Checker(Session* session, const QString& file, const QHash<QString, QString>& origins = {});
 
     /// Whether everything was said, and only what exists.
     void checkBuild(const Build& build) const;
@@ -31,10 +33,12 @@ public:
 private:
     void checkTarget(const Build& build) const;
     void checkNumbers(const Build& build) const;
+    QString fileOf(const QString& field) const;
     void refuse(const QString& field, const QString& reason) const;
 
     Session* m_session;
     QString m_file;
+    QHash<QString, QString> m_origins;
 };
 
 #endif

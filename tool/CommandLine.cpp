@@ -40,7 +40,7 @@ public:
     {
         m_app.set_version_flag("--version", std::string("pelk-fcf ") + PELK_FCF_VERSION,
                                "Print the version and exit");
-        m_app.set_help_flag("--help", "Print this help and exit");
+        m_app.set_help_flag("-h,--help", "Print this help and exit");
         m_app.require_subcommand(1);
         m_app.footer(Footer);
         m_app.get_formatter()->label("SUBCOMMAND", "COMMAND");
@@ -68,6 +68,8 @@ public:
             return printed(m_app.help(), environment);
         } catch (const CLI::CallForVersion& version) {
             return printed(version.what() + std::string("\n"), environment);
+        } catch (const CLI::RequiredError& error) {
+            return refused(arguments, missing(error), environment);
         } catch (const CLI::ParseError& error) {
             return refused(arguments, error.what(), environment);
         }
@@ -87,6 +89,16 @@ private:
     {
         return std::any_of(m_commands.begin(), m_commands.end(),
                            [&name](const auto& command) { return command->name() == name; });
+    }
+
+    /// What is not known says more than what is missing on account of it.
+    std::string missing(const CLI::RequiredError& error) const
+    {
+        const std::vector<std::string> unknown = m_app.remaining(true);
+        if (!unknown.empty())
+            return '"' + unknown.front() + "\" is not known";
+        return m_app.get_subcommands().empty() ? "a command is missing; --help lists them"
+                                               : error.what();
     }
 
     static int printed(const std::string& text, Environment* environment)

@@ -35,7 +35,7 @@ bool stageAndPlace(ImageWriter* writer, InputFile* binary, const Outputs& output
     PartialFile::clear(outputs.digest());
 
     error->path = outputs.image();
-    if (!writer->write(binary, image, outputs.hasDigest, &error->reason))
+    if (!writer->write(*binary, image, outputs.hasDigest, error))
         return false;
     const struct {
         bool wanted;
@@ -86,7 +86,7 @@ void CreateCommand::run(Session* session)
     InputFile binary;
     const std::optional<Outputs> outputs = plan(&binary, session);
     if (isWhole)
-        Checker(session, binary.label()).checkBuild(build);
+        Checker(session, binary.label(), build.origins).checkBuild(build);
     const FcfHeader composed =
         header(build, binary, outputs ? outputs->imageName() : QString(), session);
     if (m_strict)
@@ -105,7 +105,8 @@ std::optional<Outputs> CreateCommand::plan(InputFile* binary, Session* session) 
     std::optional<QString> output;
     if (m_output) {
         output = session->path(*m_output, QStringLiteral("--output"));
-        session->outIsTaken = output == StandardStream;
+        // As JSON it is refused, and that is what goes there.
+        session->outIsTaken = output == StandardStream && !session->json;
     }
     if (!path || (m_output && !output) ||
         !binary->open(*path, Checker::LargestBinary, QStringLiteral("BIN"), session))
@@ -146,7 +147,7 @@ FcfHeader CreateCommand::header(const Build& build, const InputFile& binary,
     if (m_dateFormat)
         stamp.dateFormat = session->text(*m_dateFormat, QStringLiteral("--date-format"));
     stamp.apply(&header, session);
-    Checker(session, binary.label()).checkTexts(header);
+    Checker(session, binary.label(), build.origins).checkTexts(header);
     return header;
 }
 
@@ -177,7 +178,6 @@ void CreateCommand::writeToStandardOutput(const FcfHeader& header, InputFile* bi
 {
     FileError error;
     error.path = StandardStream;
-    if (!ImageWriter(header, session)
-             .write(binary, session->environment().out, false, &error.reason))
+    if (!ImageWriter(header, session).write(*binary, session->environment().out, false, &error))
         refuseUnwritten(error, session);
 }

@@ -17,7 +17,42 @@ QByteArray encodedName(const QString& path)
 }
 
 /// sha256sum marks a line in which a name is escaped with a backslash at its start.
-QByteArray escaped(QByteArray name) { return name.replace('\\', "\\\\"); }
+QByteArray escaped(QByteArray name)
+{
+    return name.replace('\\', "\\\\").replace('\n', "\\n").replace('\r', "\\r");
+}
+
+struct Line {
+    QByteArray digest;
+    /// As it stands in the line, less the folders.
+    QByteArray name;
+    bool isEscaped = false;
+};
+
+/// Either form of sha256sum: "DIGEST  NAME", or with --tag "SHA256 (NAME) = DIGEST".
+std::optional<Line> parsed(QByteArray text)
+{
+    static const QByteArray tag = "SHA256 (";
+    static const QByteArray tagEnd = ") = ";
+    Line line;
+    if (text.endsWith('\r'))
+        text.chop(1);
+    line.isEscaped = text.startsWith('\\');
+    if (line.isEscaped)
+        text.remove(0, 1);
+    QByteArray digits = text.left(HexDigits);
+    if (text.startsWith(tag)) {
+        const int nameEnd = text.lastIndexOf(tagEnd);
+        digits = text.mid(nameEnd + tagEnd.size());
+        line.name = text.mid(tag.size(), nameEnd - tag.size());
+    } else if (text.mid(HexDigits, 2) == "  " || text.mid(HexDigits, 2) == " *") {
+        line.name = text.mid(HexDigits + 2);
+    }
+    line.name = line.name.mid(line.name.lastIndexOf('/') + 1);
+    line.digest = QByteArray::fromHex(digits);
+    const bool isDigest = digits.size() == HexDigits && line.digest.toHex() == digits.toLower();
+    return isDigest && !line.name.isEmpty() ? std::optional<Line>(line) : std::nullopt;
+}
 
 } // namespace
 
@@ -25,27 +60,23 @@ QString Digest::pathFor(const QString& imagePath) { return imagePath + QStringLi
 
 QByteArray Digest::line(const QByteArray& digest, const QString& imagePath)
 {
-    const QByteArray name = encodedName(imagePath);
-    const QByteArray start = name.contains('\\') ? "\\" : "";
-    return start + digest.toHex() + "  " + escaped(name) + '\n';
+    const QByteArray name = escaped(encodedName(imagePath));
+    const QByteArray start = name == encodedName(imagePath) ? "" : "\\";
+    return start + digest.toHex() + "  " + name + '\n';
 }
 
-std::optional<QByteArray> Digest::find(const QByteArray& lines, const QString& imagePath)
+QList<QByteArray> Digest::find(const QByteArray& lines, const std::optional<QString>& imagePath)
 {
-    const QByteArray name = encodedName(imagePath);
-    for (QByteArray line : lines.split('\n')) {
-        const bool escapes = line.startsWith('\\');
-        if (escapes)
-            line.remove(0, 1);
-        const QByteArray mark = line.mid(HexDigits, 2);
-        if (mark != "  " && mark != " *")
+    QList<QByteArray> digests;
+    for (const QByteArray& text : lines.split('\n')) {
+        const std::optional<Line> line = parsed(text);
+        if (!line)
             continue;
-        const QByteArray digest = QByteArray::fromHex(line.left(HexDigits));
-        const bool isDigest = digest.toHex() == line.left(HexDigits).toLower();
-        if (isDigest && line.mid(HexDigits + 2) == (escapes ? escaped(name) : name))
-            return digest;
+        const QByteArray name = imagePath ? encodedName(*imagePath) : QByteArray();
+        if (!imagePath || line->name == (line->isEscaped ? escaped(name) : name))
+            digests << line->digest;
     }
-    return std::nullopt;
+    return digests;
 }
 
 std::optional<QByteArray> Digest::of(QIODevice* device)

@@ -2,6 +2,7 @@
 #define TOOL_DIGEST_H
 
 #include <QByteArray>
+#include <QList>
 #include <QString>
 
 #include <optional>
@@ -20,8 +21,9 @@ QString pathFor(const QString& imagePath);
 /// The one line of a digest file: \p digest is binary, the name is that of \p imagePath.
 QByteArray line(const QByteArray& digest, const QString& imagePath);
 
-/// The binary digest that \p lines give for the name of \p imagePath, if they do.
-std::optional<QByteArray> find(const QByteArray& lines, const QString& imagePath);
+/// The binary digests that \p lines give for the name of \p imagePath, whatever its folder, or
+/// where an image has no name, for any.
+QList<QByteArray> find(const QByteArray& lines, const std::optional<QString>& imagePath);
 
 /// The binary digest of all that is left in \p device, or nothing if it cannot be read.
 std::optional<QByteArray> of(QIODevice* device);

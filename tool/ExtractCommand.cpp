@@ -1,10 +1,9 @@
 #include "ExtractCommand.h"
 
-#include "fcf/FcfWriter.h"
 #include "tool/HeaderPage.h"
 #include "tool/InputFile.h"
 #include "tool/Outputs.h"
-#include "tool/Progress.h"
+#include "tool/PayloadCopy.h"
 #include "tool/Session.h"
 #include "tool/StagedFiles.h"
 #include "tool/Validator.h"
@@ -13,25 +12,16 @@
 
 namespace {
 
-bool copyPayload(InputFile* file, const HeaderPage& page, QIODevice* output, Session* session,
-                 QString* error)
-{
-    const qint64 bytes = file->size() - page.bytes;
-    Progress progress(session, QStringLiteral("extract"), bytes);
-    InputSource behindPage(file, page.bytes);
-    MeteredSource payload(&behindPage, &progress);
-    return FcfWriter::copyPayload(&payload, bytes, output, error);
-}
-
 bool writePayload(InputFile* file, const HeaderPage& page, const QString& path, bool force,
                   Session* session, FileError* error)
 {
     error->path = path;
     if (path == StandardStream)
-        return copyPayload(file, page, session->environment().out, session, &error->reason);
+        return copyPayload(*file, page.bytes, "extract", session->environment().out, session,
+                           error);
     StagedFiles files(session->environment().beforeStep);
     QFile* const output = files.add(path, error);
-    if (!output || !copyPayload(file, page, output, session, &error->reason) ||
+    if (!output || !copyPayload(*file, page.bytes, "extract", output, session, error) ||
         !files.place(force, error))
         return false;
     warnOfLeftBehind(files, session);
@@ -52,16 +42,19 @@ void ExtractCommand::run(Session* session)
 {
     const std::optional<QString> path = session->path(m_file, QStringLiteral("FCF"));
     const std::optional<QString> output = session->path(m_output, QStringLiteral("--output"));
-    session->outIsTaken = output == StandardStream;
+    // As JSON it is refused, and that is what goes there.
+    session->outIsTaken = output == StandardStream && !session->json;
     InputFile file;
     HeaderPage page;
     if (!path || !output ||
         !file.open(*path, Validator::LargestFile, QStringLiteral("FCF"), session))
         return;
-    if (session->outIsTaken && session->json)
+    if (output == StandardStream && session->json)
         session->findings.error(ExitCode::Refused, StandardOutputLabel, QStringLiteral("--output"),
                                 QStringLiteral("takes the payload alone: --json needs a file"));
-    if (!session->outIsTaken)
+    if (output == StandardStream)
+        guardStandardOutput(session);
+    else
         guardOutput(*output, m_force, session);
     if (session->findings.hasErrors() || !page.read(&file, ExitCode::NotValid, session))
         return;

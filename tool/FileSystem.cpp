@@ -64,6 +64,12 @@ std::optional<FileSystem::Identity> FileSystem::identityOf(int descriptor)
     return Identity{status.st_dev, status.st_ino};
 }
 
+bool FileSystem::isFile(int descriptor)
+{
+    struct stat status;
+    return ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+}
+
 bool FileSystem::standsAt(const QString& path, int descriptor)
 {
     const auto named = identityOf(path);

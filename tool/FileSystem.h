@@ -31,6 +31,9 @@ std::optional<Identity> identityOf(int descriptor);
 /// Whether the open file is what stands at \p path, by a link or itself.
 bool standsAt(const QString& path, int descriptor);
 
+/// Whether the open file is a file, and no device or stream.
+bool isFile(int descriptor);
+
 enum class Kind { Nothing, File, Link, Folder, Device, Stream };
 
 /// What stands at \p path itself: a link is not followed.

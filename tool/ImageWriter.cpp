@@ -1,8 +1,10 @@
 #include "ImageWriter.h"
 
 #include "fcf/FcfWriter.h"
+#include "tool/FileError.h"
 #include "tool/InputFile.h"
-#include "tool/Progress.h"
+#include "tool/PassingDevice.h"
+#include "tool/PayloadCopy.h"
 #include "tool/Session.h"
 
 namespace {
@@ -36,13 +38,10 @@ ImageWriter::ImageWriter(const FcfHeader& header, Session* session)
     m_page += writer.fillerFor(m_page.size());
 }
 
-bool ImageWriter::write(InputFile* binary, QIODevice* image, bool digesting, QString* error)
+bool ImageWriter::write(const InputFile& binary, QIODevice* image, bool digesting, FileError* error)
 {
-    Progress progress(m_session, QStringLiteral("create"), binary->size());
-    InputSource source(binary, 0);
-    MeteredSource payload(&source, &progress);
     DigestingSink digestingSink(image, &m_hash);
     QIODevice* const sink = digesting ? &digestingSink : image;
-    return FcfWriter::writeAll(sink, m_page, error) &&
-           FcfWriter::copyPayload(&payload, binary->size(), sink, error);
+    return FcfWriter::writeAll(sink, m_page, &error->reason) &&
+           copyPayload(binary, 0, "create", sink, m_session, error);
 }

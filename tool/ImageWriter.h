@@ -9,6 +9,7 @@ class InputFile;
 class QIODevice;
 class Session;
 struct FcfHeader;
+struct FileError;
 
 /// Puts the bytes of one image together.
 class ImageWriter {
@@ -18,9 +19,9 @@ public:
 
     const QByteArray& page() const { return m_page; }
 
-    /// Writes page and payload, and digests them if \p digesting. Returns false with the reason in
-    /// \p error.
-    bool write(InputFile* binary, QIODevice* image, bool digesting, QString* error);
+    /// Writes page and payload, and digests them if \p digesting. Returns false with \p error,
+    /// which keeps its path unless \p binary is what could not be read.
+    bool write(const InputFile& binary, QIODevice* image, bool digesting, FileError* error);
 
     /// The digest of what was written and digested.
     QByteArray digest() const { return m_hash.result(); }

@@ -11,6 +11,7 @@
 #include <cstdlib>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -20,9 +21,15 @@ constexpr int ChunkBytes = 1024 * 1024;
 /// A file for reading and writing that has no name, and so cannot stay; or null, with errno.
 std::unique_ptr<QFile> openNameless()
 {
-    QByteArray name = QFile::encodeName(QDir::tempPath()) + "/pelk-fcf-XXXXXX";
-    const int descriptor = ::mkostemp(name.data(), O_CLOEXEC);
-    if (descriptor < 0 || ::unlink(name.constData()) != 0)
+    const QByteArray folder = QFile::encodeName(QDir::tempPath());
+    int descriptor = ::open(folder.constData(), O_TMPFILE | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (descriptor < 0 && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)) {
+        QByteArray name = folder + "/pelk-fcf-XXXXXX";
+        descriptor = ::mkostemp(name.data(), O_CLOEXEC);
+        if (descriptor >= 0)
+            ::unlink(name.constData());
+    }
+    if (descriptor < 0)
         return nullptr;
     // Without a buffer each write tells itself why it fails.
     auto file = std::make_unique<QFile>();
@@ -177,7 +184,14 @@ qint64 InputSource::readData(char* data, qint64 maxSize)
         return count;
     }
     m_offset += count;
+    m_hasEnded = m_hasEnded || count == 0;
     return count;
+}
+
+bool InputSource::isAtFault() const
+{
+    return !m_failure.isEmpty() || m_offset > m_file->size() ||
+           (m_hasEnded && m_offset < m_file->size());
 }
 
 qint64 InputSource::writeData(const char*, qint64) { return -1; }

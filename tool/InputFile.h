@@ -61,6 +61,9 @@ public:
     /// Why it could not be read, or an empty text. Whoever reads may take that for the end.
     const QString& failure() const { return m_failure; }
 
+    /// Whether it could not be read, or is not as long any more as it was when it was opened.
+    bool isAtFault() const;
+
 protected:
     qint64 readData(char* data, qint64 maxSize) override;
     qint64 writeData(const char* data, qint64 maxSize) override;
@@ -68,6 +71,7 @@ protected:
 private:
     const InputFile* m_file;
     qint64 m_offset;
+    bool m_hasEnded = false;
     QString m_failure;
 };
 

@@ -8,6 +8,7 @@
 #include "tool/Session.h"
 #include "tool/StagedFiles.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -32,6 +33,13 @@ std::optional<Outputs> refuse(const QString& file, const QString& reason, Sessio
     return std::nullopt;
 }
 
+/// What a link such as /dev/stdout leads to is not replaced in place of the link.
+bool leadsToStream(const QString& path)
+{
+    const FileSystem::Kind target = FileSystem::targetKindOf(path);
+    return target == FileSystem::Kind::Device || target == FileSystem::Kind::Stream;
+}
+
 /// Where a run for \p path puts files on the way, or clears what another left.
 QStringList temporaryNames(const QString& path)
 {
@@ -39,19 +47,27 @@ QStringList temporaryNames(const QString& path)
             PartialFile::sparePathFor(path)};
 }
 
+/// Refuses \p path if the file with \p identity is an input. Returns whether it is none.
+bool keepInput(const std::optional<FileSystem::Identity>& identity, const QString& path,
+               Session* session)
+{
+    for (const ReadFile& input : session->inputs) {
+        if (identity == input.identity) {
+            session->findings.error(
+                ExitCode::Refused, path, OutputOption,
+                QStringLiteral("is the input itself, \"%1\"").arg(shownText(input.label)));
+            return false;
+        }
+    }
+    return true;
+}
+
 /// Refuses \p path if an input stands at any of \p names. Returns whether none does.
 bool keepInputs(const QStringList& names, const QString& path, Session* session)
 {
     for (const QString& name : names) {
-        const auto identity = FileSystem::identityOf(name);
-        for (const ReadFile& input : session->inputs) {
-            if (identity == input.identity) {
-                session->findings.error(
-                    ExitCode::Refused, path, OutputOption,
-                    QStringLiteral("is the input itself, \"%1\"").arg(shownText(input.label)));
-                return false;
-            }
-        }
+        if (!keepInput(FileSystem::identityOf(name), path, session))
+            return false;
     }
     return true;
 }
@@ -72,7 +88,9 @@ void guardOutput(const QString& path, bool force, Session* session)
     }
     case FileSystem::Kind::File:
     case FileSystem::Kind::Link:
-        if (!force)
+        if (leadsToStream(path))
+            findings.error(ExitCode::Refused, path, OutputOption, QStringLiteral("is not a file"));
+        else if (!force)
             findings.error(ExitCode::OutputExists, path, OutputOption,
                            QStringLiteral("exists already; --force replaces it"));
         return;
@@ -86,8 +104,20 @@ void guardOutput(const QString& path, bool force, Session* session)
     }
 }
 
+void guardStandardOutput(Session* session)
+{
+    const auto* const file = qobject_cast<const QFile*>(session->environment().out);
+    if (file && FileSystem::isFile(file->handle()))
+        keepInput(FileSystem::identityOf(file->handle()), StandardOutputLabel, session);
+}
+
 void refuseUnwritten(const FileError& error, Session* session)
 {
+    if (error.isInput) {
+        session->findings.error(ExitCode::CannotAccess, error.path, QStringLiteral("payload"),
+                                QStringLiteral("cannot be read: %1").arg(error.reason));
+        return;
+    }
     session->findings.error(error.exists ? ExitCode::OutputExists : ExitCode::CannotAccess,
                             error.path == StandardStream ? StandardOutputLabel : error.path,
                             OutputOption,
@@ -116,8 +146,10 @@ std::optional<Outputs> Outputs::of(const InputFile& binary, const std::optional<
     }
     if (!named)
         return refuse(binary.label(),
-                      QStringLiteral("is missing: only a name that ends with .bin gives the "
-                                     "image's name"),
+                      output ? QStringLiteral("gives no name for the header: only a BIN whose name "
+                                              "ends with .bin does")
+                             : QStringLiteral("is missing: only a name that ends with .bin gives "
+                                              "the image's name"),
                       session);
     outputs.m_image = renamed(binary.path(), ImageEnding);
     outputs.m_companion = renamed(binary.path(), CompanionEnding);
@@ -147,6 +179,7 @@ void Outputs::guard(bool force, Session* session)
             refuse(StandardOutputLabel,
                    QStringLiteral("takes the image alone: --digest and --json need a file"),
                    session);
+        guardStandardOutput(session);
         return;
     }
     guardOutput(m_image, force, session);

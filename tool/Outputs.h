@@ -14,7 +14,10 @@ class StagedFiles;
 /// nothing that exists unless \p force is given. What is refused goes to the findings.
 void guardOutput(const QString& path, bool force, Session* session);
 
-/// Says that an output could not be written on account of \p error.
+/// Guards standard output, where it is a file, as guardOutput() does.
+void guardStandardOutput(Session* session);
+
+/// Says what could not be written, or read on the way, on account of \p error.
 void refuseUnwritten(const FileError& error, Session* session);
 
 /// Warns of what \p files replaced but could not remove.

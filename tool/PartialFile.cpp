@@ -77,7 +77,7 @@ int PartialFile::create(const QString& path, mode_t mode, int* descriptor)
         if (locking != 0 && locking != EWOULDBLOCK)
             return locking;
     }
-    return EBUSY;
+    return EWOULDBLOCK;
 }
 
 bool PartialFile::isInPlace(const QString& path)

@@ -162,7 +162,8 @@ QByteArray Recipe::write(const Build& build)
         }
         object["functions"] = functions;
     }
-    return QJsonDocument(object).toJson();
+    // As it is, a reader would take it for the mark at the start of a file, and drop it.
+    return QJsonDocument(object).toJson().replace("\xef\xbb\xbf", "\\ufeff");
 }
 
 bool Recipe::read(const QByteArray& json, Build* build, QString* field, QString* error)
@@ -179,8 +180,10 @@ bool Recipe::read(const QByteArray& json, Build* build, QString* field, QString*
         return taker.fail(*repeated, QStringLiteral("is given twice"));
 
     std::optional<qint32> recipeVersion;
-    if (!document.isObject() || !taker.number(VersionKey, &recipeVersion) || !recipeVersion)
+    if (!document.isObject() || !document.object().contains(VersionKey))
         return taker.fail(VersionKey, QStringLiteral("is missing: this is not a recipe"));
+    if (!taker.number(VersionKey, &recipeVersion))
+        return false;
     if (*recipeVersion != RecipeVersion)
         return taker.fail(
             VersionKey,

@@ -31,13 +31,17 @@ std::optional<QString> Session::text(const std::string& argument, const QString&
 std::optional<QString> Session::path(const std::string& argument, const QString& field)
 {
     const QByteArray bytes = QByteArray::fromStdString(argument);
-    const QString path = QFile::decodeName(bytes);
+    QString path = QFile::decodeName(bytes);
     if (path.isEmpty()) {
         findings.error(ExitCode::Refused, QString(), field,
                        QStringLiteral("the name of a file cannot be empty"));
         return std::nullopt;
     }
-    if (QFile::encodeName(path) == bytes)
+    const bool isWhole = QFile::encodeName(path) == bytes;
+    // Qt takes such a name for one of its own resources.
+    if (path.startsWith(QLatin1Char(':')))
+        path.prepend(QStringLiteral("./"));
+    if (isWhole)
         return path;
     findings.error(ExitCode::Refused, path, field,
                    QStringLiteral("the name is not text in the encoding of this locale, %1")
@@ -47,6 +51,8 @@ std::optional<QString> Session::path(const std::string& argument, const QString&
 
 int Session::finish()
 {
+    if (quiet)
+        findings.dropNotes();
     QString reason;
     const QByteArray bytes = outBytes();
     if (!bytes.isEmpty() && !FcfWriter::writeAll(m_environment->out, bytes, &reason))
@@ -77,7 +83,7 @@ QByteArray Session::outBytes() const
     }
     QString text;
     for (const Finding& finding : findings.list()) {
-        if (goesToOut(finding) && (!quiet || finding.severity != Finding::Note))
+        if (goesToOut(finding))
             text += finding.text() + QLatin1Char('\n');
     }
     if (!json) {
@@ -91,7 +97,7 @@ void Session::writeMessages()
 {
     QString text;
     for (const Finding& finding : findings.list()) {
-        if (!goesToOut(finding) && (!quiet || finding.severity != Finding::Note))
+        if (!goesToOut(finding))
             text += QStringLiteral("pelk-fcf: %1\n").arg(finding.text());
     }
     // There is nowhere left to say that a message cannot be written.

@@ -35,11 +35,13 @@ std::optional<QDateTime> Stamp::given(Session* session) const
     if (!dateTime)
         return std::nullopt;
     // In UTC, which has every time of day: a local clock that is put forward leaves some out.
-    const QDateTime moment(QDate::fromString(dateTime->section(QLatin1Char('T'), 0, 0), DateFormat),
-                           QTime::fromString(dateTime->section(QLatin1Char('T'), 1), TimeFormat),
-                           Qt::UTC);
-    if (moment.isValid())
-        return moment;
+    const QDate date = QDate::fromString(dateTime->left(DateFormat.size()), DateFormat);
+    const QTime time = QTime::fromString(dateTime->right(TimeFormat.size()), TimeFormat);
+    // Qt would take signs, letters and less than there must be.
+    static const QRegularExpression digits(
+        QStringLiteral("^[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}\\z"));
+    if (digits.match(*dateTime).hasMatch() && date.isValid() && time.isValid())
+        return QDateTime(date, time, Qt::UTC);
     session->findings.error(ExitCode::Refused, QString(), QStringLiteral("--date-time"),
                             QStringLiteral("\"%1\" is not a date and time like "
                                            "2024-05-31T13:45:00")
@@ -59,6 +61,7 @@ std::optional<QDateTime> Stamp::sourceDate(Session* session)
         return QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC);
     session->findings.error(
         ExitCode::Refused, QString(), QStringLiteral("SOURCE_DATE_EPOCH"),
-        QStringLiteral("\"%1\" is not a number of seconds since 1970").arg(shownText(text)));
+        QStringLiteral("\"%1\" is not a number of seconds since 1970, up to the year 9999")
+            .arg(shownText(text)));
     return std::nullopt;
 }

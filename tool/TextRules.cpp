@@ -58,6 +58,8 @@ QString brokenRecord(const NamedText& text)
     for (const QChar character : text.value) {
         if (character == QLatin1Char('\n') && text.hasLines)
             continue;
+        if (character == QLatin1Char('\r'))
+            return QStringLiteral("holds a carriage return, at which a form breaks the line");
         if (isLineBreak(character))
             return QStringLiteral("holds a line break, at which a reader would lose the rest");
         if (character.category() == QChar::Other_Control && character != QLatin1Char('\t'))
@@ -104,6 +106,20 @@ QVector<Breach> TextRules::brokenRecords(const FcfHeader& header)
         const QString reason = brokenRecord(text);
         if (!reason.isEmpty())
             breaches.append({text.field, reason, text.value});
+    }
+    return breaches;
+}
+
+QVector<Breach> TextRules::swallowedFunctions(const FcfHeader& header)
+{
+    const QString start = QLatin1Char('\n') + QLatin1String(FcfLayout::FunctionTexts[0].prefix);
+    QVector<Breach> breaches;
+    for (const NamedText& text : textsOf(header)) {
+        if (text.value.contains(start))
+            breaches.append({text.field,
+                             QStringLiteral("holds a line that begins like a function; the mark "
+                                            "before it may be damaged"),
+                             text.value});
     }
     return breaches;
 }

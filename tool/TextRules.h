@@ -28,6 +28,10 @@ QString fieldName(const char* field, int function);
 /// characters.
 QVector<Breach> brokenRecords(const FcfHeader& header);
 
+/// The texts of \p header in which a line begins like a function: the mark before it may be
+/// damaged.
+QVector<Breach> swallowedFunctions(const FcfHeader& header);
+
 /// The texts of \p header that \p codec has no bytes for.
 QVector<Breach> notEncodable(const FcfHeader& header, const QTextCodec* codec);
 

@@ -137,6 +137,12 @@ void Validator::checkCodes(const FcfHeader& header) const
                 QStringLiteral("one of %1").arg(deviceCodesOf(header.moduleCode)),
                 QString::number(header.deviceCode));
 
+    for (const auto version : {&FcfHeader::versionMajor, &FcfHeader::versionMinor}) {
+        const FcfLayout::NumberField& number = numberOf(version);
+        if (header.*version < 0)
+            invalid(QLatin1String(number.name), number.offset, QStringLiteral("is negative"),
+                    QStringLiteral("0 or more"), QString::number(header.*version));
+    }
     const FcfLayout::NumberField& slot = numberOf(&FcfHeader::configNumber);
     if (header.configNumber < FcfTarget::FirstSlot || header.configNumber > FcfTarget::LastSlot)
         invalid(QLatin1String(slot.name), slot.offset, QStringLiteral("is no flash slot"),
@@ -161,6 +167,10 @@ void Validator::checkTexts(const HeaderPage& page) const
     for (const TextRules::Breach& breach : TextRules::brokenRecords(header))
         invalid(breach.field, offsetOf(page, breach.field), breach.reason,
                 QStringLiteral("a text that a reader takes whole"), breach.value);
+
+    for (const TextRules::Breach& breach : TextRules::swallowedFunctions(header))
+        m_session->findings.note(m_file->label(), breach.field, breach.reason)
+            .at(offsetOf(page, breach.field));
 
     static const QRegularExpression time(
         QStringLiteral("^([01][0-9]|2[0-3]):[0-5][0-9]:[0-5][0-9]\\z"));

@@ -28,15 +28,17 @@ void VerifyCommand::run(Session* session)
         const std::optional<QString> path = session->path(argument, QStringLiteral("FILE"));
         if (!path)
             continue;
-        QJsonObject result{{"file", *path}};
+        const QString label = InputFile::labelOf(*path);
+        QJsonObject result{{"file", label}};
         const int findingsBefore = session->findings.list().size();
         verify(*path, session, &result);
         const ExitCode verdict = session->findings.exitCode(findingsBefore);
-        result["valid"] = verdict == ExitCode::Done;
+        const bool isKnown = verdict == ExitCode::Done || verdict == ExitCode::NotValid;
+        result["valid"] = isKnown ? QJsonValue(verdict == ExitCode::Done) : QJsonValue();
         results.append(result);
-        if (verdict == ExitCode::Done || verdict == ExitCode::NotValid)
+        if (isKnown)
             session->print(QStringLiteral("%1: %2").arg(
-                shownText(*path),
+                shownText(label),
                 verdict == ExitCode::Done ? QStringLiteral("valid") : QStringLiteral("not valid")));
     }
     session->result["files"] = results;
@@ -54,6 +56,11 @@ bool VerifyCommand::usageIsRight(Session* session) const
 void VerifyCommand::verify(const QString& path, Session* session, QJsonObject* result) const
 {
     const std::optional<Validator::Kind> kind = kindOfFile(path, m_type, session);
+    if (kind == Validator::Companion && m_digest) {
+        session->findings.error(ExitCode::Refused, path, QStringLiteral("--digest"),
+                                QStringLiteral("is of an image; this is a companion"));
+        return;
+    }
     InputFile file;
     HeaderPage page;
     if (!kind || !file.open(path, Validator::LargestFile, QStringLiteral("FILE"), session) ||
@@ -110,8 +117,11 @@ bool VerifyCommand::checkDigest(InputFile* file, Session* session) const
     if (!lines)
         return false;
 
-    const std::optional<QByteArray> expected = Digest::find(*lines, file->path());
-    if (!expected) {
+    const bool hasName = !file->isStandardInput();
+    const QList<QByteArray> expected =
+        Digest::find(*lines, hasName ? std::optional<QString>(file->path()) : std::nullopt);
+    // Without a name to look for, only a lone one can be meant.
+    if (expected.isEmpty() || (!hasName && expected.size() > 1)) {
         session->findings
             .error(ExitCode::NotValid, *path, field,
                    QStringLiteral("holds no SHA-256 of \"%1\"").arg(shownText(file->label())))
@@ -126,11 +136,14 @@ bool VerifyCommand::checkDigest(InputFile* file, Session* session) const
     const std::optional<QByteArray> found = Digest::of(&metered);
     if (!found)
         file->refuse(source.failure(), QString(), session);
-    else if (*found != *expected)
-        session->findings
-            .error(ExitCode::NotValid, file->label(), field,
-                   QStringLiteral("is not that of %1").arg(shownText(*path)))
-            .at(0)
-            .comparing(QString::fromLatin1(expected->toHex()), QString::fromLatin1(found->toHex()));
+    for (const QByteArray& digest : expected) {
+        if (found && *found != digest)
+            session->findings
+                .error(ExitCode::NotValid, file->label(), field,
+                       QStringLiteral("is not that of %1").arg(shownText(*path)))
+                .at(0)
+                .comparing(QString::fromLatin1(digest.toHex()),
+                           QString::fromLatin1(found->toHex()));
+    }
     return found.has_value();
 }

@@ -39,13 +39,17 @@ private slots:
     void endsWithEachExitCode();
     void takesNamesOfAllKinds_data();
     void takesNamesOfAllKinds();
+    void takesANameThatBeginsWithAColon();
     void worksThroughPipes();
     void readsAFileOnStandardInputFromWhereItStands();
     void confusesNoFileWithAClosedStream_data();
     void confusesNoFileWithAClosedStream();
     void isCheckedBySha256sum();
     void obeysSourceDateEpoch();
+    void writesTheTimeAlikeInEveryLocale();
     void takesADateAndTimeInEveryTimeZone();
+    void refusesAnInputAsStandardOutput_data();
+    void refusesAnInputAsStandardOutput();
     void leavesNothingOnAFullDisk_data();
     void leavesNothingOnAFullDisk();
     void tellsThatStandardOutputIsFull();
@@ -127,6 +131,21 @@ void BlackBoxTest::takesNamesOfAllKinds()
     const QJsonObject shown =
         run({"show", "--json", image}).json()["files"].toArray()[0].toObject();
     QCOMPARE(shown["header"].toObject()["fileName"].toString(), name + ".fcf");
+}
+
+void BlackBoxTest::takesANameThatBeginsWithAColon()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    QProcess process;
+    process.setWorkingDirectory(tool.path("."));
+    process.start("sh", {"-c",
+                         "cp top.bin :c.bin && \"$0\" create :c.bin --like top.fcf --digest && "
+                         "\"$0\" verify :c.fcf --bin :c.bin --companion :c.txt",
+                         PELK_FCF});
+    const Run run = finished(&process);
+    QVERIFY2(run.code == 0, run.err);
+    QVERIFY2(run.out.endsWith(":c.fcf: valid\n"), run.out);
 }
 
 void BlackBoxTest::worksThroughPipes()
@@ -245,6 +264,53 @@ void BlackBoxTest::obeysSourceDateEpoch()
     const Run refused = run(create(tool, "top.bin", {"--force"}), {}, environment);
     QCOMPARE(refused.code, 2);
     QVERIFY(refused.err.contains("SOURCE_DATE_EPOCH: \"yesterday\" is not a number"));
+}
+
+void BlackBoxTest::writesTheTimeAlikeInEveryLocale()
+{
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(100));
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("SOURCE_DATE_EPOCH", "1717163100");
+    for (const char* const locale : {"ar_SA.UTF-8", "fa_IR.UTF-8", "de_DE.UTF-8"}) {
+        environment.insert("LC_ALL", locale);
+        const Run run = this->run(create(tool, "top.bin", {"--date-format", "iso", "--force"}), {},
+                                  environment);
+        QVERIFY2(run.code == 0, run.err);
+        QVERIFY2(tool.read("top.txt").contains("\nDate: 2024-05-31\nTime: 13:45:00\n"), locale);
+    }
+}
+
+void BlackBoxTest::refusesAnInputAsStandardOutput_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("file");
+    QTest::newRow("extract in place") << "extract top.fcf --output - 1<>top.fcf"
+                                      << "top.fcf";
+    QTest::newRow("extract its own input") << "extract - --output - <top.fcf 1<>top.fcf"
+                                           << "top.fcf";
+    QTest::newRow("create in place") << "create top.bin --like top.fcf --no-companion --output - "
+                                        "1<>top.bin"
+                                     << "top.bin";
+    QTest::newRow("create behind it") << "create top.bin --like top.fcf --no-companion --output - "
+                                         ">>top.bin"
+                                      << "top.bin";
+}
+
+void BlackBoxTest::refusesAnInputAsStandardOutput()
+{
+    QFETCH(QString, command);
+    QFETCH(QString, file);
+    ToolFixture tool;
+    tool.makeImage();
+    const QByteArray bytes = tool.read(file);
+    QProcess process;
+    process.setWorkingDirectory(tool.path("."));
+    process.start("sh", {"-c", "\"$0\" " + command, PELK_FCF});
+    const Run run = finished(&process);
+    QCOMPARE(run.code, 2);
+    QVERIFY2(run.err.contains("standard output: --output: is the input itself, \""), run.err);
+    QCOMPARE(tool.read(file), bytes);
 }
 
 void BlackBoxTest::takesADateAndTimeInEveryTimeZone()

@@ -97,6 +97,8 @@ private slots:
     void leavesWhatWasThereOnAFullDisk();
     void needsRoomToPutStandardInputAside();
     void leavesWhatWasThereWhenTheDiskTakesNothing();
+    void tellsOfABinaryThatChangesMeanwhile_data();
+    void tellsOfABinaryThatChangesMeanwhile();
     void tellsOfEachReadThatFails_data() { addCommands(); }
     void tellsOfEachReadThatFails();
 
@@ -181,6 +183,29 @@ void BrokenDiskTest::leavesWhatWasThereWhenTheDiskTakesNothing()
     verifyNothingChanged();
 }
 
+void BrokenDiskTest::tellsOfABinaryThatChangesMeanwhile_data()
+{
+    QTest::addColumn<int>("bytes");
+    QTest::addColumn<QByteArray>("reason");
+    QTest::newRow("shorter") << 3999 << QByteArray("the payload ends after 3999 of 4000 bytes");
+    QTest::newRow("longer") << 4001 << QByteArray("the payload is longer than its 4000 bytes");
+}
+
+void BrokenDiskTest::tellsOfABinaryThatChangesMeanwhile()
+{
+    QFETCH(int, bytes);
+    QFETCH(QByteArray, reason);
+    m_before["top.bin"] = ToolFixture::payload(bytes);
+    m_tool->environment.beforeStep = [&](const char* step) {
+        if (qstrcmp(step, "undo") == 0)
+            m_tool->write("top.bin", m_before["top.bin"]);
+    };
+    const Run run = m_tool->run(m_tool->createAll({"--force"}));
+    QCOMPARE(run.code, 3);
+    QVERIFY2(run.err.contains("/top.bin: payload: cannot be read: " + reason), run.err);
+    verifyNothingChanged();
+}
+
 void BrokenDiskTest::addCommands()
 {
     QTest::addColumn<QStringList>("arguments");
@@ -233,7 +258,8 @@ void BrokenDiskTest::tellsOfEachReadThatFails()
             break;
         }
         QVERIFY2(run.code == 3, run.err);
-        QVERIFY2(run.err.contains("Input/output error"), run.err);
+        QVERIFY2(run.err.contains("cannot be read: Input/output error"), run.err);
+        QVERIFY2(!run.err.contains("cannot be written"), run.err);
         verifyNothingChanged();
     }
     QVERIFY(failures > 0);

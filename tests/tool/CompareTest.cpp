@@ -15,6 +15,7 @@ private slots:
     void checksADigestFromElsewhere();
     void acceptsOtherFormsOfDigestFiles_data();
     void acceptsOtherFormsOfDigestFiles();
+    void takesTheOnlyDigestForAnImageWithoutAName();
 };
 
 void CompareTest::comparesThePayloadWithTheBinary()
@@ -109,6 +110,15 @@ void CompareTest::acceptsOtherFormsOfDigestFiles_data()
     QTest::newRow("a binary mark") << QByteArray() << QByteArray(" *top.fcf\n") << true;
     QTest::newRow("several lines") << other << "  top.fcf\n" + other << true;
     QTest::newRow("no line feed") << QByteArray() << QByteArray("  top.fcf") << true;
+    QTest::newRow("a folder") << QByteArray() << QByteArray("  out/top.fcf\n") << true;
+    QTest::newRow("this folder") << QByteArray() << QByteArray(" *./top.fcf\n") << true;
+    QTest::newRow("line feeds of another system")
+        << QByteArray() << QByteArray("  top.fcf\r\n") << true;
+    QTest::newRow("a tag") << QByteArray("SHA256 (top.fcf) = ") << QByteArray("\n") << true;
+    QTest::newRow("a tag of another name")
+        << QByteArray("SHA256 (a.fcf) = ") << QByteArray("\n") << false;
+    QTest::newRow("two digests of the name") << QByteArray(64, 'a') + "  top.fcf\n"
+                                             << QByteArray("  top.fcf\n") << false;
     QTest::newRow("no name") << QByteArray() << QByteArray("\n") << false;
     QTest::newRow("one blank") << QByteArray() << QByteArray(" top.fcf\n") << false;
     QTest::newRow("a longer name") << QByteArray() << QByteArray("  top.fcf.old\n") << false;
@@ -123,6 +133,20 @@ void CompareTest::acceptsOtherFormsOfDigestFiles()
     const QByteArray digest = QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
     m_tool.write("sums", before + digest + after);
     QCOMPARE(verifyBytes(bytes, {"--digest", m_tool.argument("sums")}).code, accepted ? 0 : 1);
+}
+
+void CompareTest::takesTheOnlyDigestForAnImageWithoutAName()
+{
+    m_tool.in = ForgedImage().bytes();
+    const QByteArray digest = QCryptographicHash::hash(m_tool.in, QCryptographicHash::Sha256);
+    const Arguments arguments{"verify", "-",        "--type",
+                              "image",  "--digest", m_tool.argument("sums")};
+    m_tool.write("sums", digest.toHex() + "  top.fcf\n");
+    QCOMPARE(m_tool.run(arguments).code, 0);
+    m_tool.write("sums", QByteArray(64, 'a') + "  top.fcf\n");
+    QCOMPARE(m_tool.run(arguments).code, 1);
+    m_tool.write("sums", digest.toHex() + "  top.fcf\n" + digest.toHex() + "  other.fcf\n");
+    QCOMPARE(m_tool.run(arguments).code, 1);
 }
 
 QTEST_GUILESS_MAIN(CompareTest)

@@ -112,6 +112,14 @@ void CreateTest::takesADescriptionFromAFile()
                  .code,
              0);
     QVERIFY(tool.read("top.txt").contains("Description: First\nSecond: Grün\n---\n"));
+    // As editors on other systems leave it.
+    tool.write("notes", "\xef\xbb\xbf"
+                        "First\r\nThird\r\n");
+    QCOMPARE(tool.run({"create", tool.argument("top.bin"), "--like", tool.argument("top.txt"),
+                       "--description", "@" + tool.argument("notes"), "--force"})
+                 .code,
+             0);
+    QVERIFY(tool.read("top.txt").contains("Description: First\nThird\n---\n"));
 }
 
 void CreateTest::takesAnAtSignAtTheStartOfADescription()

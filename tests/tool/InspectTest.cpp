@@ -40,6 +40,8 @@ private slots:
     void extractsNothingFromABadImage();
     void guardsTheOutputOfAnExtraction();
     void printsHelpAndVersion();
+    void keepsAByteOrderMarkInARecipe();
+    void leavesNotesOutOfJsonWhenItIsToBeQuiet();
 };
 
 void InspectTest::listsAHeaderForPeople()
@@ -310,6 +312,32 @@ void InspectTest::printsHelpAndVersion()
         QCOMPARE(run.err, QByteArray());
     }
     QVERIFY(tool.run({"--version"}).out.startsWith("pelk-fcf 2."));
+}
+
+void InspectTest::keepsAByteOrderMarkInARecipe()
+{
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(100));
+    Arguments described = ToolFixture::described();
+    described[1] = "\xef\xbb\xbf"
+                   "Ann";
+    described[3] = "\xef\xbb\xbf";
+    QCOMPARE(tool.run(Arguments{"create", tool.argument("top.bin")} + described).code, 0);
+    const QByteArray image = tool.read("top.fcf");
+    tool.write("top.json", tool.run({"recipe", tool.argument("top.fcf")}).out);
+    const Run again = tool.run(
+        {"create", tool.argument("top.bin"), "--like", tool.argument("top.json"), "--force"});
+    QVERIFY2(again.code == 0, again.err);
+    QCOMPARE(tool.read("top.fcf"), image);
+}
+
+void InspectTest::leavesNotesOutOfJsonWhenItIsToBeQuiet()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    const Arguments arguments{"verify", tool.argument("top.fcf"), "--json"};
+    QVERIFY(!tool.run(arguments).json()["findings"].toArray().isEmpty());
+    QVERIFY(tool.run(arguments + Arguments{"--quiet"}).json()["findings"].toArray().isEmpty());
 }
 
 QTEST_GUILESS_MAIN(InspectTest)

@@ -35,6 +35,8 @@ void OutputRefusalTest::refusesAnOutput_data()
         << "link.fcf" << false << "link.fcf: --output: exists" << 4;
     QTest::newRow("a folder") << "folder.fcf" << true << "folder.fcf: --output: is a folder" << 2;
     QTest::newRow("a pipe") << "pipe.fcf" << true << "pipe.fcf: --output: is not a file" << 2;
+    QTest::newRow("a link to a device")
+        << "device.fcf" << true << "device.fcf: --output: is not a file" << 2;
     QTest::newRow("another ending")
         << "image.bin" << true << "image.bin: --output: the name of an image ends with .fcf" << 2;
     QTest::newRow("a missing folder")
@@ -60,6 +62,7 @@ void OutputRefusalTest::refusesAnOutput()
     tool.write("old.fcf", "old");
     tool.write("half.txt", "old");
     QVERIFY(QFile::link("nowhere", tool.path("link.fcf")));
+    QVERIFY(QFile::link("/dev/null", tool.path("device.fcf")));
     QVERIFY(QDir().mkdir(tool.path("folder.fcf")));
     QCOMPARE(::mkfifo(tool.argument("pipe.fcf").c_str(), 0600), 0);
     const QStringList before = tool.names();
@@ -117,6 +120,10 @@ void OutputRefusalTest::refusesTheInputAsOutputUnderAnyName_data()
                                       << "b.fcf";
     QTest::newRow("as a temporary file") << ".c.fcf.pelk-fcf"
                                          << "c.fcf";
+    QTest::newRow("as a temporary file of a digest that is not written") << ".d.fcf.sha256.pelk-fcf"
+                                                                         << "d.fcf";
+    QTest::newRow("as what was replaced") << ".e.txt.pelk-fcf-old"
+                                          << "e.fcf";
 }
 
 void OutputRefusalTest::refusesTheInputAsOutputUnderAnyName()
@@ -127,7 +134,9 @@ void OutputRefusalTest::refusesTheInputAsOutputUnderAnyName()
     const QByteArray bytes = ToolFixture::payload(100);
     tool.write("a.fcf", bytes);
     tool.write("b.txt", bytes);
-    tool.write(".c.fcf.pelk-fcf", bytes);
+    for (const char* const name :
+         {".c.fcf.pelk-fcf", ".d.fcf.sha256.pelk-fcf", ".e.txt.pelk-fcf-old"})
+        tool.write(name, bytes);
     QVERIFY(QDir().mkdir(tool.path("folder")));
     QCOMPARE(::link(tool.argument("a.fcf").c_str(), tool.argument("hard.fcf").c_str()), 0);
     QVERIFY(QFile::link("a.fcf", tool.path("soft.fcf")));

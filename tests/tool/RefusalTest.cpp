@@ -62,7 +62,7 @@ void RefusalTest::refusesWhatCannotBeBuilt_data()
     row("a version with letters", "--version", "1.b", "--version: \"1.b\" is not two numbers");
     row("a version beyond 32 bits", "--version", "1.2147483648", "is not two numbers");
     row("an author of two lines", "--author", "A\nB", "author: holds a line break");
-    row("a carriage return", "--ci", "4\r2", "ciNumber: holds a line break");
+    row("a carriage return", "--ci", "4\r2", "ciNumber: holds a carriage return");
     row("a line separator", "--description", QString("a") + QChar(0x2028) + "b",
         "description: holds a line break");
     row("a paragraph separator", "--author", QString("a") + QChar(0x2029) + "b",
@@ -72,8 +72,13 @@ void RefusalTest::refusesWhatCannotBeBuilt_data()
     row("a mark in the description", "--description", "a --- b", "description: holds \"---\"");
     row("a mark on its own line", "--description", "a\n---\nb", "description: holds \"---\"");
     row("a carriage return in the description", "--description", "a\r\nb",
-        "description: holds a line break");
+        "description: holds a carriage return");
     row("a malformed time", "--date-time", "2024-05-31 13:45", "--date-time: \"2024-05-31 13:45\"");
+    for (const char* const moment :
+         {"2024-05-31", "2024-05-31T13:45", "2024-05-31T13:45:00Z", "2024-05-31T13:45:00+02:00",
+          "2024-05-31T24:00:00", "2024-05-31T23:59:60", "2024-05-31Tgarbage",
+          "2024-05-31T13:45:00 ", "+024-05-31T13:45:00", "2024-5-31T13:45:00"})
+        row(moment, "--date-time", moment, "is not a date and time like 2024-05-31T13:45:00");
     row("a day that is not", "--date-time", "2024-02-30T00:00:00", "is not a date and time like");
     row("an unknown date format", "--date-format", "us",
         "--date-format: \"us\" is neither \"locale\" nor \"iso\"");
@@ -227,7 +232,7 @@ void RefusalTest::refusesAnotherBuild_data()
         QTest::newRow(name) << "like.json" << json << text;
     };
     QTest::newRow("an unknown ending")
-        << "like.xml" << QByteArray("<x/>") << "ends with neither .fcf, .txt nor .json";
+        << "like.xml" << QByteArray("<x/>") << "the name ends with neither .fcf, .txt nor .json";
     QTest::newRow("an image that is none")
         << "like.fcf" << QByteArray(3000, 'x')
         << "like.fcf: text at offset 64: is not what an FCF header";
@@ -286,6 +291,7 @@ void RefusalTest::refusesAnotherBuild()
     const Run run = tool.run(
         Arguments{"create", tool.argument("top.bin"), "--like", tool.argument(name)} + described);
     QVERIFY2(run.err.contains(text.toUtf8()), run.err);
+    QVERIFY2(run.err.contains('/' + name.toUtf8() + ": "), run.err);
     QCOMPARE(run.code, 2);
     QCOMPARE(tool.names().size(), 2);
 }
@@ -321,9 +327,14 @@ void RefusalTest::refusesWrongUsage_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("text");
-    QTest::newRow("nothing") << QStringList() << "is required";
+    QTest::newRow("nothing") << QStringList() << "a command is missing";
     QTest::newRow("an unknown command") << QStringList({"make"}) << "make";
     QTest::newRow("an unknown option") << QStringList({"show", "--all", "a.fcf"}) << "--all";
+    QTest::newRow("an unknown option, and a missing one")
+        << QStringList({"extract", "a.fcf", "--out", "b"}) << "\"--out\" is not known";
+    QTest::newRow("a digest of a companion")
+        << QStringList({"verify", "top.txt", "--digest", "none"})
+        << "top.txt: --digest: is of an image; this is a companion";
     QTest::newRow("an option without its value")
         << QStringList({"create", "a.bin", "--author"}) << "--author";
     QTest::newRow("an option twice")
@@ -348,6 +359,12 @@ void RefusalTest::refusesWrongUsage_data()
         << "--digest and --json need a file";
     QTest::newRow("JSON and a payload")
         << QStringList({"extract", "top.bin", "--output", "-", "--json"}) << "--json needs a file";
+    QTest::newRow("JSON and an image")
+        << QStringList({"create", "top.bin", "--output", "-", "--no-companion", "--json"})
+        << "--digest and --json need a file";
+    QTest::newRow("a stream that gives no name")
+        << QStringList({"create", "-", "--output", "-", "--no-companion"})
+        << "standard input: --output: gives no name for the header";
 }
 
 void RefusalTest::refusesWrongUsage()
@@ -355,14 +372,17 @@ void RefusalTest::refusesWrongUsage()
     QFETCH(QStringList, arguments);
     QFETCH(QString, text);
     ToolFixture tool;
-    tool.write("top.bin", ToolFixture::payload(100));
+    tool.makeImage();
     Arguments given;
     for (const QString& argument : arguments)
-        given.push_back(argument == "top.bin" ? tool.argument(argument) : argument.toStdString());
+        given.push_back(tool.exists(argument) ? tool.argument(argument) : argument.toStdString());
     const Run run = tool.run(given);
     QVERIFY2(run.err.startsWith("pelk-fcf: error: ") && run.err.contains(text.toUtf8()), run.err);
     QCOMPARE(run.code, 2);
-    QCOMPARE(run.out, QByteArray());
+    if (arguments.contains("--json"))
+        QCOMPARE(run.json()["exitCode"].toInt(), 2);
+    else
+        QCOMPARE(run.out, QByteArray());
 }
 
 void RefusalTest::reportsARefusalAsJson()

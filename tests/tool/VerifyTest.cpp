@@ -18,6 +18,9 @@ private slots:
     void findsAFileCutAnywhere();
     void findsCodesOutOfRange_data();
     void findsCodesOutOfRange();
+    void findsANegativeVersion();
+    void notesAFunctionThatIsPartOfAText_data();
+    void notesAFunctionThatIsPartOfAText();
     void findsTextsThatAreNotWellFormed_data();
     void findsTextsThatAreNotWellFormed();
     void findsATextBeyondThePage();
@@ -171,6 +174,41 @@ void VerifyTest::findsCodesOutOfRange()
     QCOMPARE(run.code, field.isEmpty() ? 0 : 1);
     if (!field.isEmpty())
         QCOMPARE(run.finding(field)["severity"].toString(), QString("error"));
+}
+
+void VerifyTest::findsANegativeVersion()
+{
+    for (const int index : {9, 10}) {
+        ForgedImage image;
+        image.numbers[index] = -3;
+        checkFinding(verify(image),
+                     {index == 9 ? "versionMajor" : "versionMinor", 4 * index, "0 or more", "-3"});
+    }
+}
+
+void VerifyTest::notesAFunctionThatIsPartOfAText_data()
+{
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<bool>("first");
+    QTest::newRow("of the description") << "description" << true;
+    QTest::newRow("of a function before it") << "functions[0].description" << false;
+}
+
+void VerifyTest::notesAFunctionThatIsPartOfAText()
+{
+    QFETCH(QString, field);
+    QFETCH(bool, first);
+    ForgedImage image;
+    const QByteArray function = "Function name: a\nFunction author: b\nFunction CI No: c\n"
+                                "Function description: d\n---\n";
+    image.text.replace("----\n", function + "----\n");
+    const int mark =
+        first ? image.text.indexOf("---\n") : image.text.indexOf("---\nFunction name: a");
+    // One bit of the mark is another one.
+    image.text[mark] = static_cast<char>(image.text.at(mark) ^ 1);
+    const Run run = verify(image);
+    QCOMPARE(run.code, 0);
+    QCOMPARE(run.finding(field)["severity"].toString(), QString("note"));
 }
 
 void VerifyTest::findsTextsThatAreNotWellFormed_data()
