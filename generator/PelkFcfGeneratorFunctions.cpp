@@ -3,6 +3,7 @@
 #include "PelkFcfGenerator.h"
 
 #include "fcf/FcfHeader.h"
+#include "fcf/FcfLayout.h"
 
 #include "ui_PelkFcfGenerator.h"
 
@@ -12,8 +13,6 @@ namespace {
 
 /// Where each text of a function stands among its entries of the flat list.
 enum Entry { NameEntry, AuthorEntry, DescriptionEntry, CiNumberEntry, EntryCount };
-
-const int MaximumDescriptionLength = 1000;
 
 const char* const DefaultText = "0000";
 
@@ -185,9 +184,9 @@ void PelkFcfGenerator::on_btnItsMe_clicked()
 void PelkFcfGenerator::DescriptionMemoExit()
 {
     const QString description = ui->DescriptionMemo->toPlainText();
-    if (description.length() <= MaximumDescriptionLength)
+    if (description.length() <= FcfLayout::FormDescriptionLength)
         return;
-    ui->DescriptionMemo->setPlainText(description.left(MaximumDescriptionLength));
+    ui->DescriptionMemo->setPlainText(description.left(FcfLayout::FormDescriptionLength));
     ui->DescriptionMemo->setFocus();
     m_dialogs->tell(tr("The Description can not be more 1000 characters long The description is "
                        "too long"));

@@ -19,8 +19,6 @@ QString quotedList(const QStringList& names)
 QString missing(const char* option) { return QStringLiteral("is missing: give %1").arg(option); }
 
 constexpr int MibOfUtf8 = 106;
-/// Of the window, in UTF-16 units.
-constexpr int LongestDescription = 1000;
 
 } // namespace
 
@@ -126,12 +124,12 @@ void Checker::checkTexts(const FcfHeader& header) const
             QStringLiteral("the header text is too long by %1 bytes; the largest "
                            "fields are %2")
                 .arg(QString::number(excess), TextRules::largestTexts(header, m_session->codec())));
-    if (header.description.size() > LongestDescription)
+    if (header.description.size() > FcfLayout::FormDescriptionLength)
         m_session->findings.warning(
             m_file, QStringLiteral("description"),
             QStringLiteral("has %1 characters: the generator window cuts it behind %2")
                 .arg(header.description.size())
-                .arg(LongestDescription));
+                .arg(FcfLayout::FormDescriptionLength));
     for (const TextRules::Breach& breach : TextRules::lostInForm(header, m_session->codec()))
         m_session->findings.warning(fileOf(breach.field), breach.field, breach.reason);
 }

@@ -104,8 +104,11 @@ void Validator::checkSizes(const FcfHeader& header, qint64 bytes) const
 {
     if (bytes <= 0 || bytes > Checker::LargestBinary) {
         invalid(QStringLiteral("binFileSize"), numberOf(&FcfHeader::binFileSize).offset,
-                QStringLiteral("the payload is empty or larger than a size field can tell"),
-                QStringLiteral("1 to %1").arg(Checker::LargestBinary), QString::number(bytes));
+                QStringLiteral("the payload has %1 bytes, and a size field can tell 1 to %2")
+                    .arg(bytes)
+                    .arg(Checker::LargestBinary),
+                bytes == header.binFileSize ? QStringLiteral("1 or more") : QString::number(bytes),
+                QString::number(header.binFileSize));
         return;
     }
     FcfHeader sizes;
