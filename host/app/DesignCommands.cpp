@@ -1,6 +1,8 @@
 #include "DesignCommands.h"
 
 #include "archive/ArchiveDialog.h"
+#include "common/FileProblem.h"
+#include "common/PlainMessageBox.h"
 #include "DesignModel.h"
 #include "DesignStorage.h"
 #include "DesignView.h"
@@ -277,7 +279,7 @@ void DesignCommands::addPaths(const QStringList& paths, Design* design)
         else if (DesignFile* const file = design->addFile(path, &error))
             files << file;
         if (!error.isEmpty())
-            problems << tr("%1: %2").arg(QDir::toNativeSeparators(path), error);
+            problems << fileProblem(path, error);
     }
     design->tree()->endProcessingCycle();
     design->refreshFiles(files);
@@ -287,22 +289,22 @@ void DesignCommands::addPaths(const QStringList& paths, Design* design)
 }
 
 int DesignCommands::ask(const QString& name, const QString& text,
-                        QMessageBox::StandardButtons buttons)
+                        QMessageBox::StandardButtons buttons,
+                        QMessageBox::StandardButton defaultButton)
 {
-    return showBox(QMessageBox::Question, name, text, buttons);
+    return showBox(QMessageBox::Question, name, text, buttons, defaultButton);
 }
 
 void DesignCommands::showError(const QString& name, const QString& text)
 {
-    showBox(QMessageBox::Warning, name, text, QMessageBox::Ok);
+    showBox(QMessageBox::Warning, name, text, QMessageBox::Ok, QMessageBox::Ok);
 }
 
 int DesignCommands::showBox(QMessageBox::Icon icon, const QString& name, const QString& text,
-                            QMessageBox::StandardButtons buttons)
+                            QMessageBox::StandardButtons buttons,
+                            QMessageBox::StandardButton defaultButton)
 {
-    QMessageBox box(icon, tr("Pelk Design Host"), text, buttons, m_window);
+    PlainMessageBox box(icon, tr("Pelk Design Host"), text, buttons, defaultButton, m_window);
     box.setObjectName(name);
-    // What a path looks like must not change it.
-    box.setTextFormat(Qt::PlainText);
     return box.exec();
 }

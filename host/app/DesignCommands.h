@@ -64,10 +64,11 @@ private:
     bool mayClose(OrvanticCore::Design* design);
     void addPaths(const QStringList& paths, OrvanticCore::Design* design);
     /// Returns the button that the user chose.
-    int ask(const QString& name, const QString& text, QMessageBox::StandardButtons buttons);
+    int ask(const QString& name, const QString& text, QMessageBox::StandardButtons buttons,
+            QMessageBox::StandardButton defaultButton = QMessageBox::NoButton);
     void showError(const QString& name, const QString& text);
     int showBox(QMessageBox::Icon icon, const QString& name, const QString& text,
-                QMessageBox::StandardButtons buttons);
+                QMessageBox::StandardButtons buttons, QMessageBox::StandardButton defaultButton);
 
     OpenDesigns* m_designs;
     DesignModel* m_model;

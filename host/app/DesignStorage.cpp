@@ -1,5 +1,6 @@
 #include "DesignStorage.h"
 
+#include "common/FileProblem.h"
 #include "DesignDescription.h"
 #include "JsonNode.h"
 
@@ -16,11 +17,6 @@ using OrvanticCore::Design;
 namespace {
 
 QString tr(const char* text) { return QCoreApplication::translate("DesignStorage", text); }
-
-QString problem(const QString& path, const QString& reason)
-{
-    return QString("%1: %2").arg(QDir::toNativeSeparators(path), reason);
-}
 
 /// Goes on after a short write, which does not tell what has stopped it.
 bool writeAll(QIODevice* device, const QByteArray& bytes)
@@ -62,20 +58,20 @@ std::unique_ptr<Design> DesignStorage::load(const QString& folder, QString* erro
     const QString path = descriptionPath(folder);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        *error = problem(path, file.errorString());
+        *error = fileProblem(path, file.errorString());
         return nullptr;
     }
     const QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError) {
-        *error = problem(path, file.errorString());
+        *error = fileProblem(path, file.errorString());
         return nullptr;
     }
 
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &parseError);
     if (parseError.error != QJsonParseError::NoError) {
-        *error = problem(path, QString("%1: %2").arg(placeOf(bytes, parseError.offset),
-                                                     parseError.errorString()));
+        *error = fileProblem(path, QString("%1: %2").arg(placeOf(bytes, parseError.offset),
+                                                         parseError.errorString()));
         return nullptr;
     }
     try {
@@ -85,7 +81,7 @@ std::unique_ptr<Design> DesignStorage::load(const QString& folder, QString* erro
         refreshReadOnly(design.get());
         return design;
     } catch (const JsonError& wrong) {
-        *error = problem(path, QString("%1: %2").arg(wrong.place(), wrong.reason()));
+        *error = fileProblem(path, QString("%1: %2").arg(wrong.place(), wrong.reason()));
         return nullptr;
     }
 }
@@ -103,7 +99,7 @@ bool DesignStorage::save(Design* design, QString* error)
     // Unbuffered: QSaveFile would not notice when the last of its buffer cannot be written.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(&file, bytes) ||
         !file.commit()) {
-        *error = problem(path, file.errorString());
+        *error = fileProblem(path, file.errorString());
         return false;
     }
     design->setModified(false);

@@ -3,6 +3,8 @@
 #include "ArchiveJob.h"
 #include "ui_ArchiveDialog.h"
 
+#include "host/app/common/PlainMessageBox.h"
+
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
 #include <OrvanticCore/DesignStructure.h>
@@ -406,11 +408,7 @@ int ArchiveDialog::showBox(QMessageBox::Icon icon, const QString& text,
                            QMessageBox::StandardButtons buttons,
                            QMessageBox::StandardButton defaultButton)
 {
-    QMessageBox box(icon, windowTitle(), text, buttons, this);
-    box.setDefaultButton(defaultButton);
-    // What a path looks like must not change it.
-    box.setTextFormat(Qt::PlainText);
-    return box.exec();
+    return PlainMessageBox(icon, windowTitle(), text, buttons, defaultButton, this).exec();
 }
 
 void ArchiveDialog::updateState()
