@@ -244,11 +244,24 @@ Design* DesignCommands::makeDesign(const QString& folder)
 
 bool DesignCommands::save(Design* design)
 {
+    if (DesignStorage::isChangedOnDisk(*design) && !mayReplace(*design))
+        return false;
     QString error;
     if (DesignStorage::save(design, &error))
         return true;
     showError("CannotSaveBox", tr("Cannot save the design.\n\n%1").arg(error));
     return false;
+}
+
+bool DesignCommands::mayReplace(const Design& design)
+{
+    const QString reason =
+        tr("Somebody else has changed the file since \"%1\" was read or saved.").arg(design.name());
+    const QString question =
+        tr("%1\n\nDo you want to replace it?")
+            .arg(fileProblem(DesignStorage::descriptionPath(design.workingFolderPath()), reason));
+    return ask("ChangedOnDiskBox", question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
+           QMessageBox::Yes;
 }
 
 bool DesignCommands::mayClose(Design* design)

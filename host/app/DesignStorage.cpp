@@ -31,6 +31,9 @@ bool writeAll(QIODevice* device, const QByteArray& bytes)
     return true;
 }
 
+/// Where a design keeps the bytes of its description as they were last seen on the disk.
+const char SeenProperty[] = "host.description";
+
 /// Line and column from 1, the column in characters.
 QString placeOf(const QByteArray& bytes, int offset)
 {
@@ -79,6 +82,7 @@ std::unique_ptr<Design> DesignStorage::load(const QString& folder, QString* erro
             document.isObject() ? QJsonValue(document.object()) : QJsonValue(document.array());
         std::unique_ptr<Design> design = DesignDescription::read(JsonNode(value), folder);
         refreshReadOnly(design.get());
+        design->setProperty(SeenProperty, bytes);
         return design;
     } catch (const JsonError& wrong) {
         *error = fileProblem(path, QString("%1: %2").arg(wrong.place(), wrong.reason()));
@@ -102,8 +106,19 @@ bool DesignStorage::save(Design* design, QString* error)
         *error = fileProblem(path, file.errorString());
         return false;
     }
+    design->setProperty(SeenProperty, bytes);
     design->setModified(false);
     return true;
+}
+
+bool DesignStorage::isChangedOnDisk(const Design& design)
+{
+    QFile file(descriptionPath(design.workingFolderPath()));
+    // In place of a description that is gone nothing can be lost.
+    if (!QFileInfo(file).isFile())
+        return false;
+    return !file.open(QIODevice::ReadOnly) ||
+           file.readAll() != design.property(SeenProperty).toByteArray();
 }
 
 void DesignStorage::refreshReadOnly(Design* design)
