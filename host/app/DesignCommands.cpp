@@ -1,6 +1,8 @@
 #include "DesignCommands.h"
 
 #include "archive/ArchiveDialog.h"
+#include "common/FileProblem.h"
+#include "common/PlainMessageBox.h"
 #include "DesignModel.h"
 #include "DesignStorage.h"
 #include "DesignView.h"
@@ -242,11 +244,24 @@ Design* DesignCommands::makeDesign(const QString& folder)
 
 bool DesignCommands::save(Design* design)
 {
+    if (DesignStorage::isChangedOnDisk(*design) && !mayReplace(*design))
+        return false;
     QString error;
     if (DesignStorage::save(design, &error))
         return true;
     showError("CannotSaveBox", tr("Cannot save the design.\n\n%1").arg(error));
     return false;
+}
+
+bool DesignCommands::mayReplace(const Design& design)
+{
+    const QString reason =
+        tr("Somebody else has changed the file since \"%1\" was read or saved.").arg(design.name());
+    const QString question =
+        tr("%1\n\nDo you want to replace it?")
+            .arg(fileProblem(DesignStorage::descriptionPath(design.workingFolderPath()), reason));
+    return ask("ChangedOnDiskBox", question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
+           QMessageBox::Yes;
 }
 
 bool DesignCommands::mayClose(Design* design)
@@ -277,7 +292,7 @@ void DesignCommands::addPaths(const QStringList& paths, Design* design)
         else if (DesignFile* const file = design->addFile(path, &error))
             files << file;
         if (!error.isEmpty())
-            problems << tr("%1: %2").arg(QDir::toNativeSeparators(path), error);
+            problems << fileProblem(path, error);
     }
     design->tree()->endProcessingCycle();
     design->refreshFiles(files);
@@ -287,22 +302,22 @@ void DesignCommands::addPaths(const QStringList& paths, Design* design)
 }
 
 int DesignCommands::ask(const QString& name, const QString& text,
-                        QMessageBox::StandardButtons buttons)
+                        QMessageBox::StandardButtons buttons,
+                        QMessageBox::StandardButton defaultButton)
 {
-    return showBox(QMessageBox::Question, name, text, buttons);
+    return showBox(QMessageBox::Question, name, text, buttons, defaultButton);
 }
 
 void DesignCommands::showError(const QString& name, const QString& text)
 {
-    showBox(QMessageBox::Warning, name, text, QMessageBox::Ok);
+    showBox(QMessageBox::Warning, name, text, QMessageBox::Ok, QMessageBox::Ok);
 }
 
 int DesignCommands::showBox(QMessageBox::Icon icon, const QString& name, const QString& text,
-                            QMessageBox::StandardButtons buttons)
+                            QMessageBox::StandardButtons buttons,
+                            QMessageBox::StandardButton defaultButton)
 {
-    QMessageBox box(icon, tr("Pelk Design Host"), text, buttons, m_window);
+    PlainMessageBox box(icon, tr("Pelk Design Host"), text, buttons, defaultButton, m_window);
     box.setObjectName(name);
-    // What a path looks like must not change it.
-    box.setTextFormat(Qt::PlainText);
     return box.exec();
 }

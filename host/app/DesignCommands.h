@@ -20,7 +20,8 @@ class Design;
 /// and the messages that belong to them.
 ///
 /// For drivers, besides the object names of the actions, which are the commands' identifiers:
-/// "NoDesignBox", "SaveChangesBox", "CannotOpenBox", "CannotSaveBox", "CannotAddBox".
+/// "NoDesignBox", "SaveChangesBox", "ChangedOnDiskBox", "CannotOpenBox", "CannotSaveBox",
+/// "CannotAddBox".
 class DesignCommands : public QObject {
     Q_OBJECT
 
@@ -61,13 +62,15 @@ private:
 
     OrvanticCore::Design* makeDesign(const QString& folder);
     bool save(OrvanticCore::Design* design);
+    bool mayReplace(const OrvanticCore::Design& design);
     bool mayClose(OrvanticCore::Design* design);
     void addPaths(const QStringList& paths, OrvanticCore::Design* design);
     /// Returns the button that the user chose.
-    int ask(const QString& name, const QString& text, QMessageBox::StandardButtons buttons);
+    int ask(const QString& name, const QString& text, QMessageBox::StandardButtons buttons,
+            QMessageBox::StandardButton defaultButton = QMessageBox::NoButton);
     void showError(const QString& name, const QString& text);
     int showBox(QMessageBox::Icon icon, const QString& name, const QString& text,
-                QMessageBox::StandardButtons buttons);
+                QMessageBox::StandardButtons buttons, QMessageBox::StandardButton defaultButton);
 
     OpenDesigns* m_designs;
     DesignModel* m_model;

@@ -7,6 +7,7 @@
 #include <OrvanticCore/DesignFile.h>
 #include <OrvanticCore/DesignFolder.h>
 
+#include <QDir>
 #include <QFileInfo>
 
 using OrvanticCore::Design;
@@ -23,12 +24,22 @@ DesignRows::Row rowOf(const QStandardItemModel& model, const QModelIndex& index)
     return row;
 }
 
+/// \p folder or, while there is none, the nearest folder around it: that one tells when it comes
+/// up.
+QString existingFolder(const QString& folder)
+{
+    QString existing = folder;
+    while (!QFileInfo(existing).isDir() && !QDir(existing).isRoot())
+        existing = QFileInfo(existing).absolutePath();
+    return existing;
+}
+
 } // namespace
 
 DesignModel::DesignModel(QObject* parent) : QStandardItemModel(0, ColumnCount, parent)
 {
     setHorizontalHeaderLabels({tr("Name"), tr("State"), tr("Version")});
-    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &DesignModel::refreshFromDisk);
+    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &DesignModel::followFolder);
 }
 
 void DesignModel::addDesign(Design* design)
@@ -88,10 +99,22 @@ QModelIndex DesignModel::indexOf(const DesignFile* file) const
 
 void DesignModel::refreshFromDisk()
 {
+    // First, or what happens in a folder that has just come back would go unseen.
+    watchFolders();
     for (int row = 0; row < rowCount(); ++row) {
         DesignStorage::refreshReadOnly(designAt(index(row, NameColumn)));
         refreshRows(index(row, NameColumn));
     }
+}
+
+void DesignModel::followFolder(const QString& folder)
+{
+    // One below it may be another one by now, while the old one is still watched where it went.
+    for (const QString& below : m_watcher.directories()) {
+        if (QFileInfo(below).absolutePath() == folder && below != folder)
+            m_watcher.removePath(below);
+    }
+    refreshFromDisk();
 }
 
 void DesignModel::rebuild(Design* design)
@@ -124,6 +147,16 @@ void DesignModel::refreshRows(const QModelIndex& parent)
 void DesignModel::watchFolders()
 {
     QStringList folders;
+    // Again when one came up while the folder around it was not watched yet.
+    do {
+        folders = foldersToWatch();
+        watch(folders);
+    } while (folders != foldersToWatch());
+}
+
+QStringList DesignModel::foldersToWatch() const
+{
+    QStringList folders;
     for (int row = 0; row < rowCount(); ++row) {
         const Design* const design = designAt(index(row, NameColumn));
         folders << design->workingFolderPath();
@@ -133,6 +166,17 @@ void DesignModel::watchFolders()
             folders << QFileInfo(folder->folderPath()).absolutePath();
     }
     folders.removeDuplicates();
+    QStringList existing;
+    for (const QString& folder : folders) {
+        // A folder does not tell when it is moved; the one around it does.
+        existing << existingFolder(folder) << existingFolder(QFileInfo(folder).absolutePath());
+    }
+    existing.removeDuplicates();
+    return existing;
+}
+
+void DesignModel::watch(const QStringList& folders)
+{
     // Only what is different: to stop watching a folder drops what is about to be reported of it.
     const QStringList watched = m_watcher.directories();
     for (const QString& folder : watched) {
@@ -140,7 +184,7 @@ void DesignModel::watchFolders()
             m_watcher.removePath(folder);
     }
     for (const QString& folder : folders) {
-        if (!watched.contains(folder) && QFileInfo(folder).isDir())
+        if (!watched.contains(folder))
             m_watcher.addPath(folder);
     }
 }

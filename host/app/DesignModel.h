@@ -12,7 +12,8 @@ class DesignFolder;
 
 /// The open designs as a tree: under each design the nodes of its structure, under these the files.
 ///
-/// It follows the designs, and the folders of their files on the disk.
+/// It follows the designs, and the folders of their files on the disk, also those that come up or
+/// come back later.
 class DesignModel : public QStandardItemModel {
     Q_OBJECT
 
@@ -49,10 +50,13 @@ signals:
     void rebuilt();
 
 private:
+    void followFolder(const QString& folder);
     void rebuild(OrvanticCore::Design* design);
     void refreshDesign(OrvanticCore::Design* design);
     void refreshRows(const QModelIndex& parent);
     void watchFolders();
+    QStringList foldersToWatch() const;
+    void watch(const QStringList& folders);
 
     QFileSystemWatcher m_watcher;
 };

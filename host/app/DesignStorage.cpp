@@ -1,5 +1,6 @@
 #include "DesignStorage.h"
 
+#include "common/FileProblem.h"
 #include "DesignDescription.h"
 #include "JsonNode.h"
 
@@ -17,11 +18,6 @@ namespace {
 
 QString tr(const char* text) { return QCoreApplication::translate("DesignStorage", text); }
 
-QString problem(const QString& path, const QString& reason)
-{
-    return QString("%1: %2").arg(QDir::toNativeSeparators(path), reason);
-}
-
 /// Goes on after a short write, which does not tell what has stopped it.
 bool writeAll(QIODevice* device, const QByteArray& bytes)
 {
@@ -34,6 +30,9 @@ bool writeAll(QIODevice* device, const QByteArray& bytes)
     }
     return true;
 }
+
+/// Where a design keeps the bytes of its description as they were last seen on the disk.
+const char SeenProperty[] = "host.description";
 
 /// Line and column from 1, the column in characters.
 QString placeOf(const QByteArray& bytes, int offset)
@@ -62,20 +61,20 @@ std::unique_ptr<Design> DesignStorage::load(const QString& folder, QString* erro
     const QString path = descriptionPath(folder);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        *error = problem(path, file.errorString());
+        *error = fileProblem(path, file.errorString());
         return nullptr;
     }
     const QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError) {
-        *error = problem(path, file.errorString());
+        *error = fileProblem(path, file.errorString());
         return nullptr;
     }
 
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &parseError);
     if (parseError.error != QJsonParseError::NoError) {
-        *error = problem(path, QString("%1: %2").arg(placeOf(bytes, parseError.offset),
-                                                     parseError.errorString()));
+        *error = fileProblem(path, QString("%1: %2").arg(placeOf(bytes, parseError.offset),
+                                                         parseError.errorString()));
         return nullptr;
     }
     try {
@@ -83,9 +82,10 @@ std::unique_ptr<Design> DesignStorage::load(const QString& folder, QString* erro
             document.isObject() ? QJsonValue(document.object()) : QJsonValue(document.array());
         std::unique_ptr<Design> design = DesignDescription::read(JsonNode(value), folder);
         refreshReadOnly(design.get());
+        design->setProperty(SeenProperty, bytes);
         return design;
     } catch (const JsonError& wrong) {
-        *error = problem(path, QString("%1: %2").arg(wrong.place(), wrong.reason()));
+        *error = fileProblem(path, QString("%1: %2").arg(wrong.place(), wrong.reason()));
         return nullptr;
     }
 }
@@ -103,11 +103,22 @@ bool DesignStorage::save(Design* design, QString* error)
     // Unbuffered: QSaveFile would not notice when the last of its buffer cannot be written.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(&file, bytes) ||
         !file.commit()) {
-        *error = problem(path, file.errorString());
+        *error = fileProblem(path, file.errorString());
         return false;
     }
+    design->setProperty(SeenProperty, bytes);
     design->setModified(false);
     return true;
+}
+
+bool DesignStorage::isChangedOnDisk(const Design& design)
+{
+    QFile file(descriptionPath(design.workingFolderPath()));
+    // In place of a description that is gone nothing can be lost.
+    if (!QFileInfo(file).isFile())
+        return false;
+    return !file.open(QIODevice::ReadOnly) ||
+           file.readAll() != design.property(SeenProperty).toByteArray();
 }
 
 void DesignStorage::refreshReadOnly(Design* design)

@@ -25,8 +25,12 @@ std::unique_ptr<OrvanticCore::Design> load(const QString& folder, QString* error
 QByteArray text(const OrvanticCore::Design& design);
 
 /// Replaces the description as a whole or, with the reason in \p error, not at all. The design is
-/// unmodified afterwards.
+/// unmodified afterwards. It does not look what it replaces: see isChangedOnDisk().
 bool save(OrvanticCore::Design* design, QString* error);
+
+/// Whether there is another description on the disk than the one that load() read or save() wrote
+/// last, or one that cannot be read.
+bool isChangedOnDisk(const OrvanticCore::Design& design);
 
 /// Looks whether the description can be replaced, and notes in \p design when it cannot.
 void refreshReadOnly(OrvanticCore::Design* design);

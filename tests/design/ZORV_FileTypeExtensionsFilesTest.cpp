@@ -52,6 +52,7 @@ private slots:
     void takesWhatTheWindowGeneratesIntoTheDesign();
     void addsAndUpdatesInTheOrderOfTheList();
     void refusedFilesAreLoggedAndSkipped();
+    void aDesignLockedMeanwhileStaysAsItIs();
     void anEmptyListDoesNothing();
     void twoDesignsAreLeftAlone();
     void filesGoUnderTheNodeForUnassignedOnes();
@@ -130,6 +131,29 @@ void ZORV_FileTypeExtensionsFilesTest::refusedFilesAreLoggedAndSkipped()
     QCOMPARE(propertiesOf(fixture.design()), TargetOfTheWindow);
     QCOMPARE(refreshed.first().first().value<QList<DesignFile*>>(),
              QList<DesignFile*>() << fixture.design()->fileAt("top.txt"));
+}
+
+void ZORV_FileTypeExtensionsFilesTest::aDesignLockedMeanwhileStaysAsItIs()
+{
+    DesignFixture fixture;
+    PelkFcfGenerator* const window = openWindow(&fixture);
+    DesignFile* const present = fixture.addFile("top.txt");
+    present->setVersionAssociation("1.0");
+    fixture.design()->setLocked(true);
+    fixture.design()->setModified(false);
+    emit window->newFilesCreated({fixture.writeFile("top.fcf"), present->filePath()});
+
+    QVERIFY(!fixture.design()->fileAt("top.fcf"));
+    QVERIFY(!present->isGenerated());
+    QCOMPARE(present->versionAssociation(), QString("1.0"));
+    QVERIFY(present->customNode().isEmpty());
+    QVERIFY(propertiesOf(fixture.design()).isEmpty());
+    QVERIFY(!fixture.design()->isModified());
+    QCOMPARE(fixture.log().first(), "8:Failed to add generated file \"" + fixture.path("top.fcf") +
+                                        "\" to design. Error: The design is locked.");
+    // From the design: three things about the file, and the three properties.
+    QCOMPARE(fixture.log().filter("4:Cannot set ").count(), 6);
+    QCOMPARE(fixture.log().filter("the design is locked.").count(), 6);
 }
 
 void ZORV_FileTypeExtensionsFilesTest::anEmptyListDoesNothing()

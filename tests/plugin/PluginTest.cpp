@@ -11,10 +11,12 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <memory>
+#include <utility>
+
 using OrvanticCore::DesignManager;
 using Qtilities::Core::VersionInformation;
 using Qtilities::Core::VersionNumber;
-using Qtilities::CoreGui::ActionContainer;
 using Qtilities::CoreGui::Command;
 using Qtilities::CoreGui::QtilitiesApplication;
 using Qtilities::ExtensionSystem::Interfaces::IPlugin;
@@ -33,11 +35,13 @@ QList<QWidget*> generatorWindows()
 
 } // namespace
 
+/// Each test has a host of its own, in which the plug-in is loaded but not started.
 class PluginTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
+    void init();
+    void cleanup();
 
     void embedsOneIcon();
     void isFoundByItsInterface();
@@ -53,20 +57,54 @@ private slots:
     void makesANewInstanceAfterTheFirstWasDeleted();
 
 private:
-    QTemporaryDir m_settings;
-    QPluginLoader m_loader;
+    /// Makes the host's Tools menu, with one entry, and starts the plug-in as the host does.
+    void start();
+    static QMenu* tools() { return QtilitiesApplication::actionManager()->menu("Tools")->menu(); }
+    /// Chooses the plug-in's entry of the Tools menu by the mouse.
+    static void chooseGenerator();
+
+    std::unique_ptr<QTemporaryDir> m_settings;
+    QPluginLoader m_loader{ZORV_PLUGIN_FILE};
     QObject* m_core = nullptr;
     IPlugin* m_plugin = nullptr;
 };
 
-void PluginTest::initTestCase()
+void PluginTest::init()
 {
-    DesignManager::instance()->setSettingsFilePath(m_settings.filePath("host.ini"));
-    m_loader.setFileName(ZORV_PLUGIN_FILE);
+    m_settings = std::make_unique<QTemporaryDir>();
+    DesignManager::instance()->setSettingsFilePath(m_settings->filePath("host.ini"));
     m_core = m_loader.instance();
     QVERIFY2(m_core, qPrintable(m_loader.errorString()));
     m_plugin = qobject_cast<IPlugin*>(m_core);
     QVERIFY(m_plugin);
+}
+
+void PluginTest::cleanup()
+{
+    // The plug-in leaves what it made for the host to the end of the process.
+    qDeleteAll(generatorWindows());
+    qDeleteAll(QtilitiesApplication::objectManager()->registeredInterfaces("QObject"));
+    delete std::exchange(m_core, nullptr);
+    // With all menus and commands; the next one asked for is new.
+    delete QtilitiesApplication::actionManager();
+}
+
+void PluginTest::start()
+{
+    bool existed = true;
+    QtilitiesApplication::actionManager()->createMenu("Tools", existed);
+    QVERIFY(!existed);
+    tools()->addAction("Of the host");
+    QVERIFY(m_plugin->initialize(QStringList(), nullptr));
+    QVERIFY(m_plugin->initializeDependencies(nullptr));
+}
+
+void PluginTest::chooseGenerator()
+{
+    QAction* const entry =
+        QtilitiesApplication::actionManager()->command("Tools.FcfGenerator")->action();
+    tools()->popup(QPoint(0, 0));
+    QTest::mouseClick(tools(), Qt::LeftButton, {}, tools()->actionGeometry(entry).center());
 }
 
 void PluginTest::embedsOneIcon()
@@ -151,12 +189,6 @@ void PluginTest::declaresOneSlot()
 
 void PluginTest::startsWhateverTheArguments()
 {
-    bool existed = true;
-    QMenu* const tools =
-        QtilitiesApplication::actionManager()->createMenu("Tools", existed)->menu();
-    QVERIFY(!existed);
-    tools->addAction("Of the host");
-
     QStringList errors = {"of another"};
     QVERIFY(m_plugin->initialize({"some", "--arguments"}, &errors));
     QVERIFY(m_plugin->initializeDependencies(&errors));
@@ -166,6 +198,7 @@ void PluginTest::startsWhateverTheArguments()
 
 void PluginTest::registersItsExtensionsInOrder()
 {
+    start();
     const auto* const pool = QtilitiesApplication::objectManager();
     QStringList names;
     for (const QObject* object : pool->registeredInterfaces("QObject")) {
@@ -186,9 +219,8 @@ void PluginTest::registersItsExtensionsInOrder()
 
 void PluginTest::addsItsCommandAndASeparatorToTheToolsMenu()
 {
-    ActionContainer* const tools = QtilitiesApplication::actionManager()->menu("Tools");
-    QVERIFY(tools);
-    const QList<QAction*> entries = tools->menu()->actions();
+    start();
+    const QList<QAction*> entries = tools()->actions();
     QCOMPARE(entries.size(), 3);
     Command* const command = QtilitiesApplication::actionManager()->command("Tools.FcfGenerator");
     QVERIFY(command);
@@ -202,15 +234,10 @@ void PluginTest::addsItsCommandAndASeparatorToTheToolsMenu()
 
 void PluginTest::opensOneWindowAndBringsItBack()
 {
-    QMenu* const tools = QtilitiesApplication::actionManager()->menu("Tools")->menu();
-    QAction* const entry = tools->actions()[1];
-    const auto choose = [&] {
-        tools->popup(QPoint(0, 0));
-        QTest::mouseClick(tools, Qt::LeftButton, {}, tools->actionGeometry(entry).center());
-    };
+    start();
     QCOMPARE(generatorWindows().size(), 0);
 
-    choose();
+    chooseGenerator();
     QCOMPARE(generatorWindows().size(), 1);
     QWidget* const window = generatorWindows().first();
     QVERIFY(QTest::qWaitForWindowActive(window));
@@ -222,28 +249,30 @@ void PluginTest::opensOneWindowAndBringsItBack()
     other.show();
     QApplication::setActiveWindow(&other);
     QVERIFY(QTest::qWaitForWindowActive(&other));
-    choose();
+    chooseGenerator();
     QVERIFY(QTest::qWaitForWindowActive(window));
 
     QTest::mouseClick(window->findChild<QWidget*>("btnCancel"), Qt::LeftButton);
     QVERIFY(!window->isVisible());
-    choose();
+    chooseGenerator();
     QVERIFY(QTest::qWaitForWindowActive(window));
     QCOMPARE(generatorWindows(), QList<QWidget*>{window});
 }
 
 void PluginTest::makesANewInstanceAfterTheFirstWasDeleted()
 {
+    start();
+    chooseGenerator();
+    m_plugin->finalize();
     bool deleted = false;
     connect(m_core, &QObject::destroyed, this, [&deleted] { deleted = true; });
-    m_plugin->finalize();
-    delete m_core;
+    delete std::exchange(m_core, nullptr);
     QVERIFY(deleted);
 
-    QObject* const second = m_loader.instance();
-    QVERIFY(second);
-    QCOMPARE(qobject_cast<IPlugin*>(second)->pluginName(), QString("ZORV VKT Plugin"));
-    QCOMPARE(m_loader.instance(), second);
+    m_core = m_loader.instance();
+    QVERIFY(m_core);
+    QCOMPARE(qobject_cast<IPlugin*>(m_core)->pluginName(), QString("ZORV VKT Plugin"));
+    QCOMPARE(m_loader.instance(), m_core);
     // What the first one made for the host is still there.
     QCOMPARE(generatorWindows().size(), 1);
     QVERIFY(QtilitiesApplication::actionManager()->command("Tools.FcfGenerator"));

@@ -3,9 +3,8 @@
 #include "ArchiveJob.h"
 #include "ui_ArchiveDialog.h"
 
-#include <OrvanticCore/Design.h>
-#include <OrvanticCore/DesignFile.h>
-#include <OrvanticCore/DesignStructure.h>
+#include "host/app/common/PlainMessageBox.h"
+
 #include <OrvanticCore/IDesign.h>
 
 #include <QtilitiesCore/IObjectManager.h>
@@ -17,11 +16,6 @@
 #include <QFileInfo>
 #include <QPushButton>
 
-#include <algorithm>
-
-using OrvanticCore::Design;
-using OrvanticCore::DesignFile;
-using OrvanticCore::DesignStructure;
 using OrvanticCore::IDesign;
 using Qtilities::Core::QtilitiesCoreApplication;
 using Qtilities::Core::Interfaces::IObjectManager;
@@ -47,7 +41,7 @@ ArchiveDialog::ArchiveDialog(IDesign* design, const Description& description, QW
       m_designObject(design ? design->objectBase() : nullptr), m_description(description)
 {
     buildForm();
-    m_plainDestination = plainDestination();
+    m_plainDestination = destination().proposal(currentFormat());
     m_plainItems = Everything;
     loadTypes();
     connectForm();
@@ -149,7 +143,7 @@ void ArchiveDialog::enterType()
         path = wanted.isEmpty() ? path : wanted;
     }
     // The format may be another one than when the path was built.
-    showDestination(ArchivePath::withFormat(path, currentFormat()));
+    showDestination(destination().withFormat(path, currentFormat()));
 }
 
 void ArchiveDialog::enterExtension(Extension* extension, QObject* object)
@@ -211,18 +205,18 @@ void ArchiveDialog::handleObjectRemoved(QObject* object)
 
 void ArchiveDialog::changeFormat()
 {
-    changeDestination(ArchivePath::withFormat(m_ui->destinationPath->text(), currentFormat()));
+    changeDestination(destination().withFormat(m_ui->destinationPath->text(), currentFormat()));
 }
 
 void ArchiveDialog::changeVersionSuffix(bool present)
 {
-    changeDestination(
-        ArchivePath::withSuffix(m_ui->destinationPath->text(), versionSuffix(), present));
+    changeDestination(destination().withVersion(m_ui->destinationPath->text(), present));
 }
 
 void ArchiveDialog::browse()
 {
-    QFileDialog dialog(this, tr("Choose Destination"), destination());
+    QFileDialog dialog(this, tr("Choose Destination"),
+                       destination().filePath(m_ui->destinationPath->text()));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     // Asked when the archive is made, however the path came about.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
@@ -255,29 +249,9 @@ ArchiveFormat ArchiveDialog::currentFormat() const
     return static_cast<ArchiveFormat>(m_ui->formatBox->currentData().toInt());
 }
 
-QString ArchiveDialog::versionSuffix() const
+ArchiveDestination ArchiveDialog::destination() const
 {
-    return design() ? "-V-" + design()->versionString("_") : QString();
-}
-
-QString ArchiveDialog::plainDestination() const
-{
-    if (!design())
-        return {};
-    const QDir folder(design()->workingFolderPath());
-    const DesignStructure* const structure = design()->structure();
-    const QString subFolder =
-        structure ? structure->mapFileNameToWorkingFolderPath("*." + currentExtension(), {}, {})
-                  : QString();
-    const QString path = subFolder.isEmpty() ? folder.path() : folder.filePath(subFolder);
-    return QDir::toNativeSeparators(path + '/' + folder.dirName() + '.' + currentExtension());
-}
-
-QString ArchiveDialog::destination() const
-{
-    const QString path = QDir::fromNativeSeparators(m_ui->destinationPath->text());
-    return design() ? QDir::cleanPath(QDir(design()->workingFolderPath()).absoluteFilePath(path))
-                    : path;
+    return ArchiveDestination(design(), m_description.name);
 }
 
 ArchiveDialog::Items ArchiveDialog::includedItems() const
@@ -305,9 +279,9 @@ void ArchiveDialog::setIncludedItems(Items items)
 
 void ArchiveDialog::archive()
 {
-    const QString path = destination();
+    const QString path = destination().filePath(m_ui->destinationPath->text());
     const QFileInfo present(path);
-    if (isOfDesign(path)) {
+    if (destination().isOfDesign(path)) {
         complain(tr("%1 belongs to the design. Choose another destination.")
                      .arg(QDir::toNativeSeparators(path)));
         return;
@@ -329,28 +303,6 @@ void ArchiveDialog::archive()
     m_ui->stateLabel->clear();
     updateState();
     m_job->start();
-}
-
-bool ArchiveDialog::isOfDesign(const QString& path) const
-{
-    const QString description =
-        m_description.name.isEmpty()
-            ? QString()
-            : QDir(design()->workingFolderPath()).filePath(m_description.name);
-    if (design()->fileAt(path) || path == description)
-        return true;
-
-    // Under another name, through a link on either side: compared by where the paths end.
-    const QString end = QFileInfo(path).canonicalFilePath();
-    if (end.isEmpty())
-        return false;
-    if (end == QFileInfo(description).canonicalFilePath())
-        return true;
-    const auto* const concrete = qobject_cast<const Design*>(m_designObject);
-    const QList<DesignFile*> files = concrete ? concrete->files() : QList<DesignFile*>();
-    return std::any_of(files.begin(), files.end(), [&end](const DesignFile* file) {
-        return QFileInfo(file->filePath()).canonicalFilePath() == end;
-    });
 }
 
 bool ArchiveDialog::mayReplace(const QString& path)
@@ -406,11 +358,7 @@ int ArchiveDialog::showBox(QMessageBox::Icon icon, const QString& text,
                            QMessageBox::StandardButtons buttons,
                            QMessageBox::StandardButton defaultButton)
 {
-    QMessageBox box(icon, windowTitle(), text, buttons, this);
-    box.setDefaultButton(defaultButton);
-    // What a path looks like must not change it.
-    box.setTextFormat(Qt::PlainText);
-    return box.exec();
+    return PlainMessageBox(icon, windowTitle(), text, buttons, defaultButton, this).exec();
 }
 
 void ArchiveDialog::updateState()

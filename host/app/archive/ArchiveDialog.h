@@ -1,6 +1,7 @@
 #ifndef HOST_APP_ARCHIVE_ARCHIVEDIALOG_H
 #define HOST_APP_ARCHIVE_ARCHIVEDIALOG_H
 
+#include "ArchiveDestination.h"
 #include "ArchiveFormat.h"
 #include "ArchivePlan.h"
 #include "ArchiveTypes.h"
@@ -82,15 +83,12 @@ private:
 
     const ArchiveType& currentType() const { return m_types.at(m_current); }
     ArchiveFormat currentFormat() const;
-    QString versionSuffix() const;
-    QString plainDestination() const;
-    /// The path shown, seen from the design's folder.
-    QString destination() const;
+    /// For use at once: it does not notice when the design is deleted.
+    ArchiveDestination destination() const;
     Items includedItems() const;
     void setIncludedItems(Items items);
 
     void archive();
-    bool isOfDesign(const QString& path) const;
     bool mayReplace(const QString& path);
     ArchivePlan plan() const;
     void handleJobFinished();

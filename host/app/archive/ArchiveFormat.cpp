@@ -7,12 +7,8 @@ namespace {
 /// The extension that \p path ends in, with its dot; empty for that of no format.
 QString knownExtension(const QString& path)
 {
-    for (const ArchiveFormat format : ArchiveFormats::all()) {
-        const QString extension = '.' + ArchiveFormats::extension(format);
-        if (path.endsWith(extension, Qt::CaseInsensitive))
-            return path.right(extension.size());
-    }
-    return {};
+    const std::optional<ArchiveFormat> format = ArchivePath::formatOf(path);
+    return format ? path.right(1 + ArchiveFormats::extension(*format).size()) : QString();
 }
 
 } // namespace
@@ -29,6 +25,15 @@ QString ArchiveFormats::label(ArchiveFormat format)
     return format == ArchiveFormat::Zip
                ? QCoreApplication::translate("ArchiveFormats", "Zip archive (*.zip)")
                : QCoreApplication::translate("ArchiveFormats", "Compressed tar archive (*.tar.gz)");
+}
+
+std::optional<ArchiveFormat> ArchivePath::formatOf(const QString& path)
+{
+    for (const ArchiveFormat format : ArchiveFormats::all()) {
+        if (path.endsWith('.' + ArchiveFormats::extension(format), Qt::CaseInsensitive))
+            return format;
+    }
+    return {};
 }
 
 QString ArchivePath::withFormat(const QString& path, ArchiveFormat format)

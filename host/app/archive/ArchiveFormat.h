@@ -4,6 +4,8 @@
 #include <QList>
 #include <QString>
 
+#include <optional>
+
 enum class ArchiveFormat { Zip, TarGz };
 
 namespace ArchiveFormats {
@@ -21,6 +23,9 @@ QString label(ArchiveFormat format);
 
 /// What the dialog's controls make of a destination path. An empty path stays empty.
 namespace ArchivePath {
+
+/// The format whose extension \p path has, in letters of either case.
+std::optional<ArchiveFormat> formatOf(const QString& path);
 
 /// \p path with the extension of \p format in place of that of another format. One that has the
 /// extension of no format keeps what it has.

@@ -3,6 +3,8 @@
 #include "ArchiveError.h"
 #include "ArchiveWriter.h"
 
+#include "host/app/common/FileProblem.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -11,11 +13,6 @@
 #include <unistd.h>
 
 namespace {
-
-QString problem(const QString& path, const QString& reason)
-{
-    return QString("%1: %2").arg(QDir::toNativeSeparators(path), reason);
-}
 
 /// The missing folders on the way to a file; gone again unless they are kept.
 class MissingFolders {
@@ -27,14 +24,15 @@ public:
             return;
         const bool below = folder.startsWith(base + '/') && QFileInfo(base).isDir();
         if (!below)
-            throw ArchiveError(problem(folder, ArchiveJob::tr("The folder does not exist.")));
+            throw ArchiveError(fileProblem(folder, ArchiveJob::tr("The folder does not exist.")));
         for (QString missing = folder; !QFileInfo::exists(missing);
              missing = QFileInfo(missing).absolutePath())
             m_missing.prepend(missing);
         for (const QString& missing : m_missing) {
             if (!QDir().mkdir(missing)) {
                 remove();
-                throw ArchiveError(problem(missing, ArchiveJob::tr("The folder cannot be made.")));
+                throw ArchiveError(
+                    fileProblem(missing, ArchiveJob::tr("The folder cannot be made.")));
             }
         }
     }
@@ -101,15 +99,15 @@ void ArchiveJob::makeArchive()
     QSaveFile file(m_order.destination);
     // Unbuffered: QSaveFile would not notice when the last of its buffer cannot be written.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        throw ArchiveError(problem(m_order.destination, file.errorString()));
+        throw ArchiveError(fileProblem(m_order.destination, file.errorString()));
     write(&file, members);
     if (fsync(file.handle()) != 0)
-        throw ArchiveError(problem(m_order.destination, qt_error_string(errno)));
+        throw ArchiveError(fileProblem(m_order.destination, qt_error_string(errno)));
     checkCancelled();
     if (!m_order.replace && QFileInfo::exists(m_order.destination))
-        throw ArchiveError(problem(m_order.destination, tr("The file has come up meanwhile.")));
+        throw ArchiveError(fileProblem(m_order.destination, tr("The file has come up meanwhile.")));
     if (!file.commit())
-        throw ArchiveError(problem(m_order.destination, file.errorString()));
+        throw ArchiveError(fileProblem(m_order.destination, file.errorString()));
     folders.keep();
 }
 

@@ -2,6 +2,8 @@
 
 #include "ArchiveError.h"
 
+#include "host/app/common/FileProblem.h"
+
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
 #include <OrvanticCore/DesignFolder.h>
@@ -122,7 +124,7 @@ private:
 
     void note(const QString& path, const QString& problem)
     {
-        m_problems << QString("%1: %2").arg(QDir::toNativeSeparators(path), problem);
+        m_problems << fileProblem(path, problem);
     }
 
     QString problemText() const

@@ -73,6 +73,7 @@ private slots:
     void keepsGeneratedFilesOutOfTwoDesigns();
     void keepsTheToolsMenusWindowApart();
     void disablesTheActionsOfALockedDesign();
+    void leavesADesignAsItIsThatIsLockedWhileTheWindowIsOpen();
     void offersNothingInADesignOfAnotherType();
 };
 
@@ -298,6 +299,34 @@ void DesignRoadTest::disablesTheActionsOfALockedDesign()
     QCOMPARE(host.row("radar").at(1), QString("Read-only"));
     design->setReadOnly(false);
     QVERIFY(create->isEnabled());
+}
+
+void DesignRoadTest::leavesADesignAsItIsThatIsLockedWhileTheWindowIsOpen()
+{
+    HostFixture host;
+    Design* const design = host.openDesign("radar");
+    QVERIFY(host.choose(host.menuByMouse("top.bin"), "Create FCF"));
+    QTRY_VERIFY(host.generator());
+    generate();
+    design->setVersion(2, 0);
+    QVERIFY(host.choose(host.menuByMouse("top.bin"), "Create FCF"));
+    QTRY_VERIFY(host.generator());
+    QVERIFY(QTest::qWaitForWindowActive(host.generator()));
+    host.press(Qt::Key_L, Qt::ControlModifier);
+    QVERIFY(design->isLocked());
+    host.press(Qt::Key_S, Qt::ControlModifier);
+    const QByteArray description = host.bytesOf("radar/design.json");
+    const QByteArray image = host.bytesOf("radar/top.fcf");
+
+    host.dialogs().click(QMessageBox::Yes);
+    generate();
+    QVERIFY(host.dialogs().allGiven());
+    QVERIFY(host.bytesOf("radar/top.fcf") != image);
+    QCOMPARE(host.row("top.fcf").at(2), QString("1.4"));
+    QVERIFY(!host.window()->isWindowModified());
+    QVERIFY(host.log().contains(
+        "Cannot set the version of \"top.fcf\" of design \"radar\": the design is locked."));
+    QCOMPARE(host.bytesOf("radar/design.json"), description);
 }
 
 void DesignRoadTest::offersNothingInADesignOfAnotherType()

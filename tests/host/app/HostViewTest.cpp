@@ -77,6 +77,11 @@ private slots:
     void asksEveryExtensionForItsMenus();
     void tellsExtensionsTheStateOfTheCurrentDesign();
     void showsFilesThatVanishAndComeBack();
+    void watchesAFolderAgainThatComesBack_data();
+    void watchesAFolderAgainThatComesBack();
+    void watchesTheDesignsOwnFolderAgainThatComesBack();
+    void watchesAFolderInPlaceOfOneThatWasMoved();
+    void noticesAFolderThatIsMadeLater();
     void keepsItsPlaceWhenFilesComeIn();
     void keepsNodesFolded();
     void opensTheFolderOfAFile();
@@ -136,6 +141,71 @@ void HostViewTest::showsFilesThatVanishAndComeBack()
     QTRY_COMPARE(host.row("top.bin").at(1), QString("Missing"));
     host.writeFile("radar/top.bin", "bytes");
     QTRY_COMPARE(host.row("top.bin").at(1), QString());
+}
+
+void HostViewTest::watchesAFolderAgainThatComesBack_data()
+{
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<QString>("vanishing");
+
+    QTest::newRow("in the design's folder") << "radar/out"
+                                            << "radar/out";
+    QTest::newRow("outside of it") << "elsewhere/out"
+                                   << "elsewhere/out";
+    QTest::newRow("with the folder around it") << "elsewhere/deep/out"
+                                               << "elsewhere";
+}
+
+void HostViewTest::watchesAFolderAgainThatComesBack()
+{
+    QFETCH(QString, folder);
+    QFETCH(QString, vanishing);
+    HostFixture host;
+    const QString file = host.writeFile(folder + "/notes.pdf", "bytes");
+    host.openDesign("radar")->restoreFile(file);
+    QVERIFY(QDir(host.path(vanishing)).removeRecursively());
+    QTRY_COMPARE(host.row("notes.pdf").at(1), QString("Missing"));
+    host.writeFile(folder + "/notes.pdf", "bytes");
+    QTRY_COMPARE(host.row("notes.pdf").at(1), QString());
+    // Nothing but the folder itself tells of this.
+    QVERIFY(QFile::remove(file));
+    QTRY_COMPARE(host.row("notes.pdf").at(1), QString("Missing"));
+}
+
+void HostViewTest::watchesTheDesignsOwnFolderAgainThatComesBack()
+{
+    HostFixture host;
+    host.openDesign("radar");
+    QVERIFY(QDir().rename(host.path("radar"), host.path("away")));
+    QTRY_COMPARE(host.row("top.bin").at(1), QString("Missing"));
+    QCOMPARE(host.row("radar").at(1), QString("Read-only"));
+    QVERIFY(QDir().rename(host.path("away"), host.path("radar")));
+    QTRY_COMPARE(host.row("top.bin").at(1), QString());
+    QCOMPARE(host.row("radar").at(1), QString());
+    QVERIFY(QFile::remove(host.path("radar/top.bin")));
+    QTRY_COMPARE(host.row("top.bin").at(1), QString("Missing"));
+}
+
+void HostViewTest::watchesAFolderInPlaceOfOneThatWasMoved()
+{
+    HostFixture host;
+    const QString file = host.writeFile("elsewhere/out/notes.pdf", "bytes");
+    host.openDesign("radar")->restoreFile(file);
+    // Done before the host gets to know of any of it.
+    QVERIFY(QDir().rename(host.path("elsewhere/out"), host.path("elsewhere/old")));
+    host.writeFile("elsewhere/out/other.pdf", "bytes");
+    QTRY_COMPARE(host.row("notes.pdf").at(1), QString("Missing"));
+    host.writeFile("elsewhere/out/notes.pdf", "bytes");
+    QTRY_COMPARE(host.row("notes.pdf").at(1), QString());
+}
+
+void HostViewTest::noticesAFolderThatIsMadeLater()
+{
+    HostFixture host;
+    host.openDesign("radar")->restoreFile(host.path("later/out/notes.pdf"));
+    QCOMPARE(host.row("notes.pdf").at(1), QString("Missing"));
+    host.writeFile("later/out/notes.pdf", "bytes");
+    QTRY_COMPARE(host.row("notes.pdf").at(1), QString());
 }
 
 void HostViewTest::keepsItsPlaceWhenFilesComeIn()

@@ -44,6 +44,7 @@ private slots:
     void offersTheTypeOfThePlugin();
     void followsTheForm();
     void goesToTheFolderOfTheStructure();
+    void goesToTheFolderOfTheNewFormatAtOnce();
     void makesThePackageThatTheFormNames();
     void makesTheSamePackageAgain();
     void makesATarball();
@@ -173,6 +174,34 @@ void ConfigPackageRoadTest::goesToTheFolderOfTheStructure()
     QCOMPARE(shownPath(), path);
     archive();
     QCOMPARE(Unpacked(path).members, bench->configMembers());
+}
+
+void ConfigPackageRoadTest::goesToTheFolderOfTheNewFormatAtOnce()
+{
+    auto* const structure = new DesignStructure;
+    structure->addFileAssociation("*.zip", "Archives", "archives");
+    structure->addFileAssociation("*.tar.gz", "Archives", "archives/tar");
+    bench->design().setStructure(structure);
+    openDialog();
+    press("typeBox", Qt::Key_End);
+    type("spinBoxVersionMinor", "5");
+    const QString tarball = bench->path("archives/tar/7010-GNRL-ELEC-FW-01-V-01_05.tar.gz");
+    press("formatBox", Qt::Key_End);
+    QCOMPARE(shownPath(), tarball);
+    // As the form itself would name it.
+    press("spinBoxVersionMinor", Qt::Key_Up);
+    press("spinBoxVersionMinor", Qt::Key_Down);
+    QCOMPARE(shownPath(), tarball);
+    press("formatBox", Qt::Key_Home);
+    QCOMPARE(shownPath(), bench->path("archives/7010-GNRL-ELEC-FW-01-V-01_05.zip"));
+    // Chosen while the form is away.
+    press("typeBox", Qt::Key_Home);
+    press("formatBox", Qt::Key_End);
+    QCOMPARE(shownPath(), bench->path("archives/tar/radar.tar.gz"));
+    press("typeBox", Qt::Key_End);
+    QCOMPARE(shownPath(), tarball);
+    archive();
+    QCOMPARE(Unpacked(tarball).members, bench->configMembers());
 }
 
 void ConfigPackageRoadTest::makesThePackageThatTheFormNames()

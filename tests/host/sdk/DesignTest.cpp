@@ -6,6 +6,7 @@
 
 #include <QtilitiesCore/ObjectManager.h>
 #include <QtilitiesCoreGui/TreeNode.h>
+#include <QtilitiesLogging/Logger.h>
 
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -19,6 +20,7 @@ using OrvanticCore::DesignStructure;
 using OrvanticCore::IDesign;
 using Qtilities::Core::ObjectManager;
 using Qtilities::Core::QtilitiesCategory;
+using Qtilities::Logging::Logger;
 
 class DesignTest : public QObject {
     Q_OBJECT
@@ -35,6 +37,8 @@ private slots:
     void refusesAFile_data();
     void refusesAFile();
     void refusesChangesWhileLocked();
+    void keepsWhatItNotesAboutFilesWhileLocked_data();
+    void keepsWhatItNotesAboutFilesWhileLocked();
     void restoresAFileThatDoesNotExist();
     void announcesFilesOnceForACycle();
     void announcesAChangedFileAtTheEndOfACycle();
@@ -170,6 +174,49 @@ void DesignTest::refusesChangesWhileLocked()
     m_design->setReadOnly(true);
     QVERIFY(!m_design->addFile("top.bin", &error));
     QCOMPARE(error, QString("The design is read-only."));
+}
+
+void DesignTest::keepsWhatItNotesAboutFilesWhileLocked_data()
+{
+    QTest::addColumn<bool>("locked");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("locked") << true << "locked";
+    QTest::newRow("read-only") << false << "read-only";
+}
+
+void DesignTest::keepsWhatItNotesAboutFilesWhileLocked()
+{
+    QFETCH(bool, locked);
+    QFETCH(QString, reason);
+    DesignFile* const file = m_design->restoreFile("top.fcf");
+    file->setVersionAssociation("1.0");
+    DesignFolder* const folder = m_design->restoreFolder("100%2");
+    m_design->setLocked(locked);
+    m_design->setReadOnly(!locked);
+    m_design->setModified(false);
+    QStringList log;
+    const auto noting = connect(Logger::instance(), &Logger::newPriorityMessage, this,
+                                [&log](Logger::MessageType type, const QString& text) {
+                                    log << QString::number(type) + ":" + text;
+                                });
+    file->setVersionAssociation("1.1");
+    file->setIsGenerated(true);
+    file->setCustomNode("Elsewhere");
+    folder->setIsGenerated(true);
+    // Nothing is asked of the design.
+    file->setVersionAssociation("1.0");
+    disconnect(noting);
+
+    const QString end = " of design \"" + m_design->name() + "\": the design is " + reason + ".";
+    QCOMPARE(log, QStringList() << "4:Cannot set the version of \"top.fcf\"" + end
+                                << "4:Cannot set the generated mark of \"top.fcf\"" + end
+                                << "4:Cannot set the node of \"top.fcf\"" + end
+                                << "4:Cannot set the generated mark of \"100%2\"" + end);
+    QCOMPARE(file->versionAssociation(), QString("1.0"));
+    QVERIFY(!file->isGenerated());
+    QVERIFY(file->customNode().isEmpty());
+    QVERIFY(!folder->isGenerated());
+    QVERIFY(!m_design->isModified());
 }
 
 void DesignTest::restoresAFileThatDoesNotExist()

@@ -9,7 +9,8 @@ namespace OrvanticCore {
 
 class IDesign;
 
-/// What belongs to a design, with what the design notes about it.
+/// What belongs to a design, with what the design notes about it: in a locked or read-only design
+/// that stays as it is, and each attempt to change it is logged.
 class ORVANTICCORE_SHARED_EXPORT AbstractDesignLinkedItem {
 public:
     virtual ~AbstractDesignLinkedItem();
@@ -27,6 +28,9 @@ public:
 
 protected:
     explicit AbstractDesignLinkedItem(IDesign* design);
+
+    /// Whether the design keeps \p what, for example "the version", as it is; then that is logged.
+    bool refusesChange(const QString& what) const;
 
     /// Called after something noted about the item has changed.
     virtual void handleLinkChanged() = 0;

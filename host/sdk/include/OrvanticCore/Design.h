@@ -27,7 +27,7 @@ struct DesignProperty {
 ///
 /// Made, stored and deleted by the host; a design that is deleted leaves the design manager by
 /// itself. The host itself keeps from changing what is locked: addFile() refuses then, and the
-/// properties stay as they are.
+/// properties and what is noted about files and folders stay as they are.
 class ORVANTICCORE_SHARED_EXPORT Design : public QObject, public IDesign {
     Q_OBJECT
 
@@ -95,6 +95,10 @@ public:
     void setLocked(bool locked);
     bool isReadOnly() const;
     void setReadOnly(bool read_only);
+
+    /// Whether \p what, for example "the version of \"top.fcf\"", must stay as it is, since the
+    /// design is locked or read-only; then that is logged.
+    bool refusesChange(const QString& what) const;
 
     /// Whether it has changed since the host last called setModified(false).
     bool isModified() const;

@@ -79,13 +79,8 @@ QVariant Design::designProperty(const QString& name) const
 void Design::setDesignProperty(const QString& name, const QVariant& value,
                                const QtilitiesCategory& category)
 {
-    if (d->locked || d->readOnly) {
-        Logger::instance()->logPriorityMessage(
-            QString(), Logger::Warning,
-            tr("Cannot set property \"%1\" of design \"%2\": the design is locked.")
-                .arg(name, this->name()));
+    if (refusesChange(tr("property \"%1\"").arg(name)))
         return;
-    }
     DesignProperty property;
     property.name = name;
     property.value = value;
@@ -269,6 +264,16 @@ void Design::setReadOnly(bool read_only)
         return;
     d->readOnly = read_only;
     emit stateChanged(d->locked, d->readOnly);
+}
+
+bool Design::refusesChange(const QString& what) const
+{
+    if (!d->locked && !d->readOnly)
+        return false;
+    const QString text = d->locked ? tr("Cannot set %1 of design \"%2\": the design is locked.")
+                                   : tr("Cannot set %1 of design \"%2\": the design is read-only.");
+    Logger::instance()->logPriorityMessage(QString(), Logger::Warning, text.arg(what, name()));
+    return true;
 }
 
 bool Design::isModified() const { return d->modified; }

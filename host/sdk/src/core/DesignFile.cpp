@@ -11,7 +11,7 @@ DesignFile::~DesignFile() {}
 
 void DesignFile::setCustomNode(const QString& node)
 {
-    if (d_custom_node == node)
+    if (d_custom_node == node || refusesChange(tr("the node")))
         return;
     d_custom_node = node;
     handleLinkChanged();

@@ -1,0 +1,83 @@
+#include "ArchiveDestination.h"
+
+#include <OrvanticCore/Design.h>
+#include <OrvanticCore/DesignFile.h>
+#include <OrvanticCore/DesignStructure.h>
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+using OrvanticCore::Design;
+using OrvanticCore::DesignFile;
+using OrvanticCore::DesignStructure;
+
+QString ArchiveDestination::proposal(ArchiveFormat format) const
+{
+    if (!m_design)
+        return {};
+    const QString name = QDir(m_design->workingFolderPath()).dirName();
+    return QDir::toNativeSeparators(folderFor(format) + '/' + name + '.' +
+                                    ArchiveFormats::extension(format));
+}
+
+QString ArchiveDestination::withFormat(const QString& path, ArchiveFormat format) const
+{
+    QString renamed = ArchivePath::withFormat(path, format);
+    const std::optional<ArchiveFormat> former = ArchivePath::formatOf(path);
+    if (!m_design || !former || folderFor(*former) == folderFor(format))
+        return renamed;
+    const QFileInfo file(filePath(renamed));
+    // Elsewhere, somebody has chosen the folder.
+    if (file.path() != folderFor(*former))
+        return renamed;
+    return QDir::toNativeSeparators(folderFor(format) + '/' + file.fileName());
+}
+
+QString ArchiveDestination::withVersion(const QString& path, bool present) const
+{
+    const QString suffix = m_design ? "-V-" + m_design->versionString("_") : QString();
+    return ArchivePath::withSuffix(path, suffix, present);
+}
+
+QString ArchiveDestination::filePath(const QString& path) const
+{
+    const QString file = QDir::fromNativeSeparators(path);
+    return m_design ? QDir::cleanPath(QDir(m_design->workingFolderPath()).absoluteFilePath(file))
+                    : file;
+}
+
+bool ArchiveDestination::isOfDesign(const QString& file) const
+{
+    if (!m_design)
+        return false;
+    const QString description =
+        m_descriptionName.isEmpty()
+            ? QString()
+            : QDir(m_design->workingFolderPath()).filePath(m_descriptionName);
+    if (m_design->fileAt(file) || file == description)
+        return true;
+
+    // Under another name, through a link on either side: compared by where the paths end.
+    const QString end = QFileInfo(file).canonicalFilePath();
+    if (end.isEmpty())
+        return false;
+    if (end == QFileInfo(description).canonicalFilePath())
+        return true;
+    const auto* const concrete = qobject_cast<const Design*>(m_design->objectBase());
+    const QList<DesignFile*> files = concrete ? concrete->files() : QList<DesignFile*>();
+    return std::any_of(files.begin(), files.end(), [&end](const DesignFile* present) {
+        return QFileInfo(present->filePath()).canonicalFilePath() == end;
+    });
+}
+
+QString ArchiveDestination::folderFor(ArchiveFormat format) const
+{
+    const QDir folder(m_design->workingFolderPath());
+    const DesignStructure* const structure = m_design->structure();
+    const QString subFolder = structure ? structure->mapFileNameToWorkingFolderPath(
+                                              "*." + ArchiveFormats::extension(format), {}, {})
+                                        : QString();
+    return QDir::cleanPath(subFolder.isEmpty() ? folder.path() : folder.filePath(subFolder));
+}
