@@ -3,8 +3,6 @@
 #include "tool/Command.h"
 #include "tool/Session.h"
 
-#include <QRegularExpression>
-
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
@@ -14,23 +12,6 @@ namespace {
 constexpr char Footer[] =
     "Exit codes: 0 done, 1 a file is not valid, 2 wrong usage or an input refused, 3 a file cannot "
     "be read or written, 4 an output exists.";
-
-/// \p arguments in the way in which the parser takes each for what it is. It would take "--name="
-/// for "--name" with the next argument as its value.
-std::vector<std::string> prepared(const std::vector<std::string>& arguments)
-{
-    static const QRegularExpression emptyValue(QStringLiteral("^--[a-z-]+=\\z"));
-    std::vector<std::string> split;
-    for (const std::string& argument : arguments) {
-        if (emptyValue.match(QString::fromStdString(argument)).hasMatch()) {
-            split.push_back(argument.substr(0, argument.size() - 1));
-            split.emplace_back();
-        } else {
-            split.push_back(guarded(argument));
-        }
-    }
-    return split;
-}
 
 class CommandLine {
 public:
@@ -89,6 +70,49 @@ private:
     {
         return std::any_of(m_commands.begin(), m_commands.end(),
                            [&name](const auto& command) { return command->name() == name; });
+    }
+
+    /// \p arguments in the way in which the parser takes each for what it is. It would take
+    /// "--name=" for "--name" with the next argument as its value.
+    std::vector<std::string> prepared(const std::vector<std::string>& arguments) const
+    {
+        std::vector<std::string> split;
+        int values = 0;
+        bool areOperands = false;
+        for (const std::string& argument : arguments) {
+            const std::string name = argument.substr(0, argument.find('='));
+            const CLI::Option* const option =
+                areOperands || values > 0 ? nullptr : optionNamed(name, arguments);
+            areOperands = areOperands || (values == 0 && argument == "--");
+            if (option && argument == name + '=') {
+                split.push_back(name);
+                split.emplace_back();
+                values = valuesOf(*option) - 1;
+            } else {
+                split.push_back(guarded(argument));
+                const bool isWhole = argument == name;
+                if (option)
+                    values = isWhole ? valuesOf(*option) : 0;
+                else if (values > 0)
+                    --values;
+            }
+        }
+        return split;
+    }
+
+    /// How many arguments it takes; a flag takes none.
+    static int valuesOf(const CLI::Option& option)
+    {
+        return option.get_expected_max() == 0 ? 0 : option.get_type_size_max();
+    }
+
+    const CLI::Option* optionNamed(const std::string& name,
+                                   const std::vector<std::string>& arguments) const
+    {
+        const CLI::App* const app =
+            isCommand(arguments.front()) ? m_app.get_subcommand(arguments.front()) : &m_app;
+        return name.compare(0, 2, "--") == 0 && name.size() > 2 ? app->get_option_no_throw(name)
+                                                                : nullptr;
     }
 
     /// What is not known says more than what is missing on account of it.

@@ -41,8 +41,8 @@ std::optional<Line> parsed(QByteArray text)
     if (line.isEscaped)
         text.remove(0, 1);
     QByteArray digits = text.left(HexDigits);
-    if (text.startsWith(tag)) {
-        const int nameEnd = text.lastIndexOf(tagEnd);
+    const int nameEnd = text.lastIndexOf(tagEnd);
+    if (text.startsWith(tag) && nameEnd > 0) {
         digits = text.mid(nameEnd + tagEnd.size());
         line.name = text.mid(tag.size(), nameEnd - tag.size());
     } else if (text.mid(HexDigits, 2) == "  " || text.mid(HexDigits, 2) == " *") {

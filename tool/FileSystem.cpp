@@ -86,6 +86,13 @@ FileSystem::Kind FileSystem::kindOf(const QString& path)
 
 bool FileSystem::exists(const QString& path) { return kindOf(path) != Kind::Nothing; }
 
+unsigned FileSystem::linkCountOf(const QString& path)
+{
+    struct stat status;
+    const bool found = ::lstat(QFile::encodeName(path).constData(), &status) == 0;
+    return found ? static_cast<unsigned>(status.st_nlink) : 0;
+}
+
 FileSystem::Kind FileSystem::targetKindOf(const QString& path)
 {
     struct stat status;

@@ -42,6 +42,9 @@ Kind kindOf(const QString& path);
 /// Whether anything stands at \p path itself.
 bool exists(const QString& path);
 
+/// How many names that has which stands at \p path itself; 0 for nothing.
+unsigned linkCountOf(const QString& path);
+
 /// What \p path leads to; links are followed.
 Kind targetKindOf(const QString& path);
 

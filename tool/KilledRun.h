@@ -17,11 +17,14 @@ public:
     bool placedWhereNothingWas(const QString& path) const;
 
     /// Gives each of \p others, the paths of companion and digest, what stood there before, unless
-    /// the image did follow, and clears the temporary names. Returns false, with \p error, if
+    /// the image did follow or somebody has written into the file since, and clears the temporary
+    /// names. Returns false, with \p error, if
     /// another run is at it or a file cannot be had.
     bool undo(const QStringList& others, FileError* error) const;
 
 private:
+    bool isUntouched(const QString& path) const;
+
     const QString m_image;
 };
 

@@ -17,6 +17,7 @@ const QString BinaryEnding = QStringLiteral(".bin");
 const QString ImageEnding = QStringLiteral(".fcf");
 const QString CompanionEnding = QStringLiteral(".txt");
 const QString OutputOption = QStringLiteral("--output");
+const QString Exists = QStringLiteral("exists already; --force replaces it");
 
 QString nameOf(const QString& path) { return QFileInfo(path).fileName(); }
 
@@ -40,34 +41,14 @@ bool leadsToStream(const QString& path)
     return target == FileSystem::Kind::Device || target == FileSystem::Kind::Stream;
 }
 
-/// Where a run for \p path puts files on the way, or clears what another left.
-QStringList temporaryNames(const QString& path)
-{
-    return {PartialFile::pathFor(path), PartialFile::backupPathFor(path),
-            PartialFile::sparePathFor(path)};
-}
-
-/// Refuses \p path if the file with \p identity is an input. Returns whether it is none.
-bool keepInput(const std::optional<FileSystem::Identity>& identity, const QString& path,
-               Session* session)
-{
-    for (const ReadFile& input : session->inputs) {
-        if (identity == input.identity) {
-            session->findings.error(
-                ExitCode::Refused, path, OutputOption,
-                QStringLiteral("is the input itself, \"%1\"").arg(shownText(input.label)));
-            return false;
-        }
-    }
-    return true;
-}
-
 /// Refuses \p path if an input stands at any of \p names. Returns whether none does.
 bool keepInputs(const QStringList& names, const QString& path, Session* session)
 {
     for (const QString& name : names) {
-        if (!keepInput(FileSystem::identityOf(name), path, session))
+        if (const ReadFile* const input = session->inputWith(FileSystem::identityOf(name))) {
+            session->findings.error(ExitCode::Refused, path, OutputOption, isInput(*input));
             return false;
+        }
     }
     return true;
 }
@@ -77,7 +58,7 @@ bool keepInputs(const QStringList& names, const QString& path, Session* session)
 void guardOutput(const QString& path, bool force, Session* session)
 {
     Findings& findings = session->findings;
-    if (!keepInputs(temporaryNames(path) << path, path, session))
+    if (!keepInputs(PartialFile::namesFor(path) << path, path, session))
         return;
     switch (FileSystem::kindOf(path)) {
     case FileSystem::Kind::Nothing: {
@@ -91,8 +72,7 @@ void guardOutput(const QString& path, bool force, Session* session)
         if (leadsToStream(path))
             findings.error(ExitCode::Refused, path, OutputOption, QStringLiteral("is not a file"));
         else if (!force)
-            findings.error(ExitCode::OutputExists, path, OutputOption,
-                           QStringLiteral("exists already; --force replaces it"));
+            findings.error(ExitCode::OutputExists, path, OutputOption, Exists);
         return;
     case FileSystem::Kind::Folder:
         findings.error(ExitCode::Refused, path, OutputOption, QStringLiteral("is a folder"));
@@ -106,9 +86,9 @@ void guardOutput(const QString& path, bool force, Session* session)
 
 void guardStandardOutput(Session* session)
 {
-    const auto* const file = qobject_cast<const QFile*>(session->environment().out);
-    if (file && FileSystem::isFile(file->handle()))
-        keepInput(FileSystem::identityOf(file->handle()), StandardOutputLabel, session);
+    if (const ReadFile* const input = session->inputAtOut())
+        session->findings.error(ExitCode::Refused, StandardOutputLabel, OutputOption,
+                                isInput(*input));
 }
 
 void refuseUnwritten(const FileError& error, Session* session)
@@ -118,10 +98,13 @@ void refuseUnwritten(const FileError& error, Session* session)
                                 QStringLiteral("cannot be read: %1").arg(error.reason));
         return;
     }
-    session->findings.error(error.exists ? ExitCode::OutputExists : ExitCode::CannotAccess,
-                            error.path == StandardStream ? StandardOutputLabel : error.path,
-                            OutputOption,
-                            QStringLiteral("cannot be written: %1").arg(error.reason));
+    if (error.exists) {
+        session->findings.error(ExitCode::OutputExists, error.path, OutputOption, Exists);
+        return;
+    }
+    session->findings.error(
+        ExitCode::CannotAccess, error.path == StandardStream ? StandardOutputLabel : error.path,
+        OutputOption, QStringLiteral("cannot be written: %1").arg(error.reason));
 }
 
 void warnOfLeftBehind(const StagedFiles& files, Session* session)
@@ -129,7 +112,7 @@ void warnOfLeftBehind(const StagedFiles& files, Session* session)
     for (const QString& path : files.leftBehind())
         session->findings.warning(
             path, OutputOption,
-            QStringLiteral("holds what was replaced, and could not be removed"));
+            QStringLiteral("is left of what was on the way, and could not be removed"));
 }
 
 std::optional<Outputs> Outputs::of(const InputFile& binary, const std::optional<QString>& output,
@@ -191,7 +174,7 @@ void Outputs::guard(bool force, Session* session)
     for (const auto& other : others) {
         const bool isLeftover =
             !FileSystem::exists(m_image) && KilledRun(m_image).placedWhereNothingWas(other.path);
-        QStringList names = temporaryNames(other.path);
+        QStringList names = PartialFile::namesFor(other.path);
         if (isLeftover)
             names << other.path;
         if (!keepInputs(names, other.path, session))

@@ -68,7 +68,7 @@ int PartialFile::create(const QString& path, mode_t mode, int* descriptor)
         const int locking = lock(created) ? 0 : errno;
         if (locking == 0 && FileSystem::standsAt(partial, created)) {
             *descriptor = created;
-            return recover(path, true);
+            return 0;
         }
         // A run that locked it first clears it.
         if (locking != 0 && locking != EWOULDBLOCK)
@@ -80,16 +80,31 @@ int PartialFile::create(const QString& path, mode_t mode, int* descriptor)
     return EWOULDBLOCK;
 }
 
+QStringList PartialFile::namesFor(const QString& path)
+{
+    return {pathFor(path), backupPathFor(path), sparePathFor(path)};
+}
+
 bool PartialFile::isInPlace(const QString& path)
 {
     const auto identity = FileSystem::entryIdentityOf(path);
     return identity && identity == FileSystem::entryIdentityOf(pathFor(path));
 }
 
+bool PartialFile::wasPlaced(const QString& path)
+{
+    const QString partial = pathFor(path);
+    const auto identity = FileSystem::entryIdentityOf(partial);
+    const bool isSpare = identity && identity == FileSystem::entryIdentityOf(sparePathFor(path));
+    return FileSystem::linkCountOf(partial) > (isSpare ? 2u : 1u);
+}
+
 int PartialFile::recover(const QString& path, bool keepPlaced)
 {
     const QString backup = backupPathFor(path);
     int number = 0;
+    if (FileSystem::kindOf(backup) == FileSystem::Kind::Folder)
+        return EISDIR;
     if (!FileSystem::exists(backup)) {
         if (!keepPlaced && isInPlace(path))
             number = FileSystem::unlink(path);
@@ -116,8 +131,13 @@ int PartialFile::clear(const QString& path)
 
 PartialFile::Found::Found(const QString& path) : m_partial(pathFor(path))
 {
-    m_descriptor = ::open(QFile::encodeName(m_partial).constData(),
-                          O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    // Over a network only what is open for writing can be locked.
+    for (const int access : {O_RDWR, O_RDONLY}) {
+        m_descriptor = ::open(QFile::encodeName(m_partial).constData(),
+                              access | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+        if (m_descriptor >= 0 || errno != EACCES)
+            break;
+    }
     if (m_descriptor >= 0) {
         if (!lock(m_descriptor))
             m_error = errno;
@@ -126,7 +146,7 @@ PartialFile::Found::Found(const QString& path) : m_partial(pathFor(path))
         return;
     }
     m_error = errno;
-    // No run completes a link: it is one that was replaced.
+    // No run completes a link, so it is in nobody's use.
     if (m_error == ELOOP && FileSystem::kindOf(m_partial) == FileSystem::Kind::Link)
         m_error = 0;
 }

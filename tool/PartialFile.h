@@ -2,6 +2,7 @@
 #define TOOL_PARTIALFILE_H
 
 #include <QString>
+#include <QStringList>
 
 #include <sys/types.h>
 
@@ -22,13 +23,19 @@ QString backupPathFor(const QString& path);
 /// A second name of what is completed, from where it replaces the file at \p path in one step.
 QString sparePathFor(const QString& path);
 
-/// Creates the temporary file for \p path with its lock and puts it into \p descriptor, once what a
-/// killed run left is cleared. \p mode is that of the file, less what the process masks. Returns 0
+/// All of these.
+QStringList namesFor(const QString& path);
+
+/// Creates the temporary file for \p path with its lock and puts it into \p descriptor, in place of
+/// one that a killed run left. \p mode is that of the file, less what the process masks. Returns 0
 /// or an errno; EWOULDBLOCK while another run has it.
 int create(const QString& path, mode_t mode, int* descriptor);
 
 /// Whether the file at \p path was put there by the run whose temporary file is beside it.
 bool isInPlace(const QString& path);
+
+/// Whether that run put it in place, wherever it was moved since.
+bool wasPlaced(const QString& path);
 
 /// Clears the other names for \p path. What was put in place stays if \p keepPlaced, or else gives
 /// way to what stood there before. Only for a run that has the lock. Returns 0 or an errno.

@@ -7,6 +7,11 @@
 #include <QJsonDocument>
 #include <QTextCodec>
 
+QString isInput(const ReadFile& input)
+{
+    return QStringLiteral("is the input itself, \"%1\"").arg(shownText(input.label));
+}
+
 const QString StandardStream = QStringLiteral("-");
 const QString StandardOutputLabel = QStringLiteral("standard output");
 
@@ -49,13 +54,33 @@ std::optional<QString> Session::path(const std::string& argument, const QString&
     return std::nullopt;
 }
 
+const ReadFile* Session::inputWith(const std::optional<FileSystem::Identity>& identity) const
+{
+    for (const ReadFile& input : inputs) {
+        if (identity == input.identity)
+            return &input;
+    }
+    return nullptr;
+}
+
+const ReadFile* Session::inputAtOut() const
+{
+    const auto* const file = qobject_cast<const QFile*>(m_environment->out);
+    if (!file || !FileSystem::isFile(file->handle()))
+        return nullptr;
+    return inputWith(FileSystem::identityOf(file->handle()));
+}
+
 int Session::finish()
 {
     if (quiet)
         findings.dropNotes();
     QString reason;
     const QByteArray bytes = outBytes();
-    if (!bytes.isEmpty() && !FcfWriter::writeAll(m_environment->out, bytes, &reason))
+    const ReadFile* const input = inputAtOut();
+    if (!bytes.isEmpty() && input)
+        findings.error(ExitCode::Refused, StandardOutputLabel, QString(), isInput(*input));
+    else if (!bytes.isEmpty() && !FcfWriter::writeAll(m_environment->out, bytes, &reason))
         findings.error(ExitCode::CannotAccess, StandardOutputLabel, QString(),
                        QStringLiteral("cannot be written: %1").arg(reason));
     writeMessages();

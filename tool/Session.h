@@ -79,6 +79,12 @@ public:
         return free;
     }
 
+    /// The input with \p identity, or null.
+    const ReadFile* inputWith(const std::optional<FileSystem::Identity>& identity) const;
+
+    /// The input that standard output would write into, or null.
+    const ReadFile* inputAtOut() const;
+
     /// Keeps \p line for standard output, for people.
     void print(const QString& line) { m_lines.append(line); }
 
@@ -106,6 +112,9 @@ private:
     QByteArray m_raw;
     bool m_inIsTaken = false;
 };
+
+/// What a message says of an output that is \p input.
+QString isInput(const ReadFile& input);
 
 /// "-", the name of standard input and standard output.
 extern const QString StandardStream;

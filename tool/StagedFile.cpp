@@ -4,6 +4,7 @@
 
 #include <cerrno>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -15,21 +16,28 @@ constexpr mode_t UsualMode = 0666;
 
 StagedFile::StagedFile(const QString& path) : m_path(path), m_partial(PartialFile::pathFor(path)) {}
 
-StagedFile::~StagedFile()
+StagedFile::~StagedFile() { release(); }
+
+bool StagedFile::release()
 {
     if (m_descriptor < 0)
-        return;
-    if (FileSystem::standsAt(m_partial, m_descriptor))
-        FileSystem::unlink(m_partial);
+        return true;
+    const bool isGone = m_leavesTrace || !FileSystem::standsAt(m_partial, m_descriptor) ||
+                        FileSystem::unlink(m_partial) == 0;
     m_file.close();
     // Only now may another run have the name.
     ::close(m_descriptor);
+    m_descriptor = -1;
+    return isGone;
 }
 
 bool StagedFile::open(FileError* error)
 {
-    const mode_t mode = FileSystem::modeOf(m_path).value_or(UsualMode);
-    if (!error->take(PartialFile::create(m_path, mode, &m_descriptor), m_path))
+    // The next run must be able to lock it, so it gets a mode without that only in its place.
+    const mode_t mode = FileSystem::modeOf(m_path).value_or(UsualMode) | S_IRUSR | S_IWUSR;
+    const int number = PartialFile::create(m_path, mode, &m_descriptor);
+    const bool isInTheWay = number != EWOULDBLOCK && FileSystem::exists(m_partial);
+    if (!error->take(number, isInTheWay ? m_partial : m_path))
         return false;
     m_file.setFileName(m_path);
     if (m_file.open(m_descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered))
@@ -45,8 +53,11 @@ bool StagedFile::complete(FileError* error)
 
 bool StagedFile::place(bool replacing, FileError* error)
 {
-    int number = ENOENT;
-    if (FileSystem::standsAt(m_partial, m_descriptor))
+    int number = FileSystem::standsAt(m_partial, m_descriptor) ? 0 : ENOENT;
+    // Not before there is something to take the place of what a killed run kept.
+    if (number == 0)
+        number = PartialFile::recover(m_path, true);
+    if (number == 0)
         number = replacing && FileSystem::exists(m_path) ? replace() : placeWhereNothingIs();
     m_isPlaced = number == 0;
     return error->take(number, m_path);

@@ -21,7 +21,7 @@ public:
     const QString& path() const { return m_path; }
     QFile& file() { return m_file; }
 
-    /// Creates the temporary file, once what a killed run left is cleared. From the start nobody
+    /// Creates the temporary file. From the start nobody
     /// may read it who may not read what it is to replace.
     bool open(FileError* error);
 
@@ -38,6 +38,14 @@ public:
     /// Makes place() last. Returns whether what stood there before is gone.
     bool settle();
 
+    /// Leaves the temporary name for the next run, which puts back what takeBack() could not.
+    void leaveTrace() { m_leavesTrace = true; }
+
+    /// Gives the temporary name free. Returns whether it is gone, or is to stay.
+    bool release();
+
+    const QString& partialPath() const { return m_partial; }
+
     /// Where that is which the file took the place of.
     QString keptPath() const;
 
@@ -52,6 +60,7 @@ private:
     QFile m_file;
     int m_descriptor = -1;
     bool m_isPlaced = false;
+    bool m_leavesTrace = false;
     std::optional<FileSystem::Identity> m_replaced;
 };
 

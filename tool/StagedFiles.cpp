@@ -36,8 +36,10 @@ StagedFiles::StagedFiles(std::function<void(const char*)> beforeStep)
 /// The first file's lock keeps other runs away to the end.
 void StagedFiles::release()
 {
-    while (!m_files.empty())
-        m_files.pop_back();
+    for (; !m_files.empty(); m_files.pop_back()) {
+        if (!m_files.back()->release())
+            m_leftBehind << m_files.back()->partialPath();
+    }
 }
 
 QFile* StagedFiles::add(const QString& path, FileError* error)
@@ -76,12 +78,18 @@ bool StagedFiles::putInPlace(bool replacing, FileError* error)
 
 void StagedFiles::takeAllBack(FileError* error)
 {
+    bool isComplete = true;
     for (const auto& file : m_files) {
-        if (!file->takeBack())
-            error->reason +=
-                QStringLiteral("; %1 could not be put back, what stood there before is "
-                               "kept as %2")
-                    .arg(shownText(file->path()), shownText(file->keptPath()));
+        if (file->takeBack())
+            continue;
+        isComplete = false;
+        error->reason += QStringLiteral("; %1 could not be put back, what stood there before is "
+                                        "kept as %2")
+                             .arg(shownText(file->path()), shownText(file->keptPath()));
+    }
+    for (const auto& file : m_files) {
+        if (!isComplete)
+            file->leaveTrace();
     }
 }
 

@@ -31,7 +31,7 @@ public:
     /// without their image, or beside the one from before; KilledRun undoes that.
     bool place(bool replacing, FileError* error);
 
-    /// Replaced files that place() could not remove once all was in place.
+    /// What place() could not remove of its files on the way.
     const QStringList& leftBehind() const { return m_leftBehind; }
 
 private:

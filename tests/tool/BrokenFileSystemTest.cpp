@@ -21,6 +21,7 @@ private slots:
     void takesAllBackWhenTheFolderIsNotSynced_data() { addFileSystems(); }
     void takesAllBackWhenTheFolderIsNotSynced();
     void tellsWhereAFileIsThatCannotBePutBack();
+    void tellsWhichTemporaryNameStays();
     void tellsWhatItCannotClear();
     void leavesNothingWhereFilesCannotBeLocked();
 
@@ -137,6 +138,24 @@ void BrokenFileSystemTest::tellsWhereAFileIsThatCannotBePutBack()
     QCOMPARE(m_tool->read(".top.txt.pelk-fcf-old"), m_companion);
     QCOMPARE(m_tool->read("top.fcf"), m_image);
     QCOMPARE(m_tool->read("top.fcf.sha256"), m_digest);
+    // The next run can, even if it fails itself.
+    faults = Faults();
+    faults.syncsNoFolder = true;
+    QCOMPARE(create().code, 3);
+    verifyOldFiles();
+}
+
+void BrokenFileSystemTest::tellsWhichTemporaryNameStays()
+{
+    faults.failsUnlink = [](const QByteArray& path) { return path.endsWith("/.top.txt.pelk-fcf"); };
+    const Run run = create();
+    QCOMPARE(run.code, 0);
+    QVERIFY2(run.err.contains(".top.txt.pelk-fcf: --output: is left of what was on the way, and "
+                              "could not be removed"),
+             run.err);
+    faults = Faults();
+    QCOMPARE(create().code, 0);
+    QCOMPARE(m_tool->names(), QStringList({"top.bin", "top.fcf", "top.fcf.sha256", "top.txt"}));
 }
 
 void BrokenFileSystemTest::tellsWhatItCannotClear()
@@ -148,8 +167,8 @@ void BrokenFileSystemTest::tellsWhatItCannotClear()
     QCOMPARE(run.code, 0);
     QVERIFY2(run.err.contains("warning: "), run.err);
     QVERIFY2(
-        run.err.contains(".top.txt.pelk-fcf-old: --output: holds what was replaced, and could not "
-                         "be removed"),
+        run.err.contains(".top.txt.pelk-fcf-old: --output: is left of what was on the way, and "
+                         "could not be removed"),
         run.err);
     QCOMPARE(m_tool->read(".top.txt.pelk-fcf-old"), m_companion);
     // The next run clears it.

@@ -22,6 +22,7 @@ private slots:
     void givesEqualBytesTwice();
     void takesADescriptionFromAFile();
     void takesAnAtSignAtTheStartOfADescription();
+    void takesAnArgumentThatEndsWithAnEqualsSign();
     void takesArgumentsForWhatTheyAre();
     void completesABuildFromAnother_data();
     void completesABuildFromAnother();
@@ -130,6 +131,27 @@ void CreateTest::takesAnAtSignAtTheStartOfADescription()
     described.back() = "@@home";
     QCOMPARE(tool.run(Arguments{"create", tool.argument("top.bin")} + described).code, 0);
     QVERIFY(tool.read("top.txt").contains("Description: @home\n"));
+}
+
+void CreateTest::takesAnArgumentThatEndsWithAnEqualsSign()
+{
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(100));
+    Arguments described = ToolFixture::described();
+    described.back() = "--note=";
+    QCOMPARE(tool.run(Arguments{"create", tool.argument("top.bin"), "--force",
+                                "--author=", "--function", "--author=", "b=", "c", "d"} +
+                      described)
+                 .code,
+             2);
+    QCOMPARE(tool.run(Arguments{"create", tool.argument("top.bin"), "--force", "--function",
+                                "--author=", "b=", "c", "d"} +
+                      described)
+                 .code,
+             0);
+    QVERIFY(tool.read("top.txt").contains("Description: --note=\n"));
+    QVERIFY(tool.read("top.txt").contains("Function name: --author=\nFunction author: b=\n"));
+    QVERIFY(tool.run({"show", "--", "--json="}).err.contains("--json=: FILE: cannot be read"));
 }
 
 void CreateTest::takesArgumentsForWhatTheyAre()

@@ -42,7 +42,8 @@ private slots:
     void losesNothing();
 
 private:
-    static void prepare(ToolFixture* tool, const QStringList& before);
+    static void prepare(ToolFixture* tool, const QStringList& before, bool otherHeader);
+    void losesNothing(bool otherHeader);
     static Arguments create(const ToolFixture& tool, const QStringList& options);
 };
 
@@ -70,9 +71,9 @@ void KilledAnywhereTest::losesNothing_data()
     }
 }
 
-/// Leaves the files \p before of an image of "top.bin", which is another one from then on but for
-/// what its header says.
-void KilledAnywhereTest::prepare(ToolFixture* tool, const QStringList& before)
+/// Leaves the files \p before of an image of "top.bin", which is another one from then on, with
+/// another header or the same.
+void KilledAnywhereTest::prepare(ToolFixture* tool, const QStringList& before, bool otherHeader)
 {
     tool->write("top.bin", ToolFixture::payload(4000));
     QCOMPARE(tool->run(tool->createAll()).code, 0);
@@ -80,7 +81,7 @@ void KilledAnywhereTest::prepare(ToolFixture* tool, const QStringList& before)
         if (!before.contains(name))
             QVERIFY(QFile::remove(tool->path(name)));
     }
-    tool->write("top.bin", ToolFixture::payload(3999) + '!');
+    tool->write("top.bin", ToolFixture::payload(3999) + (otherHeader ? "!!" : "!"));
 }
 
 Arguments KilledAnywhereTest::create(const ToolFixture& tool, const QStringList& options)
@@ -93,6 +94,12 @@ Arguments KilledAnywhereTest::create(const ToolFixture& tool, const QStringList&
 
 void KilledAnywhereTest::losesNothing()
 {
+    losesNothing(false);
+    losesNothing(true);
+}
+
+void KilledAnywhereTest::losesNothing(bool otherHeader)
+{
     QFETCH(QStringList, before);
     QFETCH(QStringList, options);
     QFETCH(QStringList, nextOptions);
@@ -101,7 +108,7 @@ void KilledAnywhereTest::losesNothing()
     int changes = 0;
     for (bool killed = true; killed; ++changes) {
         ToolFixture tool;
-        prepare(&tool, before);
+        prepare(&tool, before, otherHeader);
         const Contents old = contentsOf(tool);
         faults.hasNoLink = !hasLinks;
         faults.killedBeforeChange = changes;

@@ -28,6 +28,10 @@ private slots:
     void clearsALinkThatAKilledRunReplaced();
     void waitsWithItsEndUntilAllIsInPlace_data();
     void waitsWithItsEndUntilAllIsInPlace();
+    void keepsWhatItReplacedForAnotherCommandThatFails();
+    void keepsWhatSomebodyWroteSince_data();
+    void keepsWhatSomebodyWroteSince();
+    void knowsAnImageThatWasMovedSince();
     void clearsTheLeftoversOfAllOutputs();
     void keepsACompanionThatIsNoLeftover();
 };
@@ -232,6 +236,72 @@ void KilledRunTest::keepsACompanionThatIsNoLeftover()
     tool.write(".top.fcf.pelk-fcf", "stale, but of another companion");
     QCOMPARE(tool.run(tool.createAll()).code, 4);
     QCOMPARE(tool.read("top.txt"), QByteArray("notes of mine"));
+}
+
+void KilledRunTest::keepsWhatItReplacedForAnotherCommandThatFails()
+{
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(4000));
+    QCOMPARE(tool.run(tool.createAll()).code, 0);
+    const QByteArray image = tool.read("top.fcf");
+    const QByteArray companion = tool.read("top.txt");
+    tool.write("src.fcf", image);
+    tool.write("top.bin", ToolFixture::payload(5000));
+    QVERIFY(tool.runSignalled(tool.createAll({"--force"}), PlaceOfImage));
+    QVERIFY(tool.read("top.txt") != companion);
+    const auto failing = [&tool](const QString& partial) {
+        tool.environment.beforeStep = [&tool, partial](const char* step) {
+            if (qstrcmp(step, "place") == 0)
+                QFile::remove(tool.path(partial));
+        };
+    };
+    failing(".top.txt.pelk-fcf");
+    QCOMPARE(tool.run({"extract", tool.argument("src.fcf"), "--output", tool.argument("top.txt"),
+                       "--force"})
+                 .code,
+             3);
+    failing(".top.fcf.pelk-fcf");
+    QCOMPARE(tool.run(tool.createAll({"--force"})).code, 3);
+    QCOMPARE(tool.read("top.fcf"), image);
+    QCOMPARE(tool.read("top.txt"), companion);
+}
+
+void KilledRunTest::keepsWhatSomebodyWroteSince_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("written");
+    QTest::newRow("into the companion") << "top.txt" << QByteArray("my own notes");
+    QTest::newRow("into the digest") << "top.fcf.sha256" << QByteArray("my own sums");
+}
+
+void KilledRunTest::keepsWhatSomebodyWroteSince()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, written);
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(4000));
+    QVERIFY(tool.runSignalled(tool.createAll(), PlaceOfImage));
+    // Still the file that the run made.
+    tool.write(name, written);
+    QCOMPARE(tool.run(tool.createAll()).code, 4);
+    QCOMPARE(tool.read(name), written);
+    const Run run = tool.run(Arguments{"create", tool.argument("top.bin"), "--no-companion"} +
+                             ToolFixture::described());
+    QCOMPARE(run.code, 0);
+    QCOMPARE(tool.read(name), written);
+}
+
+void KilledRunTest::knowsAnImageThatWasMovedSince()
+{
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(4000));
+    QVERIFY(tool.runSignalled(tool.createAll(), StepsOfCreate - 1));
+    const QByteArray companion = tool.read("top.txt");
+    QVERIFY(QDir().mkdir(tool.path("release")));
+    QVERIFY(QFile::rename(tool.path("top.fcf"), tool.path("release/top.fcf")));
+    tool.write("top.bin", ToolFixture::payload(5000));
+    QCOMPARE(tool.run(tool.createAll()).code, 4);
+    QCOMPARE(tool.read("top.txt"), companion);
 }
 
 QTEST_GUILESS_MAIN(KilledRunTest)
