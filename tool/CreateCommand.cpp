@@ -23,7 +23,7 @@ bool stageAndPlace(ImageWriter* writer, InputFile* binary, const Outputs& output
                    Session* session, FileError* error)
 {
     session->environment().beforeStep("undo");
-    if (!KilledRun(outputs.image()).undo({outputs.companion(), outputs.digest()}, error))
+    if (!KilledRun(outputs.image(), outputs.companion()).undo(error))
         return false;
     StagedFiles files(session->environment().beforeStep);
     QFile* const image = files.add(outputs.image(), error);

@@ -2,6 +2,7 @@
 
 #include "tool/HeaderPage.h"
 #include "tool/InputFile.h"
+#include "tool/KilledRun.h"
 #include "tool/Outputs.h"
 #include "tool/PayloadCopy.h"
 #include "tool/Session.h"
@@ -19,6 +20,9 @@ bool writePayload(InputFile* file, const HeaderPage& page, const QString& path, 
     if (path == StandardStream)
         return copyPayload(*file, page.bytes, "extract", session->environment().out, session,
                            error);
+    // The file may be one of several that a run of another command left half in place.
+    if (!KilledRun::around(path).undo(error))
+        return false;
     StagedFiles files(session->environment().beforeStep);
     QFile* const output = files.add(path, error);
     if (!output || !copyPayload(*file, page.bytes, "extract", output, session, error) ||
@@ -52,9 +56,8 @@ void ExtractCommand::run(Session* session)
     if (output == StandardStream && session->json)
         session->findings.error(ExitCode::Refused, StandardOutputLabel, QStringLiteral("--output"),
                                 QStringLiteral("takes the payload alone: --json needs a file"));
-    if (output == StandardStream)
-        guardStandardOutput(session);
-    else
+    guardStandardOutput(session);
+    if (output != StandardStream)
         guardOutput(*output, m_force, session);
     if (session->findings.hasErrors() || !page.read(&file, ExitCode::NotValid, session))
         return;

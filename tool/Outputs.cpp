@@ -154,6 +154,7 @@ QString Outputs::digest() const { return Digest::pathFor(m_image); }
 
 void Outputs::guard(bool force, Session* session)
 {
+    guardStandardOutput(session);
     if (toStandardOutput()) {
         if (hasCompanion)
             refuse(StandardOutputLabel,
@@ -162,7 +163,6 @@ void Outputs::guard(bool force, Session* session)
             refuse(StandardOutputLabel,
                    QStringLiteral("takes the image alone: --digest and --json need a file"),
                    session);
-        guardStandardOutput(session);
         return;
     }
     guardOutput(m_image, force, session);
@@ -172,8 +172,8 @@ void Outputs::guard(bool force, Session* session)
         const char* option;
     } others[] = {{hasCompanion, m_companion, "--no-companion"}, {hasDigest, digest(), "--digest"}};
     for (const auto& other : others) {
-        const bool isLeftover =
-            !FileSystem::exists(m_image) && KilledRun(m_image).placedWhereNothingWas(other.path);
+        const bool isLeftover = !FileSystem::exists(m_image) &&
+                                KilledRun(m_image, m_companion).placedWhereNothingWas(other.path);
         QStringList names = PartialFile::namesFor(other.path);
         if (isLeftover)
             names << other.path;

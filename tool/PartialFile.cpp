@@ -18,6 +18,7 @@ namespace {
 const QString PartialEnding = QStringLiteral(".pelk-fcf");
 const QString BackupEnding = QStringLiteral("-old");
 const QString SpareEnding = QStringLiteral("-new");
+const QString KeptEnding = QStringLiteral("-kept");
 /// How often another program may take the temporary name away between two of our steps.
 constexpr int Attempts = 16;
 
@@ -25,8 +26,8 @@ bool fits(const QString& name) { return QFile::encodeName(name).size() <= NAME_M
 
 QString partialName(const QString& name)
 {
-    const QString partial = QLatin1Char('.') + name + PartialEnding;
-    if (fits(partial + SpareEnding))
+    QString partial = QLatin1Char('.') + name + PartialEnding;
+    if (fits(partial + KeptEnding))
         return partial;
     const QByteArray digest =
         QCryptographicHash::hash(QFile::encodeName(name), QCryptographicHash::Sha256);
@@ -50,6 +51,8 @@ QString PartialFile::pathFor(const QString& path)
 }
 
 QString PartialFile::backupPathFor(const QString& path) { return pathFor(path) + BackupEnding; }
+
+QString PartialFile::keptPathFor(const QString& path) { return pathFor(path) + KeptEnding; }
 
 QString PartialFile::sparePathFor(const QString& path) { return pathFor(path) + SpareEnding; }
 
@@ -93,6 +96,8 @@ bool PartialFile::isInPlace(const QString& path)
 
 bool PartialFile::wasPlaced(const QString& path)
 {
+    if (FileSystem::exists(path))
+        return isInPlace(path);
     const QString partial = pathFor(path);
     const auto identity = FileSystem::entryIdentityOf(partial);
     const bool isSpare = identity && identity == FileSystem::entryIdentityOf(sparePathFor(path));
@@ -132,7 +137,7 @@ int PartialFile::clear(const QString& path)
 PartialFile::Found::Found(const QString& path) : m_partial(pathFor(path))
 {
     // Over a network only what is open for writing can be locked.
-    for (const int access : {O_RDWR, O_RDONLY}) {
+    for (const int access : {O_RDWR, O_RDONLY, O_WRONLY}) {
         m_descriptor = ::open(QFile::encodeName(m_partial).constData(),
                               access | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
         if (m_descriptor >= 0 || errno != EACCES)

@@ -20,10 +20,13 @@ QString pathFor(const QString& path);
 /// Where the file at \p path is kept until its replacement is sure to stay.
 QString backupPathFor(const QString& path);
 
+/// Where the file at \p path is kept for good that could not be put back. No run clears it.
+QString keptPathFor(const QString& path);
+
 /// A second name of what is completed, from where it replaces the file at \p path in one step.
 QString sparePathFor(const QString& path);
 
-/// All of these.
+/// All of these that a run may clear.
 QStringList namesFor(const QString& path);
 
 /// Creates the temporary file for \p path with its lock and puts it into \p descriptor, in place of
@@ -34,7 +37,7 @@ int create(const QString& path, mode_t mode, int* descriptor);
 /// Whether the file at \p path was put there by the run whose temporary file is beside it.
 bool isInPlace(const QString& path);
 
-/// Whether that run put it in place, wherever it was moved since.
+/// Whether that run put it in place, even if it was moved away since.
 bool wasPlaced(const QString& path);
 
 /// Clears the other names for \p path. What was put in place stays if \p keepPlaced, or else gives

@@ -22,8 +22,8 @@ bool StagedFile::release()
 {
     if (m_descriptor < 0)
         return true;
-    const bool isGone = m_leavesTrace || !FileSystem::standsAt(m_partial, m_descriptor) ||
-                        FileSystem::unlink(m_partial) == 0;
+    const bool isGone =
+        !FileSystem::standsAt(m_partial, m_descriptor) || FileSystem::unlink(m_partial) == 0;
     m_file.close();
     // Only now may another run have the name.
     ::close(m_descriptor);
@@ -126,6 +126,12 @@ bool StagedFile::takeBack()
         number = FileSystem::unlink(m_path);
     m_isPlaced = number != 0;
     return number == 0;
+}
+
+QString StagedFile::setAside()
+{
+    const QString kept = PartialFile::keptPathFor(m_path);
+    return FileSystem::renameToFree(keptPath(), kept) == 0 ? kept : keptPath();
 }
 
 bool StagedFile::settle()

@@ -32,16 +32,17 @@ public:
     /// kept for now.
     bool place(bool replacing, FileError* error);
 
-    /// Undoes place(). Where that fails, what stood there before is still at keptPath().
+    /// Undoes place(). Where that fails, what stood there before is still beside it: see
+    /// setAside().
     bool takeBack();
 
     /// Makes place() last. Returns whether what stood there before is gone.
     bool settle();
 
-    /// Leaves the temporary name for the next run, which puts back what takeBack() could not.
-    void leaveTrace() { m_leavesTrace = true; }
+    /// Keeps for good what takeBack() could not put back. Returns where.
+    QString setAside();
 
-    /// Gives the temporary name free. Returns whether it is gone, or is to stay.
+    /// Gives the temporary name free. Returns whether it is gone.
     bool release();
 
     const QString& partialPath() const { return m_partial; }
@@ -60,7 +61,6 @@ private:
     QFile m_file;
     int m_descriptor = -1;
     bool m_isPlaced = false;
-    bool m_leavesTrace = false;
     std::optional<FileSystem::Identity> m_replaced;
 };
 

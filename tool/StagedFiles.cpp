@@ -78,18 +78,11 @@ bool StagedFiles::putInPlace(bool replacing, FileError* error)
 
 void StagedFiles::takeAllBack(FileError* error)
 {
-    bool isComplete = true;
     for (const auto& file : m_files) {
-        if (file->takeBack())
-            continue;
-        isComplete = false;
-        error->reason += QStringLiteral("; %1 could not be put back, what stood there before is "
-                                        "kept as %2")
-                             .arg(shownText(file->path()), shownText(file->keptPath()));
-    }
-    for (const auto& file : m_files) {
-        if (!isComplete)
-            file->leaveTrace();
+        if (!file->takeBack())
+            error->reason += QStringLiteral("; %1 could not be put back, what stood there before "
+                                            "is kept as %2")
+                                 .arg(shownText(file->path()), shownText(file->setAside()));
     }
 }
 

@@ -296,6 +296,10 @@ void BlackBoxTest::refusesAnInputAsStandardOutput_data()
     QTest::newRow("create in place") << "create top.bin --like top.fcf --no-companion --output - "
                                         "1<>top.bin"
                                      << "top.bin";
+    QTest::newRow("create elsewhere") << "create top.bin --like top.fcf --output new.fcf >>top.bin"
+                                      << "top.bin";
+    QTest::newRow("extract elsewhere") << "extract top.fcf --output new.bin >>top.fcf"
+                                       << "top.fcf";
     QTest::newRow("create behind it") << "create top.bin --like top.fcf --no-companion --output - "
                                          ">>top.bin"
                                       << "top.bin";
@@ -315,6 +319,7 @@ void BlackBoxTest::refusesAnInputAsStandardOutput()
     QCOMPARE(run.code, 2);
     QVERIFY2(run.err.contains("is the input itself, \""), run.err);
     QVERIFY2(run.err.contains("error: standard output: "), run.err);
+    QCOMPARE(tool.names(), QStringList({"top.bin", "top.fcf", "top.txt"}));
     QCOMPARE(tool.read(file), bytes);
 }
 

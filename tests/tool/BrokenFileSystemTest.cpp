@@ -24,6 +24,7 @@ private slots:
     void tellsWhichTemporaryNameStays();
     void tellsWhatItCannotClear();
     void leavesNothingWhereFilesCannotBeLocked();
+    void losesNothingWhereAKilledRunCannotBeUndone();
 
 private:
     static void addFileSystems();
@@ -135,14 +136,16 @@ void BrokenFileSystemTest::tellsWhereAFileIsThatCannotBePutBack()
     QVERIFY2(
         run.err.contains("/top.txt could not be put back, what stood there before is kept as "),
         run.err);
-    QCOMPARE(m_tool->read(".top.txt.pelk-fcf-old"), m_companion);
+    QCOMPARE(m_tool->read(".top.txt.pelk-fcf-kept"), m_companion);
     QCOMPARE(m_tool->read("top.fcf"), m_image);
     QCOMPARE(m_tool->read("top.fcf.sha256"), m_digest);
-    // The next run can, even if it fails itself.
+    // No other run takes that for its own.
     faults = Faults();
     faults.syncsNoFolder = true;
     QCOMPARE(create().code, 3);
-    verifyOldFiles();
+    faults = Faults();
+    QCOMPARE(create().code, 0);
+    QCOMPARE(m_tool->read(".top.txt.pelk-fcf-kept"), m_companion);
 }
 
 void BrokenFileSystemTest::tellsWhichTemporaryNameStays()
@@ -183,6 +186,20 @@ void BrokenFileSystemTest::leavesNothingWhereFilesCannotBeLocked()
     const Run run = create();
     QCOMPARE(run.code, 3);
     QVERIFY2(run.err.contains("top.fcf: --output: cannot be written: No locks available"), run.err);
+    verifyOldFiles();
+}
+
+void BrokenFileSystemTest::losesNothingWhereAKilledRunCannotBeUndone()
+{
+    faults.killedBeforeChange = 10;
+    QVERIFY(m_tool->runSignalled(m_tool->createAll({"--force"}), -1));
+    faults = Faults();
+    QVERIFY(m_tool->read("top.fcf.sha256") != m_digest && m_tool->read("top.fcf") == m_image);
+    faults.hasNoLock = true;
+    QCOMPARE(create().code, 3);
+    faults = Faults();
+    faults.syncsNoFolder = true;
+    QCOMPARE(create().code, 3);
     verifyOldFiles();
 }
 

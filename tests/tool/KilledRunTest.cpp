@@ -5,6 +5,8 @@
 
 #include <csignal>
 
+#include <unistd.h>
+
 namespace {
 
 /// What a killed run left, three files to open, complete and place, the folder, three to settle.
@@ -29,6 +31,8 @@ private slots:
     void waitsWithItsEndUntilAllIsInPlace_data();
     void waitsWithItsEndUntilAllIsInPlace();
     void keepsWhatItReplacedForAnotherCommandThatFails();
+    void keepsWhatItReplacedForAnotherCommandThatIsKilled();
+    void knowsAnImageThatHasAnotherName();
     void keepsWhatSomebodyWroteSince_data();
     void keepsWhatSomebodyWroteSince();
     void knowsAnImageThatWasMovedSince();
@@ -266,11 +270,58 @@ void KilledRunTest::keepsWhatItReplacedForAnotherCommandThatFails()
     QCOMPARE(tool.read("top.txt"), companion);
 }
 
+void KilledRunTest::keepsWhatItReplacedForAnotherCommandThatIsKilled()
+{
+    for (int step = 0; step < 4; ++step) {
+        ToolFixture tool;
+        tool.write("top.bin", ToolFixture::payload(4000));
+        QCOMPARE(tool.run(tool.createAll()).code, 0);
+        const QByteArray image = tool.read("top.fcf");
+        const QByteArray companion = tool.read("top.txt");
+        tool.write("src.fcf", image);
+        tool.write("top.bin", ToolFixture::payload(5000));
+        QVERIFY(tool.runSignalled(tool.createAll({"--force"}), PlaceOfImage));
+        // Open, complete, place: none of them puts anything in place yet.
+        QCOMPARE(tool.runSignalled({"extract", tool.argument("src.fcf"), "--output",
+                                    tool.argument("top.txt"), "--force"},
+                                   step),
+                 true);
+        if (tool.read("top.txt") == ToolFixture::payload(4000))
+            continue;
+        tool.environment.beforeStep = [&tool](const char* name) {
+            if (qstrcmp(name, "place") == 0)
+                QFile::remove(tool.path(".top.fcf.pelk-fcf"));
+        };
+        QCOMPARE(tool.run(tool.createAll({"--force"})).code, 3);
+        QCOMPARE(tool.read("top.fcf"), image);
+        QCOMPARE(tool.read("top.txt"), companion);
+    }
+}
+
+void KilledRunTest::knowsAnImageThatHasAnotherName()
+{
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(4000));
+    QCOMPARE(tool.run(tool.createAll()).code, 0);
+    const QByteArray companion = tool.read("top.txt");
+    tool.write("top.bin", ToolFixture::payload(5000));
+    QVERIFY(tool.runSignalled(tool.createAll({"--force"}), PlaceOfImage));
+    // As in a copy of the folder that is made of links.
+    QCOMPARE(::link(tool.argument(".top.fcf.pelk-fcf").c_str(), tool.argument("copy").c_str()), 0);
+    tool.environment.beforeStep = [&tool](const char* name) {
+        if (qstrcmp(name, "place") == 0)
+            QFile::remove(tool.path(".top.fcf.pelk-fcf"));
+    };
+    QCOMPARE(tool.run(tool.createAll({"--force"})).code, 3);
+    QCOMPARE(tool.read("top.txt"), companion);
+}
+
 void KilledRunTest::keepsWhatSomebodyWroteSince_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("written");
     QTest::newRow("into the companion") << "top.txt" << QByteArray("my own notes");
+    QTest::newRow("nothing into the companion") << "top.txt" << QByteArray("");
     QTest::newRow("into the digest") << "top.fcf.sha256" << QByteArray("my own sums");
 }
 

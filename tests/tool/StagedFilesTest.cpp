@@ -168,7 +168,7 @@ void StagedFilesTest::keepsWhatAnotherProgramPutInPlaceMeanwhile()
     QVERIFY2(run.err.contains("top.txt could not be put back, what stood there before is kept as "),
              run.err);
     QCOMPARE(tool.read("top.txt"), QByteArray("someone else's"));
-    QCOMPARE(tool.read(".top.txt.pelk-fcf-old"), companion);
+    QCOMPARE(tool.read(".top.txt.pelk-fcf-kept"), companion);
 }
 
 void StagedFilesTest::keepsOutOfTheWayOfAnotherRun()
