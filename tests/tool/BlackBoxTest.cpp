@@ -177,11 +177,10 @@ void BlackBoxTest::readsAFileOnStandardInputFromWhereItStands()
         QStringList arguments = create(tool, "x", more + QStringList{"--output", output});
         arguments[1] = "-";
         QProcess process;
-        process.start("sh", QStringList{"-c",
-                                        "exec <\"$1\"; shift; dd bs=1000 count=1 of=/dev/null "
-                                        "status=none; exec \"$@\"",
-                                        "sh", tool.path("both"), PELK_FCF} +
-                                arguments);
+        const QString script = "exec <\"$1\"; shift; "
+                               "dd bs=1000 count=1 of=/dev/null status=none; exec \"$@\"";
+        process.start("sh",
+                      QStringList{"-c", script, "sh", tool.path("both"), PELK_FCF} + arguments);
         return finished(&process);
     };
     const Run made = runOn(tool.path("top.fcf"), {});
