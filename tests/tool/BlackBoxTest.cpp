@@ -112,7 +112,7 @@ void BlackBoxTest::takesNamesOfAllKinds()
     tool.write(name + "/" + name + ".bin", ToolFixture::payload(100));
     QProcess process;
     process.setWorkingDirectory(tool.path(name));
-    const auto runHere = [this, &process](QStringList arguments) {
+    const auto runHere = [&process](QStringList arguments) {
         process.start(PELK_FCF, arguments);
         return finished(&process);
     };
