@@ -4,7 +4,6 @@
 #include "tool/FileError.h"
 
 #include <QString>
-#include <QStringList>
 
 #include <optional>
 

@@ -8,7 +8,6 @@
 #include "tool/Session.h"
 #include "tool/StagedFiles.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 namespace {

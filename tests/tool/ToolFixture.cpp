@@ -128,6 +128,14 @@ Run ToolFixture::verifyAll()
                 argument("top.txt"), "--digest", argument("top.fcf.sha256")});
 }
 
+void ToolFixture::failPlacing(const QString& partial)
+{
+    environment.beforeStep = [this, partial](const char* step) {
+        if (qstrcmp(step, "place") == 0)
+            QFile::remove(path(partial));
+    };
+}
+
 void ToolFixture::makeImage()
 {
     write("top.bin", payload(4000));

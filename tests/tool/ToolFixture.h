@@ -55,6 +55,9 @@ public:
     Arguments createAll(const Arguments& more = {}) const;
     /// Checks that it is all of what "top.bin" is now.
     Run verifyAll();
+    /// Makes every run from now on fail when it comes to putting outputs in place, by taking the
+    /// temporary file \p partial away.
+    void failPlacing(const QString& partial);
     /// Makes "top.bin" and of it "top.fcf" and "top.txt".
     void makeImage();
 
