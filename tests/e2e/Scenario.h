@@ -1,28 +1,29 @@
-#ifndef TESTS_ROAD_ROAD_H
-#define TESTS_ROAD_ROAD_H
+#ifndef TESTS_E2E_SCENARIO_H
+#define TESTS_E2E_SCENARIO_H
 
-#include "Hands.h"
+#include "e2e/UserActions.h"
 
 #include "support/ModalAnswer.h"
 
 #include <functional>
 
-/// The way of a person through the host's real menus and windows.
-class Road {
+/// What a user does with the host's real menus and windows, from the sample binary to checked
+/// images and a configuration package.
+class Scenario {
 public:
     /// \p design is the folder of the design that the host has open, \p screenshot may be empty.
-    Road(const QString& design, const QString& screenshot);
+    Scenario(const QString& design, const QString& screenshot);
 
-    /// Throws a RoadBlock at the first thing that falls short.
-    void drive();
-    /// What the host must still know after it was ended and started again.
-    void driveAfterRestart();
+    /// Throws StepFailed at the first step whose result is not the expected one.
+    void run();
+    /// Checks what the host must remember after it was closed and started again.
+    void runAfterRestart();
 
-    /// What was made on the way, as far as it was gone.
+    /// What was made so far.
     QString report() const { return m_report; }
 
 private:
-    /// From the Tools menu: an image with two functions, which is loaded again and made anew.
+    /// From the Tools menu: an image with two functions, which is then loaded and made again.
     void makeImageFromToolsMenu();
     void remakeImageFromItsCompanion();
     /// From the design: an image whose files become the design's own.
@@ -33,10 +34,10 @@ private:
     /// A configuration package of the design, named by the plug-in's form.
     void archiveDesign();
     void makePackage(QWidget* dialog);
-    /// Opens the archive dialog and lets \p deal have it, in which a RoadBlock may be thrown.
-    void withArchiveDialog(const std::function<void(QWidget*)>& deal);
+    /// Opens the archive dialog and calls \p use with it, which may throw StepFailed.
+    void withArchiveDialog(const std::function<void(QWidget*)>& use);
     void takeScreenshot() const;
-    void tell(const QString& title, const QString& text);
+    void addToReport(const QString& title, const QString& text);
 
     QString path(const char* name) const;
 
