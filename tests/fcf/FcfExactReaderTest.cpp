@@ -1,4 +1,4 @@
-#include "fcf/FcfReader.h"
+#include "fcf/FcfExactReader.h"
 #include "fcf/FcfWriter.h"
 
 #include <QBuffer>
@@ -9,11 +9,11 @@ namespace {
 
 QTextCodec* utf8() { return QTextCodec::codecForName("UTF-8"); }
 
-FcfReading readExactly(QByteArray bytes)
+FcfExactReading readExactly(QByteArray bytes)
 {
     QBuffer device(&bytes);
     device.open(QIODevice::ReadOnly);
-    return FcfReader(utf8(), FcfReader::Exact).read(&device);
+    return FcfExactReader::read(&device, utf8());
 }
 
 /// Full of what a form loses.
@@ -36,7 +36,7 @@ FcfHeader header()
 } // namespace
 
 /// Exact readings give back what was written, and tell where something else stands.
-class FcfExactReadingTest : public QObject {
+class FcfExactReaderTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -51,47 +51,47 @@ private slots:
     void leavesThePayloadAlone();
 };
 
-void FcfExactReadingTest::givesBackWhatWasWritten()
+void FcfExactReaderTest::givesBackWhatWasWritten()
 {
-    const FcfReading reading = readExactly(FcfWriter(utf8()).compose(header()) + "payload");
-    QVERIFY(reading.outcome == FcfReading::Complete);
+    const FcfExactReading reading = readExactly(FcfWriter(utf8()).compose(header()) + "payload");
+    QVERIFY(reading.outcome == FcfExactReading::Complete);
     QVERIFY(reading.header == header());
 }
 
-void FcfExactReadingTest::tellsWhereTextsStand()
+void FcfExactReaderTest::tellsWhereTextsStand()
 {
     const QByteArray bytes = FcfWriter(utf8()).compose(header());
-    const FcfReading reading = readExactly(bytes);
-    QCOMPARE(reading.exact.spans.size(), 6 + 2 * 4);
-    const FcfSpan author = reading.exact.spans.at(2);
+    const FcfExactReading reading = readExactly(bytes);
+    QCOMPARE(reading.spans.size(), 6 + 2 * 4);
+    const FcfSpan author = reading.spans.at(2);
     QCOMPARE(author.field, "author");
     QCOMPARE(author.function, -1);
     QVERIFY(bytes.mid(author.offset).startsWith("Grün\n"));
-    const FcfSpan ciNumber = reading.exact.spans.at(6 + 4 + 2);
+    const FcfSpan ciNumber = reading.spans.at(6 + 4 + 2);
     QCOMPARE(ciNumber.field, "ciNumber");
     QCOMPARE(ciNumber.function, 1);
     QVERIFY(bytes.mid(ciNumber.offset).startsWith("b\nFunction description: \n---\n----\n"));
 }
 
-void FcfExactReadingTest::tellsWhereTheTextEnds()
+void FcfExactReaderTest::tellsWhereTheTextEnds()
 {
     const QByteArray bytes = FcfWriter(utf8()).compose(header());
-    QCOMPARE(readExactly(bytes).exact.textEnd, bytes.size());
-    QCOMPARE(readExactly(bytes + "\n----\n").exact.textEnd, bytes.size());
+    QCOMPARE(readExactly(bytes).textEnd, bytes.size());
+    QCOMPARE(readExactly(bytes + "\n----\n").textEnd, bytes.size());
 }
 
-void FcfExactReadingTest::takesTheReservedWords()
+void FcfExactReaderTest::takesTheReservedWords()
 {
     QByteArray bytes = FcfWriter(utf8()).compose(header());
     // A line feed among them does not move what follows.
     bytes.replace(48, 4, "\n\n\n\n");
-    const FcfReading reading = readExactly(bytes);
-    QVERIFY(reading.outcome == FcfReading::Complete);
-    QCOMPARE(reading.exact.reservedWords,
+    const FcfExactReading reading = readExactly(bytes);
+    QVERIFY(reading.outcome == FcfExactReading::Complete);
+    QCOMPARE(reading.reservedWords,
              QVector<quint32>({0xFFFFFFFF, 0x0A0A0A0A, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF}));
 }
 
-void FcfExactReadingTest::tellsTheFirstDeviation_data()
+void FcfExactReaderTest::tellsTheFirstDeviation_data()
 {
     QTest::addColumn<QByteArray>("before");
     QTest::addColumn<QByteArray>("after");
@@ -111,7 +111,7 @@ void FcfExactReadingTest::tellsTheFirstDeviation_data()
     row("bytes that are no text", "Gr", "\xff", "author", -1, "text that can be decoded");
 }
 
-void FcfExactReadingTest::tellsTheFirstDeviation()
+void FcfExactReaderTest::tellsTheFirstDeviation()
 {
     QFETCH(QByteArray, before);
     QFETCH(QByteArray, after);
@@ -121,50 +121,46 @@ void FcfExactReadingTest::tellsTheFirstDeviation()
     QByteArray bytes = FcfWriter(utf8()).compose(header());
     const int position = bytes.indexOf(before);
     QVERIFY(position > 0);
-    const FcfReading reading = readExactly(bytes.replace(position, before.size(), after));
-    QVERIFY(reading.outcome == FcfReading::Deviates);
-    QCOMPARE(QByteArray(reading.exact.deviation.field), field);
-    QCOMPARE(reading.exact.deviation.function, function);
-    QCOMPARE(reading.exact.expected, expected);
-    const int offset = reading.exact.deviation.offset;
+    const FcfExactReading reading = readExactly(bytes.replace(position, before.size(), after));
+    QVERIFY(reading.outcome == FcfExactReading::Deviates);
+    QCOMPARE(QByteArray(reading.deviation.field), field);
+    QCOMPARE(reading.deviation.function, function);
+    QCOMPARE(reading.expected, expected);
+    const int offset = reading.deviation.offset;
     QCOMPARE(bytes.at(offset - 1), '\n');
     QCOMPARE(bytes.mid(offset, bytes.indexOf('\n', offset) - offset),
-             reading.exact.found.contains(QChar::ReplacementCharacter)
-                 ? QByteArray("Author: \xffün")
-                 : reading.exact.found.toUtf8());
+             reading.found.contains(QChar::ReplacementCharacter) ? QByteArray("Author: \xffün")
+                                                                 : reading.found.toUtf8());
 }
 
-void FcfExactReadingTest::endsWithTheDevice()
+void FcfExactReaderTest::endsWithTheDevice()
 {
     const QByteArray bytes = FcfWriter(utf8()).compose(header());
     for (int length = 0; length < bytes.size(); ++length) {
-        const FcfReading reading = readExactly(bytes.left(length));
-        QVERIFY2(reading.outcome != FcfReading::Complete, qPrintable(QString::number(length)));
+        const FcfExactReading reading = readExactly(bytes.left(length));
+        QVERIFY2(reading.outcome != FcfExactReading::Complete, qPrintable(QString::number(length)));
     }
-    QVERIFY(readExactly(QByteArray()).outcome == FcfReading::NoText);
-    QVERIFY(readExactly(bytes.left(65)).outcome == FcfReading::NoText);
+    QVERIFY(readExactly(QByteArray()).outcome == FcfExactReading::NoText);
+    QVERIFY(readExactly(bytes.left(65)).outcome == FcfExactReading::NoText);
 }
 
-void FcfExactReadingTest::takesNoMoreThanItsBound()
+void FcfExactReaderTest::takesNoMoreThanItsBound()
 {
     FcfHeader endless = header();
-    endless.description = QString(FcfReader::MaximumBytes, 'x');
-    QVERIFY(readExactly(FcfWriter(utf8()).compose(endless)).outcome != FcfReading::Complete);
+    endless.description = QString(FcfExactReader::MaximumBytes, 'x');
+    QVERIFY(readExactly(FcfWriter(utf8()).compose(endless)).outcome != FcfExactReading::Complete);
 }
 
-void FcfExactReadingTest::leavesThePayloadAlone()
+void FcfExactReaderTest::leavesThePayloadAlone()
 {
     const FcfWriter writer(utf8());
     QByteArray bytes = writer.compose(header());
     bytes += writer.fillerFor(bytes.size()) + QByteArray(100000, 'x');
     QBuffer device(&bytes);
     device.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
-    FcfReader(utf8(), FcfReader::Exact).read(&device);
-    QCOMPARE(device.pos(), qint64(2112));
-    device.seek(0);
-    FcfReader(utf8()).read(&device);
+    FcfExactReader::read(&device, utf8());
     QCOMPARE(device.pos(), qint64(2112));
 }
 
-QTEST_GUILESS_MAIN(FcfExactReadingTest)
-#include "FcfExactReadingTest.moc"
+QTEST_GUILESS_MAIN(FcfExactReaderTest)
+#include "FcfExactReaderTest.moc"
