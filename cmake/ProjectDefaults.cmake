@@ -30,14 +30,19 @@ function(zorv_warnings target)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
 endfunction()
 
-# A Qt Test program made of NAME.cpp and the further SOURCES. It runs without a screen, in a locale
-# that does not depend on the machine, and with settings of its own.
+# A Qt Test program made of NAME.cpp and the further SOURCES.
 function(zorv_test name)
     cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
     add_executable(${name} ${name}.cpp ${arg_SOURCES})
     zorv_target(${name})
     target_link_libraries(${name} PRIVATE Qt5::Test ${arg_LIBRARIES})
     add_test(NAME ${name} COMMAND ${name})
+    zorv_test_environment(${name})
+endfunction()
+
+# Has a test run without a screen, in a locale that does not depend on the machine, and with settings
+# of its own.
+function(zorv_test_environment name)
     set(environment
         QT_QPA_PLATFORM=offscreen
         LC_ALL=C.UTF-8
