@@ -30,3 +30,11 @@ std::optional<InputFile> Task::open(const QString& path, qint64 limit, const cha
 {
     return findings.valueOf(inputs.open(path, limit, QLatin1String(field)));
 }
+
+std::optional<FcfFile> Task::openFcf(const QString& path, qint64 limit, const char* field)
+{
+    auto file = open(path, limit, field);
+    auto page =
+        file ? findings.valueOf(HeaderPage::read(*file, codec, ExitCode::NotValid)) : std::nullopt;
+    return page ? std::optional<FcfFile>({std::move(*file), std::move(*page)}) : std::nullopt;
+}

@@ -2,6 +2,7 @@
 #define TOOL_COMMANDS_COMMAND_H
 
 #include "tool/check/Findings.h"
+#include "tool/check/HeaderPage.h"
 #include "tool/console/Console.h"
 #include "tool/console/Report.h"
 #include "tool/files/InputFile.h"
@@ -11,6 +12,12 @@
 namespace CLI {
 class App;
 }
+
+/// An image or a companion, and its header page.
+struct FcfFile {
+    InputFile file;
+    HeaderPage page;
+};
 
 /// One run of one command: the world outside, what it reads, what it finds and what it reports.
 /// Only commands see all of it.
@@ -26,6 +33,7 @@ struct Task {
     std::optional<QString> path(const std::string& argument, const char* option);
     /// As Inputs::open().
     std::optional<InputFile> open(const QString& path, qint64 limit, const char* field);
+    std::optional<FcfFile> openFcf(const QString& path, qint64 limit, const char* field);
 
     const Environment& environment;
     QTextCodec* const codec;

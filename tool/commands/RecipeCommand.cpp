@@ -1,5 +1,4 @@
 #include "tool/build/BuildJson.h"
-#include "tool/check/HeaderPage.h"
 #include "tool/commands/Arguments.h"
 #include "tool/commands/Command.h"
 
@@ -25,20 +24,17 @@ private:
 void RecipeCommand::run(Task* task)
 {
     const std::optional<QString> path = task->path(m_file, "FILE");
-    const auto file = path ? task->open(*path, FcfReader::MaximumBytes, "FILE") : std::nullopt;
-    const auto page =
-        file ? task->findings.valueOf(HeaderPage::read(*file, task->codec, ExitCode::NotValid))
-             : std::nullopt;
-    if (!page)
+    const auto fcf = path ? task->openFcf(*path, FcfReader::MaximumBytes, "FILE") : std::nullopt;
+    if (!fcf)
         return;
-    const FcfHeader& header = page->reading.header;
+    const FcfHeader& header = fcf->page.reading.header;
     const Build build = Build::of(header);
     if (build.module && task->report.json)
         task->report.result["recipe"] = QJsonDocument::fromJson(BuildJson::recipe(build)).object();
     else if (build.module)
         task->report.printRaw(BuildJson::recipe(build));
     else
-        task->findings.error(ExitCode::NotValid, file->label(), QStringLiteral("moduleCode"),
+        task->findings.error(ExitCode::NotValid, fcf->file.label(), QStringLiteral("moduleCode"),
                              QStringLiteral("%1 with device code %2 stands for no target")
                                  .arg(header.moduleCode)
                                  .arg(header.deviceCode));

@@ -2,7 +2,6 @@
 #include "fcf/FcfTarget.h"
 #include "tool/base/Text.h"
 #include "tool/build/BuildJson.h"
-#include "tool/check/HeaderPage.h"
 #include "tool/commands/Arguments.h"
 #include "tool/commands/Command.h"
 
@@ -90,16 +89,14 @@ void ShowCommand::run(Task* task)
     QJsonArray shown;
     for (const std::string& argument : m_files) {
         const std::optional<QString> path = task->path(argument, "FILE");
-        const auto file = path ? task->open(*path, FcfReader::MaximumBytes, "FILE") : std::nullopt;
-        const auto page =
-            file ? task->findings.valueOf(HeaderPage::read(*file, task->codec, ExitCode::NotValid))
-                 : std::nullopt;
-        if (!page)
+        const auto fcf =
+            path ? task->openFcf(*path, FcfReader::MaximumBytes, "FILE") : std::nullopt;
+        if (!fcf)
             continue;
-        list(file->label(), *page, &task->report);
-        shown.append(QJsonObject{{"file", file->label()},
-                                 {"headerBytes", page->bytes},
-                                 {"header", BuildJson::header(page->reading.header)}});
+        list(fcf->file.label(), fcf->page, &task->report);
+        shown.append(QJsonObject{{"file", fcf->file.label()},
+                                 {"headerBytes", fcf->page.bytes},
+                                 {"header", BuildJson::header(fcf->page.reading.header)}});
     }
     task->report.result["files"] = shown;
 }

@@ -1,5 +1,4 @@
 #include "tool/base/Text.h"
-#include "tool/check/HeaderPage.h"
 #include "tool/check/Validator.h"
 #include "tool/commands/Arguments.h"
 #include "tool/commands/Command.h"
@@ -101,22 +100,21 @@ void VerifyCommand::verify(const QString& path, Task* task, QJsonObject* result)
                              QStringLiteral("is of an image; this is a companion"));
         return;
     }
-    const auto file = kind ? task->open(path, Validator::LargestFile, "FILE") : std::nullopt;
-    const auto page =
-        file ? task->findings.valueOf(HeaderPage::read(*file, task->codec, ExitCode::NotValid))
-             : std::nullopt;
-    if (!page)
+    const auto fcf = kind ? task->openFcf(path, Validator::LargestFile, "FILE") : std::nullopt;
+    if (!fcf)
         return;
-    const Validator validator(&*file, *kind, task->codec, &task->findings);
-    validator.validate(*page);
-    compareCompanion(validator, *page, task);
-    bool payloadIsKnown = compareBinary(validator, *page, task);
+    const InputFile& file = fcf->file;
+    const HeaderPage& page = fcf->page;
+    const Validator validator(&file, *kind, task->codec, &task->findings);
+    validator.validate(page);
+    compareCompanion(validator, page, task);
+    bool payloadIsKnown = compareBinary(validator, page, task);
     if (*kind == Validator::Companion)
         return;
-    payloadIsKnown = checkDigest(*file, task) || payloadIsKnown;
+    payloadIsKnown = checkDigest(file, task) || payloadIsKnown;
     (*result)["payloadCompared"] = payloadIsKnown;
     if (!payloadIsKnown)
-        task->findings.note(file->label(), QStringLiteral("payload"),
+        task->findings.note(file.label(), QStringLiteral("payload"),
                             QStringLiteral("the header holds no checksum of the payload, so only "
                                            "its length was checked; --bin or a digest tells more"));
 }
