@@ -7,18 +7,7 @@ namespace {
 /// In characters; a digest, the longest that must be whole, has 64.
 constexpr int LongestCompared = 64;
 
-const char* nameOf(Finding::Severity severity)
-{
-    switch (severity) {
-    case Finding::Note:
-        return "note";
-    case Finding::Warning:
-        return "warning";
-    case Finding::Error:
-        break;
-    }
-    return "error";
-}
+constexpr const char* SeverityNames[] = {"note", "warning", "error"};
 
 } // namespace
 
@@ -37,7 +26,7 @@ Finding& Finding::comparing(const QString& isExpected, const QString& isFound)
 
 QString Finding::text() const
 {
-    QString line = QLatin1String(nameOf(severity)) + QStringLiteral(": ");
+    QString line = QLatin1String(SeverityNames[severity]) + QStringLiteral(": ");
     if (!file.isEmpty())
         line += shownText(file) + QStringLiteral(": ");
     if (!field.isEmpty())
@@ -55,7 +44,7 @@ QString Finding::text() const
 QJsonObject Finding::toJson() const
 {
     QJsonObject object;
-    object["severity"] = nameOf(severity);
+    object["severity"] = SeverityNames[severity];
     object["file"] = file;
     object["field"] = field;
     object["reason"] = reason;

@@ -59,10 +59,9 @@ Build Build::of(const FcfHeader& header)
         if (field.header)
             build.*field.value = header.*field.header;
     });
-    FcfTarget::Target target;
-    if (FcfTarget::find(header.moduleCode, header.deviceCode, &target)) {
-        build.module = target.module;
-        build.device = target.device;
+    if (const auto* const target = FcfTarget::find(header.moduleCode, header.deviceCode)) {
+        build.module = QLatin1String(target->module);
+        build.device = QLatin1String(target->device);
     }
     build.version = Version{header.versionMajor, header.versionMinor};
     return build;

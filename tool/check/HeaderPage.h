@@ -1,7 +1,7 @@
 #ifndef TOOL_CHECK_HEADERPAGE_H
 #define TOOL_CHECK_HEADERPAGE_H
 
-#include "fcf/FcfReader.h"
+#include "fcf/FcfExactReader.h"
 #include "tool/base/Result.h"
 
 class InputFile;
@@ -9,7 +9,7 @@ class QTextCodec;
 
 /// The header page of an image or a companion, read exactly.
 struct HeaderPage {
-    FcfReading reading;
+    FcfExactReading reading;
     /// Bytes of the page, filler included: where the payload of an image begins.
     int bytes = 0;
 

@@ -36,8 +36,8 @@ const FcfLayout::NumberField& numberOf(qint32 FcfHeader::*value)
 QStringList allModuleCodes()
 {
     QStringList codes;
-    for (const QString& module : FcfTarget::modules())
-        codes << QString::number(FcfTarget::moduleCode(module));
+    for (const auto& target : FcfTarget::Targets)
+        codes << QString::number(target.moduleCode);
     codes.removeDuplicates();
     return codes;
 }
@@ -46,18 +46,16 @@ QStringList allModuleCodes()
 QString deviceCodesOf(qint32 moduleCode)
 {
     QStringList codes;
-    for (const QString& module : FcfTarget::modules()) {
-        if (FcfTarget::moduleCode(module) != moduleCode)
-            continue;
-        for (const QString& device : FcfTarget::devicesOf(module))
-            codes << QString::number(FcfTarget::deviceCode(module, device, 0));
+    for (const auto& target : FcfTarget::Targets) {
+        if (target.moduleCode == moduleCode)
+            codes << QString::number(target.deviceCode);
     }
     return codes.join(QStringLiteral(", "));
 }
 
 qint64 offsetOf(const HeaderPage& page, const QString& field)
 {
-    for (const FcfSpan& span : page.reading.exact.spans) {
+    for (const FcfSpan& span : page.reading.spans) {
         if (TextRules::fieldName(span.field, span.function) == field)
             return span.offset;
     }
@@ -76,7 +74,7 @@ void Validator::validate(const HeaderPage& page) const
     const FcfHeader& header = page.reading.header;
     checkSizes(header, m_kind == Image ? payloadBytes(page) : header.binFileSize);
     checkCodes(header);
-    checkReservedWords(page.reading.exact.reservedWords);
+    checkReservedWords(page.reading.reservedWords);
     checkTexts(page);
     checkFiller(page);
     checkAgainstWriter(page);
@@ -85,7 +83,7 @@ void Validator::validate(const HeaderPage& page) const
                 QStringLiteral("a companion ends with its header page"),
                 QStringLiteral("%1 bytes").arg(page.bytes),
                 QStringLiteral("%1 bytes").arg(m_file->size()));
-    if (page.bytes > FcfLayout::PageBytes && page.reading.exact.textEnd <= FcfLayout::PageBytes)
+    if (page.bytes > FcfLayout::PageBytes && page.reading.textEnd <= FcfLayout::PageBytes)
         m_findings
             ->note(m_file->label(), QStringLiteral("page"),
                    QStringLiteral("the header page has %1 bytes, as its last filler unit goes "
@@ -130,12 +128,11 @@ void Validator::checkCodes(const FcfHeader& header) const
 {
     const FcfLayout::NumberField& module = numberOf(&FcfHeader::moduleCode);
     const FcfLayout::NumberField& device = numberOf(&FcfHeader::deviceCode);
-    FcfTarget::Target target;
     const QStringList moduleCodes = allModuleCodes();
     if (!moduleCodes.contains(QString::number(header.moduleCode)))
         invalid(QLatin1String(module.name), module.offset, QStringLiteral("stands for no module"),
                 moduleCodes.join(QStringLiteral(" or ")), QString::number(header.moduleCode));
-    else if (!FcfTarget::find(header.moduleCode, header.deviceCode, &target))
+    else if (!FcfTarget::find(header.moduleCode, header.deviceCode))
         invalid(QLatin1String(device.name), device.offset,
                 QStringLiteral("stands for no device of the module"),
                 QStringLiteral("one of %1").arg(deviceCodesOf(header.moduleCode)),
@@ -194,7 +191,7 @@ void Validator::checkTexts(const HeaderPage& page) const
 
 void Validator::checkFiller(const HeaderPage& page) const
 {
-    const int textEnd = page.reading.exact.textEnd;
+    const int textEnd = page.reading.textEnd;
     if (textEnd > FcfLayout::PageBytes) {
         invalid(QStringLiteral("text"), FcfLayout::PageBytes,
                 QStringLiteral("the text does not fit in the header page"),
@@ -204,28 +201,23 @@ void Validator::checkFiller(const HeaderPage& page) const
     }
     const QByteArray filler = FcfWriter(m_codec).fillerFor(textEnd);
     const auto found = bytesAt(*m_file, textEnd, filler.size());
-    if (!found || *found == filler)
-        return;
-    const int same = FileCompare::firstDifference(filler, *found);
-    invalid(QStringLiteral("filler"), textEnd + same,
-            QStringLiteral("is not what fills a header page"), FileCompare::byteAt(filler, same),
-            FileCompare::byteAt(*found, same));
+    if (found)
+        compare(QStringLiteral("filler"), textEnd,
+                QStringLiteral("is not what fills a header page"), filler, *found);
 }
 
 /// Catches what no single check above is about, such as blanks that a writer leaves out.
 void Validator::checkAgainstWriter(const HeaderPage& page) const
 {
-    if (page.reading.exact.textEnd > FcfLayout::PageBytes)
+    if (page.reading.textEnd > FcfLayout::PageBytes)
         return;
     const int textStart = FcfLayout::PreambleBytes;
     const QByteArray written = FcfWriter(m_codec).compose(page.reading.header);
-    const auto found = bytesAt(*m_file, textStart, page.reading.exact.textEnd - textStart);
-    if (!found || *found == written.mid(textStart))
-        return;
-    const int same = FileCompare::firstDifference(written.mid(textStart), *found);
-    invalid(QStringLiteral("text"), textStart + same,
-            QStringLiteral("is not what a writer writes for the same texts"),
-            FileCompare::byteAt(written, textStart + same), FileCompare::byteAt(*found, same));
+    const auto found = bytesAt(*m_file, textStart, page.reading.textEnd - textStart);
+    if (found)
+        compare(QStringLiteral("text"), textStart,
+                QStringLiteral("is not what a writer writes for the same texts"),
+                written.mid(textStart), *found);
 }
 
 void Validator::compareBinary(const HeaderPage& page, const InputFile& binary,
@@ -254,12 +246,19 @@ void Validator::compareCompanion(const HeaderPage& page, const InputFile& compan
 {
     const auto own = bytesAt(*m_file, 0, page.bytes);
     const auto other = bytesAt(companion, 0, page.bytes + 1);
-    if (!own || !other || *own == *other)
-        return;
-    const int same = FileCompare::firstDifference(*other, *own);
-    invalid(QStringLiteral("header"), same,
-            QStringLiteral("is not the companion %1").arg(shownText(companion.label())),
-            FileCompare::byteAt(*other, same), FileCompare::byteAt(*own, same));
+    if (own && other)
+        compare(QStringLiteral("header"), 0,
+                QStringLiteral("is not the companion %1").arg(shownText(companion.label())), *other,
+                *own);
+}
+
+void Validator::compare(const QString& field, qint64 offset, const QString& reason,
+                        const QByteArray& expected, const QByteArray& found) const
+{
+    const int same = FileCompare::firstDifference(expected, found);
+    if (expected != found)
+        invalid(field, offset + same, reason, FileCompare::byteAt(expected, same),
+                FileCompare::byteAt(found, same));
 }
 
 std::optional<QByteArray> Validator::bytesAt(const InputFile& file, qint64 offset,

@@ -1,7 +1,7 @@
 #ifndef TOOL_CHECK_VALIDATOR_H
 #define TOOL_CHECK_VALIDATOR_H
 
-#include "fcf/FcfReader.h"
+#include "fcf/FcfExactReader.h"
 #include "tool/check/Checker.h"
 #include "tool/files/Copy.h"
 
@@ -22,7 +22,7 @@ public:
     enum Kind { Image, Companion };
 
     /// In bytes; no valid image is larger.
-    static constexpr qint64 LargestFile = Checker::LargestBinary + FcfReader::MaximumBytes;
+    static constexpr qint64 LargestFile = Checker::LargestBinary + FcfExactReader::MaximumBytes;
 
     /// Neither becomes the validator's own. Findings go to \p findings.
     Validator(const InputFile* file, Kind kind, QTextCodec* codec, Findings* findings);
@@ -50,6 +50,9 @@ private:
     void invalid(const QString& field, qint64 offset, const QString& reason,
                  const QString& expected, const QString& found) const;
 
+    /// Names the first byte in which \p found, from \p offset on in the file, is not as expected.
+    void compare(const QString& field, qint64 offset, const QString& reason,
+                 const QByteArray& expected, const QByteArray& found) const;
     std::optional<QByteArray> bytesAt(const InputFile& file, qint64 offset, qint64 bytes) const;
 
     const InputFile* m_file;

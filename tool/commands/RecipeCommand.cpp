@@ -24,7 +24,8 @@ private:
 void RecipeCommand::run(Task* task)
 {
     const std::optional<QString> path = task->path(m_file, "FILE");
-    const auto fcf = path ? task->openFcf(*path, FcfReader::MaximumBytes, "FILE") : std::nullopt;
+    const auto fcf =
+        path ? task->openFcf(*path, FcfExactReader::MaximumBytes, "FILE") : std::nullopt;
     if (!fcf)
         return;
     const FcfHeader& header = fcf->page.reading.header;

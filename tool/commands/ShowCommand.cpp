@@ -41,12 +41,11 @@ private:
 
 QString meaningOf(const FcfLayout::NumberField& field, const FcfHeader& header)
 {
-    FcfTarget::Target target;
-    const bool known = FcfTarget::find(header.moduleCode, header.deviceCode, &target);
+    const auto* const target = FcfTarget::find(header.moduleCode, header.deviceCode);
     if (field.value == &FcfHeader::moduleCode)
-        return known ? target.module : QStringLiteral("unknown");
+        return QLatin1String(target ? target->module : "unknown");
     if (field.value == &FcfHeader::deviceCode)
-        return known ? target.device : QStringLiteral("unknown");
+        return QLatin1String(target ? target->device : "unknown");
     return QLatin1String(field.unit);
 }
 
@@ -90,7 +89,7 @@ void ShowCommand::run(Task* task)
     for (const std::string& argument : m_files) {
         const std::optional<QString> path = task->path(argument, "FILE");
         const auto fcf =
-            path ? task->openFcf(*path, FcfReader::MaximumBytes, "FILE") : std::nullopt;
+            path ? task->openFcf(*path, FcfExactReader::MaximumBytes, "FILE") : std::nullopt;
         if (!fcf)
             continue;
         list(fcf->file.label(), fcf->page, &task->report);

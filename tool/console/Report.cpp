@@ -21,7 +21,7 @@ int Report::finish(const Environment& environment, const Inputs& inputs, Finding
     if (isJson)
         bytes = jsonBytes(*findings);
     else if (!outIsTaken)
-        bytes += encoded(lines(*findings), environment.codec);
+        bytes += encoded(text(*findings, true), environment.codec);
     if (const ReadFile* const input = bytes.isEmpty() ? nullptr : inputs.behind(environment.out)) {
         findings->error(ExitCode::Refused, StandardOutputLabel, QString(), isInput(*input));
         bytes.clear();
@@ -31,8 +31,8 @@ int Report::finish(const Environment& environment, const Inputs& inputs, Finding
         findings->error(ExitCode::CannotAccess, StandardOutputLabel, QString(),
                         QStringLiteral("cannot be written: %1").arg(reason));
     // When a message cannot be written there is nowhere left to say so.
-    const QByteArray text = encoded(messages(*findings), environment.codec);
-    writeAll(environment.err, text.constData(), text.size());
+    const QByteArray messages = encoded(text(*findings, false), environment.codec);
+    writeAll(environment.err, messages.constData(), messages.size());
     return static_cast<int>(findings->exitCode());
 }
 
@@ -53,24 +53,15 @@ QByteArray Report::jsonBytes(const Findings& findings) const
     return QJsonDocument(object).toJson();
 }
 
-QString Report::lines(const Findings& findings) const
+QString Report::text(const Findings& findings, bool toOut) const
 {
     QString text;
     for (const Finding& finding : findings.list()) {
-        if (goesToOut(finding))
-            text += finding.text() + QLatin1Char('\n');
+        if (goesToOut(finding) == toOut)
+            text += (toOut ? QString() : QStringLiteral("pelk-fcf: ")) + finding.text() +
+                    QLatin1Char('\n');
     }
-    for (const QString& line : m_lines)
-        text += json ? QString() : line + QLatin1Char('\n');
-    return text;
-}
-
-QString Report::messages(const Findings& findings) const
-{
-    QString text;
-    for (const Finding& finding : findings.list()) {
-        if (!goesToOut(finding))
-            text += QStringLiteral("pelk-fcf: %1\n").arg(finding.text());
-    }
+    for (const QString& line : toOut && !json ? m_lines : QStringList())
+        text += line + QLatin1Char('\n');
     return text;
 }

@@ -44,8 +44,8 @@ public:
 
 private:
     bool goesToOut(const Finding& finding) const;
-    QString messages(const Findings& findings) const;
-    QString lines(const Findings& findings) const;
+    /// All of it that goes to standard output, or to standard error.
+    QString text(const Findings& findings, bool toOut) const;
     QByteArray jsonBytes(const Findings& findings) const;
 
     const char* m_command;

@@ -15,39 +15,48 @@ namespace {
 
 const QString OutputOption = QStringLiteral("--output");
 
-FileSystem::Kind kindOf(const struct stat& status)
+using Stat = struct stat;
+
+FileSystem::Kind kindOf(const Stat& status, bool found)
 {
+    using Kind = FileSystem::Kind;
+    if (!found)
+        return Kind::Nothing;
     switch (status.st_mode & S_IFMT) {
     case S_IFREG:
-        return FileSystem::Kind::File;
+        return Kind::File;
     case S_IFLNK:
-        return FileSystem::Kind::Link;
+        return Kind::Link;
     case S_IFDIR:
-        return FileSystem::Kind::Folder;
+        return Kind::Folder;
     case S_IFCHR:
     case S_IFBLK:
-        return FileSystem::Kind::Device;
+        return Kind::Device;
     default:
-        return FileSystem::Kind::Stream;
+        return Kind::Stream;
     }
+}
+
+std::optional<FileSystem::Identity> identityOf(const Stat& status, bool found)
+{
+    return found ? std::optional<FileSystem::Identity>({status.st_dev, status.st_ino})
+                 : std::nullopt;
 }
 
 } // namespace
 
 std::optional<FileSystem::Identity> FileSystem::identityOf(const QString& path)
 {
-    struct stat status;
-    if (::stat(QFile::encodeName(path).constData(), &status) != 0)
-        return std::nullopt;
-    return Identity{status.st_dev, status.st_ino};
+    Stat status;
+    const int failed = ::stat(QFile::encodeName(path).constData(), &status);
+    return ::identityOf(status, failed == 0);
 }
 
 std::optional<FileSystem::Identity> FileSystem::identityOf(int descriptor)
 {
-    struct stat status;
-    if (::fstat(descriptor, &status) != 0)
-        return std::nullopt;
-    return Identity{status.st_dev, status.st_ino};
+    Stat status;
+    const int failed = ::fstat(descriptor, &status);
+    return ::identityOf(status, failed == 0);
 }
 
 bool FileSystem::isFile(int descriptor)
@@ -58,16 +67,16 @@ bool FileSystem::isFile(int descriptor)
 
 FileSystem::Kind FileSystem::kindOf(const QString& path)
 {
-    struct stat status;
-    const bool found = ::lstat(QFile::encodeName(path).constData(), &status) == 0;
-    return found ? ::kindOf(status) : Kind::Nothing;
+    Stat status;
+    const int failed = ::lstat(QFile::encodeName(path).constData(), &status);
+    return ::kindOf(status, failed == 0);
 }
 
 FileSystem::Kind FileSystem::targetKindOf(const QString& path)
 {
-    struct stat status;
-    const bool found = ::stat(QFile::encodeName(path).constData(), &status) == 0;
-    return found ? ::kindOf(status) : Kind::Nothing;
+    Stat status;
+    const int failed = ::stat(QFile::encodeName(path).constData(), &status);
+    return ::kindOf(status, failed == 0);
 }
 
 bool FileSystem::exists(const QString& path) { return kindOf(path) != Kind::Nothing; }

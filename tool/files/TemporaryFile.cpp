@@ -1,11 +1,13 @@
 #include "tool/files/TemporaryFile.h"
 
+#include <QString>
+
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstring>
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -39,38 +41,28 @@ void handleSignals()
     }
 }
 
-/// Returns false if it is too long, or if there are too many.
-bool remember(const QByteArray& path)
+void remember(const QByteArray& path)
 {
-    for (char* const name : names) {
-        if (*name != '\0' || path.size() >= PATH_MAX)
-            continue;
-        // Its first byte last, as a signal may come at any moment.
-        std::memcpy(name + 1, path.constData() + 1, static_cast<std::size_t>(path.size()));
-        *name = path.at(0);
-        return true;
-    }
-    return false;
+    char(*const free)[PATH_MAX] = std::find_if(std::begin(names), std::end(names),
+                                               [](const auto& name) { return *name == '\0'; });
+    if (free != std::end(names) && path.size() < PATH_MAX)
+        std::memcpy(*free, path.constData(), static_cast<std::size_t>(path.size()) + 1);
 }
 
 int openNamed(const QByteArray& folder, mode_t mode, QByteArray* name)
 {
     const SignalBlock block;
-    QByteArray path = folder + "/.pelk-fcf-XXXXXX";
-    const int descriptor = ::mkostemp(path.data(), O_CLOEXEC);
-    if (descriptor < 0)
-        return -1;
-    const mode_t masked = ::umask(0);
-    ::umask(masked);
-    if (!remember(path) || ::fchmod(descriptor, mode & ~masked) != 0) {
-        const int error = errno;
-        ::unlink(path.constData());
-        ::close(descriptor);
-        errno = error;
-        return -1;
+    QByteArray path;
+    int descriptor = -1;
+    for (int number = 0; descriptor < 0; ++number) {
+        *name = QStringLiteral(".pelk-fcf-%1-%2").arg(::getpid()).arg(number).toLatin1();
+        path = folder + '/' + *name;
+        descriptor = ::open(path.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+        if (descriptor < 0 && errno != EEXIST)
+            return -1;
     }
+    remember(path);
     handleSignals();
-    *name = path.mid(folder.size() + 1);
     return descriptor;
 }
 
