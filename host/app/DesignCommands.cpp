@@ -1,13 +1,13 @@
-#include "DesignCommands.h"
+#include "host/app/DesignCommands.h"
 
-#include "archive/ArchiveDialog.h"
-#include "common/FileProblem.h"
-#include "common/PlainMessageBox.h"
-#include "DesignModel.h"
-#include "DesignStorage.h"
-#include "DesignView.h"
-#include "NewDesignDialog.h"
-#include "OpenDesigns.h"
+#include "host/app/archive/ArchiveDialog.h"
+#include "host/app/common/FileProblem.h"
+#include "host/app/common/PlainMessageBox.h"
+#include "host/app/DesignModel.h"
+#include "host/app/DesignStorage.h"
+#include "host/app/DesignView.h"
+#include "host/app/NewDesignDialog.h"
+#include "host/app/OpenDesigns.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
@@ -35,7 +35,7 @@ DesignCommands::DesignCommands(OpenDesigns* designs, DesignModel* model, DesignV
     : QObject(window), m_designs(designs), m_model(model), m_view(view), m_window(window)
 {
     connect(view, &DesignView::currentItemChanged, this, &DesignCommands::refresh);
-    // The view tells of the current item before the last design is out of the model.
+    // The view reports the current item before the last design has left the model.
     connect(model, &QAbstractItemModel::rowsRemoved, this, &DesignCommands::refresh);
     connect(view, &QAbstractItemView::activated, this, &DesignCommands::activate);
     connect(designs, &OpenDesigns::opened, this, [this](const Design* design) {
@@ -256,7 +256,8 @@ bool DesignCommands::save(Design* design)
 bool DesignCommands::mayReplace(const Design& design)
 {
     const QString reason =
-        tr("Somebody else has changed the file since \"%1\" was read or saved.").arg(design.name());
+        tr("Another program has changed the file since \"%1\" was read or saved.")
+            .arg(design.name());
     const QString question =
         tr("%1\n\nDo you want to replace it?")
             .arg(fileProblem(DesignStorage::descriptionPath(design.workingFolderPath()), reason));

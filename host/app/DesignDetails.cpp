@@ -1,4 +1,4 @@
-#include "DesignDetails.h"
+#include "host/app/DesignDetails.h"
 
 #include <QBoxLayout>
 #include <QFormLayout>
@@ -38,7 +38,7 @@ DesignDetails::DesignDetails(QWidget* parent)
     if (auto* const label = qobject_cast<QLabel*>(form->labelForField(version)))
         label->setBuddy(m_major);
 
-    // Each takes its own number alone: the other one may be larger than its box can show.
+    // Each sets its own number only: the other one may be larger than its box can show.
     const auto valueChanged = QOverload<int>::of(&QSpinBox::valueChanged);
     connect(m_major, valueChanged, this, &DesignDetails::takeMajor);
     connect(m_minor, valueChanged, this, &DesignDetails::takeMinor);
@@ -77,7 +77,7 @@ void DesignDetails::show()
     m_major->setValue(m_design ? m_design->versionMajor() : 0);
     m_minor->setValue(m_design ? m_design->versionMinor() : 0);
     const QString changes = m_design ? m_design->versionChanges() : QString();
-    // Setting the same text would move the cursor of the person who types it.
+    // Setting the same text would move the cursor of a user who is typing.
     if (m_changes->toPlainText() != changes)
         m_changes->setPlainText(changes);
 

@@ -1,7 +1,7 @@
-#include "DesignModel.h"
+#include "host/app/DesignModel.h"
 
-#include "DesignRows.h"
-#include "DesignStorage.h"
+#include "host/app/DesignRows.h"
+#include "host/app/DesignStorage.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
@@ -24,8 +24,8 @@ DesignRows::Row rowOf(const QStandardItemModel& model, const QModelIndex& index)
     return row;
 }
 
-/// \p folder or, while there is none, the nearest folder around it: that one tells when it comes
-/// up.
+/// \p folder or, while it does not exist, the nearest existing one above it, which reports its
+/// creation.
 QString existingFolder(const QString& folder)
 {
     QString existing = folder;
@@ -99,7 +99,7 @@ QModelIndex DesignModel::indexOf(const DesignFile* file) const
 
 void DesignModel::refreshFromDisk()
 {
-    // First, or what happens in a folder that has just come back would go unseen.
+    // First, or changes in a folder that has just come back would be missed.
     watchFolders();
     for (int row = 0; row < rowCount(); ++row) {
         DesignStorage::refreshReadOnly(designAt(index(row, NameColumn)));
@@ -109,7 +109,7 @@ void DesignModel::refreshFromDisk()
 
 void DesignModel::followFolder(const QString& folder)
 {
-    // One below it may be another one by now, while the old one is still watched where it went.
+    // A folder below may have been replaced, while the old one is still watched at its new place.
     for (const QString& below : m_watcher.directories()) {
         if (QFileInfo(below).absolutePath() == folder && below != folder)
             m_watcher.removePath(below);
@@ -147,7 +147,7 @@ void DesignModel::refreshRows(const QModelIndex& parent)
 void DesignModel::watchFolders()
 {
     QStringList folders;
-    // Again when one came up while the folder around it was not watched yet.
+    // Again when one was made while the folder above it was not watched yet.
     do {
         folders = foldersToWatch();
         watch(folders);
@@ -168,7 +168,7 @@ QStringList DesignModel::foldersToWatch() const
     folders.removeDuplicates();
     QStringList existing;
     for (const QString& folder : folders) {
-        // A folder does not tell when it is moved; the one around it does.
+        // A folder does not report its own move; the one above it does.
         existing << existingFolder(folder) << existingFolder(QFileInfo(folder).absolutePath());
     }
     existing.removeDuplicates();
@@ -177,7 +177,7 @@ QStringList DesignModel::foldersToWatch() const
 
 void DesignModel::watch(const QStringList& folders)
 {
-    // Only what is different: to stop watching a folder drops what is about to be reported of it.
+    // Only the difference: removing a folder drops its reports that are under way.
     const QStringList watched = m_watcher.directories();
     for (const QString& folder : watched) {
         if (!folders.contains(folder))

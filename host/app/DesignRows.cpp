@@ -1,6 +1,6 @@
-#include "DesignRows.h"
+#include "host/app/DesignRows.h"
 
-#include "DesignModel.h"
+#include "host/app/DesignModel.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
@@ -41,7 +41,7 @@ DesignRows::Row makeRow(const QString& name, const QIcon& icon, const QString& k
     return row;
 }
 
-/// Guarded, since a row may outlive its subject while a processing cycle holds changes back.
+/// Guarded: a row may outlive its subject while a processing cycle delays the changes.
 template <class Subject>
 void setSubject(const DesignRows::Row& row, Subject* subject)
 {

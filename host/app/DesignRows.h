@@ -10,7 +10,7 @@ class DesignFile;
 class DesignFolder;
 } // namespace OrvanticCore
 
-/// The rows of the design model: what stands in them, and what they stand for.
+/// The rows of the design model: their texts, icons and subjects.
 namespace DesignRows {
 
 using Row = QList<QStandardItem*>;

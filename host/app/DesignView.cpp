@@ -1,7 +1,7 @@
-#include "DesignView.h"
+#include "host/app/DesignView.h"
 
-#include "DesignModel.h"
-#include "ViewExtensions.h"
+#include "host/app/DesignModel.h"
+#include "host/app/ViewExtensions.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>

@@ -1,4 +1,4 @@
-#include "LogPane.h"
+#include "host/app/LogPane.h"
 
 #include <QHeaderView>
 #include <QMetaEnum>

@@ -1,13 +1,13 @@
-#include "MainWindow.h"
+#include "host/app/MainWindow.h"
 
-#include "DesignCommands.h"
-#include "DesignDetails.h"
-#include "DesignModel.h"
-#include "DesignView.h"
-#include "LogPane.h"
-#include "OpenDesigns.h"
-#include "PropertyEditor.h"
-#include "ViewExtensions.h"
+#include "host/app/DesignCommands.h"
+#include "host/app/DesignDetails.h"
+#include "host/app/DesignModel.h"
+#include "host/app/DesignView.h"
+#include "host/app/LogPane.h"
+#include "host/app/OpenDesigns.h"
+#include "host/app/PropertyEditor.h"
+#include "host/app/ViewExtensions.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>

@@ -1,6 +1,6 @@
-#include "NewDesignDialog.h"
+#include "host/app/NewDesignDialog.h"
 
-#include "DesignStorage.h"
+#include "host/app/DesignStorage.h"
 
 #include <QBoxLayout>
 #include <QComboBox>

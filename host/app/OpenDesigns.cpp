@@ -1,6 +1,6 @@
-#include "OpenDesigns.h"
+#include "host/app/OpenDesigns.h"
 
-#include "DesignStorage.h"
+#include "host/app/DesignStorage.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignManager.h>

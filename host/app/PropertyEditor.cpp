@@ -1,7 +1,7 @@
-#include "PropertyEditor.h"
+#include "host/app/PropertyEditor.h"
 
-#include "PropertyCatalog.h"
-#include "PropertyModel.h"
+#include "host/app/PropertyCatalog.h"
+#include "host/app/PropertyModel.h"
 
 #include <QAction>
 #include <QBoxLayout>
@@ -107,7 +107,8 @@ void PropertyEditor::fillMenu()
             if (present.name == name)
                 action->setEnabled(false);
         }
-        // Once the menu has gone: it takes the focus from the new value's editor otherwise.
+        // Queued until the menu is closed, which takes the focus from the new value's editor
+        // otherwise.
         connect(
             action, &QAction::triggered, this,
             [this, name, value = property.d_default_value] { addProperty(name, value); },

@@ -1,6 +1,6 @@
-#include "PropertyModel.h"
+#include "host/app/PropertyModel.h"
 
-#include "PropertyCatalog.h"
+#include "host/app/PropertyCatalog.h"
 
 using OrvanticCore::Design;
 using OrvanticCore::DesignProperty;

@@ -18,7 +18,7 @@ public:
     /// \p design may be null, and stays its owner's.
     void setDesign(OrvanticCore::Design* design);
 
-    /// What the property's announcer says of it, as rich text; empty when nobody announces it.
+    /// The description from the property's provider, as rich text; empty without a provider.
     QString descriptionAt(int row) const;
     bool isRemovable(int row) const;
     QString nameAt(int row) const;

@@ -1,4 +1,4 @@
-#include "ViewExtensions.h"
+#include "host/app/ViewExtensions.h"
 
 #include <OrvanticCore/Design.h>
 

@@ -14,7 +14,7 @@ namespace ViewExtensions {
 
 QList<OrvanticCore::Interfaces::IDesignViewExtensions*> all();
 
-/// Tells each of them the lock states of \p design.
+/// Passes the lock states of \p design to each of them.
 void refresh(const OrvanticCore::Design& design);
 
 } // namespace ViewExtensions

@@ -1,4 +1,4 @@
-#include "MainWindow.h"
+#include "host/app/MainWindow.h"
 
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 #include <QtilitiesExtensionSystem/ExtensionSystemCore.h>

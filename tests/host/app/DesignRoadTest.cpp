@@ -1,4 +1,4 @@
-#include "HostFixture.h"
+#include "tests/host/app/HostFixture.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
@@ -59,7 +59,7 @@ QJsonObject fileEntry(const QJsonObject& description, const QString& path)
 
 } // namespace
 
-/// The ways of a person through the host, with the plug-in loaded from its library.
+/// A user's ways through the host, with the plug-in loaded from its library.
 class DesignRoadTest : public QObject {
     Q_OBJECT
 

@@ -1,4 +1,4 @@
-#include "HostFixture.h"
+#include "tests/host/app/HostFixture.h"
 
 #include "host/app/NewDesignDialog.h"
 

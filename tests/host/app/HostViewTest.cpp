@@ -1,4 +1,4 @@
-#include "HostFixture.h"
+#include "tests/host/app/HostFixture.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
@@ -18,7 +18,7 @@ using Qtilities::CoreGui::TreeFileItem;
 
 namespace {
 
-/// Adds to every kind of menu, and notes what it is asked.
+/// Adds to every kind of menu, and records its calls.
 class RecordingExtension : public QObject, public IDesignViewExtensions {
     Q_OBJECT
     Q_INTERFACES(OrvanticCore::Interfaces::IDesignViewExtensions)
@@ -53,7 +53,7 @@ public:
     QStringList states;
 };
 
-/// Takes the place of the desktop's file manager.
+/// Replaces the desktop's file manager.
 class FolderOpener : public QObject {
     Q_OBJECT
 
@@ -75,7 +75,7 @@ class HostViewTest : public QObject {
 
 private slots:
     void asksEveryExtensionForItsMenus();
-    void tellsExtensionsTheStateOfTheCurrentDesign();
+    void reportsTheStateOfTheCurrentDesignToExtensions();
     void showsFilesThatVanishAndComeBack();
     void watchesAFolderAgainThatComesBack_data();
     void watchesAFolderAgainThatComesBack();
@@ -116,7 +116,7 @@ void HostViewTest::asksEveryExtensionForItsMenus()
                                             << "Firmware Design");
 }
 
-void HostViewTest::tellsExtensionsTheStateOfTheCurrentDesign()
+void HostViewTest::reportsTheStateOfTheCurrentDesignToExtensions()
 {
     HostFixture host;
     RecordingExtension extension;
@@ -167,7 +167,7 @@ void HostViewTest::watchesAFolderAgainThatComesBack()
     QTRY_COMPARE(host.row("notes.pdf").at(1), QString("Missing"));
     host.writeFile(folder + "/notes.pdf", "bytes");
     QTRY_COMPARE(host.row("notes.pdf").at(1), QString());
-    // Nothing but the folder itself tells of this.
+    // Only the folder itself reports this.
     QVERIFY(QFile::remove(file));
     QTRY_COMPARE(host.row("notes.pdf").at(1), QString("Missing"));
 }
