@@ -261,7 +261,7 @@ void GeneratorRoundsTest::showsTheTargetThatTheUserGuideTells_data()
 {
     QTest::addColumn<QStringList>("made");
     QTest::addColumn<QStringList>("shown");
-    QFile guide(QFINDTESTDATA("../../docs/user-guide.md"));
+    QFile guide(QFINDTESTDATA("../../docs/guide/changing-a-build.md"));
     QVERIFY(guide.open(QIODevice::ReadOnly));
     static const QRegularExpression row(
         "\\| (DFE|DFE2|GPM), (\\w+) \\| (DFE|DFE2|GPM), (no device|\\w+)");

@@ -217,16 +217,16 @@ void FrameworkTest::extensionSystemReportsLibrariesItCannotUse()
                                    "com.Qtilities.ExtensionSystem.IPlugin/1.0"),
              qPrintable(log.lines[1]));
     QCOMPARE(log.lines[2],
-             QString("8 Cannot start plug-in \"Road\": PELK_ROAD_DESIGN names no design"));
+             QString("8 Cannot start plug-in \"End to end\": PELK_E2E_DESIGN names no design"));
 
     QVERIFY(!extensions->findPlugin("nobody"));
-    QPointer<QObject> refusing = extensions->findPlugin("Road")->objectBase();
+    QPointer<QObject> refusing = extensions->findPlugin("End to end")->objectBase();
     QVERIFY(refusing);
     extensions->initialize();
     QCOMPARE(log.lines.size(), 3);
     extensions->finalize();
     QVERIFY(!refusing);
-    QVERIFY(!extensions->findPlugin("Road"));
+    QVERIFY(!extensions->findPlugin("End to end"));
 }
 
 void FrameworkTest::mainWindowMayBeDeletedAtAnyTime()

@@ -1,4 +1,4 @@
-#include "GeneratorSteps.h"
+#include "e2e/GeneratorSteps.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -6,25 +6,25 @@
 #include <QToolButton>
 #include <QtTest>
 
-using Hands::find;
-using Hands::require;
+using UserActions::find;
+using UserActions::require;
 
 GeneratorSteps::GeneratorSteps(ModalAnswer* dialogs)
-    : m_dialogs(dialogs), m_window(Hands::window("PelkFcfGenerator"))
+    : m_dialogs(dialogs), m_window(UserActions::window("PelkFcfGenerator"))
 {
 }
 
 void GeneratorSteps::chooseBinary(const QString& path)
 {
     m_dialogs->choose(path);
-    Hands::click(m_window, "btnLoad");
+    UserActions::click(m_window, "btnLoad");
     expect("StatusBar", "Loaded " + path + " successfully.");
 }
 
 void GeneratorSteps::load(const QString& companion)
 {
     m_dialogs->choose(companion);
-    Hands::chooseFromMenuBar(m_window, "File", "Load");
+    UserActions::chooseFromMenuBar(m_window, "File", "Load");
     expect("StatusBar", "<font color='green'>Loaded " + companion + " successfully.</font>");
 }
 
@@ -42,35 +42,35 @@ void GeneratorSteps::addFunction(const QString& name, const QString& author,
                                  const QString& description)
 {
     const int count = find<QComboBox>(m_window, "FunctionComboBox")->count();
-    Hands::click(m_window, "AddNewFunction");
+    UserActions::click(m_window, "AddNewFunction");
     type("EditFunctionName", name);
     type("AuthorFunctions", author);
-    Hands::write(m_window, "DescriptionMemoFunctions", description);
+    UserActions::write(m_window, "DescriptionMemoFunctions", description);
     type("CiNumberEditBoxFunctions", QString("F-%1").arg(count + 1));
-    Hands::click(m_window, "UploadFunctionButton");
+    UserActions::click(m_window, "UploadFunctionButton");
     require(find<QComboBox>(m_window, "FunctionComboBox")->count() == count + 1,
             "The function \"" + name + "\" is not in the list.");
 }
 
 void GeneratorSteps::selectTarget(const QString& module, const QString& device, const QString& slot)
 {
-    Hands::select(m_window, "ModuleComboBox", module);
-    Hands::select(m_window, "FpgaComboBox", device);
-    Hands::select(m_window, "ConfigComboBox", slot);
+    UserActions::select(m_window, "ModuleComboBox", module);
+    UserActions::select(m_window, "FpgaComboBox", device);
+    UserActions::select(m_window, "ConfigComboBox", slot);
 }
 
 void GeneratorSteps::generate(bool overwriting)
 {
     if (overwriting)
         m_dialogs->click(QMessageBox::Yes);
-    Hands::click(m_window, "GenerateButton");
+    UserActions::click(m_window, "GenerateButton");
     if (m_window)
         expect("StatusBar", "<font color='green'>Successfully generated output files.</font>");
-    require(
-        QTest::qWaitFor([this] { return !m_window || !m_window->isVisible(); }, Hands::PatienceMs),
-        "The generator stays open.");
-    require(m_dialogs->allGiven(),
-            "Not all boxes came up, or others: " + m_dialogs->texts().join(" | "));
+    require(QTest::qWaitFor([this] { return !m_window || !m_window->isVisible(); },
+                            UserActions::TimeoutMs),
+            "The generator stays open.");
+    require(m_dialogs->allGiven(), "These message boxes came up instead of the expected ones: " +
+                                       m_dialogs->texts().join(" | "));
 }
 
 void GeneratorSteps::expect(const char* widget, const QString& text) const

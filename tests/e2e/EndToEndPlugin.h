@@ -1,14 +1,13 @@
-#ifndef TESTS_ROAD_ROADPLUGIN_H
-#define TESTS_ROAD_ROADPLUGIN_H
+#ifndef TESTS_E2E_ENDTOENDPLUGIN_H
+#define TESTS_E2E_ENDTOENDPLUGIN_H
 
 #include <QtilitiesExtensionSystem/IPlugin.h>
 
 #include <QObject>
 
-/// A second plug-in, which takes the place of the person at the host: once all plug-ins have
-/// started it drives the road from the menu to the written image, and ends the host with 0 when
-/// everything was as it should be.
-class RoadPlugin : public QObject, public Qtilities::ExtensionSystem::Interfaces::IPlugin {
+/// A second plug-in, which acts as the user of the host: once all plug-ins have started it runs the
+/// scenario, and ends the host with exit code 0 if every step succeeded, else with 1.
+class EndToEndPlugin : public QObject, public Qtilities::ExtensionSystem::Interfaces::IPlugin {
     Q_OBJECT
     Q_INTERFACES(Qtilities::ExtensionSystem::Interfaces::IPlugin)
     Q_PLUGIN_METADATA(IID "com.Qtilities.ExtensionSystem.IPlugin/1.0")
@@ -21,7 +20,7 @@ public:
     bool initializeDependencies(QStringList* error_strings) override;
     void finalize() override {}
 
-    QString pluginName() const override { return "Road"; }
+    QString pluginName() const override { return "End to end"; }
     Qtilities::Core::QtilitiesCategory pluginCategory() const override { return {"Tests"}; }
     Qtilities::Core::VersionInformation pluginVersionInformation() const override { return {1}; }
     QString pluginPublisher() const override { return "ZORV"; }
@@ -32,7 +31,7 @@ public:
     QString pluginLicense() const override { return {}; }
 
 private:
-    void drive();
+    void runScenario();
 };
 
 #endif

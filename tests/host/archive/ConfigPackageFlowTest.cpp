@@ -33,7 +33,7 @@ constexpr int PatienceMs = 60000;
 } // namespace
 
 /// From the host's dialog to the configuration package, with the plug-in loaded as hosts load it.
-class ConfigPackageRoadTest : public QObject {
+class ConfigPackageFlowTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -73,7 +73,7 @@ private:
     ModalAnswer answers;
 };
 
-void ConfigPackageRoadTest::initTestCase()
+void ConfigPackageFlowTest::initTestCase()
 {
     DesignManager::instance()->setSettingsFilePath(settings.filePath("host.ini"));
     ExtensionSystemCore::instance()->addPluginPath(ZORV_PLUGIN_FOLDER);
@@ -85,7 +85,7 @@ void ConfigPackageRoadTest::initTestCase()
              1);
 }
 
-void ConfigPackageRoadTest::init()
+void ConfigPackageFlowTest::init()
 {
     bench = std::make_unique<ArchivedDesign>();
     openDialog();
@@ -95,14 +95,14 @@ void ConfigPackageRoadTest::init()
     type("spinBoxSequenceNumber", "1");
 }
 
-void ConfigPackageRoadTest::cleanup()
+void ConfigPackageFlowTest::cleanup()
 {
     QVERIFY2(answers.allGiven(), qPrintable(answers.unexpected().join('\n')));
     answers.clear();
     dialog.reset();
 }
 
-void ConfigPackageRoadTest::openDialog()
+void ConfigPackageFlowTest::openDialog()
 {
     dialog.reset();
     dialog = std::make_unique<ArchiveDialog>(
@@ -112,7 +112,7 @@ void ConfigPackageRoadTest::openDialog()
     QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
 }
 
-void ConfigPackageRoadTest::type(const char* field, const QString& text)
+void ConfigPackageFlowTest::type(const char* field, const QString& text)
 {
     auto* const widget = find<QWidget>(field);
     QTest::mouseClick(widget, Qt::LeftButton, {}, QPoint(6, widget->height() / 2));
@@ -120,14 +120,14 @@ void ConfigPackageRoadTest::type(const char* field, const QString& text)
     QTest::keyClicks(widget, text);
 }
 
-void ConfigPackageRoadTest::archive()
+void ConfigPackageFlowTest::archive()
 {
     QTest::mouseClick(find<QPushButton>("archiveButton"), Qt::LeftButton);
     QTRY_VERIFY_WITH_TIMEOUT(!dialog->isVisible(), PatienceMs);
     QCOMPARE(dialog->result(), int(QDialog::Accepted));
 }
 
-void ConfigPackageRoadTest::offersTheTypeOfThePlugin()
+void ConfigPackageFlowTest::offersTheTypeOfThePlugin()
 {
     QCOMPARE(find<QComboBox>("typeBox")->currentText(), QString("VKT Config Package"));
     QVERIFY(find<QWidget>("ZORV_ArchiveConfigExtension")->isVisible());
@@ -138,7 +138,7 @@ void ConfigPackageRoadTest::offersTheTypeOfThePlugin()
     QCOMPARE(shownPath(), bench->path("7010-GNRL-ELEC-FW-01-V-01_00.zip"));
 }
 
-void ConfigPackageRoadTest::followsTheForm()
+void ConfigPackageFlowTest::followsTheForm()
 {
     type("txtProjectCM", "HX");
     QCOMPARE(shownPath(), bench->path("7010-HX-ELEC-FW-01-V-01_00.zip"));
@@ -163,7 +163,7 @@ void ConfigPackageRoadTest::followsTheForm()
     QVERIFY(!dialog->findChild<QWidget*>("ZORV_ArchiveConfigExtension"));
 }
 
-void ConfigPackageRoadTest::goesToTheFolderOfTheStructure()
+void ConfigPackageFlowTest::goesToTheFolderOfTheStructure()
 {
     auto* const structure = new DesignStructure;
     structure->addFileAssociation("*.zip", "Archives", "archives");
@@ -176,7 +176,7 @@ void ConfigPackageRoadTest::goesToTheFolderOfTheStructure()
     QCOMPARE(Unpacked(path).members, bench->configMembers());
 }
 
-void ConfigPackageRoadTest::goesToTheFolderOfTheNewFormatAtOnce()
+void ConfigPackageFlowTest::goesToTheFolderOfTheNewFormatAtOnce()
 {
     auto* const structure = new DesignStructure;
     structure->addFileAssociation("*.zip", "Archives", "archives");
@@ -204,7 +204,7 @@ void ConfigPackageRoadTest::goesToTheFolderOfTheNewFormatAtOnce()
     QCOMPARE(Unpacked(tarball).members, bench->configMembers());
 }
 
-void ConfigPackageRoadTest::makesThePackageThatTheFormNames()
+void ConfigPackageFlowTest::makesThePackageThatTheFormNames()
 {
     const QString path = shownPath();
     archive();
@@ -217,7 +217,7 @@ void ConfigPackageRoadTest::makesThePackageThatTheFormNames()
     QCOMPARE(package.members, bench->configMembers());
 }
 
-void ConfigPackageRoadTest::makesTheSamePackageAgain()
+void ConfigPackageFlowTest::makesTheSamePackageAgain()
 {
     const QString path = shownPath();
     archive();
@@ -231,7 +231,7 @@ void ConfigPackageRoadTest::makesTheSamePackageAgain()
     QVERIFY(ArchivedDesign::read(path) == first);
 }
 
-void ConfigPackageRoadTest::makesATarball()
+void ConfigPackageFlowTest::makesATarball()
 {
     press("formatBox", Qt::Key_End);
     const QString path = bench->path("7010-GNRL-ELEC-FW-01-V-01_00.tar.gz");
@@ -242,7 +242,7 @@ void ConfigPackageRoadTest::makesATarball()
     QCOMPARE(package.members, bench->configMembers());
 }
 
-void ConfigPackageRoadTest::lendsTheFormToOneDialogAfterTheOther()
+void ConfigPackageFlowTest::lendsTheFormToOneDialogAfterTheOther()
 {
     const QPointer<QWidget> form = find<QWidget>("ZORV_ArchiveConfigExtension");
     dialog.reset();
@@ -256,7 +256,7 @@ void ConfigPackageRoadTest::lendsTheFormToOneDialogAfterTheOther()
     QCOMPARE(shownPath(), bench->path("7010-GNRL-ELEC-FW-01-V-99_03.zip"));
 }
 
-void ConfigPackageRoadTest::remembersThePackageType()
+void ConfigPackageFlowTest::remembersThePackageType()
 {
     press("cmbPackageType", Qt::Key_Down);
     const QSettings file(settings.filePath("host.ini"), QSettings::IniFormat);
@@ -264,7 +264,7 @@ void ConfigPackageRoadTest::remembersThePackageType()
              QString("7030 (Software)"));
 }
 
-void ConfigPackageRoadTest::runsAsTheHostOpensIt()
+void ConfigPackageFlowTest::runsAsTheHostOpensIt()
 {
     dialog.reset();
     answers.inspect([](QWidget* shown) {
@@ -280,8 +280,8 @@ void ConfigPackageRoadTest::runsAsTheHostOpensIt()
 int main(int argc, char** argv)
 {
     QtilitiesApplication application(argc, argv);
-    ConfigPackageRoadTest test;
+    ConfigPackageFlowTest test;
     return QTest::qExec(&test, argc, argv);
 }
 
-#include "ConfigPackageRoadTest.moc"
+#include "ConfigPackageFlowTest.moc"

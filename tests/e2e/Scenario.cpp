@@ -1,7 +1,7 @@
-#include "Road.h"
+#include "e2e/Scenario.h"
 
-#include "GeneratorSteps.h"
-#include "ImageCheck.h"
+#include "e2e/GeneratorSteps.h"
+#include "e2e/ImageCheck.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -17,8 +17,8 @@
 #include <QTreeView>
 #include <QtTest>
 
-using Hands::find;
-using Hands::require;
+using UserActions::find;
+using UserActions::require;
 
 namespace {
 
@@ -30,7 +30,7 @@ QJsonObject entry(const QJsonArray& list, const char* key, const QString& value)
         if (item.toObject()[key] == value)
             return item.toObject();
     }
-    throw RoadBlock("The design's description has no \"" + value + "\".");
+    throw StepFailed("The design's description has no \"" + value + "\".");
 }
 
 /// What another tool says of a package.
@@ -38,23 +38,23 @@ QByteArray unzip(const QStringList& arguments)
 {
     QProcess process;
     process.start("unzip", arguments);
-    require(process.waitForFinished(Hands::PatienceMs) && process.exitCode() == 0,
+    require(process.waitForFinished(UserActions::TimeoutMs) && process.exitCode() == 0,
             "unzip " + arguments.join(' ') + ": " + process.readAllStandardError());
     return process.readAllStandardOutput();
 }
 
 } // namespace
 
-Road::Road(const QString& design, const QString& screenshot)
+Scenario::Scenario(const QString& design, const QString& screenshot)
     : m_design(design), m_binary(path("top.bin")), m_screenshot(screenshot)
 {
 }
 
-QString Road::path(const char* name) const { return QDir(m_design).filePath(name); }
+QString Scenario::path(const char* name) const { return QDir(m_design).filePath(name); }
 
-void Road::drive()
+void Scenario::run()
 {
-    m_host = Hands::window("MainWindow");
+    m_host = UserActions::window("MainWindow");
     makeImageFromToolsMenu();
     remakeImageFromItsCompanion();
     makeImageFromDesign();
@@ -63,27 +63,27 @@ void Road::drive()
     openCompanionFromDesign();
     archiveDesign();
     withArchiveDialog([](QWidget* dialog) {
-        Hands::select(dialog, "typeBox", "VKT Config Package");
-        Hands::select(dialog, "cmbPackageType", "7030 (Software)");
+        UserActions::select(dialog, "typeBox", "VKT Config Package");
+        UserActions::select(dialog, "cmbPackageType", "7030 (Software)");
         dialog->close();
     });
 }
 
-void Road::driveAfterRestart()
+void Scenario::runAfterRestart()
 {
-    m_host = Hands::window("MainWindow");
+    m_host = UserActions::window("MainWindow");
     withArchiveDialog([](QWidget* dialog) {
-        Hands::select(dialog, "typeBox", "VKT Config Package");
+        UserActions::select(dialog, "typeBox", "VKT Config Package");
         const QString type = find<QComboBox>(dialog, "cmbPackageType")->currentText();
         require(type == "7030 (Software)", "The package type is " + type + " after a restart.");
         dialog->close();
     });
-    tell("Restarted", "  The package type is still 7030 (Software).\n");
+    addToReport("Restarted", "  The package type is still 7030 (Software).\n");
 }
 
-void Road::makeImageFromToolsMenu()
+void Scenario::makeImageFromToolsMenu()
 {
-    Hands::chooseFromMenuBar(m_host, "Tools", "Pelk FCF Generator");
+    UserActions::chooseFromMenuBar(m_host, "Tools", "Pelk FCF Generator");
     GeneratorSteps generator(&m_dialogs);
     generator.chooseBinary(m_binary);
     generator.type("AuthoEditBox", "R. Vos");
@@ -105,7 +105,7 @@ void Road::makeImageFromToolsMenu()
                        "Function CI No: F-1", "Function description: Matched filter,", "1024 taps",
                        "---", "Function name: Doppler bank", "Function author: L. Mbeki",
                        "Function CI No: F-2", "Function description: 64 channels", "---", "----"});
-    tell("Made from the Tools menu", image.report());
+    addToReport("Made from the Tools menu", image.report());
     // The window of the Tools menu leaves designs alone.
     require(find<QTreeView>(m_host, "MainDesignWidget")
                 ->model()
@@ -116,9 +116,9 @@ void Road::makeImageFromToolsMenu()
             "The Tools menu's generator added its image to the design.");
 }
 
-void Road::remakeImageFromItsCompanion()
+void Scenario::remakeImageFromItsCompanion()
 {
-    Hands::chooseFromMenuBar(m_host, "Tools", "Pelk FCF Generator");
+    UserActions::chooseFromMenuBar(m_host, "Tools", "Pelk FCF Generator");
     GeneratorSteps generator(&m_dialogs);
     generator.load(path("top.txt"));
     generator.expectFunctions({"Pulse compression", "Doppler bank"});
@@ -135,13 +135,13 @@ void Road::remakeImageFromItsCompanion()
     image.expectLines({"CI No: CI-0043", "Function name: Pulse compression", "Function CI No:  F-1",
                        "Function description: Matched filter,1024 taps",
                        "Function name: Doppler bank", "Function CI No:  F-2", "----"});
-    tell("Loaded, changed and made anew", image.report());
+    addToReport("Loaded, changed and made again", image.report());
 }
 
-void Road::makeImageFromDesign()
+void Scenario::makeImageFromDesign()
 {
     const auto* const view = find<QTreeView>(m_host, "MainDesignWidget");
-    Hands::chooseFromContextMenu(view, "top.bin", "Create FCF");
+    UserActions::chooseFromContextMenu(view, "top.bin", "Create FCF");
     GeneratorSteps generator(&m_dialogs);
     generator.expect("txtInputFile", m_binary);
     generator.expect("MajorVerEditBox", "1");
@@ -158,27 +158,28 @@ void Road::makeImageFromDesign()
     const ImageCheck image(m_binary);
     image.expectTarget({2, 4, 4, 1, 0});
     image.expectLines({"CI No: 0", "Function name: Range gate", "----"});
-    tell("Made from the design", image.report());
+    addToReport("Made from the design", image.report());
 }
 
-void Road::checkDesignView()
+void Scenario::checkDesignView()
 {
     const auto* const view = find<QTreeView>(m_host, "MainDesignWidget");
     for (const char* name : {"top.fcf", "top.txt"})
-        require(Hands::row(view, name) == QStringList({name, "Generated", "1.0"}),
-                QString("The design shows %1 as: ").arg(name) + Hands::row(view, name).join(", "));
-    const QStringList log = Hands::column(find<QTreeView>(m_host, "LogPane"), 2);
+        require(UserActions::row(view, name) == QStringList({name, "Generated", "1.0"}),
+                QString("The design shows %1 as: ").arg(name) +
+                    UserActions::row(view, name).join(", "));
+    const QStringList log = UserActions::column(find<QTreeView>(m_host, "LogPane"), 2);
     const QStringList added = {
         "Successfully added generated file \"" + path("top.fcf") + "\" to design.",
         "Successfully added generated file \"" + path("top.txt") + "\" to design."};
     require(log.mid(log.indexOf(added[0]), 2) == added && log.filter("generated file").size() == 2,
-            "The log does not tell of both files: " + log.join(" | "));
-    tell("Log", "  " + log.join("\n  ") + '\n');
+            "The log does not name both files: " + log.join(" | "));
+    addToReport("Log", "  " + log.join("\n  ") + '\n');
 }
 
-void Road::saveDesign()
+void Scenario::saveDesign()
 {
-    Hands::chooseFromMenuBar(m_host, "File", "Save Design");
+    UserActions::chooseFromMenuBar(m_host, "File", "Save Design");
     QFile file(path("design.json"));
     require(file.open(QIODevice::ReadOnly), "The design has no description.");
     const QJsonObject design = QJsonDocument::fromJson(file.readAll()).object();
@@ -186,7 +187,7 @@ void Road::saveDesign()
         const QJsonObject generated = entry(design["files"].toArray(), "path", name);
         require(generated["generated"] == true && generated["version"] == "1.0" &&
                     generated["node"] == "Bit-stream Files",
-                QString("The design's description does not hold %1 as generated.").arg(name));
+                QString("The design's description does not list %1 as generated.").arg(name));
     }
     const QJsonArray properties = design["properties"].toArray();
     require(entry(properties, "name", "ZORV Pelk Module")["value"] == "GPM" &&
@@ -195,10 +196,10 @@ void Road::saveDesign()
             "The target was not written back to the design.");
 }
 
-void Road::openCompanionFromDesign()
+void Scenario::openCompanionFromDesign()
 {
-    Hands::chooseFromContextMenu(find<QTreeView>(m_host, "MainDesignWidget"), "top.txt",
-                                 "Open FCF");
+    UserActions::chooseFromContextMenu(find<QTreeView>(m_host, "MainDesignWidget"), "top.txt",
+                                       "Open FCF");
     GeneratorSteps generator(&m_dialogs);
     generator.expect("txtInputFile", m_binary);
     generator.expect("CiNumEditBox", "0");
@@ -207,7 +208,7 @@ void Road::openCompanionFromDesign()
     generator.cancel();
 }
 
-void Road::archiveDesign()
+void Scenario::archiveDesign()
 {
     withArchiveDialog([this](QWidget* dialog) { makePackage(dialog); });
     const QString package = path("7010-GNRL-ELEC-FW-01-V-01_00.zip");
@@ -219,46 +220,46 @@ void Road::archiveDesign()
         require(file.open(QIODevice::ReadOnly) && unzip({"-p", package, member}) == file.readAll(),
                 QString("The package's %1 is not the design's.").arg(member));
     }
-    tell("Package", "  " + package + '\n');
+    addToReport("Package", "  " + package + '\n');
 }
 
-void Road::makePackage(QWidget* dialog)
+void Scenario::makePackage(QWidget* dialog)
 {
     const auto expectName = [&](const char* name) {
         const QString shown = find<QLineEdit>(dialog, "destinationPath")->text();
         require(shown == path(name), QString("The package is to go to %1.").arg(shown));
     };
-    Hands::select(dialog, "typeBox", "VKT Config Package");
+    UserActions::select(dialog, "typeBox", "VKT Config Package");
     expectName("7010-GNRL-ELEC-FW-01-V-01_00.zip");
-    Hands::select(dialog, "cmbPackageType", "7030 (Software)");
+    UserActions::select(dialog, "cmbPackageType", "7030 (Software)");
     expectName("7030-GNRL-CMPL-SW-01-V-01_00.zip");
-    Hands::select(dialog, "cmbPackageType", "7010 (Firmware)");
+    UserActions::select(dialog, "cmbPackageType", "7010 (Firmware)");
     expectName("7010-GNRL-ELEC-FW-01-V-01_00.zip");
-    Hands::click(dialog, "archiveButton");
-    require(QTest::qWaitFor([&] { return !dialog->isVisible(); }, Hands::PatienceMs),
+    UserActions::click(dialog, "archiveButton");
+    require(QTest::qWaitFor([&] { return !dialog->isVisible(); }, UserActions::TimeoutMs),
             "The archive dialog stays open.");
 }
 
-void Road::withArchiveDialog(const std::function<void(QWidget*)>& deal)
+void Scenario::withArchiveDialog(const std::function<void(QWidget*)>& use)
 {
     // No exception may pass through the dialog's own event loop.
-    std::exception_ptr block;
+    std::exception_ptr failure;
     m_dialogs.leaveTo([&](QWidget* dialog) {
         try {
-            deal(dialog);
-        } catch (const RoadBlock&) {
-            block = std::current_exception();
+            use(dialog);
+        } catch (const StepFailed&) {
+            failure = std::current_exception();
             dialog->close();
         }
     });
-    Hands::chooseFromMenuBar(m_host, "File", "Archive Design...");
-    if (block)
-        std::rethrow_exception(block);
+    UserActions::chooseFromMenuBar(m_host, "File", "Archive Design...");
+    if (failure)
+        std::rethrow_exception(failure);
     require(m_dialogs.allGiven(),
-            "No archive dialog came up, or more: " + m_dialogs.texts().join(" | "));
+            "Not exactly one archive dialog came up: " + m_dialogs.texts().join(" | "));
 }
 
-void Road::takeScreenshot() const
+void Scenario::takeScreenshot() const
 {
     if (m_screenshot.isEmpty())
         return;
@@ -267,7 +268,7 @@ void Road::takeScreenshot() const
     require(screen.save(m_screenshot), "Cannot save the screenshot to " + m_screenshot);
 }
 
-void Road::tell(const QString& title, const QString& text)
+void Scenario::addToReport(const QString& title, const QString& text)
 {
     m_report += "== " + title + '\n' + text + '\n';
 }

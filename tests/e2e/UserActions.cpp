@@ -1,4 +1,4 @@
-#include "Hands.h"
+#include "e2e/UserActions.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -20,14 +20,15 @@ QAction* entryOf(const QWidget* menu, const QString& text)
         if (action->text().remove('&') == text)
             return action;
     }
-    throw RoadBlock("There is no menu entry \"" + text + "\".");
+    throw StepFailed("There is no menu entry \"" + text + "\".");
 }
 
 void choose(QMenu* menu, const QString& entry)
 {
-    Hands::require(QTest::qWaitForWindowExposed(menu, Hands::PatienceMs), "A menu does not open.");
+    UserActions::require(QTest::qWaitForWindowExposed(menu, UserActions::TimeoutMs),
+                         "A menu did not open.");
     QAction* const action = entryOf(menu, entry);
-    Hands::require(action->isEnabled(), "The menu entry \"" + entry + "\" is disabled.");
+    UserActions::require(action->isEnabled(), "The menu entry \"" + entry + "\" is disabled.");
     QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
 }
 
@@ -37,19 +38,19 @@ QModelIndex itemOf(const QTreeView* view, const QString& text)
     const QModelIndexList items = model->match(
         model->index(0, 0), Qt::DisplayRole, text, 1,
         Qt::MatchFlags(Qt::MatchStartsWith | Qt::MatchCaseSensitive | Qt::MatchRecursive));
-    Hands::require(!items.isEmpty(), "The view shows no \"" + text + "\".");
+    UserActions::require(!items.isEmpty(), "The view does not show \"" + text + "\".");
     return items.first();
 }
 
 } // namespace
 
-void Hands::require(bool condition, const QString& complaint)
+void UserActions::require(bool condition, const QString& complaint)
 {
     if (!condition)
-        throw RoadBlock(complaint);
+        throw StepFailed(complaint);
 }
 
-QWidget* Hands::window(const QString& name)
+QWidget* UserActions::window(const QString& name)
 {
     QWidget* found = nullptr;
     const bool shown = QTest::qWaitFor(
@@ -60,18 +61,18 @@ QWidget* Hands::window(const QString& name)
             }
             return found != nullptr;
         },
-        PatienceMs);
-    require(shown && QTest::qWaitForWindowExposed(found, PatienceMs),
+        TimeoutMs);
+    require(shown && QTest::qWaitForWindowExposed(found, TimeoutMs),
             "There is no window \"" + name + "\".");
     return found;
 }
 
-void Hands::click(const QWidget* window, const char* button)
+void UserActions::click(const QWidget* window, const char* button)
 {
     QTest::mouseClick(find<QAbstractButton>(window, button), Qt::LeftButton);
 }
 
-void Hands::type(const QWidget* window, const char* field, const QString& text)
+void UserActions::type(const QWidget* window, const char* field, const QString& text)
 {
     auto* const edit = find<QLineEdit>(window, field);
     QTest::mouseClick(edit, Qt::LeftButton);
@@ -79,7 +80,7 @@ void Hands::type(const QWidget* window, const char* field, const QString& text)
     QTest::keyClicks(edit, text);
 }
 
-void Hands::write(const QWidget* window, const char* memo, const QString& text)
+void UserActions::write(const QWidget* window, const char* memo, const QString& text)
 {
     auto* const edit = find<QTextEdit>(window, memo);
     QTest::mouseClick(edit->viewport(), Qt::LeftButton);
@@ -91,7 +92,7 @@ void Hands::write(const QWidget* window, const char* memo, const QString& text)
     }
 }
 
-void Hands::select(const QWidget* window, const char* comboBox, const QString& text)
+void UserActions::select(const QWidget* window, const char* comboBox, const QString& text)
 {
     auto* const box = find<QComboBox>(window, comboBox);
     QTest::keyClick(box, Qt::Key_Home);
@@ -101,7 +102,7 @@ void Hands::select(const QWidget* window, const char* comboBox, const QString& t
             QString("\"%1\" does not offer \"%2\".").arg(comboBox, text));
 }
 
-void Hands::chooseFromMenuBar(QWidget* window, const QString& menu, const QString& entry)
+void UserActions::chooseFromMenuBar(QWidget* window, const QString& menu, const QString& entry)
 {
     QMenuBar* const bar = qobject_cast<QMainWindow*>(window)->menuBar();
     QAction* const title = entryOf(bar, menu);
@@ -109,19 +110,20 @@ void Hands::chooseFromMenuBar(QWidget* window, const QString& menu, const QStrin
     choose(title->menu(), entry);
 }
 
-void Hands::chooseFromContextMenu(const QTreeView* view, const QString& item, const QString& entry)
+void UserActions::chooseFromContextMenu(const QTreeView* view, const QString& item,
+                                        const QString& entry)
 {
     const QPoint place = view->visualRect(itemOf(view, item)).center();
     QWidget* const window = view->window();
     // Through the window, which makes a context menu event of the click.
     QTest::mouseClick(window->windowHandle(), Qt::RightButton, {},
                       view->viewport()->mapTo(window, place));
-    require(QTest::qWaitFor([] { return QApplication::activePopupWidget(); }, PatienceMs),
+    require(QTest::qWaitFor([] { return QApplication::activePopupWidget(); }, TimeoutMs),
             "\"" + item + "\" has no context menu.");
     choose(qobject_cast<QMenu*>(QApplication::activePopupWidget()), entry);
 }
 
-QStringList Hands::row(const QTreeView* view, const QString& item)
+QStringList UserActions::row(const QTreeView* view, const QString& item)
 {
     const QModelIndex index = itemOf(view, item);
     QStringList texts;
@@ -130,7 +132,7 @@ QStringList Hands::row(const QTreeView* view, const QString& item)
     return texts;
 }
 
-QStringList Hands::column(const QTreeView* view, int column)
+QStringList UserActions::column(const QTreeView* view, int column)
 {
     QStringList texts;
     for (int number = 0; number < view->model()->rowCount(); ++number)

@@ -1,16 +1,16 @@
-#ifndef TESTS_ROAD_GENERATORSTEPS_H
-#define TESTS_ROAD_GENERATORSTEPS_H
+#ifndef TESTS_E2E_GENERATORSTEPS_H
+#define TESTS_E2E_GENERATORSTEPS_H
 
-#include "Hands.h"
+#include "e2e/UserActions.h"
 
-#include "support/ModalAnswer.h"
+#include "tests/support/ModalAnswer.h"
 
 #include <QPointer>
 
-/// What a person does in one generator window.
+/// What a user does in one generator window.
 class GeneratorSteps {
 public:
-    /// Takes the generator window that is open, or waits for one.
+    /// Waits for a generator window, unless one is open.
     explicit GeneratorSteps(ModalAnswer* dialogs);
 
     void chooseBinary(const QString& path);
@@ -18,11 +18,11 @@ public:
     void unfoldFunctions();
     void addFunction(const QString& name, const QString& author, const QString& description);
     void selectTarget(const QString& module, const QString& device, const QString& slot);
-    void type(const char* field, const QString& text) { Hands::type(m_window, field, text); }
-    void describe(const QString& text) { Hands::write(m_window, "DescriptionMemo", text); }
+    void type(const char* field, const QString& text) { UserActions::type(m_window, field, text); }
+    void describe(const QString& text) { UserActions::write(m_window, "DescriptionMemo", text); }
     /// Presses Generate, answering Yes if \p overwriting, and waits for the window to close.
     void generate(bool overwriting);
-    void cancel() { Hands::click(m_window, "btnCancel"); }
+    void cancel() { UserActions::click(m_window, "btnCancel"); }
 
     /// Requires the text of a field, label, memo or combo box to be \p text.
     void expect(const char* widget, const QString& text) const;

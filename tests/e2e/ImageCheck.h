@@ -1,11 +1,11 @@
-#ifndef TESTS_ROAD_IMAGECHECK_H
-#define TESTS_ROAD_IMAGECHECK_H
+#ifndef TESTS_E2E_IMAGECHECK_H
+#define TESTS_E2E_IMAGECHECK_H
 
 #include <QList>
 #include <QStringList>
 
-/// Takes the image of \p binary apart with a reader of its own and checks it against the binary and
-/// the companion; throws a RoadBlock where they do not fit.
+/// Reads the image of \p binary with a parser of its own and compares it with the binary and the
+/// companion. Throws StepFailed if they differ.
 class ImageCheck {
 public:
     explicit ImageCheck(const QString& binary);
@@ -13,7 +13,7 @@ public:
     /// Requires the header's eleven numbers to be \p target (module code, device code, slot,
     /// version) behind the sizes that the binary makes necessary.
     void expectTarget(const QList<int>& target) const;
-    /// Requires the text to hold each of \p lines, one somewhere behind the other.
+    /// Requires the text to contain \p lines, in this order but not necessarily next to each other.
     void expectLines(const QStringList& lines) const;
 
     /// Both paths and sizes, and the decoded header.

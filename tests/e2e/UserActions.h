@@ -1,5 +1,5 @@
-#ifndef TESTS_ROAD_HANDS_H
-#define TESTS_ROAD_HANDS_H
+#ifndef TESTS_E2E_USERACTIONS_H
+#define TESTS_E2E_USERACTIONS_H
 
 #include <QString>
 #include <QWidget>
@@ -9,21 +9,21 @@
 class QMenu;
 class QTreeView;
 
-/// What was not as it should be.
-class RoadBlock : public std::runtime_error {
+/// A step whose result is not the expected one; the message says which.
+class StepFailed : public std::runtime_error {
 public:
-    explicit RoadBlock(const QString& what) : std::runtime_error(what.toStdString()) {}
+    explicit StepFailed(const QString& what) : std::runtime_error(what.toStdString()) {}
 };
 
-/// What a person does to windows, with real mouse and key events. Each throws a RoadBlock where
-/// that cannot be done.
-namespace Hands {
+/// What a user does in windows, with real mouse and key events. Each throws StepFailed if it cannot
+/// be done.
+namespace UserActions {
 
-constexpr int PatienceMs = 10000;
+constexpr int TimeoutMs = 10000;
 
 void require(bool condition, const QString& complaint);
 
-/// The visible window named \p name; waits for it.
+/// Waits for the visible window named \p name and returns it.
 QWidget* window(const QString& name);
 
 template <class Widget>
@@ -51,6 +51,6 @@ QStringList row(const QTreeView* view, const QString& item);
 /// The texts of a column of a view without levels.
 QStringList column(const QTreeView* view, int column);
 
-} // namespace Hands
+} // namespace UserActions
 
 #endif

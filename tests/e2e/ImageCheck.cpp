@@ -1,12 +1,12 @@
-#include "ImageCheck.h"
+#include "e2e/ImageCheck.h"
 
-#include "Hands.h"
+#include "e2e/UserActions.h"
 
-#include "support/PlainFcf.h"
+#include "tests/support/PlainFcf.h"
 
 #include <QFileInfo>
 
-using Hands::require;
+using UserActions::require;
 
 namespace {
 
@@ -36,7 +36,7 @@ ImageCheck::ImageCheck(const QString& binary)
         m_lines << QString::fromStdString(line);
     m_binaryBytes = static_cast<qint64>(binaryBytes.size());
 
-    require(image.fault.empty(), "The image is none: " + QString::fromStdString(image.fault));
+    require(image.fault.empty(), "The image is not valid: " + QString::fromStdString(image.fault));
     require(image.payload == binaryBytes, "The image's payload is not the binary.");
     require(bytesOfFile(m_companion.toStdString()) == imageBytes.substr(0, image.headerBytes),
             "The companion is not the image's header page.");
@@ -51,7 +51,7 @@ void ImageCheck::expectTarget(const QList<int>& target) const
                 QList<int>{total % 64, total / 64, static_cast<int>(m_binaryBytes + 2112),
                            binary % 64, binary / 64, static_cast<int>(m_binaryBytes)},
             "The header's sizes are not those of the binary.");
-    require(m_numbers.mid(SizeCount) == target, "The header's target or version is another.");
+    require(m_numbers.mid(SizeCount) == target, "The header's target or version is wrong.");
 }
 
 void ImageCheck::expectLines(const QStringList& lines) const
@@ -59,7 +59,7 @@ void ImageCheck::expectLines(const QStringList& lines) const
     int position = 0;
     for (const QString& line : lines) {
         position = m_lines.indexOf(line, position);
-        require(position >= 0, "The header does not say \"" + line + "\" where it should.");
+        require(position >= 0, "The header does not contain \"" + line + "\" where it should.");
     }
 }
 

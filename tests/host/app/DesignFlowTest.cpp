@@ -59,8 +59,8 @@ QJsonObject fileEntry(const QJsonObject& description, const QString& path)
 
 } // namespace
 
-/// A user's ways through the host, with the plug-in loaded from its library.
-class DesignRoadTest : public QObject {
+/// The ways of a user through the host, with the plug-in loaded from its library.
+class DesignFlowTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -77,7 +77,7 @@ private slots:
     void offersNothingInADesignOfAnotherType();
 };
 
-void DesignRoadTest::registersItsExtensionsInOrder()
+void DesignFlowTest::registersItsExtensionsInOrder()
 {
     const HostFixture host;
     const QStringList interfaces{"com.Core.Interfaces.IDesignViewExtensions/1.0",
@@ -97,7 +97,7 @@ void DesignRoadTest::registersItsExtensionsInOrder()
                                   << "ZORV_Plugin::ZORV_PropertyProvider");
 }
 
-void DesignRoadTest::leadsFromABinaryToGeneratedFilesByMouse()
+void DesignFlowTest::leadsFromABinaryToGeneratedFilesByMouse()
 {
     HostFixture host;
     const Design* const design = host.openDesign("radar");
@@ -148,7 +148,7 @@ void DesignRoadTest::leadsFromABinaryToGeneratedFilesByMouse()
     QVERIFY(host.window()->isWindowModified());
 }
 
-void DesignRoadTest::leadsFromABinaryToGeneratedFilesByKeys()
+void DesignFlowTest::leadsFromABinaryToGeneratedFilesByKeys()
 {
     HostFixture host;
     host.openDesign("radar");
@@ -167,7 +167,7 @@ void DesignRoadTest::leadsFromABinaryToGeneratedFilesByKeys()
                                                 << "1.4");
 }
 
-void DesignRoadTest::bringsABuildBackFromItsCompanion()
+void DesignFlowTest::bringsABuildBackFromItsCompanion()
 {
     HostFixture host;
     host.openDesign("radar");
@@ -187,7 +187,7 @@ void DesignRoadTest::bringsABuildBackFromItsCompanion()
     QCOMPARE(inGenerator<QTextEdit>("DescriptionMemo")->toPlainText(), QString("Clock corrected"));
 }
 
-void DesignRoadTest::survivesSavingAndOpeningAgain()
+void DesignFlowTest::survivesSavingAndOpeningAgain()
 {
     HostFixture host;
     host.openDesign("radar");
@@ -216,7 +216,7 @@ void DesignRoadTest::survivesSavingAndOpeningAgain()
     QCOMPARE(host.item("top.fcf").parent(), host.item("Bit-stream Files"));
 }
 
-void DesignRoadTest::updatesFilesThatAreInTheDesign()
+void DesignFlowTest::updatesFilesThatAreInTheDesign()
 {
     HostFixture host;
     Design* const design = host.openDesign("radar");
@@ -237,7 +237,7 @@ void DesignRoadTest::updatesFilesThatAreInTheDesign()
     QCOMPARE(design->files().count(), 3);
 }
 
-void DesignRoadTest::keepsGeneratedFilesOutOfTwoDesigns()
+void DesignFlowTest::keepsGeneratedFilesOutOfTwoDesigns()
 {
     HostFixture host;
     const Design* const first = host.openDesign("radar");
@@ -259,7 +259,7 @@ void DesignRoadTest::keepsGeneratedFilesOutOfTwoDesigns()
     QVERIFY(!first->isModified() && !second->isModified());
 }
 
-void DesignRoadTest::keepsTheToolsMenusWindowApart()
+void DesignFlowTest::keepsTheToolsMenusWindowApart()
 {
     HostFixture host;
     const Design* const design = host.openDesign("radar");
@@ -279,7 +279,7 @@ void DesignRoadTest::keepsTheToolsMenusWindowApart()
     QVERIFY(host.generator() != ofTheMenu);
 }
 
-void DesignRoadTest::disablesTheActionsOfALockedDesign()
+void DesignFlowTest::disablesTheActionsOfALockedDesign()
 {
     HostFixture host;
     Design* const design = host.openDesign("radar");
@@ -301,7 +301,7 @@ void DesignRoadTest::disablesTheActionsOfALockedDesign()
     QVERIFY(create->isEnabled());
 }
 
-void DesignRoadTest::leavesADesignAsItIsThatIsLockedWhileTheWindowIsOpen()
+void DesignFlowTest::leavesADesignAsItIsThatIsLockedWhileTheWindowIsOpen()
 {
     HostFixture host;
     Design* const design = host.openDesign("radar");
@@ -329,7 +329,7 @@ void DesignRoadTest::leavesADesignAsItIsThatIsLockedWhileTheWindowIsOpen()
     QCOMPARE(host.bytesOf("radar/design.json"), description);
 }
 
-void DesignRoadTest::offersNothingInADesignOfAnotherType()
+void DesignFlowTest::offersNothingInADesignOfAnotherType()
 {
     HostFixture host;
     host.writeFile("tool/top.bin", "bytes");
@@ -345,8 +345,8 @@ void DesignRoadTest::offersNothingInADesignOfAnotherType()
 
 int main(int argc, char** argv)
 {
-    DesignRoadTest test;
+    DesignFlowTest test;
     return runHostTest(&test, argc, argv);
 }
 
-#include "DesignRoadTest.moc"
+#include "DesignFlowTest.moc"
