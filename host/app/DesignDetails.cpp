@@ -23,7 +23,12 @@ DesignDetails::DesignDetails(QWidget* parent)
     m_type->setObjectName("DesignTypeName");
     m_changes->setObjectName("VersionChanges");
     m_changes->setTabChangesFocus(true);
+    m_changes->setAccessibleName(tr("Changes in this version"));
+    // A file that is dropped here goes to the window, which adds it to the design.
+    m_changes->setAcceptDrops(false);
     m_changes->setFixedHeight(fontMetrics().lineSpacing() * 4);
+    m_major->setAccessibleName(tr("Major version"));
+    m_minor->setAccessibleName(tr("Minor version"));
 
     auto* const version = new QHBoxLayout;
     version->addWidget(m_major);
@@ -84,8 +89,13 @@ void DesignDetails::show()
     const bool editable = m_design && !m_design->isLocked() && !m_design->isReadOnly();
     m_major->setEnabled(editable);
     m_minor->setEnabled(editable);
+    // Read-only rather than disabled, so that it can be scrolled and copied.
     m_changes->setReadOnly(!editable);
     m_changes->setEnabled(m_design);
+    QPalette colours = palette();
+    if (!editable)
+        colours.setBrush(QPalette::Base, colours.window());
+    m_changes->setPalette(colours);
 }
 
 void DesignDetails::takeMajor(int number)

@@ -6,9 +6,14 @@
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
 #include <OrvanticCore/DesignFolder.h>
+#include <OrvanticCore/DesignStructure.h>
 
 #include <QDir>
 #include <QFileInfo>
+#include <QMimeData>
+#include <QUrl>
+
+#include <algorithm>
 
 using OrvanticCore::Design;
 using OrvanticCore::DesignFile;
@@ -38,8 +43,10 @@ QString existingFolder(const QString& folder)
 
 DesignModel::DesignModel(QObject* parent) : QStandardItemModel(0, ColumnCount, parent)
 {
-    setHorizontalHeaderLabels({tr("Name"), tr("State"), tr("Version")});
+    setHorizontalHeaderLabels({tr("Name"), tr("State"), tr("Version"), tr("Size"), tr("Changed")});
+    horizontalHeaderItem(SizeColumn)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &DesignModel::followFolder);
+    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &DesignModel::refreshFromDisk);
 }
 
 void DesignModel::addDesign(Design* design)
@@ -51,7 +58,10 @@ void DesignModel::addDesign(Design* design)
 
     connect(design, &Design::filesChanged, this, [this, design] { rebuild(design); });
     connect(design, &Design::modifiedChanged, this, [this, design] { refreshDesign(design); });
-    connect(design, &Design::versionChanged, this, [this, design] { refreshDesign(design); });
+    connect(design, &Design::versionChanged, this, [this, design] {
+        refreshDesign(design);
+        refreshRows(indexOf(design));
+    });
     connect(design, &Design::stateChanged, this, [this, design] { refreshDesign(design); });
 }
 
@@ -80,6 +90,42 @@ DesignFolder* DesignModel::folderAt(const QModelIndex& index) const
     return DesignRows::folderOf(index.siblingAtColumn(NameColumn).data(DesignRows::SubjectRole));
 }
 
+bool DesignModel::isNode(const QModelIndex& index) const
+{
+    const QModelIndex name = index.siblingAtColumn(NameColumn);
+    return name.parent().isValid() && !name.data(DesignRows::SubjectRole).isValid();
+}
+
+QString DesignModel::nodeAt(const QModelIndex& index) const
+{
+    QModelIndex node = index.siblingAtColumn(NameColumn);
+    while (node.isValid() && !isNode(node))
+        node = node.parent();
+    return node.data(NodeRole).toString();
+}
+
+QStringList DesignModel::nodesOf(const Design* design)
+{
+    return design->structure() ? DesignRows::nodeNames(design->structure()->rootNode())
+                               : QStringList();
+}
+
+QMimeData* DesignModel::mimeData(const QModelIndexList& indexes) const
+{
+    QList<QUrl> urls;
+    for (const QModelIndex& index : indexes) {
+        if (index.column() != NameColumn)
+            continue;
+        if (const DesignFile* const file = fileAt(index))
+            urls << QUrl::fromLocalFile(file->filePath());
+    }
+    if (urls.isEmpty())
+        return nullptr;
+    auto* const data = new QMimeData;
+    data->setUrls(urls);
+    return data;
+}
+
 QModelIndex DesignModel::indexOfKey(const QString& key) const
 {
     return match(index(0, NameColumn), KeyRole, key, 1,
@@ -103,6 +149,7 @@ void DesignModel::refreshFromDisk()
     watchFolders();
     for (int row = 0; row < rowCount(); ++row) {
         DesignStorage::refreshReadOnly(designAt(index(row, NameColumn)));
+        refreshDesign(designAt(index(row, NameColumn)));
         refreshRows(index(row, NameColumn));
     }
 }
@@ -150,8 +197,9 @@ void DesignModel::watchFolders()
     // Again when one was made while the folder above it was not watched yet.
     do {
         folders = foldersToWatch();
-        watch(folders);
+        watch(folders, m_watcher.directories());
     } while (folders != foldersToWatch());
+    watch(filesToWatch(), m_watcher.files());
 }
 
 QStringList DesignModel::foldersToWatch() const
@@ -175,16 +223,32 @@ QStringList DesignModel::foldersToWatch() const
     return existing;
 }
 
-void DesignModel::watch(const QStringList& folders)
+QStringList DesignModel::filesToWatch() const
+{
+    // A file that is written in place is no change of its folder.
+    QStringList files;
+    for (int row = 0; row < rowCount(); ++row) {
+        const Design* const design = designAt(index(row, NameColumn));
+        files << DesignStorage::descriptionPath(design->workingFolderPath());
+        for (const DesignFile* file : design->files())
+            files << file->filePath();
+    }
+    files.removeDuplicates();
+    files.erase(std::remove_if(files.begin(), files.end(),
+                               [](const QString& file) { return !QFileInfo(file).isFile(); }),
+                files.end());
+    return files;
+}
+
+void DesignModel::watch(const QStringList& paths, const QStringList& watched)
 {
     // Only the difference: removing a folder drops its reports that are under way.
-    const QStringList watched = m_watcher.directories();
-    for (const QString& folder : watched) {
-        if (!folders.contains(folder))
-            m_watcher.removePath(folder);
+    for (const QString& path : watched) {
+        if (!paths.contains(path))
+            m_watcher.removePath(path);
     }
-    for (const QString& folder : folders) {
-        if (!watched.contains(folder))
-            m_watcher.addPath(folder);
+    for (const QString& path : paths) {
+        if (!watched.contains(path))
+            m_watcher.addPath(path);
     }
 }

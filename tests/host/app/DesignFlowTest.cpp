@@ -106,6 +106,7 @@ void DesignFlowTest::leadsFromABinaryToGeneratedFilesByMouse()
     QVERIFY(menu);
     QCOMPARE(host.entriesOf(menu), QStringList() << "Create FCF"
                                                  << "Open Folder"
+                                                 << "Move to"
                                                  << "Remove from Design");
     QVERIFY(!menu->actions().first()->icon().isNull());
     QVERIFY(host.choose(menu, "Create FCF"));
@@ -339,6 +340,7 @@ void DesignFlowTest::offersNothingInADesignOfAnotherType()
     QMenu* const menu = host.menuByMouse("top.bin");
     QVERIFY(menu);
     QCOMPARE(host.entriesOf(menu), QStringList() << "Open Folder"
+                                                 << "Move to"
                                                  << "Remove from Design");
     menu->close();
 }

@@ -102,18 +102,20 @@ void HostViewTest::asksEveryExtensionForItsMenus()
                                                  << "File Entry"
                                                  << "Submenu"
                                                  << "Open Folder"
+                                                 << "Move to"
                                                  << "Remove from Design");
     menu->close();
     menu = host.menuByMouse("radar");
     QVERIFY(menu);
     QCOMPARE(host.entriesOf(menu), QStringList() << "Design Entry"
                                                  << "Add Files..."
+                                                 << "Archive Design..."
                                                  << "Open Folder"
                                                  << "Save Design"
                                                  << "Close Design");
     menu->close();
-    QCOMPARE(extension.asked, QStringList() << "top.bin@MainDesignWidget"
-                                            << "Firmware Design");
+    QCOMPARE(extension.asked.last(), QString("Firmware Design"));
+    QVERIFY(extension.asked.contains("top.bin@MainDesignWidget"));
 }
 
 void HostViewTest::reportsTheStateOfTheCurrentDesignToExtensions()
@@ -235,8 +237,8 @@ void HostViewTest::opensTheFolderOfAFile()
 {
     HostFixture host;
     const FolderOpener opener;
-    host.openDesign("radar");
-    const QPoint place = host.view()->visualRect(host.item("top.bin")).center();
+    host.openDesign("radar")->restoreFile(host.writeFile("radar/notes.pdf", "bytes"));
+    const QPoint place = host.view()->visualRect(host.item("notes.pdf")).center();
     QTest::mouseClick(host.view()->viewport(), Qt::LeftButton, {}, place);
     QTest::mouseDClick(host.view()->viewport(), Qt::LeftButton, {}, place);
     QCOMPARE(opener.opened, QStringList(host.path("radar")));
