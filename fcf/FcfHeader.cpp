@@ -1,6 +1,6 @@
-#include "FcfHeader.h"
+#include "fcf/FcfHeader.h"
 
-#include "FcfLayout.h"
+#include "fcf/FcfLayout.h"
 
 #include <QLocale>
 

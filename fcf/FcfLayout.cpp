@@ -1,4 +1,4 @@
-#include "FcfLayout.h"
+#include "fcf/FcfLayout.h"
 
 namespace FcfLayout {
 
@@ -26,28 +26,25 @@ const NumberField Numbers[NumberCount] = {
 };
 
 const TextField<FcfHeader> HeaderTexts[HeaderTextCount] = {
-    {"fileName", "Filename: ", &FcfHeader::fileName, Untrimmed, ": ", Trimmed, 0,
+    {"fileName", "Filename: ", &FcfHeader::fileName, Untrimmed, false,
      "the image's file name, without its folder"},
-    {"ciNumber", "CI No: ", &FcfHeader::ciNumber, Untrimmed, ": ", Trimmed, 0,
+    {"ciNumber", "CI No: ", &FcfHeader::ciNumber, Untrimmed, false,
      "configuration item number of the build"},
-    {"author", "Author: ", &FcfHeader::author, Untrimmed, ": ", Trimmed, 0, "who built it"},
-    {"date", "Date: ", &FcfHeader::date, Untrimmed, ": ", Trimmed, 0,
+    {"author", "Author: ", &FcfHeader::author, Untrimmed, false, "who built it"},
+    {"date", "Date: ", &FcfHeader::date, Untrimmed, false,
      "day of writing, in the short format of the writer's locale"},
-    {"time", "Time: ", &FcfHeader::time, Untrimmed, ": ", Trimmed, 0,
+    {"time", "Time: ", &FcfHeader::time, Untrimmed, false,
      "time of writing: hours, minutes and seconds"},
-    {"description", "Description: ", &FcfHeader::description, Trimmed, ":", Trimmed, "\n",
-     "what the build is"},
+    {"description", "Description: ", &FcfHeader::description, Trimmed, true, "what the build is"},
 };
 
 const TextField<FcfFunction> FunctionTexts[FunctionTextCount] = {
-    {"name", "Function name: ", &FcfFunction::name, Untrimmed, ": ", Untrimmed, 0,
-     "name of the function"},
-    {"author", "Function author: ", &FcfFunction::author, Untrimmed, ": ", Trimmed, 0,
-     "who wrote it"},
-    {"ciNumber", "Function CI No: ", &FcfFunction::ciNumber, Untrimmed, ":", Untrimmed, 0,
+    {"name", "Function name: ", &FcfFunction::name, Untrimmed, false, "name of the function"},
+    {"author", "Function author: ", &FcfFunction::author, Untrimmed, false, "who wrote it"},
+    {"ciNumber", "Function CI No: ", &FcfFunction::ciNumber, Untrimmed, false,
      "configuration item number of the function"},
-    {"description", "Function description: ", &FcfFunction::description, Trimmed, ": ", Untrimmed,
-     "", "what the function does"},
+    {"description", "Function description: ", &FcfFunction::description, Trimmed, true,
+     "what the function does"},
 };
 
 } // namespace FcfLayout

@@ -1,11 +1,11 @@
 #ifndef FCF_FCFLAYOUT_H
 #define FCF_FCFLAYOUT_H
 
-#include "FcfHeader.h"
+#include "fcf/FcfHeader.h"
 
 #include <QtGlobal>
 
-/// The header page, described once: the writer, the reader and every listing follow these tables.
+/// The header page, described once: the writer, the readers and every listing follow these tables.
 ///
 /// A page is a binary preamble of big-endian 32-bit words, a line feed, lines of text each ended by
 /// a line feed, and whole filler units up to the end of the page. The payload follows at once.
@@ -33,7 +33,7 @@ const int FillerUnitLength = 3;
 
 /// Ends the header's own lines and each function's.
 extern const char* const RecordEnd;
-/// Ends the text. It holds RecordEnd, so look for it first.
+/// Ends the text. It contains RecordEnd, so look for it first.
 extern const char* const TextEnd;
 /// A first text line without it is not a header's.
 extern const char* const FirstLineKeyword;
@@ -55,16 +55,12 @@ enum Trimming { Untrimmed, Trimmed };
 template <class Record>
 struct TextField {
     const char* name;
-    /// Stands before the value, exactly so.
+    /// Before the value, exactly so.
     const char* prefix;
     QString Record::*value;
     Trimming whenWritten;
-    /// A reader takes what stands between the first and the second of these.
-    const char* separator;
-    Trimming whenRead;
-    /// What a reader puts between the lines of a value of several lines, or null where a value ends
-    /// with its line. Such a value goes on up to a line with RecordEnd in it.
-    const char* lineJoint;
+    /// Whether the value may have several lines. Then it goes on up to a line with RecordEnd in it.
+    bool hasLines;
     const char* meaning;
 };
 

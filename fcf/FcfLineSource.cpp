@@ -1,6 +1,6 @@
-#include "FcfLineSource.h"
+#include "fcf/FcfLineSource.h"
 
-#include "FcfLayout.h"
+#include "fcf/FcfLayout.h"
 
 #include <QIODevice>
 #include <QtEndian>
@@ -15,8 +15,9 @@ const int FetchBytes = FcfLayout::PageBytes;
 
 FcfLineSource::FcfLineSource(QIODevice* device, QTextCodec* codec, int maximumBytes,
                              LineEnd lineEnd)
-    : m_device(device), m_codec(codec), m_allowance(maximumBytes), m_position(0),
-      m_lineEnd(lineEnd), m_lineOffset(0), m_lineIsEnded(false), m_lineIsDecodable(true)
+    : m_device(device), m_codec(codec ? codec : QTextCodec::codecForLocale()),
+      m_allowance(maximumBytes), m_position(0), m_lineEnd(lineEnd), m_isAtEnd(false),
+      m_lineOffset(0), m_lineIsEnded(false), m_lineIsDecodable(true)
 {
 }
 
@@ -33,9 +34,8 @@ qint32 FcfLineSource::takeWord()
     return qFromBigEndian<qint32>(word);
 }
 
-bool FcfLineSource::takeLine(QString* line)
+QString FcfLineSource::takeLine()
 {
-    line->clear();
     m_lineOffset = m_position;
     int end = m_bytes.indexOf('\n', m_position);
     for (int searched = m_bytes.size(); end < 0 && fetch(); searched = m_bytes.size())
@@ -44,18 +44,19 @@ bool FcfLineSource::takeLine(QString* line)
     m_lineIsEnded = end >= 0;
     if (!m_lineIsEnded) {
         end = m_bytes.size();
-        if (m_position == end || m_allowance == 0)
-            return false;
+        m_isAtEnd = m_position == end || m_allowance == 0;
+        if (m_isAtEnd)
+            return QString();
     }
     int length = end - m_position;
     if (m_lineIsEnded && m_lineEnd == LineFeedWithOrWithoutReturn && length > 0 &&
         m_bytes.at(end - 1) == '\r')
         --length;
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-    *line = m_codec->toUnicode(m_bytes.constData() + m_position, length, &state);
+    const QString line = m_codec->toUnicode(m_bytes.constData() + m_position, length, &state);
     m_lineIsDecodable = state.invalidChars == 0 && state.remainingChars == 0;
     m_position = m_lineIsEnded ? end + 1 : end;
-    return true;
+    return line;
 }
 
 bool FcfLineSource::fetch()

@@ -1,55 +1,73 @@
-#include "FcfTarget.h"
+#include "fcf/FcfTarget.h"
+
+namespace FcfTarget {
+
+const Target Targets[TargetCount] = {
+    {"DFE", 1, "Interface_FPGA", 1},      {"DFE", 1, "Processing_FPGA_1", 2},
+    {"DFE", 1, "Clock_Master_Device", 4}, {"DFE2", 2, "Processing_FPGA", NoCode},
+    {"GPM", 2, "Interface_FPGA", 1},      {"GPM", 2, "Processing_FPGA_1", 2},
+    {"GPM", 2, "Processing_FPGA_2", 4},   {"GPM", 2, "Processing_FPGA_3", 8},
+};
+
+} // namespace FcfTarget
+
+namespace {
+
+const qint32 CodeOfOtherModules = 2;
+
+/// Means Processing_FPGA_2 on a GPM and Clock_Master_Device on any other module. Every other code
+/// is of one device, whatever the module.
+const qint32 SharedDeviceCode = 4;
+
+bool isGpm(const QString& module) { return module == QLatin1String("GPM"); }
+
+} // namespace
 
 QStringList FcfTarget::modules()
 {
-    return QStringList() << QLatin1String("DFE") << QLatin1String("DFE2") << QLatin1String("GPM");
+    QStringList modules;
+    for (const Target& target : Targets) {
+        if (!modules.contains(QLatin1String(target.module)))
+            modules << QLatin1String(target.module);
+    }
+    return modules;
 }
 
 QStringList FcfTarget::devicesOf(const QString& module)
 {
     QStringList devices;
-    if (module == QLatin1String("DFE"))
-        devices << QLatin1String("Interface_FPGA") << QLatin1String("Processing_FPGA_1")
-                << QLatin1String("Clock_Master_Device");
-    else if (module == QLatin1String("DFE2"))
-        devices << QLatin1String("Processing_FPGA");
-    else if (module == QLatin1String("GPM"))
-        devices << QLatin1String("Interface_FPGA") << QLatin1String("Processing_FPGA_1")
-                << QLatin1String("Processing_FPGA_2") << QLatin1String("Processing_FPGA_3");
+    for (const Target& target : Targets) {
+        if (module == QLatin1String(target.module))
+            devices << QLatin1String(target.device);
+    }
     return devices;
 }
 
 qint32 FcfTarget::moduleCode(const QString& module)
 {
-    return module == QLatin1String("DFE") ? 1 : 2;
+    for (const Target& target : Targets) {
+        if (module == QLatin1String(target.module))
+            return target.moduleCode;
+    }
+    return CodeOfOtherModules;
 }
 
 qint32 FcfTarget::deviceCode(const QString& module, const QString& device, qint32 without)
 {
-    if (device == QLatin1String("Interface_FPGA"))
-        return 1;
-    if (device == QLatin1String("Processing_FPGA_1"))
-        return 2;
-    if (device == QLatin1String("Processing_FPGA_3"))
-        return 8;
-    const bool gpm = module == QLatin1String("GPM");
-    if (device == QLatin1String(gpm ? "Processing_FPGA_2" : "Clock_Master_Device"))
-        return 4;
+    for (const Target& target : Targets) {
+        const bool fits = target.deviceCode != SharedDeviceCode ||
+                          isGpm(module) == isGpm(QLatin1String(target.module));
+        if (device == QLatin1String(target.device) && target.deviceCode != NoCode && fits)
+            return target.deviceCode;
+    }
     return without;
 }
 
-bool FcfTarget::find(qint32 moduleCodeSought, qint32 deviceCodeSought, Target* target)
+const FcfTarget::Target* FcfTarget::find(qint32 moduleCode, qint32 deviceCode)
 {
-    foreach (const QString& module, modules()) {
-        if (moduleCode(module) != moduleCodeSought)
-            continue;
-        foreach (const QString& device, devicesOf(module)) {
-            if (deviceCode(module, device, 0) != deviceCodeSought)
-                continue;
-            target->module = module;
-            target->device = device;
-            return true;
-        }
+    for (const Target& target : Targets) {
+        if (target.moduleCode == moduleCode && target.deviceCode == deviceCode)
+            return &target;
     }
-    return false;
+    return nullptr;
 }

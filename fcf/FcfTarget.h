@@ -12,27 +12,37 @@ namespace FcfTarget {
 const int FirstSlot = 1;
 const int LastSlot = 10;
 
-/// In the order in which a form offers them.
-QStringList modules();
-
-/// The devices of \p module, in the order in which a form offers them; none for an unknown one.
-QStringList devicesOf(const QString& module);
-
-/// What FcfHeader::moduleCode is for \p module. Only "DFE" has a code of its own.
-qint32 moduleCode(const QString& module);
-
-/// What FcfHeader::deviceCode is for \p device when \p module is selected: a single bit, or
-/// \p without for a device that has no code.
-qint32 deviceCode(const QString& module, const QString& device, qint32 without);
-
+/// One device of one module.
 struct Target {
-    QString module;
-    QString device;
+    const char* module;
+    qint32 moduleCode;
+    const char* device;
+    /// A single bit, or NoCode.
+    qint32 deviceCode;
 };
 
-/// Finds the one module and device with these codes, a device without a code counting as 0.
-/// Returns false, and leaves \p target alone, when there is none.
-bool find(qint32 moduleCode, qint32 deviceCode, Target* target);
+/// A device with this code has none of its own.
+const qint32 NoCode = 0;
+const int TargetCount = 8;
+
+/// All of them, in the order in which a form offers them; what follows here is read from it.
+extern const Target Targets[TargetCount];
+
+QStringList modules();
+
+/// The devices of \p module; none for an unknown one.
+QStringList devicesOf(const QString& module);
+
+/// What FcfHeader::moduleCode is for \p module. An unknown one has the code of all but the first.
+qint32 moduleCode(const QString& module);
+
+/// What FcfHeader::deviceCode is for \p device when \p module is selected, or \p without for a
+/// device that has no code. A device keeps its code under a module that does not list it, but for
+/// the two that share one.
+qint32 deviceCode(const QString& module, const QString& device, qint32 without);
+
+/// The target with these codes, or null when there is none.
+const Target* find(qint32 moduleCode, qint32 deviceCode);
 
 } // namespace FcfTarget
 

@@ -1,6 +1,6 @@
-#include "FcfWriter.h"
+#include "fcf/FcfWriter.h"
 
-#include "FcfLayout.h"
+#include "fcf/FcfLayout.h"
 
 #include <QIODevice>
 #include <QScopedPointer>

@@ -1,7 +1,7 @@
 #ifndef FCF_FCFWRITER_H
 #define FCF_FCFWRITER_H
 
-#include "FcfHeader.h"
+#include "fcf/FcfHeader.h"
 
 #include <QByteArray>
 #include <QCoreApplication>

@@ -1,7 +1,7 @@
-#include "PelkFcfGeneratorFileInfo.h"
+#include "fcf/PelkFcfGeneratorFileInfo.h"
 
-#include "FcfHeader.h"
-#include "FcfLayout.h"
+#include "fcf/FcfHeader.h"
+#include "fcf/FcfLayout.h"
 
 #include <QFileInfo>
 

@@ -47,7 +47,7 @@ PelkFcfGenerator::PelkFcfGenerator(QWidget* parent)
 {
     ui->setupUi(this);
     fileInfo.reset(new PelkFcfGeneratorFileInfo);
-    updateComboBoxFPGA();
+    listTargets();
     connectWidgets();
     functionsDetails = foldInto(ui->widgetFunctionDetailsHolder, ui->widgetFunctions,
                                 tr("<b>Functions In Build:</b>"));
@@ -59,6 +59,14 @@ PelkFcfGenerator::PelkFcfGenerator(QWidget* parent)
 }
 
 PelkFcfGenerator::~PelkFcfGenerator() {}
+
+void PelkFcfGenerator::listTargets()
+{
+    ui->ModuleComboBox->addItems(FcfTarget::modules());
+    updateComboBoxFPGA();
+    for (int slot = FcfTarget::FirstSlot; slot <= FcfTarget::LastSlot; ++slot)
+        ui->ConfigComboBox->addItem(QString::number(slot));
+}
 
 void PelkFcfGenerator::connectWidgets()
 {

@@ -100,6 +100,7 @@ public Q_SLOTS:
     void on_btnItsMe_clicked();
 
 private:
+    void listTargets();
     void connectWidgets();
     QtCreatorUtilities::DetailsWidget* foldInto(QWidget* holder, QWidget* body,
                                                 const QString& summary);

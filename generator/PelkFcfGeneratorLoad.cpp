@@ -2,6 +2,7 @@
 
 #include "PelkFcfGenerator.h"
 
+#include "fcf/FcfLayout.h"
 #include "fcf/FcfReader.h"
 
 #include "ui_PelkFcfGenerator.h"
@@ -13,14 +14,16 @@
 
 namespace {
 
-/// Adds each of \p lines as a new paragraph at the end of \p memo, and never as markup. All of them
-/// are one change: what watches the memo is told once, however many lines a file may have.
-void appendParagraphs(QTextEdit* memo, const QStringList& lines)
+/// Adds each line of \p text as a new paragraph at the end of \p memo, and never as markup. All of
+/// them are one change, so that the memo is cut, and its user asked, once at most. No more is added
+/// than shows that the text is too long: a file may have millions of lines.
+void appendParagraphs(QTextEdit* memo, const QString& text)
 {
+    const QString added = text.left(FcfLayout::FormDescriptionLength + 1);
     QTextCursor cursor(memo->document());
     cursor.movePosition(QTextCursor::End);
     cursor.beginEditBlock();
-    foreach (const QString& line, lines) {
+    foreach (const QString& line, added.split(QLatin1Char('\n'))) {
         if (!memo->document()->isEmpty())
             cursor.insertBlock();
         cursor.insertText(line);
@@ -83,13 +86,11 @@ bool PelkFcfGenerator::readConfigFile(QString filename)
     functions.clear();
     ui->ModifyFunctionCheckBox->setEnabled(true);
 
-    const FcfReading reading = FcfReader().read(&file);
+    const FcfReading reading = FcfReader::read(&file);
     showNumbers(reading.header);
-    if (reading.outcome == FcfReading::NoFilenameLine || reading.outcome == FcfReading::NoText) {
+    if (reading.outcome == FcfReading::NoFilenameLine) {
         m_dialogs->tell(tr("please select a correct text file,the selected file is not compartable "
                            "with this programme "));
-        if (reading.outcome == FcfReading::NoText)
-            showLoadingFailed();
         return false;
     }
     showTexts(reading);
@@ -155,7 +156,8 @@ void PelkFcfGenerator::showTexts(const FcfReading& reading)
 {
     ui->CiNumEditBox->setText(reading.header.ciNumber);
     ui->AuthoEditBox->setText(reading.header.author);
-    appendParagraphs(ui->DescriptionMemo, reading.descriptionLines);
+    if (reading.hasDescription)
+        appendParagraphs(ui->DescriptionMemo, reading.header.description);
     foreach (const FcfFunction& function, reading.header.functions)
         showFunctionRead(function);
 }

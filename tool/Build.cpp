@@ -51,10 +51,9 @@ Build Build::of(const FcfHeader& header)
     Build build;
     build.author = header.author;
     build.ciNumber = header.ciNumber;
-    FcfTarget::Target target;
-    if (FcfTarget::find(header.moduleCode, header.deviceCode, &target)) {
-        build.module = target.module;
-        build.device = target.device;
+    if (const auto* const target = FcfTarget::find(header.moduleCode, header.deviceCode)) {
+        build.module = QLatin1String(target->module);
+        build.device = QLatin1String(target->device);
     }
     build.configNumber = header.configNumber;
     build.version = Version{header.versionMajor, header.versionMinor};

@@ -19,20 +19,19 @@ QString firstTextOf(InputFile* file, Session* session)
     return session->codec()->toUnicode(bytes.value_or(QByteArray()));
 }
 
-void explain(const FcfReading& reading, InputFile* file, ExitCode exitCode, Session* session)
+void explain(const FcfExactReading& reading, InputFile* file, ExitCode exitCode, Session* session)
 {
     Findings* const findings = &session->findings;
     const QString end = QStringLiteral("the end");
-    const FcfExactReading& exact = reading.exact;
     switch (reading.outcome) {
-    case FcfReading::NoText:
+    case FcfExactReading::NoText:
         findings
             ->error(exitCode, file->label(), QStringLiteral("text"),
                     QStringLiteral("is no FCF header page: it ends before the text"))
             .at(qMin<qint64>(file->size(), FcfLayout::PreambleBytes))
             .comparing(QLatin1String(FcfLayout::FirstLineKeyword), end);
         break;
-    case FcfReading::NoFilenameLine: {
+    case FcfExactReading::NoFilenameLine: {
         const QString found = firstTextOf(file, session);
         findings
             ->error(exitCode, file->label(), QStringLiteral("fileName"),
@@ -42,26 +41,27 @@ void explain(const FcfReading& reading, InputFile* file, ExitCode exitCode, Sess
             .comparing(QLatin1String(FcfLayout::FirstLineKeyword), found);
         break;
     }
-    case FcfReading::EndedEarly:
+    case FcfExactReading::EndedEarly:
         findings
             ->error(exitCode, file->label(), QStringLiteral("text"),
                     QStringLiteral("is no whole FCF header page: its text does not end"))
-            .at(qMin<qint64>(file->size(), FcfReader::MaximumBytes))
+            .at(qMin<qint64>(file->size(), FcfExactReader::MaximumBytes))
             .comparing(QLatin1String(FcfLayout::TextEnd),
-                       file->size() > FcfReader::MaximumBytes ? QStringLiteral("more text") : end);
+                       file->size() > FcfExactReader::MaximumBytes ? QStringLiteral("more text")
+                                                                   : end);
         break;
-    case FcfReading::Deviates: {
-        const char* const field = exact.deviation.field;
+    case FcfExactReading::Deviates: {
+        const char* const field = reading.deviation.field;
         findings
             ->error(exitCode, file->label(),
-                    field ? TextRules::fieldName(field, exact.deviation.function)
+                    field ? TextRules::fieldName(field, reading.deviation.function)
                           : QStringLiteral("text"),
                     QStringLiteral("is not what an FCF header page has here"))
-            .at(exact.deviation.offset)
-            .comparing(exact.expected, exact.found);
+            .at(reading.deviation.offset)
+            .comparing(reading.expected, reading.found);
         break;
     }
-    case FcfReading::Complete:
+    case FcfExactReading::Complete:
         break;
     }
 }
@@ -71,15 +71,15 @@ void explain(const FcfReading& reading, InputFile* file, ExitCode exitCode, Sess
 bool HeaderPage::read(InputFile* file, ExitCode exitCode, Session* session)
 {
     InputSource source(file, 0);
-    reading = FcfReader(session->codec(), FcfReader::Exact).read(&source);
+    reading = FcfExactReader::read(&source, session->codec());
     // The reader takes a file that fails for one that ends.
     if (!source.failure().isEmpty())
         return file->refuse(source.failure(), QString(), session);
-    if (reading.outcome != FcfReading::Complete) {
+    if (reading.outcome != FcfExactReading::Complete) {
         explain(reading, file, exitCode, session);
         return false;
     }
-    const int textEnd = reading.exact.textEnd;
+    const int textEnd = reading.textEnd;
     bytes = textEnd + FcfWriter(session->codec()).fillerFor(textEnd).size();
     return true;
 }

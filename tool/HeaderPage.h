@@ -1,7 +1,7 @@
 #ifndef TOOL_HEADERPAGE_H
 #define TOOL_HEADERPAGE_H
 
-#include "fcf/FcfReader.h"
+#include "fcf/FcfExactReader.h"
 #include "tool/Findings.h"
 
 class InputFile;
@@ -10,7 +10,7 @@ class Session;
 
 /// The header page of an image or a companion, read exactly.
 struct HeaderPage {
-    FcfReading reading;
+    FcfExactReading reading;
     /// Bytes of the page, filler included: where the payload of an image begins.
     int bytes = 0;
 

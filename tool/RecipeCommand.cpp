@@ -17,7 +17,7 @@ void RecipeCommand::run(Session* session)
     const std::optional<QString> path = session->path(m_file, QStringLiteral("FILE"));
     InputFile file;
     HeaderPage page;
-    if (!path || !file.open(*path, FcfReader::MaximumBytes, QStringLiteral("FILE"), session) ||
+    if (!path || !file.open(*path, FcfExactReader::MaximumBytes, QStringLiteral("FILE"), session) ||
         !page.read(&file, ExitCode::NotValid, session))
         return;
     const Build build = Build::of(page.reading.header);

@@ -43,12 +43,11 @@ private:
 
 QString meaningOf(const FcfLayout::NumberField& field, const FcfHeader& header)
 {
-    FcfTarget::Target target;
-    const bool known = FcfTarget::find(header.moduleCode, header.deviceCode, &target);
+    const FcfTarget::Target* const target = FcfTarget::find(header.moduleCode, header.deviceCode);
     if (field.value == &FcfHeader::moduleCode)
-        return known ? target.module : QStringLiteral("unknown");
+        return QLatin1String(target ? target->module : "unknown");
     if (field.value == &FcfHeader::deviceCode)
-        return known ? target.device : QStringLiteral("unknown");
+        return QLatin1String(target ? target->device : "unknown");
     return QLatin1String(field.unit);
 }
 
@@ -78,9 +77,8 @@ QJsonObject asJson(const InputFile& file, const HeaderPage& page)
     object["file"] = file.label();
     object["headerBytes"] = page.bytes;
     object["header"] = HeaderJson::of(header);
-    FcfTarget::Target target;
-    if (FcfTarget::find(header.moduleCode, header.deviceCode, &target))
-        object["target"] = QJsonObject{{"module", target.module}, {"device", target.device}};
+    if (const auto* const target = FcfTarget::find(header.moduleCode, header.deviceCode))
+        object["target"] = QJsonObject{{"module", target->module}, {"device", target->device}};
     return object;
 }
 
@@ -98,7 +96,8 @@ void ShowCommand::run(Session* session)
         const std::optional<QString> path = session->path(argument, QStringLiteral("FILE"));
         InputFile file;
         HeaderPage page;
-        if (!path || !file.open(*path, FcfReader::MaximumBytes, QStringLiteral("FILE"), session) ||
+        if (!path ||
+            !file.open(*path, FcfExactReader::MaximumBytes, QStringLiteral("FILE"), session) ||
             !page.read(&file, ExitCode::NotValid, session))
             continue;
         list(file.label(), page, session);

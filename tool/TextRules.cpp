@@ -33,7 +33,7 @@ void appendTexts(const FcfLayout::TextField<Record> (&fields)[Count], const Reco
     for (const auto& field : fields) {
         const bool opensFunction = function >= 0 && &field == fields;
         texts->append({TextRules::fieldName(field.name, function), record.*field.value,
-                       field.lineJoint != nullptr, opensFunction});
+                       field.hasLines, opensFunction});
     }
 }
 
@@ -88,7 +88,7 @@ FcfHeader asShown(const FcfHeader& header, QTextCodec* codec)
     QByteArray page = FcfWriter(codec).compose(header);
     QBuffer device(&page);
     device.open(QIODevice::ReadOnly);
-    return FcfReader(codec).read(&device).header;
+    return FcfReader::read(&device, codec).header;
 }
 
 } // namespace

@@ -56,7 +56,7 @@ QString deviceCodesOf(qint32 moduleCode)
 
 qint64 offsetOf(const HeaderPage& page, const QString& field)
 {
-    for (const FcfSpan& span : page.reading.exact.spans) {
+    for (const FcfSpan& span : page.reading.spans) {
         if (TextRules::fieldName(span.field, span.function) == field)
             return span.offset;
     }
@@ -75,7 +75,7 @@ void Validator::validate(const HeaderPage& page) const
     const FcfHeader& header = page.reading.header;
     checkSizes(header, m_kind == Image ? payloadBytes(page) : header.binFileSize);
     checkCodes(header);
-    checkReservedWords(page.reading.exact.reservedWords);
+    checkReservedWords(page.reading.reservedWords);
     checkTexts(page);
     checkFiller(page);
     checkAgainstWriter(page);
@@ -84,7 +84,7 @@ void Validator::validate(const HeaderPage& page) const
                 QStringLiteral("a companion ends with its header page"),
                 QStringLiteral("%1 bytes").arg(page.bytes),
                 QStringLiteral("%1 bytes").arg(m_file->size()));
-    if (page.bytes > FcfLayout::PageBytes && page.reading.exact.textEnd <= FcfLayout::PageBytes)
+    if (page.bytes > FcfLayout::PageBytes && page.reading.textEnd <= FcfLayout::PageBytes)
         m_session->findings
             .note(m_file->label(), QStringLiteral("page"),
                   QStringLiteral("the header page has %1 bytes, as its last filler unit goes "
@@ -129,12 +129,11 @@ void Validator::checkCodes(const FcfHeader& header) const
 {
     const FcfLayout::NumberField& module = numberOf(&FcfHeader::moduleCode);
     const FcfLayout::NumberField& device = numberOf(&FcfHeader::deviceCode);
-    FcfTarget::Target target;
     const QStringList moduleCodes = allModuleCodes();
     if (!moduleCodes.contains(QString::number(header.moduleCode)))
         invalid(QLatin1String(module.name), module.offset, QStringLiteral("stands for no module"),
                 moduleCodes.join(QStringLiteral(" or ")), QString::number(header.moduleCode));
-    else if (!FcfTarget::find(header.moduleCode, header.deviceCode, &target))
+    else if (!FcfTarget::find(header.moduleCode, header.deviceCode))
         invalid(QLatin1String(device.name), device.offset,
                 QStringLiteral("stands for no device of the module"),
                 QStringLiteral("one of %1").arg(deviceCodesOf(header.moduleCode)),
@@ -193,7 +192,7 @@ void Validator::checkTexts(const HeaderPage& page) const
 
 void Validator::checkFiller(const HeaderPage& page) const
 {
-    const int textEnd = page.reading.exact.textEnd;
+    const int textEnd = page.reading.textEnd;
     if (textEnd > FcfLayout::PageBytes) {
         invalid(QStringLiteral("text"), FcfLayout::PageBytes,
                 QStringLiteral("the text does not fit in the header page"),
@@ -214,12 +213,11 @@ void Validator::checkFiller(const HeaderPage& page) const
 /// Catches what no single check above is about, such as blanks that a writer leaves out.
 void Validator::checkAgainstWriter(const HeaderPage& page) const
 {
-    if (page.reading.exact.textEnd > FcfLayout::PageBytes)
+    if (page.reading.textEnd > FcfLayout::PageBytes)
         return;
     const int textStart = FcfLayout::PreambleBytes;
     const QByteArray written = FcfWriter(m_session->codec()).compose(page.reading.header);
-    const auto found =
-        m_file->bytesAt(textStart, page.reading.exact.textEnd - textStart, m_session);
+    const auto found = m_file->bytesAt(textStart, page.reading.textEnd - textStart, m_session);
     if (!found || *found == written.mid(textStart))
         return;
     const int same = FileCompare::firstDifference(written.mid(textStart), *found);

@@ -1,7 +1,7 @@
 #ifndef TOOL_VALIDATOR_H
 #define TOOL_VALIDATOR_H
 
-#include "fcf/FcfReader.h"
+#include "fcf/FcfExactReader.h"
 #include "tool/Checker.h"
 
 #include <QString>
@@ -19,7 +19,7 @@ public:
     enum Kind { Image, Companion };
 
     /// In bytes; no valid image is larger.
-    static constexpr qint64 LargestFile = Checker::LargestBinary + FcfReader::MaximumBytes;
+    static constexpr qint64 LargestFile = Checker::LargestBinary + FcfExactReader::MaximumBytes;
 
     /// Neither becomes the validator's own.
     Validator(InputFile* file, Kind kind, Session* session);

@@ -1,4 +1,5 @@
 #include "design/ZORV_PropertyProvider.h"
+#include "fcf/FcfTarget.h"
 
 #include <QtilitiesCore/QtilitiesCoreApplication.h>
 
@@ -19,6 +20,7 @@ private slots:
     void announcesThreePropertiesInOrder();
     void describesAProperty_data();
     void describesAProperty();
+    void describesTheTargetsOfTheGenerator();
     void announcesTheSameOnEveryCall();
     void barsNoClassFromCustomProperties();
 };
@@ -92,6 +94,22 @@ void ZORV_PropertyProviderTest::describesAProperty()
     QVERIFY(!property.d_add_during_construction);
     QVERIFY(!property.d_internal);
     QVERIFY(property.d_is_exportable);
+}
+
+void ZORV_PropertyProviderTest::describesTheTargetsOfTheGenerator()
+{
+    QStringList modules;
+    QString devices;
+    for (const QString& module : FcfTarget::modules()) {
+        // The properties have always called the first module DFE1.
+        modules << (module == "DFE" ? QString("DFE1") : module);
+        devices += "<br>For " + modules.last() + ": " + FcfTarget::devicesOf(module).join(", ");
+    }
+    const QList<PropertySpecification> properties = ZORV_PropertyProvider().availableProperties();
+    QVERIFY(properties.at(0).d_description.endsWith("Possible values:" + devices));
+    QVERIFY(properties.at(1).d_description.endsWith(
+        QString("Possible values: %1-%2").arg(FcfTarget::FirstSlot).arg(FcfTarget::LastSlot)));
+    QVERIFY(properties.at(2).d_description.endsWith("Possible values:<br>" + modules.join(", ")));
 }
 
 void ZORV_PropertyProviderTest::announcesTheSameOnEveryCall()

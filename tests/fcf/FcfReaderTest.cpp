@@ -1,4 +1,4 @@
-#include "SampleHeaders.h"
+#include "fcf/SampleHeaders.h"
 
 #include "fcf/FcfReader.h"
 #include "fcf/FcfWriter.h"
@@ -16,7 +16,7 @@ FcfReading readingOf(QByteArray bytes)
 {
     QBuffer device(&bytes);
     device.open(QIODevice::ReadOnly);
-    return FcfReader().read(&device);
+    return FcfReader::read(&device);
 }
 
 /// A header page's start up to and including the line feed at byte 64.
@@ -128,7 +128,7 @@ void FcfReaderTest::leavesThePayloadAlone()
     QByteArray bytes = written(headerWithoutFunctions());
     bytes += FcfWriter().fillerFor(bytes.size());
     EndlessSource image(bytes, "payload\n");
-    const FcfReading reading = FcfReader().read(&image);
+    const FcfReading reading = FcfReader::read(&image);
     QVERIFY(reading.header == headerWithoutFunctions());
     QVERIFY2(image.taken() <= 4096, qPrintable(QString::number(image.taken())));
 }
@@ -175,7 +175,7 @@ void FcfReaderTest::takesALineWithoutItsSeparatorForAnEmptyText()
     FcfHeader expected;
     expected.functions << FcfFunction();
     QVERIFY(reading.header == expected);
-    QCOMPARE(reading.descriptionLines, QStringList(QString()));
+    QVERIFY(reading.hasDescription);
 }
 
 void FcfReaderTest::trimsSomeValuesAndNotOthers()
@@ -204,7 +204,6 @@ void FcfReaderTest::readsADescriptionOfSeveralLinesAsLines()
 {
     const FcfReading reading = readingOf(preamble() + headerLines("one\n\nthree\n---\n----\n"));
     QCOMPARE(reading.outcome, FcfReading::Complete);
-    QCOMPARE(reading.descriptionLines, QStringList({"one", "", "three"}));
     QCOMPARE(reading.header.description, QString("one\n\nthree"));
 }
 
@@ -232,7 +231,7 @@ void FcfReaderTest::endsADescriptionAtThreeHyphensAnywhere()
     // Hyphens in the first line leave no description at all, and the mark is taken for a name.
     reading = readingOf(preamble() + headerLines("one---\n---\na\nc\nd\n---\n----\n"));
     QCOMPARE(reading.outcome, FcfReading::Complete);
-    QCOMPARE(reading.descriptionLines, QStringList());
+    QVERIFY(!reading.hasDescription);
     QCOMPARE(reading.header.functions.size(), 1);
 }
 
@@ -272,7 +271,7 @@ void FcfReaderTest::takesMissingNumbersForZero()
 {
     const QByteArray bytes = written(headerWithoutFunctions()).left(10);
     const FcfReading reading = readingOf(bytes);
-    QCOMPARE(reading.outcome, FcfReading::NoText);
+    QCOMPARE(reading.outcome, FcfReading::NoFilenameLine);
     FcfHeader expected;
     expected.totalPages = 34;
     expected.totalBlocks = 4;
@@ -288,9 +287,7 @@ void FcfReaderTest::saysHowFarItCameForACutAtEveryByte()
     for (int cut = 0; cut < endMark + 4; ++cut) {
         const FcfReading reading = readingOf(whole.left(cut));
         const QByteArray where = "cut at byte " + QByteArray::number(cut);
-        if (cut <= 65)
-            QVERIFY2(reading.outcome == FcfReading::NoText, where);
-        else if (cut < 65 + 8)
+        if (cut < 65 + 8)
             QVERIFY2(reading.outcome == FcfReading::NoFilenameLine, where);
         else
             QVERIFY2(reading.outcome == FcfReading::EndedEarly, where);
@@ -308,7 +305,7 @@ void FcfReaderTest::endsWhereADeviceFailsAtEveryByte()
     const QByteArray whole = written(headerInSeveralScripts());
     for (int failsAt = 0; failsAt < whole.size() - 1; ++failsAt) {
         FailingSource device(whole, failsAt);
-        const FcfReading failed = FcfReader().read(&device);
+        const FcfReading failed = FcfReader::read(&device);
         const FcfReading cut = readingOf(whole.left(failsAt));
         QCOMPARE(failed.outcome, cut.outcome);
         QVERIFY(failed.header == cut.header);
@@ -322,9 +319,9 @@ void FcfReaderTest::endsAtItsBound_data()
     QTest::addColumn<int>("outcome");
     const int early = FcfReading::EndedEarly;
     QTest::newRow("a preamble without end")
-        << QByteArray() << QByteArray("x") << int(FcfReading::NoText);
+        << QByteArray() << QByteArray("x") << int(FcfReading::NoFilenameLine);
     QTest::newRow("a first line without end")
-        << preamble() << QByteArray("Filename") << int(FcfReading::NoText);
+        << preamble() << QByteArray("Filename") << int(FcfReading::NoFilenameLine);
     QTest::newRow("an author without end")
         << preamble() + "Filename: f\nCI No: c\nAuthor: " << QByteArray("a") << early;
     QTest::newRow("a description in one endless line")
@@ -344,7 +341,7 @@ void FcfReaderTest::endsAtItsBound()
     QFETCH(QByteArray, start);
     QFETCH(QByteArray, repeated);
     EndlessSource device(start, repeated);
-    const FcfReading reading = FcfReader().read(&device);
+    const FcfReading reading = FcfReader::read(&device);
     QTEST(int(reading.outcome), "outcome");
     QCOMPARE(device.taken(), qint64(FcfReader::MaximumBytes));
 }

@@ -48,6 +48,14 @@ void FcfTargetTest::givesCodes_data()
     row("GPM", "Clock_Master_Device", 2, kept);
     row("DFE", "interface_fpga", 1, kept);
     row("DFE", "", 1, kept);
+    // Devices that the module does not list keep their code, but for the two that share one.
+    row("DFE", "Processing_FPGA_3", 1, 8);
+    row("DFE2", "Interface_FPGA", 2, 1);
+    row("DFE2", "Processing_FPGA_1", 2, 2);
+    row("DFE2", "Clock_Master_Device", 2, 4);
+    row("DFE2", "Processing_FPGA_2", 2, kept);
+    row("dfe", "Clock_Master_Device", 2, 4);
+    row("", "", 2, kept);
 }
 
 void FcfTargetTest::givesCodes()
@@ -62,26 +70,23 @@ void FcfTargetTest::findsATargetByItsCodes()
 {
     for (const QString& module : FcfTarget::modules()) {
         for (const QString& device : FcfTarget::devicesOf(module)) {
-            FcfTarget::Target target;
-            QVERIFY(FcfTarget::find(FcfTarget::moduleCode(module),
-                                    FcfTarget::deviceCode(module, device, 0), &target));
-            QCOMPARE(target.module, module);
-            QCOMPARE(target.device, device);
+            const FcfTarget::Target* const target = FcfTarget::find(
+                FcfTarget::moduleCode(module), FcfTarget::deviceCode(module, device, 0));
+            QVERIFY(target);
+            QCOMPARE(QString(target->module), module);
+            QCOMPARE(QString(target->device), device);
         }
     }
 }
 
 void FcfTargetTest::findsNothingForOtherCodes()
 {
-    FcfTarget::Target target;
-    target.module = "kept";
     for (const qint32 device : {-1, 0, 3, 8, 16})
-        QVERIFY(!FcfTarget::find(1, device, &target));
+        QVERIFY(!FcfTarget::find(1, device));
     for (const qint32 device : {-1, 3, 5, 16})
-        QVERIFY(!FcfTarget::find(2, device, &target));
+        QVERIFY(!FcfTarget::find(2, device));
     for (const qint32 module : {-1, 0, 3})
-        QVERIFY(!FcfTarget::find(module, 1, &target));
-    QCOMPARE(target.module, QString("kept"));
+        QVERIFY(!FcfTarget::find(module, 1));
 }
 
 QTEST_GUILESS_MAIN(FcfTargetTest)

@@ -32,7 +32,8 @@ private slots:
     void keepsTheNumbersOfAFileThatIsNotCompatible();
     void keepsWhatWasReadWhenTheTextEndsEarly_data();
     void keepsWhatWasReadWhenTheTextEndsEarly();
-    void saysBothOfAFileWithoutText();
+    void saysNoMoreThanThatAFileCutBeforeItsFirstLineIsNotCompatible_data();
+    void saysNoMoreThanThatAFileCutBeforeItsFirstLineIsNotCompatible();
     void tellsOnceThatADescriptionOfThousandsOfLinesIsTooLong();
     void readsLessThan64KibOfALargeImage();
 };
@@ -157,14 +158,27 @@ void LoadFailureTest::keepsWhatWasReadWhenTheTextEndsEarly()
     QVERIFY(!driver->window()->readConfigFile(cut));
 }
 
-void LoadFailureTest::saysBothOfAFileWithoutText()
+void LoadFailureTest::saysNoMoreThanThatAFileCutBeforeItsFirstLineIsNotCompatible_data()
 {
-    const QString empty = driver->write("empty.txt", QByteArray());
+    QTest::addColumn<int>("bytes");
+    QTest::addColumn<QString>("size");
+    QTest::newRow("an empty file") << 0 << "0 bytes";
+    QTest::newRow("inside the numbers") << 23 << "0 bytes";
+    QTest::newRow("inside the reserved words") << 50 << "6 bytes";
+    QTest::newRow("before the first text line") << 65 << "6 bytes";
+    QTest::newRow("inside its keyword") << 72 << "6 bytes";
+}
+
+void LoadFailureTest::saysNoMoreThanThatAFileCutBeforeItsFirstLineIsNotCompatible()
+{
+    QFETCH(int, bytes);
+    const QByteArray whole = FcfWriter().compose(sampleHeader());
+    const QString cut = driver->write("cut.txt", whole.left(bytes));
     driver->dialogs().click(QMessageBox::Ok);
-    driver->window()->setTxtFile(empty);
+    QVERIFY(!driver->window()->readConfigFile(cut));
     QCOMPARE(driver->dialogs().texts(), QStringList(NotCompatible));
-    QCOMPARE(driver->text("StatusBar"), loadingFailed(empty));
-    QCOMPARE(driver->text("BinFileSize"), QString("0 bytes"));
+    QCOMPARE(driver->text("StatusBar"), QString());
+    QTEST(driver->text("BinFileSize"), "size");
 }
 
 void LoadFailureTest::tellsOnceThatADescriptionOfThousandsOfLinesIsTooLong()

@@ -26,7 +26,7 @@ namespace {
 using Extension = ArchiveType::Extension;
 
 const Extension::ArchiveItemFlags Everything =
-    Extension::ArchiveItemFlags(Extension::DesignFiles) | Extension::DesignFolders |
+    Extension::ArchiveItemFlags(Extension::SourceFiles) | Extension::DesignFolders |
     Extension::GeneratedFiles | Extension::ExternalFiles | Extension::DesignDescription;
 
 void logInfo(const QString& text)
@@ -260,7 +260,7 @@ ArchiveDialog::Items ArchiveDialog::includedItems() const
     if (extension && m_ui->includedItems->isHidden())
         return extension->archiveDesignItems();
     Items items;
-    items.setFlag(Extension::DesignFiles, m_ui->designFiles->isChecked());
+    items.setFlag(Extension::SourceFiles, m_ui->designFiles->isChecked());
     items.setFlag(Extension::DesignFolders, m_ui->designFolders->isChecked());
     items.setFlag(Extension::GeneratedFiles, m_ui->generatedFiles->isChecked());
     items.setFlag(Extension::ExternalFiles, m_ui->externalFiles->isChecked());
@@ -270,7 +270,7 @@ ArchiveDialog::Items ArchiveDialog::includedItems() const
 
 void ArchiveDialog::setIncludedItems(Items items)
 {
-    m_ui->designFiles->setChecked(items.testFlag(Extension::DesignFiles));
+    m_ui->designFiles->setChecked(items.testFlag(Extension::SourceFiles));
     m_ui->designFolders->setChecked(items.testFlag(Extension::DesignFolders));
     m_ui->generatedFiles->setChecked(items.testFlag(Extension::GeneratedFiles));
     m_ui->externalFiles->setChecked(items.testFlag(Extension::ExternalFiles));

@@ -36,7 +36,7 @@ IDesignArchiveExtension::ArchiveItemFlag kindOf(const DesignFile& file, const QS
     if (!isInside(folder, file.filePath()))
         return IDesignArchiveExtension::ExternalFiles;
     return file.isGenerated() ? IDesignArchiveExtension::GeneratedFiles
-                              : IDesignArchiveExtension::DesignFiles;
+                              : IDesignArchiveExtension::SourceFiles;
 }
 
 } // namespace

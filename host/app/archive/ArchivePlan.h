@@ -30,7 +30,7 @@ struct ArchiveMember {
 /// What of a design goes into an archive.
 ///
 /// Each file of a design is of one kind: external when it lies outside the working folder, else
-/// generated when it is noted so, else a file of the design. A folder outside counts as external
+/// generated when it is noted so, else a source file. A folder outside counts as external
 /// too. Members have their paths in the working folder, external ones lie in a folder "external".
 class ArchivePlan {
     Q_DECLARE_TR_FUNCTIONS(ArchivePlan)

@@ -105,7 +105,7 @@ void ArchiveDialogRunTest::archivesWhatIsChecked()
 {
     QSignalSpy log(Logger::instance(),
                    SIGNAL(newPriorityMessage(Logger::MessageType, const QString&)));
-    for (const char* item : {"externalFiles", "generatedFiles"}) {
+    for (const char* item : {"externalFiles", "designFolders"}) {
         QTest::mouseClick(find<QWidget>(item), Qt::LeftButton, {}, QPoint(8, 8));
     }
     pressArchive();
