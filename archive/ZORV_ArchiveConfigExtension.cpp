@@ -135,7 +135,7 @@ void ZORV_ArchiveConfigExtension::updateArchiveDialogWidget()
 
 IDesignArchiveExtension::ArchiveItemFlags ZORV_ArchiveConfigExtension::archiveDesignItems() const
 {
-    return ArchiveItemFlags(DesignFiles) | DesignFolders | DesignDescription;
+    return ArchiveItemFlags(SourceFiles) | GeneratedFiles | DesignDescription;
 }
 
 bool ZORV_ArchiveConfigExtension::archiveIncludeInstaller() const { return true; }

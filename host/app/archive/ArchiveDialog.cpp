@@ -1,6 +1,6 @@
-#include "ArchiveDialog.h"
+#include "host/app/archive/ArchiveDialog.h"
 
-#include "ArchiveJob.h"
+#include "host/app/archive/ArchiveJob.h"
 #include "ui_ArchiveDialog.h"
 
 #include "host/app/common/PlainMessageBox.h"
@@ -26,7 +26,7 @@ namespace {
 using Extension = ArchiveType::Extension;
 
 const Extension::ArchiveItemFlags Everything =
-    Extension::ArchiveItemFlags(Extension::DesignFiles) | Extension::DesignFolders |
+    Extension::ArchiveItemFlags(Extension::SourceFiles) | Extension::DesignFolders |
     Extension::GeneratedFiles | Extension::ExternalFiles | Extension::DesignDescription;
 
 void logInfo(const QString& text)
@@ -260,7 +260,7 @@ ArchiveDialog::Items ArchiveDialog::includedItems() const
     if (extension && m_ui->includedItems->isHidden())
         return extension->archiveDesignItems();
     Items items;
-    items.setFlag(Extension::DesignFiles, m_ui->designFiles->isChecked());
+    items.setFlag(Extension::SourceFiles, m_ui->designFiles->isChecked());
     items.setFlag(Extension::DesignFolders, m_ui->designFolders->isChecked());
     items.setFlag(Extension::GeneratedFiles, m_ui->generatedFiles->isChecked());
     items.setFlag(Extension::ExternalFiles, m_ui->externalFiles->isChecked());
@@ -270,7 +270,7 @@ ArchiveDialog::Items ArchiveDialog::includedItems() const
 
 void ArchiveDialog::setIncludedItems(Items items)
 {
-    m_ui->designFiles->setChecked(items.testFlag(Extension::DesignFiles));
+    m_ui->designFiles->setChecked(items.testFlag(Extension::SourceFiles));
     m_ui->designFolders->setChecked(items.testFlag(Extension::DesignFolders));
     m_ui->generatedFiles->setChecked(items.testFlag(Extension::GeneratedFiles));
     m_ui->externalFiles->setChecked(items.testFlag(Extension::ExternalFiles));
@@ -282,8 +282,8 @@ void ArchiveDialog::archive()
     const QString path = destination().filePath(m_ui->destinationPath->text());
     const QFileInfo present(path);
     if (destination().isOfDesign(path)) {
-        complain(tr("%1 belongs to the design. Choose another destination.")
-                     .arg(QDir::toNativeSeparators(path)));
+        showError(tr("%1 belongs to the design. Choose another destination.")
+                      .arg(QDir::toNativeSeparators(path)));
         return;
     }
     if (present.isFile() && !mayReplace(path))
@@ -344,11 +344,11 @@ void ArchiveDialog::handleJobFinished()
         m_ui->stateLabel->setText(tr("Cancelled. No archive was made."));
         break;
     default:
-        complain(job->error());
+        showError(job->error());
     }
 }
 
-void ArchiveDialog::complain(const QString& reason)
+void ArchiveDialog::showError(const QString& reason)
 {
     showBox(QMessageBox::Critical, tr("The design cannot be archived.\n\n%1").arg(reason),
             QMessageBox::Ok, QMessageBox::Ok);

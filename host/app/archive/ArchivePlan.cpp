@@ -1,6 +1,6 @@
-#include "ArchivePlan.h"
+#include "host/app/archive/ArchivePlan.h"
 
-#include "ArchiveError.h"
+#include "host/app/archive/ArchiveError.h"
 
 #include "host/app/common/FileProblem.h"
 
@@ -36,7 +36,7 @@ IDesignArchiveExtension::ArchiveItemFlag kindOf(const DesignFile& file, const QS
     if (!isInside(folder, file.filePath()))
         return IDesignArchiveExtension::ExternalFiles;
     return file.isGenerated() ? IDesignArchiveExtension::GeneratedFiles
-                              : IDesignArchiveExtension::DesignFiles;
+                              : IDesignArchiveExtension::SourceFiles;
 }
 
 } // namespace

@@ -30,7 +30,7 @@ struct ArchiveMember {
 /// What of a design goes into an archive.
 ///
 /// Each file of a design is of one kind: external when it lies outside the working folder, else
-/// generated when it is noted so, else a file of the design. A folder outside counts as external
+/// generated when it is noted so, else a source file. A folder outside counts as external
 /// too. Members have their paths in the working folder, external ones lie in a folder "external".
 class ArchivePlan {
     Q_DECLARE_TR_FUNCTIONS(ArchivePlan)
@@ -41,7 +41,7 @@ public:
     ArchivePlan() = default;
     ArchivePlan(const OrvanticCore::IDesign& design, Items items);
 
-    /// The design's description, as the host writes it down; it takes the place of a file of that
+    /// The design's description, as the host saves it; it replaces a file of that
     /// name.
     void setDescription(const QString& name, const QByteArray& text);
 

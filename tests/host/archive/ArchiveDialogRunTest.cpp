@@ -1,9 +1,9 @@
-#include "ArchivedDesign.h"
-#include "NotingExtension.h"
-#include "Unpacked.h"
+#include "tests/host/archive/ArchivedDesign.h"
+#include "tests/host/archive/NotingExtension.h"
+#include "tests/host/archive/Unpacked.h"
 
 #include "host/app/archive/ArchiveDialog.h"
-#include "support/ModalAnswer.h"
+#include "tests/support/ModalAnswer.h"
 
 #include <OrvanticCore/DesignFile.h>
 
@@ -105,7 +105,7 @@ void ArchiveDialogRunTest::archivesWhatIsChecked()
 {
     QSignalSpy log(Logger::instance(),
                    SIGNAL(newPriorityMessage(Logger::MessageType, const QString&)));
-    for (const char* item : {"externalFiles", "generatedFiles"}) {
+    for (const char* item : {"externalFiles", "designFolders"}) {
         QTest::mouseClick(find<QWidget>(item), Qt::LeftButton, {}, QPoint(8, 8));
     }
     pressArchive();

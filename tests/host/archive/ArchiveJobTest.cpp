@@ -1,8 +1,8 @@
-#include "ArchivedDesign.h"
-#include "Unpacked.h"
+#include "tests/host/archive/ArchivedDesign.h"
+#include "tests/host/archive/Unpacked.h"
 
 #include "host/app/archive/ArchiveJob.h"
-#include "support/FullDisk.h"
+#include "tests/support/FullDisk.h"
 
 #include <OrvanticCore/DesignFile.h>
 
@@ -33,7 +33,7 @@ private slots:
     void tellsItsProgress();
 
 private:
-    ArchiveJob::Order order(const QString& destination, int items = 0x13) const;
+    ArchiveJob::Order order(const QString& destination, int items = 0x1B) const;
     /// Runs \p order and waits for its end.
     void run(const ArchiveJob::Order& order);
 
@@ -76,8 +76,8 @@ void ArchiveJobTest::makesAnArchiveOfTheDesign()
     QCOMPARE(outcome, ArchiveJob::Written);
     const Unpacked unpacked(bench->path(name));
     QCOMPARE(unpacked.fault, QString());
-    QCOMPARE(unpacked.members, bench->configMembers());
-    QCOMPARE(unpacked.names.size(), bench->configMembers().size());
+    QCOMPARE(unpacked.members, bench->membersWithFolders());
+    QCOMPARE(unpacked.names.size(), bench->membersWithFolders().size());
     QStringList after = ArchivedDesign::filesBeside(bench->path(name));
     QVERIFY(after.removeOne(name));
     QCOMPARE(after, before);
@@ -122,7 +122,7 @@ void ArchiveJobTest::makesMissingFoldersOfTheDesign()
     const QString archive = bench->path("archives/2026/radar.zip");
     run(order(archive));
     QCOMPARE(error, QString());
-    QCOMPARE(Unpacked(archive).members, bench->configMembers());
+    QCOMPARE(Unpacked(archive).members, bench->membersWithFolders());
 }
 
 void ArchiveJobTest::makesNoFoldersElsewhere()
@@ -144,7 +144,7 @@ void ArchiveJobTest::replacesOnlyWhatItMay()
     careful.replace = true;
     run(careful);
     QCOMPARE(outcome, ArchiveJob::Written);
-    QCOMPARE(Unpacked(archive).members, bench->configMembers());
+    QCOMPARE(Unpacked(archive).members, bench->membersWithFolders());
 }
 
 void ArchiveJobTest::leavesNothingWhenItFails_data()

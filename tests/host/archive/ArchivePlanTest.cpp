@@ -1,4 +1,4 @@
-#include "ArchivedDesign.h"
+#include "tests/host/archive/ArchivedDesign.h"
 
 #include "host/app/archive/ArchiveError.h"
 #include "host/app/archive/ArchivePlan.h"
@@ -46,11 +46,11 @@ private slots:
     void listsSeveralProblemsButNotAll();
 
 private:
-    QStringList names(ArchivePlan::Items items = Extension::DesignFiles) const
+    QStringList names(ArchivePlan::Items items = Extension::SourceFiles) const
     {
         return namesOf(ArchivePlan(bench->design(), items).members());
     }
-    QString error(ArchivePlan::Items items = Extension::DesignFiles) const;
+    QString error(ArchivePlan::Items items = Extension::SourceFiles) const;
 
     QScopedPointer<ArchivedDesign> bench;
 };
@@ -73,12 +73,13 @@ void ArchivePlanTest::takesWhatTheFlagsName_data()
     const QStringList folders{"constraints/", "constraints/.hidden", "constraints/empty/",
                               "constraints/pins.xdc"};
     QTest::newRow("nothing") << 0x00 << QStringList();
-    QTest::newRow("design files") << 0x01 << files;
-    QTest::newRow("design folders") << 0x02 << folders;
-    QTest::newRow("generated files") << 0x04 << QStringList("top.fcf");
-    QTest::newRow("external files") << 0x08 << QStringList("external/shared.vhd");
+    QTest::newRow("source files") << 0x01 << files;
+    QTest::newRow("generated files") << 0x02 << QStringList("top.fcf");
+    QTest::newRow("external files") << 0x04 << QStringList("external/shared.vhd");
+    QTest::newRow("design folders") << 0x08 << folders;
     QTest::newRow("the description, of which there is none") << 0x10 << QStringList();
-    QTest::newRow("a configuration package") << 0x13 << folders + files;
+    QTest::newRow("a configuration package")
+        << 0x13 << files.mid(0, 2) + QStringList("top.fcf") + files.mid(2);
     QTest::newRow("everything") << 0x1F
                                 << folders + QStringList("external/shared.vhd") + files.mid(0, 2) +
                                        QStringList("top.fcf") + files.mid(2);
@@ -129,7 +130,7 @@ void ArchivePlanTest::ordersMembersByTheBytesOfTheirNames()
     bench->design().restoreFile(ArchivedDesign::write(bench->path("a/b"), {}));
     bench->design().restoreFolder("a");
     const QStringList found =
-        names(ArchivePlan::Items(Extension::DesignFiles) | Extension::DesignFolders);
+        names(ArchivePlan::Items(Extension::SourceFiles) | Extension::DesignFolders);
     QList<QByteArray> bytes;
     for (const QString& name : found)
         bytes << QString(name).remove(QRegularExpression("/$")).toUtf8();
@@ -143,7 +144,7 @@ void ArchivePlanTest::takesAFileOnceThoughItsFolderHasIt()
 {
     bench->design().restoreFile("constraints/pins.xdc");
     const QStringList found =
-        names(ArchivePlan::Items(Extension::DesignFiles) | Extension::DesignFolders);
+        names(ArchivePlan::Items(Extension::SourceFiles) | Extension::DesignFolders);
     QCOMPARE(found.count("constraints/pins.xdc"), 1);
 }
 
@@ -164,7 +165,7 @@ void ArchivePlanTest::keepsExternalFilesOfOneNameApart()
 void ArchivePlanTest::putsTheDescriptionInPlaceOfAFileOfItsName()
 {
     bench->design().restoreFile(ArchivedDesign::write(bench->path("design.json"), "as stored"));
-    ArchivePlan plan(bench->design(), Extension::DesignFiles);
+    ArchivePlan plan(bench->design(), Extension::SourceFiles);
     plan.setDescription("design.json", "as it is");
     const auto members = plan.members();
     QCOMPARE(members.front().name, QString("design.json"));
@@ -234,7 +235,7 @@ void ArchivePlanTest::namesEachPathThatCannotBeArchived()
         bench->design().restoreFolder(path);
     else
         bench->design().restoreFile(path);
-    QCOMPARE(error(ArchivePlan::Items(QFlag(0x03))), bench->path(problem));
+    QCOMPARE(error(ArchivePlan::Items(QFlag(0x09))), bench->path(problem));
 }
 
 void ArchivePlanTest::listsSeveralProblemsButNotAll()

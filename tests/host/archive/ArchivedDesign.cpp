@@ -1,4 +1,4 @@
-#include "ArchivedDesign.h"
+#include "tests/host/archive/ArchivedDesign.h"
 
 #include <OrvanticCore/DesignFile.h>
 
@@ -74,11 +74,19 @@ QStringList ArchivedDesign::filesBeside(const QString& path)
 
 QMap<QString, QByteArray> ArchivedDesign::configMembers() const
 {
-    QMap<QString, QByteArray> members{
-        {"constraints/", {}}, {"constraints/empty/", {}}, {"design.json", "description"}};
-    for (const QString& name :
-         {QString("top.bin"), QString("source/rx chain.vhd"), QString::fromUtf8("Überblick.txt"),
-          QString("constraints/pins.xdc"), QString("constraints/.hidden")})
+    QMap<QString, QByteArray> members{{"design.json", "description"}};
+    for (const QString& name : {QString("top.bin"), QString("source/rx chain.vhd"),
+                                QString::fromUtf8("Überblick.txt"), QString("top.fcf")})
+        members[name] = read(path(name));
+    return members;
+}
+
+QMap<QString, QByteArray> ArchivedDesign::membersWithFolders() const
+{
+    QMap<QString, QByteArray> members = configMembers();
+    members["constraints/"] = {};
+    members["constraints/empty/"] = {};
+    for (const QString& name : {QString("constraints/pins.xdc"), QString("constraints/.hidden")})
         members[name] = read(path(name));
     return members;
 }

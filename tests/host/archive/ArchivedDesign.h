@@ -30,10 +30,13 @@ public:
     /// What is in the folder of \p path, hidden files included.
     static QStringList filesBeside(const QString& path);
 
-    /// The members of an archive of all but generated and external files, with the text
-    /// "description" as the design's description: contents by name, folders with a slash at the
-    /// end.
+    /// The members of a configuration package, which are the files in the design's folder, source
+    /// and generated, and the description, with the text "description": contents by name, folders
+    /// with a slash at the end.
     QMap<QString, QByteArray> configMembers() const;
+
+    /// The same with the design's folders.
+    QMap<QString, QByteArray> membersWithFolders() const;
 
 private:
     QTemporaryDir m_folder;

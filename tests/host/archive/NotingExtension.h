@@ -35,7 +35,7 @@ public:
     bool hasWidget = true;
     bool hidesAndLocks = false;
     QString pathOnActivation;
-    ArchiveItemFlags items = ArchiveItemFlags(DesignFiles) | DesignDescription;
+    ArchiveItemFlags items = ArchiveItemFlags(SourceFiles) | DesignDescription;
     QStringList typeNames;
     bool typeNamesInversed = false;
     QStringList structureIds;

@@ -42,6 +42,7 @@ private slots:
     void restoresAFileThatDoesNotExist();
     void announcesFilesOnceForACycle();
     void announcesAChangedFileAtTheEndOfACycle();
+    void announcesNothingAfterASilentCycle();
     void knowsTheNodeOfAFile();
     void takesFoldersToo();
     void removesAFile();
@@ -251,6 +252,19 @@ void DesignTest::announcesAChangedFileAtTheEndOfACycle()
     QCOMPARE(changed.count(), 1);
     file->setVersionAssociation("1.1");
     QCOMPARE(changed.count(), 2);
+}
+
+void DesignTest::announcesNothingAfterASilentCycle()
+{
+    DesignFile* const file = m_design->restoreFile("a.bin");
+    QSignalSpy changed(m_design.data(), SIGNAL(filesChanged()));
+    m_design->tree()->startProcessingCycle();
+    m_design->restoreFile("b.bin");
+    file->setIsGenerated(true);
+    m_design->tree()->endProcessingCycle(false);
+    m_design->tree()->startProcessingCycle();
+    m_design->tree()->endProcessingCycle(true);
+    QCOMPARE(changed.count(), 0);
 }
 
 void DesignTest::knowsTheNodeOfAFile()

@@ -97,7 +97,7 @@ void TreeTest::announcesOnceAtTheEndOfTheOutermostCycle()
 {
     TreeNode root;
     QSignalSpy changed(&root, LayoutChanged);
-    QSignalSpy ended(&root, SIGNAL(processingCycleEnded()));
+    QSignalSpy ended(&root, SIGNAL(processingCycleEnded(bool)));
     root.startProcessingCycle();
     root.addNode("a");
     root.startProcessingCycle();
@@ -125,18 +125,22 @@ void TreeTest::announcesNothingAfterASilentCycle()
 {
     TreeNode root;
     QSignalSpy changed(&root, LayoutChanged);
+    QSignalSpy ended(&root, SIGNAL(processingCycleEnded(bool)));
     root.startProcessingCycle();
     root.addNode("a");
     root.endProcessingCycle(false);
     root.startProcessingCycle();
     root.endProcessingCycle();
     QCOMPARE(changed.count(), 0);
+    QCOMPARE(ended.count(), 2);
+    QCOMPARE(ended.at(0), QVariantList{false});
+    QCOMPARE(ended.at(1), QVariantList{true});
 }
 
 void TreeTest::ignoresAnEndWithoutACycle()
 {
     TreeNode root;
-    QSignalSpy ended(&root, SIGNAL(processingCycleEnded()));
+    QSignalSpy ended(&root, SIGNAL(processingCycleEnded(bool)));
     root.endProcessingCycle();
     QCOMPARE(ended.count(), 0);
     root.startProcessingCycle();

@@ -1,0 +1,11 @@
+#include <OrvanticCore/DesignArchiveOutputParserDialog.h>
+
+namespace OrvanticCore {
+
+DesignArchiveOutputParserDialog::DesignArchiveOutputParserDialog(QWidget* parent) : QDialog(parent)
+{
+}
+
+DesignArchiveOutputParserDialog::~DesignArchiveOutputParserDialog() {}
+
+} // namespace OrvanticCore

@@ -1,0 +1,7 @@
+#include <OrvanticCore/IDesign.h>
+
+namespace OrvanticCore {
+
+IDesign::~IDesign() {}
+
+} // namespace OrvanticCore

@@ -1,7 +1,0 @@
-#include <IDesign.h>
-
-namespace OrvanticCore {
-
-IDesign::~IDesign() {}
-
-} // namespace OrvanticCore
