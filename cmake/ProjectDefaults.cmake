@@ -38,15 +38,13 @@ set(ZORV_TEST_ENVIRONMENT
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan-suppressions.txt")
 
 # A Qt Test program made of NAME.cpp and the further SOURCES. It runs without a screen, in a locale
-# that does not depend on the machine, and with settings of its own.
+# that does not depend on the machine, and with settings of its own, also when started by hand.
 function(zorv_test name)
     cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
-    add_executable(${name} ${name}.cpp ${arg_SOURCES})
+    add_executable(${name} ${name}.cpp ${arg_SOURCES}
+        "${PROJECT_SOURCE_DIR}/tests/support/OwnEnvironment.cpp")
     zorv_target(${name})
     target_link_libraries(${name} PRIVATE Qt5::Test ${arg_LIBRARIES})
     add_test(NAME ${name} COMMAND ${name})
-    set(environment
-        ${ZORV_TEST_ENVIRONMENT}
-        "XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/${name}-settings")
-    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 900)
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${ZORV_TEST_ENVIRONMENT}" TIMEOUT 900)
 endfunction()

@@ -18,8 +18,8 @@ class FcfWriter {
     Q_DECLARE_TR_FUNCTIONS(FcfWriter)
 
 public:
-    /// Texts are encoded with \p codec, which stays the caller's; null stands for the locale's.
-    explicit FcfWriter(QTextCodec* codec = 0);
+    /// Texts are encoded with \p codec, which stays the caller's; null means the locale's.
+    explicit FcfWriter(QTextCodec* codec = nullptr);
 
     /// Preamble and text of \p header, without filler. May be longer than a page.
     QByteArray compose(const FcfHeader& header) const;

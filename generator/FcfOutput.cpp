@@ -1,4 +1,4 @@
-#include "FcfOutput.h"
+#include "generator/FcfOutput.h"
 
 #include "fcf/FcfLayout.h"
 #include "fcf/FcfWriter.h"
@@ -8,7 +8,7 @@
 
 namespace {
 
-// Unbuffered, so that the disk answers to each write and not only to the closing of the file.
+// Unbuffered, so that the result of each write is known at once and not only on closing the file.
 const QIODevice::OpenMode Truncating =
     QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered;
 const QIODevice::OpenMode Appending = QIODevice::Append | QIODevice::Unbuffered;
@@ -18,7 +18,7 @@ const QIODevice::OpenMode Appending = QIODevice::Append | QIODevice::Unbuffered;
 FcfOutput::FcfOutput(const QString& imagePath, const QString& binaryPath,
                      const QString& companionPath)
     : m_image(imagePath), m_companion(companionPath), m_binary(binaryPath), m_payloadBytes(0),
-      m_outcome(GoesWell)
+      m_outcome(NoFailure)
 {
 }
 
@@ -50,7 +50,7 @@ bool FcfOutput::fillHeaders(const FcfWriter& writer)
     if (!closeWhole(&m_image) || !closeWhole(&m_companion))
         return false;
     if (m_companion.bytes > FcfLayout::PageBytes)
-        return deleteTooLarge();
+        return fail(HeaderTooLarge, m_companion.file);
     if (isFilled(m_image) && isFilled(m_companion))
         return true;
 
@@ -89,7 +89,7 @@ bool FcfOutput::openFile(QFile* file, QIODevice::OpenMode mode)
 
 bool FcfOutput::writeHeader(Page* page, const QByteArray& header)
 {
-    // One that could not be opened is found out when it is opened again.
+    // One that could not be opened fails when it is opened again.
     return !page->file.isOpen() || append(page, header);
 }
 
@@ -116,19 +116,23 @@ bool FcfOutput::closeWhole(Page* page)
     return true;
 }
 
-bool FcfOutput::deleteTooLarge()
+bool FcfOutput::removeFiles()
 {
-    const bool companionRemoved = m_companion.file.remove();
-    const bool imageRemoved = m_image.file.remove();
-    if (!companionRemoved)
-        return fail(HeaderTooLarge, m_companion.file, m_companion.file.errorString());
-    return fail(HeaderTooLarge, m_image.file,
-                imageRemoved ? QString() : m_image.file.errorString());
+    bool areRemoved = true;
+    QFile* const files[] = {&m_companion.file, &m_image.file};
+    for (QFile* file : files) {
+        if (file->remove())
+            continue;
+        areRemoved = false;
+        m_path = file->fileName();
+        m_reason = file->errorString();
+    }
+    return areRemoved;
 }
 
 bool FcfOutput::fail(Outcome outcome, const QFile& file, const QString& reason)
 {
-    if (m_outcome != GoesWell)
+    if (m_outcome != NoFailure)
         return false;
     m_outcome = outcome;
     m_path = file.fileName();
