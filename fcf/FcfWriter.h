@@ -31,11 +31,6 @@ public:
     /// Writes all of \p bytes.
     static bool writeAll(QIODevice* device, const QByteArray& bytes, QString* error);
 
-    /// Copies \p bytes bytes from the current position of \p payload to that of \p image. A payload
-    /// that ends before or goes on after them is an error: what is then in the image is not the
-    /// payload that was measured.
-    static bool copyPayload(QIODevice* payload, qint64 bytes, QIODevice* image, QString* error);
-
 private:
     QTextCodec* m_codec;
 };

@@ -2,6 +2,7 @@
 
 #include "fcf/FcfLayout.h"
 #include "fcf/FcfWriter.h"
+#include "fcf/PayloadCopy.h"
 
 #include <QFileInfo>
 
@@ -64,9 +65,9 @@ bool FcfOutput::appendPayload()
         return false;
     if (!m_binary.isOpen())
         return fail(Failed, m_binary, m_binary.errorString());
-    QString error;
-    if (!FcfWriter::copyPayload(&m_binary, m_payloadBytes, &m_image.file, &error))
-        return fail(Failed, m_image.file, error);
+    PayloadCopy copy(&m_binary, m_payloadBytes, &m_image.file);
+    if (!copy.run())
+        return fail(Failed, m_image.file, copy.error());
     m_image.bytes += m_payloadBytes;
     m_binary.close();
     return closeWhole(&m_image);

@@ -193,7 +193,8 @@ Status CreateCommand::write(const QByteArray& page, const InputFile& binary, con
         hash.add(page.constData(), page.size());
     Status status = writeAll(image, page, label);
     if (status)
-        status = copyPayload(binary, 0, image, label, observe);
+        status = copyPayload(binary, 0, image, label,
+                             m_digest ? PayloadCopy::Seen : PayloadCopy::Unseen, observe);
     if (!status || outputs.toStandardOutput())
         return status;
     if (!m_noCompanion)

@@ -80,12 +80,14 @@ Status ExtractCommand::write(const InputFile& file, qint64 offset, const QString
 {
     const CopyObserver progress = task->progress(QStringLiteral("extract"), file.size() - offset);
     if (output == StandardStream)
-        return copyPayload(file, offset, task->environment.out, StandardOutputLabel, progress);
+        return copyPayload(file, offset, task->environment.out, StandardOutputLabel,
+                           PayloadCopy::Unseen, progress);
     OutputFiles files(m_force ? OutputFiles::Replace : OutputFiles::Keep);
     const auto payload = files.add(output);
     if (!payload)
         return tl::unexpected<Finding>(payload.error());
-    const Status status = copyPayload(file, offset, *payload, output, progress);
+    const Status status =
+        copyPayload(file, offset, *payload, output, PayloadCopy::Unseen, progress);
     return status ? files.place() : status;
 }
 

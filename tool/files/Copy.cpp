@@ -61,26 +61,16 @@ Status readAll(const InputFile& file, qint64 offset, qint64 bytes, const CopyObs
 }
 
 Status copyPayload(const InputFile& file, qint64 offset, QIODevice* sink, const QString& label,
-                   const CopyObserver& observe)
+                   PayloadCopy::Bytes use, const CopyObserver& observe)
 {
-    const qint64 bytes = file.size() - offset;
-    const Status copied = readParts(file, offset, bytes, [&](const char* data, qint64 count) {
-        const Status written =
-            writeAll(sink, QByteArray::fromRawData(data, static_cast<int>(count)), label);
-        if (written)
-            observe(data, count);
-        return written;
-    });
-    if (!copied)
-        return copied;
-    char more = '\0';
-    const auto count = file.readAt(file.size(), &more, 1);
-    if (!count)
-        return unreadable(count.error());
-    if (*count > 0)
-        return file.notRead(QStringLiteral("the payload is longer than its %1 bytes").arg(bytes),
-                            Payload);
-    return {};
+    QFile* const payload = file.device();
+    if (!payload->seek(offset))
+        return file.notRead(payload->errorString(), Payload);
+    PayloadCopy copy(payload, file.size() - offset, sink);
+    if (copy.run(use, observe))
+        return {};
+    return copy.isPayloadAtFault() ? Status(file.notRead(copy.error(), Payload))
+                                   : Status(FileSystem::notWritten(label, copy.error()));
 }
 
 Result<std::optional<FileCompare::Difference>> FileCompare::compare(const InputFile& file,

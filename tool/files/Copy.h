@@ -1,18 +1,18 @@
 #ifndef TOOL_FILES_COPY_H
 #define TOOL_FILES_COPY_H
 
+#include "fcf/PayloadCopy.h"
 #include "tool/base/Result.h"
 
 #include <QByteArray>
 
-#include <functional>
 #include <optional>
 
 class InputFile;
 class QIODevice;
 
 /// Called with each part of what is read or copied, in turn. Shows progress, or takes a digest.
-using CopyObserver = std::function<void(const char* data, qint64 bytes)>;
+using CopyObserver = PayloadCopy::Observer;
 
 /// Writes all \p bytes bytes of \p data. Returns the reason why it could not, or an empty text.
 QString writeAll(QIODevice* device, const char* data, qint64 bytes);
@@ -25,9 +25,10 @@ Status writeAll(QIODevice* sink, const QByteArray& bytes, const QString& label);
 Status readAll(const InputFile& file, qint64 offset, qint64 bytes, const CopyObserver& observe);
 
 /// Copies all of \p file from \p offset on to \p sink, which messages call \p label. A file that is
-/// no more as long as it was when it was opened is an error.
+/// no more as long as it was when it was opened is an error. \p observe gets the data of each part
+/// if \p use says so.
 Status copyPayload(const InputFile& file, qint64 offset, QIODevice* sink, const QString& label,
-                   const CopyObserver& observe);
+                   PayloadCopy::Bytes use, const CopyObserver& observe);
 
 /// Finds the first byte in which two files differ.
 namespace FileCompare {
