@@ -80,7 +80,7 @@ private slots:
     void isCastByEachOfItsNames_data();
     void isCastByEachOfItsNames();
     void isItsOwnObjectBase();
-    void tellsWhoItIs();
+    void saysWhoItIs();
     void declaresOneSlot();
     void startsWhateverTheArguments();
     void registersItsExtensionsInOrder();
@@ -198,7 +198,7 @@ void PluginTest::isItsOwnObjectBase()
     QCOMPARE(static_cast<const IPlugin*>(m_plugin)->objectBase(), m_core);
 }
 
-void PluginTest::tellsWhoItIs()
+void PluginTest::saysWhoItIs()
 {
     QCOMPARE(m_plugin->pluginName(), QString("ZORV VKT Plugin"));
     QCOMPARE(m_core->objectName(), m_plugin->pluginName());

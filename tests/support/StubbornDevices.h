@@ -41,7 +41,7 @@ private:
     QByteArray m_bytes;
 };
 
-/// Hands out its bytes up to a point and then fails.
+/// Gives its bytes up to a point and then fails.
 class FailingSource : public QIODevice {
 public:
     FailingSource(const QByteArray& bytes, int failsAt) : m_bytes(bytes.left(failsAt))
