@@ -51,10 +51,12 @@ bool FormFit::eventFilter(QObject* watched, QEvent* event)
     } else if (m_window->isVisible() && !m_window->isMaximized() && !m_window->isFullScreen()) {
         QWidget* const body = static_cast<QWidget*>(watched);
         if (event->type() == QEvent::ShowToParent) {
+            const int before = m_window->height();
             updateLayouts(body, m_area->widget());
             grow();
+            m_grown[body] = m_window->height() - before;
         } else if (event->type() == QEvent::HideToParent) {
-            shrink(body->height());
+            shrink(m_grown.contains(body) ? m_grown.take(body) : spareHeight(body));
             updateLayouts(body->parentWidget(), m_area->widget());
         }
     }
@@ -77,11 +79,14 @@ void FormFit::grow()
 
 void FormFit::shrink(int height)
 {
-    // Only what the form no longer needs: where it is scrolled, there is less to give back.
+    if (height > 0)
+        m_window->resize(m_window->width(), m_window->height() - height);
+}
+
+int FormFit::spareHeight(const QWidget* body) const
+{
     const int hidden = m_area->widget()->height() - m_area->viewport()->height();
-    const int given = height - qMax(0, hidden);
-    if (given > 0)
-        m_window->resize(m_window->width(), m_window->height() - given);
+    return body->height() - qMax(0, hidden);
 }
 
 QSize FormFit::availableSize() const

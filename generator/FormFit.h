@@ -2,6 +2,7 @@
 #define GENERATOR_FORMFIT_H
 
 #include <QList>
+#include <QMap>
 #include <QObject>
 #include <QSize>
 
@@ -24,12 +25,16 @@ public:
 private:
     void grow();
     void shrink(int height);
+    /// What folding \p body no longer needs: where the form is scrolled, less than its height.
+    int spareHeight(const QWidget* body) const;
     /// Without the frame.
     QSize availableSize() const;
 
     QMainWindow* m_window;
     QScrollArea* m_area;
     bool m_wasShown;
+    /// How much the window grew when a body was unfolded.
+    QMap<QWidget*, int> m_grown;
 };
 
 #endif
