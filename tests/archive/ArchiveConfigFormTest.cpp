@@ -1,4 +1,4 @@
-#include "ArchiveHost.h"
+#include "archive/ArchiveHost.h"
 
 #include <QCoreApplication>
 #include <QGridLayout>

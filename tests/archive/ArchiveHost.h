@@ -76,6 +76,7 @@ public:
 
 private:
     QTemporaryDir m_folder;
+    QString m_settingsBefore;
     OrvanticCore::Design m_design;
     NotingDialog m_dialog;
     std::unique_ptr<ZORV_Plugin::ZORV_ArchiveConfigExtension> m_extension;

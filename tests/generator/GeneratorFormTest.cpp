@@ -1,4 +1,4 @@
-#include "GeneratorTest.h"
+#include "generator/GeneratorTest.h"
 
 #include <QtCreatorUtilities/DetailsWidget.h>
 

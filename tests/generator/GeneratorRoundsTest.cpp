@@ -1,5 +1,5 @@
-#include "FormModel.h"
-#include "GeneratorTest.h"
+#include "generator/FormModel.h"
+#include "generator/GeneratorTest.h"
 
 #include <QFile>
 #include <QRandomGenerator>
@@ -7,17 +7,6 @@
 #include <QtTest>
 
 namespace {
-
-/// Answers every question with Yes, so that a thousand rounds need not wait for boxes.
-class AlwaysYes : public GeneratorDialogs {
-public:
-    void tell(const QString& text) override { qFatal("Unexpected: %s", qPrintable(text)); }
-    Answer ask(const QString&, DefaultButton) override { return Yes; }
-    QString chooseFile(QWidget*, const QString&, const QString&, const QString&) override
-    {
-        return {};
-    }
-};
 
 /// The lines of an image that depend on the form alone: not file name, date and time.
 QStringList formLines(const PlainFcf& fcf)
@@ -91,8 +80,10 @@ private:
     void compareForm(const FormModel& expected);
 };
 
+/// Generates a new image, so that a thousand rounds need not wait for the question.
 PlainFcf GeneratorRoundsTest::generate()
 {
+    QFile::remove(driver->path("top.fcf"));
     driver->click("GenerateButton");
     if (!driver->text("StatusBar").contains("Successfully"))
         qFatal("Not generated: %s", qPrintable(driver->text("StatusBar")));
@@ -189,7 +180,6 @@ void GeneratorRoundsTest::bringsATextBack()
 {
     QFETCH(QString, text);
     const bool empty = text.isEmpty();
-    driver->window()->setDialogs(new AlwaysYes);
     driver->window()->setBinFile(driver->binary("top.bin", 10));
     driver->type("AuthoEditBox", "a");
     driver->type("CiNumEditBox", empty ? "1" : text);
@@ -331,7 +321,6 @@ void GeneratorRoundsTest::changesOneThingAWeekLater()
 
 void GeneratorRoundsTest::bringsAThousandRandomBuildsBack()
 {
-    driver->window()->setDialogs(new AlwaysYes);
     const QString binary = driver->binary("top.bin", 300);
     RandomTexts random(20261121);
     int complete = 0;

@@ -1,4 +1,4 @@
-#include "PlainFcf.h"
+#include "support/PlainFcf.h"
 
 #include <fstream>
 #include <sstream>

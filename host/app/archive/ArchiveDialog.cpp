@@ -1,6 +1,6 @@
-#include "ArchiveDialog.h"
+#include "host/app/archive/ArchiveDialog.h"
 
-#include "ArchiveJob.h"
+#include "host/app/archive/ArchiveJob.h"
 #include "ui_ArchiveDialog.h"
 
 #include "host/app/common/PlainMessageBox.h"
@@ -282,8 +282,8 @@ void ArchiveDialog::archive()
     const QString path = destination().filePath(m_ui->destinationPath->text());
     const QFileInfo present(path);
     if (destination().isOfDesign(path)) {
-        complain(tr("%1 belongs to the design. Choose another destination.")
-                     .arg(QDir::toNativeSeparators(path)));
+        showError(tr("%1 belongs to the design. Choose another destination.")
+                      .arg(QDir::toNativeSeparators(path)));
         return;
     }
     if (present.isFile() && !mayReplace(path))
@@ -344,11 +344,11 @@ void ArchiveDialog::handleJobFinished()
         m_ui->stateLabel->setText(tr("Cancelled. No archive was made."));
         break;
     default:
-        complain(job->error());
+        showError(job->error());
     }
 }
 
-void ArchiveDialog::complain(const QString& reason)
+void ArchiveDialog::showError(const QString& reason)
 {
     showBox(QMessageBox::Critical, tr("The design cannot be archived.\n\n%1").arg(reason),
             QMessageBox::Ok, QMessageBox::Ok);

@@ -1,10 +1,10 @@
 #ifndef HOST_APP_ARCHIVE_ARCHIVEDIALOG_H
 #define HOST_APP_ARCHIVE_ARCHIVEDIALOG_H
 
-#include "ArchiveDestination.h"
-#include "ArchiveFormat.h"
-#include "ArchivePlan.h"
-#include "ArchiveTypes.h"
+#include "host/app/archive/ArchiveDestination.h"
+#include "host/app/archive/ArchiveFormat.h"
+#include "host/app/archive/ArchivePlan.h"
+#include "host/app/archive/ArchiveTypes.h"
 
 #include <OrvanticCore/DesignArchiveOutputParserDialog.h>
 
@@ -70,14 +70,14 @@ private:
     void enterType();
     void enterExtension(ArchiveType::Extension* extension, QObject* object);
     void leaveType();
-    /// Takes the room that the controls of the chosen type need.
+    /// Resizes the dialog to the controls of the chosen type.
     void fitHeight();
     void handleObjectRemoved(QObject* object);
     void changeFormat();
     void changeVersionSuffix(bool present);
     void browse();
 
-    /// For what the user does, which the extension is told of.
+    /// For changes by the user, which the extension is notified of.
     void changeDestination(const QString& path);
     void showDestination(const QString& path);
 
@@ -92,7 +92,7 @@ private:
     bool mayReplace(const QString& path);
     ArchivePlan plan() const;
     void handleJobFinished();
-    void complain(const QString& reason);
+    void showError(const QString& reason);
     int showBox(QMessageBox::Icon icon, const QString& text, QMessageBox::StandardButtons buttons,
                 QMessageBox::StandardButton defaultButton);
     void updateState();

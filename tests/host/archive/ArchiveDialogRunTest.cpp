@@ -1,9 +1,9 @@
-#include "ArchivedDesign.h"
-#include "NotingExtension.h"
-#include "Unpacked.h"
+#include "tests/host/archive/ArchivedDesign.h"
+#include "tests/host/archive/NotingExtension.h"
+#include "tests/host/archive/Unpacked.h"
 
 #include "host/app/archive/ArchiveDialog.h"
-#include "support/ModalAnswer.h"
+#include "tests/support/ModalAnswer.h"
 
 #include <OrvanticCore/DesignFile.h>
 

@@ -1,8 +1,8 @@
-#include "ArchivedDesign.h"
-#include "Unpacked.h"
+#include "tests/host/archive/ArchivedDesign.h"
+#include "tests/host/archive/Unpacked.h"
 
 #include "host/app/archive/ArchiveDialog.h"
-#include "support/ModalAnswer.h"
+#include "tests/support/ModalAnswer.h"
 
 #include <OrvanticCore/DesignManager.h>
 #include <OrvanticCore/DesignStructure.h>
