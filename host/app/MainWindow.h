@@ -1,14 +1,20 @@
 #ifndef HOST_APP_MAINWINDOW_H
 #define HOST_APP_MAINWINDOW_H
 
+#include <QByteArray>
 #include <QMainWindow>
+#include <QStringList>
 
 class DesignCommands;
 class DesignDetails;
+class DesignFilters;
 class DesignModel;
+class DesignSession;
 class DesignView;
+class HelpMenu;
 class OpenDesigns;
 class PropertyEditor;
+class QLabel;
 class QStackedWidget;
 
 namespace OrvanticCore {
@@ -24,8 +30,13 @@ public:
     explicit MainWindow(QWidget* parent = nullptr);
     ~MainWindow() override;
 
-    /// Opens the design in the folder \p path; see DesignCommands::openDesign().
+    /// Opens the design in the folder \p path; see DesignSession::open().
     void openDesign(const QString& path);
+    /// Reopens the designs that were open when the host was last closed.
+    void restoreSession();
+
+    /// The folders from which plug-ins were loaded, for what the window says of these.
+    void setPluginFolders(const QStringList& folders);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -35,20 +46,28 @@ protected:
 private:
     void buildCentre();
     void buildMenus();
-    void buildPropertyDock();
-    void buildLogDock();
+    void buildDocks();
+    void addDock(const QString& name, const QString& title, QWidget* body, Qt::DockWidgetArea area);
+    void buildViewMenu();
+    void buildStatusBar();
     void connectDesigns();
     void restoreLayout();
+    void resetLayout();
     void saveLayout() const;
     void showCurrentDesign();
 
     OpenDesigns* m_designs;
     DesignModel* m_model;
     DesignView* m_view = nullptr;
+    DesignSession* m_session = nullptr;
     DesignCommands* m_commands = nullptr;
     DesignDetails* m_details = nullptr;
     PropertyEditor* m_properties = nullptr;
+    HelpMenu* m_help = nullptr;
     QStackedWidget* m_pages = nullptr;
+    QLabel* m_path = nullptr;
+    /// The layout of a first start.
+    QByteArray m_initialState;
 };
 
 #endif

@@ -1,11 +1,11 @@
-#include "MainWindow.h"
+#include "host/app/MainWindow.h"
+#include "host/app/PluginList.h"
 
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 #include <QtilitiesExtensionSystem/ExtensionSystemCore.h>
 
 #include <QCommandLineParser>
 #include <QDir>
-#include <QStyleFactory>
 
 using Qtilities::CoreGui::QtilitiesApplication;
 using Qtilities::ExtensionSystem::ExtensionSystemCore;
@@ -26,7 +26,6 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationName("pelk-host");
     QCoreApplication::setOrganizationName("ZORV");
     QCoreApplication::setApplicationVersion(PELK_HOST_VERSION);
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
@@ -44,10 +43,15 @@ int main(int argc, char** argv)
 
     MainWindow window;
     QtilitiesApplication::setMainWindow(&window);
-    for (const QString& path : parser.values(pluginPath))
+    const QStringList folders = parser.values(pluginPath);
+    for (const QString& path : folders)
         ExtensionSystemCore::instance()->addPluginPath(path);
     ExtensionSystemCore::instance()->initialize();
+    PluginList::logMissing(folders);
+    window.setPluginFolders(folders);
     window.show();
+    if (parser.positionalArguments().isEmpty())
+        window.restoreSession();
     for (const QString& design : parser.positionalArguments())
         window.openDesign(design);
 

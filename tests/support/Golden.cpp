@@ -1,4 +1,4 @@
-#include "Golden.h"
+#include "support/Golden.h"
 
 #include <QFile>
 

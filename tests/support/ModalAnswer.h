@@ -39,6 +39,9 @@ public:
     bool allGiven() const { return m_answers.empty() && m_unexpected.isEmpty(); }
     QStringList unexpected() const { return m_unexpected; }
 
+    /// Leaves all dialogs alone from now on.
+    void stop() { m_timer.stop(); }
+
     /// Forgets what came up.
     void clear();
 
