@@ -21,7 +21,7 @@ public:
     /// The whole blocks of \p bytes; 0 up to and including one full block.
     int blocks(int bytes) const;
 
-    /// Sets the six sizes of \p header for a binary of \p binaryBytes bytes. A size field holds 32
+    /// Sets the six sizes of \p header for a binary of \p binaryBytes bytes. A size field has 32
     /// bits; what does not fit is cut off.
     void measure(qint64 binaryBytes, FcfHeader* header) const;
 };

@@ -51,8 +51,8 @@ private slots:
     void asksTheDialogForTheFormat();
     void staysSilentWithoutADialog();
     void staysSilentWithoutADesign();
-    void letsGoOfADialog();
-    void buildsANameWhenADialogIsHandedOver();
+    void forgetsADialogThatIsTakenBack();
+    void buildsANameWhenADialogIsSet();
     void emitsANameThatIsAsBefore();
     void ignoresPathsOfTheDialog();
     void hidesAndLocksControlsOfTheDialog();
@@ -313,7 +313,7 @@ void ArchiveConfigNameTest::staysSilentWithoutADesign()
     QCOMPARE(host->major()->value(), 0);
 }
 
-void ArchiveConfigNameTest::letsGoOfADialog()
+void ArchiveConfigNameTest::forgetsADialogThatIsTakenBack()
 {
     host->attach();
     host->takePaths();
@@ -328,7 +328,7 @@ void ArchiveConfigNameTest::letsGoOfADialog()
     QCOMPARE(lastPath(), Folder + "7010-GNRL-ELEC-FW-09-V-01_00.zip");
 }
 
-void ArchiveConfigNameTest::buildsANameWhenADialogIsHandedOver()
+void ArchiveConfigNameTest::buildsANameWhenADialogIsSet()
 {
     host->design().setVersion(2, 3);
     host->attach();

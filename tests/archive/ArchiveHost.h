@@ -43,7 +43,7 @@ public:
 
     /// Makes a new extension, as a restart does.
     void restart();
-    /// Hands the dialog over.
+    /// Sets the dialog.
     void attach();
 
     ZORV_Plugin::ZORV_ArchiveConfigExtension* extension() const { return m_extension.get(); }

@@ -89,7 +89,7 @@ void ZORV_FileTypeExtensionsWindowTest::deletesItselfWhenClosed()
 void ZORV_FileTypeExtensionsWindowTest::isCentredOnTheAvailableScreen()
 {
     DesignFixture fixture;
-    // The window's size is that of its form: only a window not yet shown tells it.
+    // The window's size is that of its form: only a window not yet shown has it.
     const PelkFcfGenerator likeIt;
     const QPoint expected =
         QApplication::desktop()->availableGeometry(&likeIt).center() - likeIt.rect().center();

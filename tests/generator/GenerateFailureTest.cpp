@@ -51,12 +51,12 @@ private slots:
     void failsForABinaryThatCannotBeRead();
     void failsOnAFullDisk_data();
     void failsOnAFullDisk();
-    void tellsTheTotalsOfAHeaderThatTheDiskDidNotTake();
+    void showsTheTotalsOfAHeaderThatTheDiskDidNotTake();
     void failsOnAFullDiskAtEveryByteOfTheHeaderPage();
     void failsOnAFullDevice_data();
     void failsOnAFullDevice();
     void failsForACompanionThatKeepsNothing();
-    void warnsWhenTheHeaderTellsAnotherSize();
+    void warnsWhenTheHeaderHasAnotherSize();
     void namesAnImageThatCannotBeOpenedAgain_data();
     void namesAnImageThatCannotBeOpenedAgain();
 
@@ -230,7 +230,7 @@ void GenerateFailureTest::failsOnAFullDisk()
     QCOMPARE(QFileInfo(driver->path("top.fcf")).size(), qint64(bytes));
 }
 
-void GenerateFailureTest::tellsTheTotalsOfAHeaderThatTheDiskDidNotTake()
+void GenerateFailureTest::showsTheTotalsOfAHeaderThatTheDiskDidNotTake()
 {
     driver->fillIn(driver->binary("top.bin", 5000));
     {
@@ -289,7 +289,7 @@ void GenerateFailureTest::failsForACompanionThatKeepsNothing()
              qPrintable(driver->log().last()));
 }
 
-void GenerateFailureTest::warnsWhenTheHeaderTellsAnotherSize()
+void GenerateFailureTest::warnsWhenTheHeaderHasAnotherSize()
 {
     const QString binary = driver->binary("top.bin", 5000);
     driver->fillIn(binary);

@@ -21,7 +21,7 @@ private slots:
     void writesImageAndCompanionBesideTheBinary();
     void copiesBinariesOfAnySize_data();
     void copiesBinariesOfAnySize();
-    void tellsTotalsAfterWriting();
+    void showsTotalsAfterWriting();
     void announcesBothFilesOnceAndLogsIt();
     void closesTheWindow();
     void asksForWhatIsMissing_data();
@@ -34,12 +34,12 @@ private slots:
     void writesVersionsAsNumbers();
     void writesTextsAsTyped();
     void takesDateAndTimeForEachFile();
-    void tellsBothFilesApartAcrossASecond();
+    void stampsBothFilesApartAcrossASecond();
     void endsTheHeaderPageAt2112OrJustBehind_data();
     void endsTheHeaderPageAt2112OrJustBehind();
     void refusesAHeaderThatDoesNotFit();
     void deletesAnImageOverwrittenByAHeaderThatDoesNotFit();
-    void writesWhatTheListHoldsForFunctionsNotInMemory();
+    void writesEmptyTextsForFunctionsNotInMemory();
     void derivesTheCodesBeforeItsChecks();
     void takesABlankForAnAuthorAndANumber();
     void takesABlankForAPath();
@@ -130,7 +130,7 @@ void GenerateTest::copiesBinariesOfAnySize()
     QCOMPARE(image.numbers[0], totalPages <= 64 ? totalPages : totalPages % 64);
 }
 
-void GenerateTest::tellsTotalsAfterWriting()
+void GenerateTest::showsTotalsAfterWriting()
 {
     driver->fillIn(driver->binary("top.bin", 133057));
     QCOMPARE(driver->text("finalSize"), QString());
@@ -331,7 +331,7 @@ void GenerateTest::takesDateAndTimeForEachFile()
     QCOMPARE(readings, 2);
 }
 
-void GenerateTest::tellsBothFilesApartAcrossASecond()
+void GenerateTest::stampsBothFilesApartAcrossASecond()
 {
     driver->fillIn(driver->binary("top.bin", 10));
     QDateTime now(QDate(2026, 12, 31), QTime(23, 59, 59));
@@ -368,7 +368,7 @@ void GenerateTest::endsTheHeaderPageAt2112OrJustBehind()
     const QString binary = driver->binary("top.bin", 5000);
     driver->fillIn(binary);
     driver->find<QLineEdit>("CiNumEditBox")->clear();
-    // All that the text holds besides the CI number.
+    // All of the text but the CI number.
     const int others = 65 + int(qstrlen("Filename: top.fcf\nCI No: \nAuthor: R. Vos\n"
                                         "Date: 21 Nov 2026\nTime: 09:05:07\nDescription: \n"
                                         "---\n----\n"));
@@ -416,7 +416,7 @@ void GenerateTest::deletesAnImageOverwrittenByAHeaderThatDoesNotFit()
     QVERIFY(!driver->exists(driver->path("top.txt")));
 }
 
-void GenerateTest::writesWhatTheListHoldsForFunctionsNotInMemory()
+void GenerateTest::writesEmptyTextsForFunctionsNotInMemory()
 {
     driver->allowListFaults();
     driver->fillIn(driver->binary("top.bin", 10));

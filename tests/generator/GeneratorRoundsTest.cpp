@@ -69,8 +69,8 @@ private slots:
     void losesWhatFollowsFourHyphensInAFunctionName();
     void losesWhatFollowsThreeHyphensInADescription();
     void keepsThreeHyphensInOtherTexts();
-    void showsTheTargetThatTheUserGuideTells_data();
-    void showsTheTargetThatTheUserGuideTells();
+    void showsTheTargetThatTheUserGuideNames_data();
+    void showsTheTargetThatTheUserGuideNames();
     void changesOneThingAWeekLater();
     void bringsAThousandRandomBuildsBack();
 
@@ -247,7 +247,7 @@ void GeneratorRoundsTest::keepsThreeHyphensInOtherTexts()
     QCOMPARE(form().functions, QVector<QStringList>({{"n --- m", "---", "d", " -----"}}));
 }
 
-void GeneratorRoundsTest::showsTheTargetThatTheUserGuideTells_data()
+void GeneratorRoundsTest::showsTheTargetThatTheUserGuideNames_data()
 {
     QTest::addColumn<QStringList>("made");
     QTest::addColumn<QStringList>("shown");
@@ -267,7 +267,7 @@ void GeneratorRoundsTest::showsTheTargetThatTheUserGuideTells_data()
     QCOMPARE(rows, 8);
 }
 
-void GeneratorRoundsTest::showsTheTargetThatTheUserGuideTells()
+void GeneratorRoundsTest::showsTheTargetThatTheUserGuideNames()
 {
     QFETCH(QStringList, made);
     driver->fillIn(driver->binary("top.bin", 10));

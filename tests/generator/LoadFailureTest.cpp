@@ -35,7 +35,7 @@ private slots:
     void keepsWhatWasReadWhenTheTextEndsEarly();
     void saysNoMoreThanThatAFileCutBeforeItsFirstLineIsNotCompatible_data();
     void saysNoMoreThanThatAFileCutBeforeItsFirstLineIsNotCompatible();
-    void tellsOnceThatADescriptionOfThousandsOfLinesIsTooLong();
+    void saysOnceThatADescriptionOfThousandsOfLinesIsTooLong();
     void readsLessThan64KibOfALargeImage();
 };
 
@@ -181,7 +181,7 @@ void LoadFailureTest::saysNoMoreThanThatAFileCutBeforeItsFirstLineIsNotCompatibl
     QTEST(driver->text("BinFileSize"), "size");
 }
 
-void LoadFailureTest::tellsOnceThatADescriptionOfThousandsOfLinesIsTooLong()
+void LoadFailureTest::saysOnceThatADescriptionOfThousandsOfLinesIsTooLong()
 {
     FcfHeader header = sampleHeader();
     header.description = "first" + QString("\nx").repeated(12000);

@@ -1,4 +1,4 @@
-// Linked into every test program: whoever starts it, it runs without a screen, in a locale that
+// Linked into every test program: however it is started, it runs without a screen, in a locale that
 // does not depend on the machine, and with settings of its own, which go when it ends.
 
 #include <QTemporaryDir>
