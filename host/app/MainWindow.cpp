@@ -26,6 +26,7 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QDockWidget>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
@@ -86,6 +87,23 @@ MainWindow::~MainWindow()
 }
 
 void MainWindow::openDesign(const QString& path) { m_session->open(path); }
+
+void MainWindow::inspect(const QString& path)
+{
+    findChild<ImageInspector*>()->inspect(path);
+    auto* const dock = findChild<QDockWidget*>("InspectorDock");
+    dock->show();
+    dock->raise();
+}
+
+void MainWindow::open(const QString& path)
+{
+    const QFileInfo file(path);
+    if (file.isFile() && file.suffix().compare("fcf", Qt::CaseInsensitive) == 0)
+        inspect(file.absoluteFilePath());
+    else
+        openDesign(path);
+}
 
 void MainWindow::restoreSession() { m_session->restoreLast(); }
 
@@ -154,17 +172,11 @@ void MainWindow::buildDocks()
     scrolled->setWidgetResizable(true);
     scrolled->setWidget(body);
     addDock("PropertyDock", tr("Design Properties"), scrolled, Qt::RightDockWidgetArea);
-    auto* const inspector = new ImageInspector;
-    addDock("InspectorDock", tr("Image"), inspector, Qt::RightDockWidgetArea);
+    addDock("InspectorDock", tr("Image"), new ImageInspector, Qt::RightDockWidgetArea);
     auto* const inspectorDock = findChild<QDockWidget*>("InspectorDock");
     tabifyDockWidget(findChild<QDockWidget*>("PropertyDock"), inspectorDock);
     inspectorDock->hide();
-    connect(m_commands, &DesignCommands::inspectionWanted, this,
-            [inspector, inspectorDock](const QString& path) {
-                inspector->inspect(path);
-                inspectorDock->show();
-                inspectorDock->raise();
-            });
+    connect(m_commands, &DesignCommands::inspectionWanted, this, &MainWindow::inspect);
     addDock("LogDock", tr("Log"), new LogPane, Qt::BottomDockWidgetArea);
     resetLayout();
 }
