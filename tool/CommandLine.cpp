@@ -1,7 +1,8 @@
-#include "CommandLine.h"
+#include "tool/CommandLine.h"
 
-#include "tool/Command.h"
-#include "tool/Session.h"
+#include "tool/base/Text.h"
+#include "tool/commands/Arguments.h"
+#include "tool/commands/Command.h"
 
 #include <CLI/CLI.hpp>
 
@@ -15,10 +16,13 @@ constexpr char Footer[] =
 
 class CommandLine {
 public:
-    CommandLine()
-        : m_app("Make, list, check and take apart FCF flash images.", "pelk-fcf"),
-          m_commands(allCommands())
+    explicit CommandLine(const Environment* environment)
+        : m_environment(environment),
+          m_app("Make, list, check and take apart FCF flash images.", "pelk-fcf")
     {
+        for (const auto make :
+             {&createCommand, &showCommand, &verifyCommand, &extractCommand, &recipeCommand})
+            m_commands.push_back(make());
         m_app.set_version_flag("--version", std::string("pelk-fcf ") + PELK_FCF_VERSION,
                                "Print the version and exit");
         m_app.set_help_flag("-h,--help", "Print this help and exit");
@@ -37,32 +41,32 @@ public:
         }
     }
 
-    int run(const std::vector<std::string>& arguments, Environment* environment)
+    int run(const std::vector<std::string>& arguments)
     {
         if (!arguments.empty() && arguments.front()[0] != '-' && !isCommand(arguments.front()))
-            return refused(arguments, '"' + arguments.front() + "\" is no command", environment);
+            return refused(arguments, '"' + arguments.front() + "\" is no command");
         try {
             std::vector<std::string> reversed = prepared(arguments);
             std::reverse(reversed.begin(), reversed.end());
             m_app.parse(std::move(reversed));
         } catch (const CLI::CallForHelp&) {
-            return printed(m_app.help(), environment);
+            return printed(m_app.help());
         } catch (const CLI::CallForVersion& version) {
-            return printed(version.what() + std::string("\n"), environment);
+            return printed(version.what() + std::string("\n"));
         } catch (const CLI::RequiredError& error) {
-            return refused(arguments, missing(error), environment);
+            return refused(arguments, missing(error));
         } catch (const CLI::ParseError& error) {
-            return refused(arguments, error.what(), environment);
+            return refused(arguments, error.what());
         }
         const auto chosen =
             static_cast<std::size_t>(std::find_if(m_apps.begin(), m_apps.end(),
                                                   [](CLI::App* app) { return app->parsed(); }) -
                                      m_apps.begin());
-        Session session(environment, m_commands[chosen]->name());
-        session.json = m_json;
-        session.quiet = m_quiet;
-        m_commands[chosen]->run(&session);
-        return session.finish();
+        Task task(m_environment, m_commands[chosen]->name());
+        task.report.json = m_json;
+        task.report.quiet = m_quiet;
+        m_commands[chosen]->run(&task);
+        return finish(&task);
     }
 
 private:
@@ -89,7 +93,7 @@ private:
                 split.emplace_back();
                 values = valuesOf(*option) - 1;
             } else {
-                split.push_back(guarded(argument));
+                split.push_back(Arguments::guarded(argument));
                 const bool isWhole = argument == name;
                 if (option)
                     values = isWhole ? valuesOf(*option) : 0;
@@ -125,11 +129,16 @@ private:
                                                : error.what();
     }
 
-    static int printed(const std::string& text, Environment* environment)
+    int printed(const std::string& text) const
     {
-        Session session(environment, "");
-        session.printRaw(QByteArray::fromStdString(text));
-        return session.finish();
+        Task task(m_environment, "");
+        task.report.printRaw(QByteArray::fromStdString(text));
+        return finish(&task);
+    }
+
+    int finish(Task* task) const
+    {
+        return task->report.finish(*m_environment, task->inputs, &task->findings);
     }
 
     /// The one that \p arguments name, or "".
@@ -142,16 +151,17 @@ private:
         return "";
     }
 
-    int refused(const std::vector<std::string>& arguments, const std::string& reason,
-                Environment* environment) const
+    int refused(const std::vector<std::string>& arguments, const std::string& reason) const
     {
-        Session session(environment, commandIn(arguments));
-        session.json = std::find(arguments.begin(), arguments.end(), "--json") != arguments.end();
-        session.findings.error(ExitCode::Refused, QString(), QString(),
-                               shownText(QString::fromLocal8Bit(reason.c_str())));
-        return session.finish();
+        Task task(m_environment, commandIn(arguments));
+        task.report.json =
+            std::find(arguments.begin(), arguments.end(), "--json") != arguments.end();
+        task.findings.error(ExitCode::Refused, QString(), QString(),
+                            shownText(QString::fromLocal8Bit(reason.c_str())));
+        return finish(&task);
     }
 
+    const Environment* m_environment;
     CLI::App m_app;
     std::vector<std::unique_ptr<Command>> m_commands;
     std::vector<CLI::App*> m_apps;
@@ -161,7 +171,7 @@ private:
 
 } // namespace
 
-int runCommandLine(std::vector<std::string> arguments, Environment* environment)
+int runCommandLine(const std::vector<std::string>& arguments, const Environment& environment)
 {
-    return CommandLine().run(arguments, environment);
+    return CommandLine(&environment).run(arguments);
 }

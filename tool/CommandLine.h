@@ -7,6 +7,6 @@
 struct Environment;
 
 /// Runs the tool with \p arguments (without the program's own name), and returns the exit code.
-int runCommandLine(std::vector<std::string> arguments, Environment* environment);
+int runCommandLine(const std::vector<std::string>& arguments, const Environment& environment);
 
 #endif

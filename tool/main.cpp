@@ -1,5 +1,6 @@
+#include "tool/base/Result.h"
 #include "tool/CommandLine.h"
-#include "tool/Session.h"
+#include "tool/console/Console.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -52,5 +53,5 @@ int main(int argc, char** argv)
     if (qEnvironmentVariableIsSet("SOURCE_DATE_EPOCH"))
         environment.sourceDateEpoch = qgetenv("SOURCE_DATE_EPOCH");
     environment.codec = QTextCodec::codecForLocale();
-    return runCommandLine(std::vector<std::string>(argv + 1, argv + argc), &environment);
+    return runCommandLine(std::vector<std::string>(argv + 1, argv + argc), environment);
 }

@@ -1,4 +1,4 @@
-#include "SampleHeaders.h"
+#include "fcf/SampleHeaders.h"
 
 #include "fcf/FcfLayout.h"
 

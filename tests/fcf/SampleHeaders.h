@@ -3,7 +3,7 @@
 
 #include "fcf/FcfHeader.h"
 
-/// The builds that the golden files hold.
+/// The builds in the golden files.
 FcfHeader headerWithoutFunctions();
 FcfHeader headerInSeveralScripts();
 

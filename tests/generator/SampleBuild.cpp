@@ -1,4 +1,4 @@
-#include "SampleBuild.h"
+#include "generator/SampleBuild.h"
 
 FcfHeader sampleHeader()
 {

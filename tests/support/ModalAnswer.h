@@ -45,10 +45,11 @@ public:
     /// Forgets what came up.
     void clear();
 
+private Q_SLOTS:
+    void lookForDialog();
+
 private:
     using Answer = std::function<void(QWidget*)>;
-
-    void lookForDialog();
 
     QTimer m_timer;
     std::deque<Answer> m_answers;

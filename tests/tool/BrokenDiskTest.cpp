@@ -1,89 +1,9 @@
+#include "FaultyFileSystem.h"
 #include "ToolFixture.h"
 
-#include <QDir>
-#include <QFile>
 #include <QtTest>
 
-#include <cerrno>
-#include <climits>
-#include <limits>
 #include <memory>
-
-#include <sys/stat.h>
-#include <sys/syscall.h>
-#include <unistd.h>
-
-namespace {
-
-/// What the disk does not do.
-struct Faults {
-    /// Bytes that are still free.
-    qint64 room = std::numeric_limits<qint64>::max();
-    /// Which read from now on fails, counted from 0, or -1.
-    int failingRead = -1;
-    bool failsSync = false;
-};
-
-Faults faults;
-
-int failed(int error)
-{
-    errno = error;
-    return -1;
-}
-
-/// Only files among the temporary ones are on it.
-bool isOnDisk(int descriptor)
-{
-    struct stat status;
-    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
-        return false;
-    char path[PATH_MAX] = "";
-    const QByteArray link = "/proc/self/fd/" + QByteArray::number(descriptor);
-    return ::readlink(link.constData(), path, sizeof path - 1) > 0 &&
-           QByteArray(path).startsWith(QFile::encodeName(QDir::tempPath()) + '/');
-}
-
-bool isTurn(int* countdown) { return *countdown >= 0 && (*countdown)-- == 0; }
-
-} // namespace
-
-// The library's functions of these names give way to those of the program, for Qt as well.
-#pragma GCC visibility push(default)
-
-extern "C" ssize_t write(int descriptor, const void* data, std::size_t bytes)
-{
-    if (isOnDisk(descriptor)) {
-        if (faults.room == 0 && bytes > 0)
-            return failed(ENOSPC);
-        bytes = static_cast<std::size_t>(qMin(static_cast<qint64>(bytes), faults.room));
-        faults.room -= static_cast<qint64>(bytes);
-    }
-    return ::syscall(SYS_write, descriptor, data, bytes);
-}
-
-extern "C" ssize_t read(int descriptor, void* data, std::size_t bytes)
-{
-    if (isOnDisk(descriptor) && isTurn(&faults.failingRead))
-        return failed(EIO);
-    return ::syscall(SYS_read, descriptor, data, bytes);
-}
-
-extern "C" ssize_t pread(int descriptor, void* data, std::size_t bytes, off_t offset)
-{
-    if (isOnDisk(descriptor) && isTurn(&faults.failingRead))
-        return failed(EIO);
-    return ::syscall(SYS_pread64, descriptor, data, bytes, offset);
-}
-
-extern "C" int fsync(int descriptor)
-{
-    if (faults.failsSync && isOnDisk(descriptor))
-        return failed(EIO);
-    return static_cast<int>(::syscall(SYS_fsync, descriptor));
-}
-
-#pragma GCC visibility pop
 
 /// Every command on a disk that is full or breaks: it says so, and takes nothing for read or
 /// written that is not.
@@ -95,7 +15,7 @@ private slots:
     void cleanup() { faults = Faults(); }
     void leavesWhatWasThereOnAFullDisk_data();
     void leavesWhatWasThereOnAFullDisk();
-    void needsRoomToPutStandardInputAside();
+    void needsRoomToSpoolStandardInput();
     void leavesWhatWasThereWhenTheDiskTakesNothing();
     void tellsOfABinaryThatChangesMeanwhile_data();
     void tellsOfABinaryThatChangesMeanwhile();
@@ -161,14 +81,14 @@ void BrokenDiskTest::leavesWhatWasThereOnAFullDisk()
     verifyNothingChanged();
 }
 
-void BrokenDiskTest::needsRoomToPutStandardInputAside()
+void BrokenDiskTest::needsRoomToSpoolStandardInput()
 {
     m_tool->in = ToolFixture::payload(4000);
     faults.room = 3999;
     const Run run = m_tool->run(Arguments{"create", "-", "--output", m_tool->argument("new.fcf")} +
                                 ToolFixture::described());
     QCOMPARE(run.code, 3);
-    QVERIFY2(run.err.contains("standard input: BIN: cannot be read: cannot be put aside: No space "
+    QVERIFY2(run.err.contains("standard input: BIN: cannot be read: cannot be spooled: No space "
                               "left on device"),
              run.err);
     verifyNothingChanged();
@@ -196,9 +116,10 @@ void BrokenDiskTest::tellsOfABinaryThatChangesMeanwhile()
     QFETCH(int, bytes);
     QFETCH(QByteArray, reason);
     m_before["top.bin"] = ToolFixture::payload(bytes);
-    m_tool->environment.beforeStep = [&](const char* step) {
-        if (qstrcmp(step, "undo") == 0)
-            m_tool->write("top.bin", m_before["top.bin"]);
+    // The clock is read after the binary was opened.
+    m_tool->environment.clock = [&] {
+        m_tool->write("top.bin", m_before["top.bin"]);
+        return QDateTime({2024, 5, 31}, {13, 45, 0});
     };
     const Run run = m_tool->run(m_tool->createAll({"--force"}));
     QCOMPARE(run.code, 3);

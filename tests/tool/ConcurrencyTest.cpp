@@ -26,7 +26,6 @@ void ConcurrencyTest::letsOneRunAfterTheOtherWrite()
     for (int writer = 0; writer < Writers; ++writer)
         tool.write(QString("%1.bin").arg(writer), ToolFixture::payload(100000 * (writer + 1)));
     const QString image = tool.path("top.fcf");
-    int done = 0;
     for (int round = 0; round < Rounds; ++round) {
         std::vector<std::unique_ptr<QProcess>> processes;
         for (int writer = 0; writer < Writers; ++writer) {
@@ -36,13 +35,8 @@ void ConcurrencyTest::letsOneRunAfterTheOtherWrite()
         }
         for (const auto& process : processes) {
             const Run run = finished(process.get());
-            done += run.code == 0;
-            QVERIFY2(run.code == 0 ? run.err.isEmpty()
-                                   : run.err.endsWith("cannot be written: another run of pelk-fcf "
-                                                      "is writing it\n"),
-                     run.err);
+            QVERIFY2(run.code == 0, run.err);
         }
-        QVERIFY(done > round);
         const Run verified = run({"verify", image, "--companion", tool.path("top.txt")});
         QVERIFY2(verified.code == 0, verified.out);
         QCOMPARE(tool.names(), QStringList({"0.bin", "1.bin", "2.bin", "3.bin", "top.fcf",

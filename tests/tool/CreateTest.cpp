@@ -1,7 +1,5 @@
 #include "CreatingTest.h"
 
-#include "tool/Checker.h"
-
 #include <QCryptographicHash>
 #include <QFile>
 #include <QTextCodec>
@@ -59,7 +57,7 @@ void CreateTest::tellsWhatItWrote()
     const QByteArray image = tool.path("top.fcf").toUtf8();
     QCOMPARE(run.out, image + '\n' + tool.path("top.txt").toUtf8() + '\n' + image + ".sha256\n");
     const QJsonObject json = create(&tool, {"--digest", "--force", "--json"}).json();
-    QCOMPARE(json["schema"].toInt(), 1);
+    QCOMPARE(json["schema"].toInt(), 2);
     QCOMPARE(json["command"].toString(), QString("create"));
     QCOMPARE(json["exitCode"].toInt(-1), 0);
     QCOMPARE(json["image"].toString(), tool.path("top.fcf"));

@@ -1,7 +1,5 @@
 #include "CreatingTest.h"
 
-#include "tool/Checker.h"
-
 #include <QFile>
 #include <QTextCodec>
 #include <QtTest>

@@ -1,8 +1,13 @@
 #include "FaultyFileSystem.h"
 
+#include <QDir>
+#include <QFile>
+
 #include <cerrno>
-#include <csignal>
+#include <climits>
+#include <cstdarg>
 #include <cstddef>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -13,10 +18,20 @@ Faults faults;
 
 namespace {
 
+bool isTurn(int* countdown) { return *countdown >= 0 && (*countdown)-- == 0; }
+
 void change()
 {
-    if (faults.killedBeforeChange >= 0 && faults.killedBeforeChange-- == 0)
-        ::raise(SIGKILL);
+    if (isTurn(&faults.signalledChange))
+        ::raise(faults.signal);
+}
+
+/// Whether a read or write of a file may fail.
+bool hasFault()
+{
+    const Faults none;
+    return faults.room != none.room || faults.failingRead != none.failingRead ||
+           faults.signalledChange != none.signalledChange;
 }
 
 int failed(int error)
@@ -25,38 +40,66 @@ int failed(int error)
     return -1;
 }
 
+bool isFolder(int descriptor)
+{
+    struct stat status;
+    return ::fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+/// Only files among the temporary ones are on the disk that fails.
+bool isOnDisk(int descriptor)
+{
+    struct stat status;
+    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
+        return false;
+    char path[PATH_MAX] = "";
+    const QByteArray link = "/proc/self/fd/" + QByteArray::number(descriptor);
+    return ::readlink(link.constData(), path, sizeof path - 1) > 0 &&
+           QByteArray(path).startsWith(QFile::encodeName(QDir::tempPath()) + '/');
+}
+
+/// Whether naming a file \p name fails.
+bool failsNaming(const char* name)
+{
+    change();
+    if (faults.beforeNaming)
+        faults.beforeNaming(name);
+    return faults.failsTo && faults.failsTo(name);
+}
+
 } // namespace
 
-// The library's functions of these names give way to those of the program, for Qt as well.
+// The program's functions of these names are called in place of the library's, by Qt as well.
 #pragma GCC visibility push(default)
+
+extern "C" int open(const char* path, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const bool isCreating = (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
+    const int mode = isCreating ? va_arg(arguments, int) : 0;
+    va_end(arguments);
+    if ((flags & O_TMPFILE) == O_TMPFILE && faults.hasNoUnnamedFiles)
+        return failed(EOPNOTSUPP);
+    return static_cast<int>(::syscall(SYS_openat, AT_FDCWD, path, flags, mode));
+}
 
 extern "C" int renameat2(int fromFolder, const char* from, int toFolder, const char* to,
                          unsigned flags) noexcept
 {
-    change();
     if (flags != 0 && faults.hasNoFlaggedRename)
         return failed(EINVAL);
-    if (faults.failsTo && faults.failsTo(to))
+    if (failsNaming(to))
         return failed(EIO);
     return static_cast<int>(::syscall(SYS_renameat2, fromFolder, from, toFolder, to, flags));
 }
 
-extern "C" int link(const char* from, const char* to) noexcept
+extern "C" int linkat(int fromFolder, const char* from, int toFolder, const char* to,
+                      int flags) noexcept
 {
-    change();
-    if (faults.hasNoLink)
-        return failed(EPERM);
-    if (faults.failsTo && faults.failsTo(to))
+    if (failsNaming(to))
         return failed(EIO);
-    return static_cast<int>(::syscall(SYS_linkat, AT_FDCWD, from, AT_FDCWD, to, 0));
-}
-
-extern "C" int unlink(const char* path) noexcept
-{
-    change();
-    if (faults.failsUnlink && faults.failsUnlink(path))
-        return failed(EIO);
-    return static_cast<int>(::syscall(SYS_unlinkat, AT_FDCWD, path, 0));
+    return static_cast<int>(::syscall(SYS_linkat, fromFolder, from, toFolder, to, flags));
 }
 
 // There is a structure of this name as well.
@@ -74,19 +117,43 @@ extern "C" int flock(int descriptor, int operation) noexcept
 
 extern "C" ssize_t write(int descriptor, const void* data, std::size_t bytes)
 {
-    struct stat status;
-    if (::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode))
+    if (isOnDisk(descriptor)) {
         change();
+        if (faults.room == 0 && bytes > 0)
+            return failed(ENOSPC);
+        bytes = static_cast<std::size_t>(qMin(static_cast<qint64>(bytes), faults.room));
+        faults.room -= static_cast<qint64>(bytes);
+    }
     return ::syscall(SYS_write, descriptor, data, bytes);
+}
+
+extern "C" ssize_t read(int descriptor, void* data, std::size_t bytes)
+{
+    if (isOnDisk(descriptor) && isTurn(&faults.failingRead))
+        return failed(EIO);
+    return ::syscall(SYS_read, descriptor, data, bytes);
+}
+
+extern "C" ssize_t pread(int descriptor, void* data, std::size_t bytes, off_t offset)
+{
+    if (isOnDisk(descriptor) && isTurn(&faults.failingRead))
+        return failed(EIO);
+    return ::syscall(SYS_pread64, descriptor, data, bytes, offset);
+}
+
+// A disk with a fault refuses, so that the reads and writes in its place meet the fault.
+extern "C" ssize_t copy_file_range(int from, off_t* fromOffset, int to, off_t* toOffset,
+                                   std::size_t bytes, unsigned flags)
+{
+    if ((isOnDisk(from) || isOnDisk(to)) && hasFault())
+        return failed(ENOSYS);
+    return ::syscall(SYS_copy_file_range, from, fromOffset, to, toOffset, bytes, flags);
 }
 
 extern "C" int fsync(int descriptor)
 {
-    struct stat status;
-    if (faults.syncsNoFolder && ::fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode))
-        return failed(EIO);
     // No power fails during a test.
-    return 0;
+    return (isFolder(descriptor) ? faults.failsFolderSync : faults.failsSync) ? failed(EIO) : 0;
 }
 
 #pragma GCC visibility pop

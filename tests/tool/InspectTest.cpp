@@ -91,7 +91,7 @@ void InspectTest::listsAHeaderForPrograms()
     const ForgedImage image;
     tool.write("top.txt", image.page());
     const QJsonObject json = tool.run({"show", tool.argument("top.txt"), "--json"}).json();
-    QCOMPARE(json["schema"].toInt(), 1);
+    QCOMPARE(json["schema"].toInt(), 2);
     QCOMPARE(json["command"].toString(), QString("show"));
     const QJsonObject file = json["files"].toArray()[0].toObject();
     QCOMPARE(file["headerBytes"].toInt(), image.page().size());
@@ -104,7 +104,10 @@ void InspectTest::listsAHeaderForPrograms()
         {"binFileSize", 4000},
         {"moduleCode", 1},
         {"deviceCode", 1},
+        {"module", "DFE"},
+        {"device", "Interface_FPGA"},
         {"configNumber", 1},
+        {"version", "1.0"},
         {"versionMajor", 1},
         {"versionMinor", 0},
         {"fileName", "top.fcf"},
@@ -219,13 +222,13 @@ void InspectTest::writesARecipe()
     ToolFixture tool;
     tool.write("top.fcf", ForgedImage().bytes());
     const QJsonObject expected{
-        {"recipe", 1},
+        {"recipe", 2},
         {"author", "Ann"},
         {"ciNumber", "42"},
         {"module", "DFE"},
         {"device", "Interface_FPGA"},
         {"configNumber", 1},
-        {"version", QJsonObject{{"major", 1}, {"minor", 0}}},
+        {"version", "1.0"},
         {"description", "Rev B"},
         {"functions",
          QJsonArray{QJsonObject{
@@ -233,7 +236,7 @@ void InspectTest::writesARecipe()
     QCOMPARE(tool.run({"recipe", tool.argument("top.fcf")}).json(), expected);
     const QJsonObject json = tool.run({"recipe", tool.argument("top.fcf"), "--json"}).json();
     QCOMPARE(json["recipe"].toObject(), expected);
-    QCOMPARE(json["schema"].toInt(), 1);
+    QCOMPARE(json["schema"].toInt(), 2);
     QCOMPARE(json["command"].toString(), QString("recipe"));
     QCOMPARE(json["exitCode"].toInt(-1), 0);
     QVERIFY(json["findings"].isArray());

@@ -1,15 +1,14 @@
 #include "FaultyFileSystem.h"
 #include "ToolFixture.h"
 
-#include <QFile>
 #include <QMap>
 #include <QtTest>
 
 namespace {
 
-const QStringList Outputs = {"top.fcf", "top.fcf.sha256", "top.txt"};
-
 using Contents = QMap<QString, QByteArray>;
+
+const QStringList All{"top.bin", "top.fcf", "top.fcf.sha256", "top.txt"};
 
 Contents contentsOf(const ToolFixture& tool)
 {
@@ -19,129 +18,82 @@ Contents contentsOf(const ToolFixture& tool)
     return contents;
 }
 
-/// Which of the outputs create writes with \p options.
-QStringList written(const QStringList& options)
-{
-    QStringList names("top.fcf");
-    if (options.contains("--digest"))
-        names << "top.fcf.sha256";
-    if (!options.contains("--no-companion"))
-        names << "top.txt";
-    return names;
-}
-
 } // namespace
 
-/// A run is killed before any write or change of names, and another one follows.
+/// A run gets a signal before any of its writes and changes of names, and another one follows.
 class KilledAnywhereTest : public QObject {
     Q_OBJECT
 
 private slots:
     void cleanup() { faults = Faults(); }
-    void losesNothing_data();
-    void losesNothing();
+    void leavesWholeFilesOnly_data();
+    void leavesWholeFilesOnly();
 
 private:
-    static void prepare(ToolFixture* tool, const QStringList& before, bool otherHeader);
-    void losesNothing(bool otherHeader);
-    static Arguments create(const ToolFixture& tool, const QStringList& options);
+    static void verifyLeft(const Contents& old, const Contents& left, const Contents& made);
 };
 
-void KilledAnywhereTest::losesNothing_data()
+void KilledAnywhereTest::leavesWholeFilesOnly_data()
 {
-    QTest::addColumn<QStringList>("before");
-    QTest::addColumn<QStringList>("options");
-    QTest::addColumn<QStringList>("nextOptions");
-    QTest::addColumn<bool>("nextSucceeds");
-    QTest::addColumn<bool>("hasLinks");
-    const QList<QStringList> options = {{"--force", "--digest"}, {"--force", "--no-companion"}};
-    const QList<QStringList> befores = {Outputs, {}, {"top.txt"}, {"top.fcf"}};
-    for (const QStringList& before : befores) {
-        for (const QStringList& first : options) {
-            for (const QStringList& next : options) {
-                for (const bool succeeds : {true, false}) {
-                    for (const bool hasLinks : {true, false})
-                        QTest::addRow("%s; %s, %s %s%s", qPrintable(before.join(' ')),
-                                      qPrintable(first.last()), qPrintable(next.last()),
-                                      succeeds ? "succeeds" : "fails", hasLinks ? "" : ", no links")
-                            << before << first << next << succeeds << hasLinks;
-                }
-            }
+    QTest::addColumn<int>("signal");
+    QTest::addColumn<bool>("hasUnnamedFiles");
+    QTest::addColumn<bool>("replaces");
+    const struct {
+        const char* name;
+        int signal;
+    } signals_[] = {{"killed", SIGKILL}, {"interrupted", SIGINT}};
+    for (const auto& signal : signals_) {
+        for (const bool hasUnnamedFiles : {true, false}) {
+            for (const bool replaces : {true, false})
+                QTest::addRow("%s, %s, %s", signal.name, hasUnnamedFiles ? "unnamed" : "named",
+                              replaces ? "replacing" : "new")
+                    << signal.signal << hasUnnamedFiles << replaces;
         }
     }
 }
 
-/// Leaves the files \p before of an image of "top.bin", which is another one from then on, with
-/// another header or the same.
-void KilledAnywhereTest::prepare(ToolFixture* tool, const QStringList& before, bool otherHeader)
+/// Each output is as it was, or as a run that nothing ends makes it; the image comes last.
+void KilledAnywhereTest::verifyLeft(const Contents& old, const Contents& left, const Contents& made)
 {
-    tool->write("top.bin", ToolFixture::payload(4000));
-    QCOMPARE(tool->run(tool->createAll()).code, 0);
-    for (const QString& name : Outputs) {
-        if (!before.contains(name))
-            QVERIFY(QFile::remove(tool->path(name)));
+    for (const QString& name : All) {
+        const QByteArray bytes = left.value(name);
+        QVERIFY2(bytes == old.value(name) || bytes == made.value(name), qPrintable(name));
+        if (left.value("top.fcf") == made.value("top.fcf"))
+            QVERIFY2(bytes == made.value(name), qPrintable(name));
     }
-    tool->write("top.bin", ToolFixture::payload(3999) + (otherHeader ? "!!" : "!"));
 }
 
-Arguments KilledAnywhereTest::create(const ToolFixture& tool, const QStringList& options)
+void KilledAnywhereTest::leavesWholeFilesOnly()
 {
-    Arguments arguments = Arguments{"create", tool.argument("top.bin")} + ToolFixture::described();
-    for (const QString& option : options)
-        arguments.push_back(option.toStdString());
-    return arguments;
-}
-
-void KilledAnywhereTest::losesNothing()
-{
-    losesNothing(false);
-    losesNothing(true);
-}
-
-void KilledAnywhereTest::losesNothing(bool otherHeader)
-{
-    QFETCH(QStringList, before);
-    QFETCH(QStringList, options);
-    QFETCH(QStringList, nextOptions);
-    QFETCH(bool, nextSucceeds);
-    QFETCH(bool, hasLinks);
+    QFETCH(int, signal);
+    QFETCH(bool, hasUnnamedFiles);
+    QFETCH(bool, replaces);
+    const Arguments force = replaces ? Arguments{"--force"} : Arguments();
     int changes = 0;
-    for (bool killed = true; killed; ++changes) {
+    for (bool ended = true; ended; ++changes) {
         ToolFixture tool;
-        prepare(&tool, before, otherHeader);
+        tool.write("top.bin", ToolFixture::payload(4000));
+        if (replaces)
+            QCOMPARE(tool.run(tool.createAll()).code, 0);
+        tool.write("top.bin", ToolFixture::payload(3999) + "!");
         const Contents old = contentsOf(tool);
-        faults.hasNoLink = !hasLinks;
-        faults.killedBeforeChange = changes;
-        killed = tool.runSignalled(create(tool, options), -1);
-        faults.killedBeforeChange = -1;
-        const Contents between = contentsOf(tool);
-        const bool followed = between.contains("top.fcf") && between["top.fcf"] != old["top.fcf"];
-        QVERIFY(killed || followed);
-
-        faults.syncsNoFolder = !nextSucceeds;
-        const Run next = tool.run(create(tool, nextOptions));
-        QCOMPARE(next.code, nextSucceeds ? 0 : 3);
+        faults.hasNoUnnamedFiles = !hasUnnamedFiles;
+        faults.signal = signal;
+        faults.signalledChange = changes;
+        ended = tool.runKilled(tool.createAll(force), signal);
         faults = Faults();
-        const Contents now = contentsOf(tool);
-        for (const QString& name : now.keys())
-            QVERIFY2(name == "top.bin" || Outputs.contains(name), qPrintable(name));
-        for (const QString& name : Outputs) {
-            const bool isNew = nextSucceeds && written(nextOptions).contains(name);
-            const bool wasNew = followed && written(options).contains(name);
-            // Without links nobody can tell who put a file where nothing was.
-            const bool isUnknown = !hasLinks && !before.contains(name) && !followed;
-            if (!isNew && !wasNew && !isUnknown)
-                QVERIFY2(now.value(name) == old.value(name),
-                         qPrintable(QString("%1 before change %2").arg(name).arg(changes)));
-        }
-        if (nextSucceeds || followed) {
-            tool.in = now["top.fcf"];
-            QCOMPARE(tool.run({"verify", "-", "--type", "image", "--bin", tool.argument("top.bin")})
-                         .code,
-                     0);
-        }
+        const Contents left = contentsOf(tool);
+        QCOMPARE(tool.run(tool.createAll({"--force"})).code, 0);
+        verifyLeft(old, left, contentsOf(tool));
+        // Only a kill leaves a name, where files have names or between the two steps that replace.
+        for (const QString& name : left.keys())
+            QVERIFY2(All.contains(name) || (signal == SIGKILL && name.startsWith(".pelk-fcf-")),
+                     qPrintable(name));
+        if (hasUnnamedFiles)
+            QCOMPARE(tool.names(), All);
+        QCOMPARE(tool.verifyAll().code, 0);
     }
-    QVERIFY(changes > 3);
+    QVERIFY(changes > 6);
 }
 
 QTEST_GUILESS_MAIN(KilledAnywhereTest)

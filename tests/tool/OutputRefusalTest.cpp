@@ -90,8 +90,7 @@ void OutputRefusalTest::findsABadPlaceBeforeAnythingIsOpened()
     QFETCH(QString, output);
     ToolFixture tool;
     tool.makeImage();
-    int steps = 0;
-    tool.environment.beforeStep = [&steps](const char*) { ++steps; };
+    const QStringList before = tool.names();
     const Run created = tool.run(Arguments{"create", tool.argument("top.bin"), "--digest",
                                            "--output", tool.argument(output)} +
                                  ToolFixture::described());
@@ -99,7 +98,7 @@ void OutputRefusalTest::findsABadPlaceBeforeAnythingIsOpened()
     QVERIFY2(created.err.contains("--output: cannot be written: "), created.err);
     const std::string payload = tool.argument(output + ".sha256");
     QCOMPARE(tool.run({"extract", tool.argument("top.fcf"), "--output", payload}).code, 3);
-    QCOMPARE(steps, 0);
+    QCOMPARE(tool.names(), before);
 }
 
 void OutputRefusalTest::refusesTheInputAsOutputUnderAnyName_data()
@@ -118,12 +117,6 @@ void OutputRefusalTest::refusesTheInputAsOutputUnderAnyName_data()
                                                   << "a.fcf";
     QTest::newRow("as the companion") << "b.txt"
                                       << "b.fcf";
-    QTest::newRow("as a temporary file") << ".c.fcf.pelk-fcf"
-                                         << "c.fcf";
-    QTest::newRow("as a temporary file of a digest that is not written") << ".d.fcf.sha256.pelk-fcf"
-                                                                         << "d.fcf";
-    QTest::newRow("as what was replaced") << ".e.txt.pelk-fcf-old"
-                                          << "e.fcf";
 }
 
 void OutputRefusalTest::refusesTheInputAsOutputUnderAnyName()
@@ -134,9 +127,6 @@ void OutputRefusalTest::refusesTheInputAsOutputUnderAnyName()
     const QByteArray bytes = ToolFixture::payload(100);
     tool.write("a.fcf", bytes);
     tool.write("b.txt", bytes);
-    for (const char* const name :
-         {".c.fcf.pelk-fcf", ".d.fcf.sha256.pelk-fcf", ".e.txt.pelk-fcf-old"})
-        tool.write(name, bytes);
     QVERIFY(QDir().mkdir(tool.path("folder")));
     QCOMPARE(::link(tool.argument("a.fcf").c_str(), tool.argument("hard.fcf").c_str()), 0);
     QVERIFY(QFile::link("a.fcf", tool.path("soft.fcf")));

@@ -70,56 +70,70 @@ class TerminalTest : public ProgramTest {
     Q_OBJECT
 
 private slots:
-    void showsHowMuchOfASlowInputCame();
+    void showsHowMuchOfASlowInputCameUnlessItIsToBeQuiet();
     void showsNothingOfAnInputThatIsThereAtOnce();
-    void showsNothingWhenItIsToBeQuiet();
-
-private:
-    /// Feeds create slowly until something is shown or \p milliseconds are over. Returns what the
-    /// terminal showed until the end.
-    static QByteArray feedSlowly(ToolFixture* tool, int milliseconds, const QStringList& more = {});
 };
 
-QByteArray TerminalTest::feedSlowly(ToolFixture* tool, int milliseconds, const QStringList& more)
-{
-    Terminal terminal;
-    ProcessAtTerminal process(terminal);
-    QStringList arguments =
-        create(*tool, "x", more + QStringList{"--output", tool->path("top.fcf")});
-    arguments[1] = "-";
-    process.start(PELK_FCF, arguments);
-    process.write(ToolFixture::payload(1000));
-    const QDeadlineTimer deadline(milliseconds);
-    while (terminal.shown().isEmpty() && !deadline.hasExpired()) {
-        process.write("more");
-        process.waitForBytesWritten(10);
-        ::usleep(10000);
-    }
-    process.closeWriteChannel();
-    if (finished(&process).code != 0)
-        qFatal("%s", terminal.shown().constData());
-    return terminal.shown();
-}
+namespace {
 
-void TerminalTest::showsHowMuchOfASlowInputCame()
+/// A run of create that is fed by and by, and what the terminal shows of it.
+class SlowRun {
+public:
+    SlowRun(const ToolFixture& tool, const QStringList& arguments) : m_process(m_terminal)
+    {
+        QStringList all = arguments;
+        all[1] = "-";
+        m_process.start(PELK_FCF, all << "--output" << tool.path("top.fcf"));
+        m_process.write(ToolFixture::payload(1000));
+    }
+
+    void feed()
+    {
+        m_process.write("more");
+        m_process.waitForBytesWritten(10);
+    }
+
+    QProcess* end()
+    {
+        m_process.closeWriteChannel();
+        return &m_process;
+    }
+
+    const QByteArray& shown() { return m_terminal.shown(); }
+
+private:
+    Terminal m_terminal;
+    ProcessAtTerminal m_process;
+};
+
+} // namespace
+
+void TerminalTest::showsHowMuchOfASlowInputCameUnlessItIsToBeQuiet()
 {
     ToolFixture tool;
-    const QByteArray shown = feedSlowly(&tool, PatienceMilliseconds);
-    QVERIFY2(shown.startsWith("\rreading standard input: 0.0 MiB"), shown);
-    QVERIFY2(shown.endsWith("\r\033[K"), shown);
+    ToolFixture other;
+    SlowRun quiet(other, create(other, "x", {"--quiet"}));
+    SlowRun loud(tool, create(tool, "x"));
+    const QDeadlineTimer deadline(PatienceMilliseconds);
+    while (loud.shown().isEmpty() && !deadline.hasExpired()) {
+        quiet.feed();
+        loud.feed();
+        ::usleep(10000);
+    }
+    QCOMPARE(finished(loud.end()).code, 0);
+    QCOMPARE(finished(quiet.end()).code, 0);
+    QVERIFY2(loud.shown().startsWith("\rreading standard input: 0.0 MiB"), loud.shown());
+    QVERIFY2(loud.shown().endsWith("\r\033[K"), loud.shown());
     QVERIFY(tool.read("top.fcf").endsWith("more"));
+    QCOMPARE(quiet.shown(), QByteArray());
 }
 
 void TerminalTest::showsNothingOfAnInputThatIsThereAtOnce()
 {
     ToolFixture tool;
-    QCOMPARE(feedSlowly(&tool, 0), QByteArray());
-}
-
-void TerminalTest::showsNothingWhenItIsToBeQuiet()
-{
-    ToolFixture tool;
-    QCOMPARE(feedSlowly(&tool, 1500, {"--quiet"}), QByteArray());
+    SlowRun run(tool, create(tool, "x"));
+    QCOMPARE(finished(run.end()).code, 0);
+    QCOMPARE(run.shown(), QByteArray());
 }
 
 QTEST_GUILESS_MAIN(TerminalTest)

@@ -56,22 +56,18 @@ Run ToolFixture::run(const Arguments& arguments)
     environment.out = &output;
     environment.err = &error;
     Run run;
-    run.code = runCommandLine(arguments, &environment);
+    run.code = runCommandLine(arguments, environment);
     run.out = output.data();
     run.err = error.data();
     return run;
 }
 
-bool ToolFixture::runSignalled(const Arguments& arguments, int step, int signal)
+bool ToolFixture::runKilled(const Arguments& arguments, int signal)
 {
     const pid_t child = ::fork();
     if (child == 0) {
         // The test library would print what it thinks of it.
         std::signal(signal, SIG_DFL);
-        environment.beforeStep = [&step, signal](const char*) {
-            if (step-- == 0)
-                ::raise(signal);
-        };
         run(arguments);
         ::_exit(0);
     }
@@ -126,14 +122,6 @@ Run ToolFixture::verifyAll()
 {
     return run({"verify", argument("top.fcf"), "--bin", argument("top.bin"), "--companion",
                 argument("top.txt"), "--digest", argument("top.fcf.sha256")});
-}
-
-void ToolFixture::failPlacing(const QString& partial)
-{
-    environment.beforeStep = [this, partial](const char* step) {
-        if (qstrcmp(step, "place") == 0)
-            QFile::remove(path(partial));
-    };
 }
 
 void ToolFixture::makeImage()

@@ -1,7 +1,7 @@
 #ifndef TESTS_TOOL_TOOLFIXTURE_H
 #define TESTS_TOOL_TOOLFIXTURE_H
 
-#include "tool/Session.h"
+#include "tool/console/Console.h"
 
 #include <QByteArray>
 #include <QDir>
@@ -35,9 +35,8 @@ public:
 
     Run run(const Arguments& arguments);
 
-    /// Runs the tool in a process of its own that gets \p signal before step \p step, counted from
-    /// 0. Returns whether that ended it.
-    bool runSignalled(const Arguments& arguments, int step, int signal = SIGKILL);
+    /// Runs the tool in a process of its own. Returns whether \p signal ended it.
+    bool runKilled(const Arguments& arguments, int signal = SIGKILL);
 
     /// The path of \p name in the folder; one that is absolute already stays.
     QString path(const QString& name) const { return QDir(m_folder.path()).filePath(name); }
@@ -55,9 +54,6 @@ public:
     Arguments createAll(const Arguments& more = {}) const;
     /// Checks that it is all of what "top.bin" is now.
     Run verifyAll();
-    /// Makes every run from now on fail when it comes to putting outputs in place, by taking the
-    /// temporary file \p partial away.
-    void failPlacing(const QString& partial);
     /// Makes "top.bin" and of it "top.fcf" and "top.txt".
     void makeImage();
 

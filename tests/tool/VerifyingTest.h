@@ -3,6 +3,7 @@
 
 #include "ToolFixture.h"
 
+#include <QFile>
 #include <QtTest>
 
 /// One thing that is wrong with a file, as verify must tell it.
@@ -28,6 +29,8 @@ protected:
 
     Run verifyBytes(const QByteArray& bytes, const Arguments& more = {})
     {
+        // Some file systems wait for the disk when a file is written anew.
+        QFile::remove(m_tool.path("top.fcf"));
         m_tool.write("top.fcf", bytes);
         return m_tool.run(Arguments{"verify", m_tool.argument("top.fcf"), "--json"} + more);
     }

@@ -1,0 +1,59 @@
+#ifndef TOOL_BASE_RESULT_H
+#define TOOL_BASE_RESULT_H
+
+#include <QJsonObject>
+#include <QString>
+
+#include <tl/expected.hpp>
+
+/// What a run of the tool ends with. Scripts rely on the numbers.
+enum class ExitCode {
+    Done = 0,
+    /// A file is not what the format says.
+    NotValid = 1,
+    /// Wrong usage, or an input that is refused. Nothing was written.
+    Refused = 2,
+    /// A file cannot be read or written.
+    CannotAccess = 3,
+    /// An output exists already. Nothing was written.
+    OutputExists = 4
+};
+
+/// One thing that was found wrong, or worth a word.
+struct Finding {
+    enum Severity { Note, Warning, Error };
+
+    Severity severity = Error;
+    /// What the run ends with on account of an error; Done for anything less.
+    ExitCode exitCode = ExitCode::Done;
+    QString file;
+    /// The field of the header, or the option, that it is about; may be empty.
+    QString field;
+    QString reason;
+    /// Bytes from the start of the file, or -1.
+    qint64 offset = -1;
+    /// Both as shownText(), no longer than a line can take.
+    QString expected;
+    QString found;
+
+    Finding& at(qint64 where);
+    /// Of texts out of a file only the start is kept.
+    Finding& comparing(const QString& isExpected, const QString& isFound);
+
+    /// One line, fit for a terminal whatever the file held.
+    QString text() const;
+    QJsonObject toJson() const;
+};
+
+/// A value, or the error that there is in place of it.
+template <class Value>
+using Result = tl::expected<Value, Finding>;
+
+/// Nothing, or an error.
+using Status = Result<void>;
+
+/// The error that ends a run with \p exitCode, as any Result.
+tl::unexpected<Finding> failure(ExitCode exitCode, const QString& file, const QString& field,
+                                const QString& reason);
+
+#endif

@@ -1,0 +1,31 @@
+#ifndef TOOL_BASE_TEXT_H
+#define TOOL_BASE_TEXT_H
+
+#include "tool/base/Result.h"
+
+#include <QString>
+
+#include <string>
+
+class QTextCodec;
+
+/// "-", the name of standard input and standard output.
+extern const QString StandardStream;
+
+/// What messages call standard output.
+extern const QString StandardOutputLabel;
+
+/// \p text with everything escaped that a terminal would act on or could not show, and cut behind
+/// \p length characters.
+QString shownText(const QString& text, int length = 120);
+
+/// The argument of \p option as text, unless it is none in the encoding of \p codec.
+Result<QString> textOf(const std::string& argument, const QTextCodec* codec, const QString& option);
+
+/// The argument of \p option as the name of a file, unless it cannot be one.
+Result<QString> pathOf(const std::string& argument, const QTextCodec* codec, const QString& option);
+
+/// \p text as \p codec writes it, without a byte order mark.
+QByteArray encoded(const QString& text, const QTextCodec* codec);
+
+#endif

@@ -1,0 +1,268 @@
+#include "tool/build/BuildJson.h"
+
+#include "fcf/FcfLayout.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QSet>
+
+#include <limits>
+#include <vector>
+
+namespace {
+
+constexpr int RecipeVersion = 2;
+const QString RecipeKey = QStringLiteral("recipe");
+
+template <class Record, int Count>
+void addTexts(const FcfLayout::TextField<Record> (&fields)[Count], const Record& record,
+              QJsonObject* object)
+{
+    for (const auto& field : fields)
+        (*object)[QLatin1String(field.name)] = record.*field.value;
+}
+
+QJsonValue asJson(const QString& text) { return text; }
+QJsonValue asJson(qint32 number) { return number; }
+QJsonValue asJson(Version version) { return version.text(); }
+
+QJsonValue asJson(const QVector<FcfFunction>& functions)
+{
+    QJsonArray array;
+    for (const FcfFunction& function : functions) {
+        QJsonObject texts;
+        addTexts(FcfLayout::FunctionTexts, function, &texts);
+        array.append(texts);
+    }
+    return array;
+}
+
+QJsonObject asJson(const Build& build)
+{
+    QJsonObject object;
+    forEachBuildField([&](const auto& field) {
+        if (build.*field.value)
+            object[QLatin1String(field.name)] = asJson(*(build.*field.value));
+    });
+    return object;
+}
+
+/// Behind the closing quotation mark of the string that starts at \p start.
+int endOfString(const QByteArray& json, int start)
+{
+    int end = start + 1;
+    while (end < json.size() && json.at(end) != '"')
+        end += json.at(end) == '\\' ? 2 : 1;
+    return qMin(end + 1, json.size());
+}
+
+bool isName(const QByteArray& json, int behindString)
+{
+    while (behindString < json.size() && QByteArray(" \t\r\n").contains(json.at(behindString)))
+        ++behindString;
+    return behindString < json.size() && json.at(behindString) == ':';
+}
+
+/// The same name can be written with different escapes.
+QString unescaped(const QByteArray& string)
+{
+    return QJsonDocument::fromJson('[' + string + ']').array().at(0).toString();
+}
+
+/// The first name that one object of \p json, which must be valid, gives twice. A parser keeps just
+/// one of the two values.
+std::optional<QString> repeatedName(const QByteArray& json)
+{
+    std::vector<QSet<QString>> names;
+    for (int position = 0; position < json.size(); ++position) {
+        const char character = json.at(position);
+        if (character == '{' || character == '[') {
+            names.emplace_back();
+        } else if ((character == '}' || character == ']') && !names.empty()) {
+            names.pop_back();
+        } else if (character == '"') {
+            const int end = endOfString(json, position);
+            const QByteArray string = json.mid(position, end - position);
+            position = end - 1;
+            if (names.empty() || !isName(json, end))
+                continue;
+            const QString name = unescaped(string);
+            if (names.back().contains(name))
+                return name;
+            names.back().insert(name);
+        }
+    }
+    return std::nullopt;
+}
+
+/// Reads values, and collects what is wrong with them under their names.
+class RecipeReader {
+public:
+    explicit RecipeReader(const QString& label) : m_label(label) {}
+
+    QList<Finding> errors;
+
+    void fail(const QString& name, const QString& reason)
+    {
+        errors.append(failure(ExitCode::Refused, m_label, name, reason).value());
+    }
+
+    void read(const QJsonValue& value, const QString& name, std::optional<QString>* text)
+    {
+        if (value.isString())
+            *text = value.toString();
+        else
+            fail(name, QStringLiteral("is not a text"));
+    }
+
+    void read(const QJsonValue& value, const QString& name, std::optional<qint32>* number)
+    {
+        const double given = value.toDouble();
+        const bool fits = given >= std::numeric_limits<qint32>::min() &&
+                          given <= std::numeric_limits<qint32>::max();
+        if (value.isDouble() && fits && given == static_cast<qint32>(given))
+            *number = static_cast<qint32>(given);
+        else
+            fail(name, QStringLiteral("is not a whole number of 32 bits"));
+    }
+
+    void read(const QJsonValue& value, const QString& name, std::optional<Version>* version)
+    {
+        if (value.isString()) {
+            *version = Version::of(value.toString());
+            if (!*version)
+                fail(name, QStringLiteral("is not two numbers like \"1.12\""));
+            return;
+        }
+        if (!value.isObject()) {
+            fail(name, QStringLiteral("is not a text like \"1.12\""));
+            return;
+        }
+        QJsonObject object = value.toObject();
+        std::optional<qint32> major;
+        std::optional<qint32> minor;
+        readRequired(&object, name + QLatin1Char('.'), "major", &major);
+        readRequired(&object, name + QLatin1Char('.'), "minor", &minor);
+        refuseRest(object, name + QLatin1Char('.'));
+        *version = Version{major.value_or(0), minor.value_or(0)};
+    }
+
+    void read(const QJsonValue& value, const QString& name,
+              std::optional<QVector<FcfFunction>>* functions)
+    {
+        if (!value.isArray()) {
+            fail(name, QStringLiteral("is not a list"));
+            return;
+        }
+        functions->emplace();
+        int index = 0;
+        for (const auto& function : value.toArray()) {
+            const QString place = QStringLiteral("%1[%2]").arg(name).arg(index++);
+            if (function.isObject())
+                (*functions)->append(readFunction(function.toObject(), place + QLatin1Char('.')));
+            else
+                fail(place, QStringLiteral("is not an object"));
+        }
+    }
+
+    void refuseRest(const QJsonObject& object, const QString& place)
+    {
+        for (const QString& name : object.keys())
+            fail(place + name, QStringLiteral("is not known in a recipe"));
+    }
+
+private:
+    FcfFunction readFunction(QJsonObject object, const QString& place)
+    {
+        FcfFunction function;
+        for (const auto& field : FcfLayout::FunctionTexts) {
+            std::optional<QString> text;
+            readRequired(&object, place, field.name, &text);
+            function.*field.value = text.value_or(QString());
+        }
+        refuseRest(object, place);
+        return function;
+    }
+
+    template <class Value>
+    void readRequired(QJsonObject* object, const QString& place, const char* key,
+                      std::optional<Value>* value)
+    {
+        const QString name = place + QLatin1String(key);
+        const QJsonValue taken = object->take(QLatin1String(key));
+        if (taken.isUndefined())
+            fail(name, QStringLiteral("is missing"));
+        else
+            read(taken, name, value);
+    }
+
+    const QString m_label;
+};
+
+void checkRecipeVersion(const QJsonValue& value, RecipeReader* reader)
+{
+    if (value.isUndefined()) {
+        reader->fail(RecipeKey, QStringLiteral("is missing: this is not a recipe"));
+        return;
+    }
+    std::optional<qint32> version;
+    reader->read(value, RecipeKey, &version);
+    if (version && (*version < 1 || *version > RecipeVersion))
+        reader->fail(
+            RecipeKey,
+            QStringLiteral("is %1, but only 1 to %2 are known").arg(*version).arg(RecipeVersion));
+}
+
+} // namespace
+
+QByteArray BuildJson::recipe(const Build& build)
+{
+    QJsonObject object = asJson(build);
+    object[RecipeKey] = RecipeVersion;
+    // As it is, a reader would take it for the mark at the start of a file, and drop it.
+    return QJsonDocument(object).toJson().replace("\xef\xbb\xbf", "\\ufeff");
+}
+
+tl::expected<Build, QList<Finding>> BuildJson::readRecipe(const QByteArray& json,
+                                                          const QString& label)
+{
+    RecipeReader reader(label);
+    Build build;
+    QJsonParseError parseError;
+    const QJsonDocument document = QJsonDocument::fromJson(json, &parseError);
+    if (parseError.error != QJsonParseError::NoError) {
+        reader.fail(QString(), QStringLiteral("is not JSON: %1 at offset %2")
+                                   .arg(parseError.errorString())
+                                   .arg(parseError.offset));
+        return tl::make_unexpected(reader.errors);
+    }
+    if (const auto repeated = repeatedName(json))
+        reader.fail(*repeated, QStringLiteral("is given twice"));
+    QJsonObject object = document.object();
+    checkRecipeVersion(object.take(RecipeKey), &reader);
+    // Of something else altogether, or of a later version, the rest is not worth a word.
+    if (!reader.errors.isEmpty())
+        return tl::make_unexpected(reader.errors);
+    forEachBuildField([&](const auto& field) {
+        const QJsonValue value = object.take(QLatin1String(field.name));
+        if (!value.isUndefined())
+            reader.read(value, QLatin1String(field.name), &(build.*field.value));
+    });
+    reader.refuseRest(object, QString());
+    if (!reader.errors.isEmpty())
+        return tl::make_unexpected(reader.errors);
+    return build;
+}
+
+QJsonObject BuildJson::header(const FcfHeader& header)
+{
+    QJsonObject object = asJson(Build::of(header));
+    for (const auto& field : FcfLayout::Numbers)
+        object[QLatin1String(field.name)] = header.*field.value;
+    addTexts(FcfLayout::HeaderTexts, header, &object);
+    for (const char* const name : {"module", "device"}) {
+        if (!object.contains(QLatin1String(name)))
+            object[QLatin1String(name)] = QJsonValue();
+    }
+    return object;
+}

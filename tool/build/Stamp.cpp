@@ -1,0 +1,52 @@
+#include "tool/build/Stamp.h"
+
+#include "tool/base/Text.h"
+
+#include <QRegularExpression>
+
+namespace {
+
+const QString DatePattern = QStringLiteral("yyyy-MM-dd");
+const QString TimePattern = QStringLiteral("HH:mm:ss");
+/// The last second of the year 9999, so that a date keeps its form.
+constexpr qint64 LastSecond = 253402300799;
+
+} // namespace
+
+Result<QDateTime> Stamp::given(const QString& text)
+{
+    // In UTC, which has every time of day: a local clock that is put forward leaves some out.
+    const QDate date = QDate::fromString(text.left(DatePattern.size()), DatePattern);
+    const QTime time = QTime::fromString(text.right(TimePattern.size()), TimePattern);
+    // Qt would take signs, letters and less than there must be.
+    static const QRegularExpression digits(
+        QStringLiteral("^[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}\\z"));
+    if (digits.match(text).hasMatch() && date.isValid() && time.isValid())
+        return QDateTime(date, time, Qt::UTC);
+    return failure(ExitCode::Refused, QString(), QStringLiteral("--date-time"),
+                   QStringLiteral("\"%1\" is not a date and time like 2024-05-31T13:45:00")
+                       .arg(shownText(text)));
+}
+
+Result<QDateTime> Stamp::sourceDate(const QByteArray& value)
+{
+    const QString text = QString::fromLatin1(value);
+    static const QRegularExpression digits(QStringLiteral("^[0-9]{1,12}\\z"));
+    const qint64 seconds = text.toLongLong();
+    if (digits.match(text).hasMatch() && seconds <= LastSecond)
+        return QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC);
+    return failure(
+        ExitCode::Refused, QString(), QStringLiteral("SOURCE_DATE_EPOCH"),
+        QStringLiteral("\"%1\" is not a number of seconds since 1970, up to the year 9999")
+            .arg(shownText(text)));
+}
+
+Result<Stamp::DateFormat> Stamp::dateFormat(const QString& text)
+{
+    if (text == QStringLiteral("locale"))
+        return DateFormat::Locale;
+    if (text == QStringLiteral("iso"))
+        return DateFormat::Iso;
+    return failure(ExitCode::Refused, QString(), QStringLiteral("--date-format"),
+                   QStringLiteral("\"%1\" is neither \"locale\" nor \"iso\"").arg(shownText(text)));
+}

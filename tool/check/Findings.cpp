@@ -1,0 +1,91 @@
+#include "tool/check/Findings.h"
+
+#include <algorithm>
+
+namespace {
+
+/// The nearer to the front, the more it says about a run.
+constexpr ExitCode Precedence[] = {ExitCode::Refused, ExitCode::CannotAccess,
+                                   ExitCode::OutputExists, ExitCode::NotValid};
+
+} // namespace
+
+void Findings::add(const Finding& finding)
+{
+    m_list.append(finding);
+    if (finding.file.isEmpty())
+        m_list.last().file = m_subject;
+}
+
+bool Findings::accept(const Status& status)
+{
+    if (!status)
+        add(status.error());
+    return status.has_value();
+}
+
+Finding& Findings::error(ExitCode exitCode, const QString& file, const QString& field,
+                         const QString& reason)
+{
+    Finding& finding = add(Finding::Error, file, field, reason);
+    finding.exitCode = exitCode;
+    return finding;
+}
+
+Finding& Findings::warning(const QString& file, const QString& field, const QString& reason)
+{
+    return add(Finding::Warning, file, field, reason);
+}
+
+Finding& Findings::note(const QString& file, const QString& field, const QString& reason)
+{
+    return add(Finding::Note, file, field, reason);
+}
+
+Finding& Findings::add(Finding::Severity severity, const QString& file, const QString& field,
+                       const QString& reason)
+{
+    Finding finding;
+    finding.severity = severity;
+    finding.file = file;
+    finding.field = field;
+    finding.reason = reason;
+    add(finding);
+    return m_list.last();
+}
+
+void Findings::promoteWarnings()
+{
+    for (Finding& finding : m_list) {
+        if (finding.severity != Finding::Warning)
+            continue;
+        finding.severity = Finding::Error;
+        finding.exitCode = ExitCode::Refused;
+    }
+}
+
+void Findings::dropNotes()
+{
+    const auto isNote = [](const Finding& finding) { return finding.severity == Finding::Note; };
+    m_list.erase(std::remove_if(m_list.begin(), m_list.end(), isNote), m_list.end());
+}
+
+ExitCode Findings::exitCode(int first) const
+{
+    for (const ExitCode code : Precedence) {
+        const bool occurs =
+            std::any_of(m_list.begin() + first, m_list.end(),
+                        [code](const Finding& finding) { return finding.exitCode == code; });
+        if (occurs)
+            return code;
+    }
+    return ExitCode::Done;
+}
+
+QJsonArray Findings::toJson() const
+{
+    QJsonArray array;
+    for (const Finding& finding : m_list)
+        array.append(finding.toJson());
+    return array;
+}

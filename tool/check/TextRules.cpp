@@ -1,0 +1,168 @@
+#include "tool/check/TextRules.h"
+
+#include "fcf/FcfLayout.h"
+#include "fcf/FcfReader.h"
+#include "fcf/FcfWriter.h"
+#include "tool/base/Text.h"
+
+#include <QBuffer>
+#include <QStringList>
+#include <QTextCodec>
+
+#include <algorithm>
+
+namespace {
+
+using TextRules::Breach;
+
+constexpr int LargestTextsNamed = 3;
+
+struct NamedText {
+    QString field;
+    QString value;
+    /// Whether the value may go on over several lines.
+    bool hasLines;
+    /// Whether the value stands where a reader looks for the end of the text.
+    bool opensFunction;
+};
+
+template <class Record, int Count>
+void appendTexts(const FcfLayout::TextField<Record> (&fields)[Count], const Record& record,
+                 int function, QVector<NamedText>* texts)
+{
+    for (const auto& field : fields) {
+        const bool opensFunction = function >= 0 && &field == fields;
+        texts->append({TextRules::fieldName(field.name, function), record.*field.value,
+                       field.hasLines, opensFunction});
+    }
+}
+
+QVector<NamedText> textsOf(const FcfHeader& header)
+{
+    QVector<NamedText> texts;
+    appendTexts(FcfLayout::HeaderTexts, header, -1, &texts);
+    for (int function = 0; function < header.functions.size(); ++function)
+        appendTexts(FcfLayout::FunctionTexts, header.functions.at(function), function, &texts);
+    return texts;
+}
+
+/// A text field of a form breaks a line at the separators too.
+bool isLineBreak(QChar character)
+{
+    return character == QLatin1Char('\n') || character == QLatin1Char('\r') ||
+           character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
+}
+
+QString brokenRecord(const NamedText& text)
+{
+    for (const QChar character : text.value) {
+        if (character == QLatin1Char('\n') && text.hasLines)
+            continue;
+        if (character == QLatin1Char('\r'))
+            return QStringLiteral("holds a carriage return, at which a form breaks the line");
+        if (isLineBreak(character))
+            return QStringLiteral("holds a line break, at which a reader would lose the rest");
+        if (character.category() == QChar::Other_Control && character != QLatin1Char('\t'))
+            return QStringLiteral("holds the control character %1")
+                .arg(shownText(QString(character)));
+    }
+    const char* const mark = text.opensFunction ? FcfLayout::TextEnd : FcfLayout::RecordEnd;
+    const bool mayEndEarly = text.hasLines || text.opensFunction;
+    if (mayEndEarly && text.value.contains(QLatin1String(mark)))
+        return QStringLiteral("holds \"%1\", at which a reader would lose the rest")
+            .arg(QLatin1String(mark));
+    return QString();
+}
+
+/// QTextCodec::canEncode() misses half a letter at the end of a text.
+bool canEncode(const QTextCodec* codec, const QString& text)
+{
+    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
+    codec->fromUnicode(text.constData(), text.size(), &state);
+    return state.invalidChars == 0 && state.remainingChars == 0;
+}
+
+/// What a form makes of \p header.
+FcfHeader asShown(const FcfHeader& header, QTextCodec* codec)
+{
+    QByteArray page = FcfWriter(codec).compose(header);
+    QBuffer device(&page);
+    device.open(QIODevice::ReadOnly);
+    return FcfReader::read(&device, codec).header;
+}
+
+} // namespace
+
+QString TextRules::fieldName(const char* field, int function)
+{
+    const QString name = QLatin1String(field);
+    return function < 0 ? name : QStringLiteral("functions[%1].%2").arg(function).arg(name);
+}
+
+QVector<Breach> TextRules::brokenRecords(const FcfHeader& header)
+{
+    QVector<Breach> breaches;
+    for (const NamedText& text : textsOf(header)) {
+        const QString reason = brokenRecord(text);
+        if (!reason.isEmpty())
+            breaches.append({text.field, reason, text.value});
+    }
+    return breaches;
+}
+
+QVector<Breach> TextRules::swallowedFunctions(const FcfHeader& header)
+{
+    const QString start = QLatin1Char('\n') + QLatin1String(FcfLayout::FunctionTexts[0].prefix);
+    QVector<Breach> breaches;
+    for (const NamedText& text : textsOf(header)) {
+        if (text.value.contains(start))
+            breaches.append({text.field,
+                             QStringLiteral("holds a line that begins like a function; the mark "
+                                            "before it may be damaged"),
+                             text.value});
+    }
+    return breaches;
+}
+
+QVector<Breach> TextRules::notEncodable(const FcfHeader& header, const QTextCodec* codec)
+{
+    QVector<Breach> breaches;
+    for (const NamedText& text : textsOf(header)) {
+        if (!canEncode(codec, text.value))
+            breaches.append({text.field,
+                             QStringLiteral("cannot be encoded in this locale's %1")
+                                 .arg(QString::fromLatin1(codec->name())),
+                             text.value});
+    }
+    return breaches;
+}
+
+QVector<Breach> TextRules::lostInForm(const FcfHeader& header, QTextCodec* codec)
+{
+    const QVector<NamedText> written = textsOf(header);
+    const QVector<NamedText> shown = textsOf(asShown(header, codec));
+    QVector<Breach> breaches;
+    for (int index = 0; index < qMin(written.size(), shown.size()); ++index) {
+        const QString value = shown.at(index).value.trimmed();
+        if (value != written.at(index).value.trimmed())
+            breaches.append({written.at(index).field,
+                             QStringLiteral("the generator window would load no more of it than "
+                                            "\"%1\"")
+                                 .arg(shownText(value)),
+                             written.at(index).value});
+    }
+    return breaches;
+}
+
+QString TextRules::largestTexts(const FcfHeader& header, const QTextCodec* codec)
+{
+    QVector<QPair<int, QString>> sizes;
+    for (const NamedText& text : textsOf(header))
+        sizes.append({codec->fromUnicode(text.value).size(), text.field});
+    std::stable_sort(sizes.begin(), sizes.end(),
+                     [](const auto& left, const auto& right) { return left.first > right.first; });
+    QStringList largest;
+    for (const auto& size : sizes.mid(0, LargestTextsNamed))
+        largest << QStringLiteral("%1 (%2 bytes)").arg(size.second).arg(size.first);
+    return largest.join(QStringLiteral(", "));
+}

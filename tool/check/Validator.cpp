@@ -1,0 +1,276 @@
+#include "tool/check/Validator.h"
+
+#include "fcf/FcfLayout.h"
+#include "fcf/FcfTarget.h"
+#include "fcf/FcfWriter.h"
+#include "fcf/PelkFcfGeneratorFileInfo.h"
+#include "tool/base/Text.h"
+#include "tool/check/Findings.h"
+#include "tool/check/HeaderPage.h"
+#include "tool/check/TextRules.h"
+#include "tool/files/Copy.h"
+#include "tool/files/InputFile.h"
+
+#include <QFileInfo>
+#include <QRegularExpression>
+
+namespace {
+
+QString hex(quint32 word)
+{
+    return QStringLiteral("0x%1")
+        .arg(word, 8, 16, QLatin1Char('0'))
+        .toUpper()
+        .replace(QLatin1String("0X"), QLatin1String("0x"));
+}
+
+const FcfLayout::NumberField& numberOf(qint32 FcfHeader::*value)
+{
+    for (const auto& field : FcfLayout::Numbers) {
+        if (field.value == value)
+            return field;
+    }
+    Q_UNREACHABLE();
+}
+
+QStringList allModuleCodes()
+{
+    QStringList codes;
+    for (const auto& target : FcfTarget::Targets)
+        codes << QString::number(target.moduleCode);
+    codes.removeDuplicates();
+    return codes;
+}
+
+/// The device codes that go with \p moduleCode, for messages.
+QString deviceCodesOf(qint32 moduleCode)
+{
+    QStringList codes;
+    for (const auto& target : FcfTarget::Targets) {
+        if (target.moduleCode == moduleCode)
+            codes << QString::number(target.deviceCode);
+    }
+    return codes.join(QStringLiteral(", "));
+}
+
+qint64 offsetOf(const HeaderPage& page, const QString& field)
+{
+    for (const FcfSpan& span : page.reading.spans) {
+        if (TextRules::fieldName(span.field, span.function) == field)
+            return span.offset;
+    }
+    return -1;
+}
+
+} // namespace
+
+Validator::Validator(const InputFile* file, Kind kind, QTextCodec* codec, Findings* findings)
+    : m_file(file), m_kind(kind), m_codec(codec), m_findings(findings)
+{
+}
+
+void Validator::validate(const HeaderPage& page) const
+{
+    const FcfHeader& header = page.reading.header;
+    checkSizes(header, m_kind == Image ? payloadBytes(page) : header.binFileSize);
+    checkCodes(header);
+    checkReservedWords(page.reading.reservedWords);
+    checkTexts(page);
+    checkFiller(page);
+    checkAgainstWriter(page);
+    if (m_kind == Companion && m_file->size() > page.bytes)
+        invalid(QStringLiteral("page"), page.bytes,
+                QStringLiteral("a companion ends with its header page"),
+                QStringLiteral("%1 bytes").arg(page.bytes),
+                QStringLiteral("%1 bytes").arg(m_file->size()));
+    if (page.bytes > FcfLayout::PageBytes && page.reading.textEnd <= FcfLayout::PageBytes)
+        m_findings
+            ->note(m_file->label(), QStringLiteral("page"),
+                   QStringLiteral("the header page has %1 bytes, as its last filler unit goes "
+                                  "beyond %2")
+                       .arg(page.bytes)
+                       .arg(FcfLayout::PageBytes))
+            .at(FcfLayout::PageBytes);
+}
+
+/// 0 when even the header page is cut short.
+qint64 Validator::payloadBytes(const HeaderPage& page) const
+{
+    return qMax<qint64>(0, m_file->size() - page.bytes);
+}
+
+void Validator::checkSizes(const FcfHeader& header, qint64 bytes) const
+{
+    if (bytes <= 0 || bytes > Checker::LargestBinary) {
+        invalid(QStringLiteral("binFileSize"), numberOf(&FcfHeader::binFileSize).offset,
+                QStringLiteral("the payload has %1 bytes, and a size field can tell 1 to %2")
+                    .arg(bytes)
+                    .arg(Checker::LargestBinary),
+                bytes == header.binFileSize ? QStringLiteral("1 or more") : QString::number(bytes),
+                QString::number(header.binFileSize));
+        return;
+    }
+    FcfHeader sizes;
+    PelkFcfGeneratorFileInfo().measure(bytes, &sizes);
+    qint32 FcfHeader::*const fields[] = {&FcfHeader::totalPages, &FcfHeader::totalBlocks,
+                                         &FcfHeader::totalSize,  &FcfHeader::binPages,
+                                         &FcfHeader::binBlocks,  &FcfHeader::binFileSize};
+    for (const auto field : fields) {
+        const FcfLayout::NumberField& number = numberOf(field);
+        if (header.*field != sizes.*field)
+            invalid(QLatin1String(number.name), number.offset,
+                    QStringLiteral("does not agree with a payload of %1 bytes").arg(bytes),
+                    QString::number(sizes.*field), QString::number(header.*field));
+    }
+}
+
+void Validator::checkCodes(const FcfHeader& header) const
+{
+    const FcfLayout::NumberField& module = numberOf(&FcfHeader::moduleCode);
+    const FcfLayout::NumberField& device = numberOf(&FcfHeader::deviceCode);
+    const QStringList moduleCodes = allModuleCodes();
+    if (!moduleCodes.contains(QString::number(header.moduleCode)))
+        invalid(QLatin1String(module.name), module.offset, QStringLiteral("stands for no module"),
+                moduleCodes.join(QStringLiteral(" or ")), QString::number(header.moduleCode));
+    else if (!FcfTarget::find(header.moduleCode, header.deviceCode))
+        invalid(QLatin1String(device.name), device.offset,
+                QStringLiteral("stands for no device of the module"),
+                QStringLiteral("one of %1").arg(deviceCodesOf(header.moduleCode)),
+                QString::number(header.deviceCode));
+
+    for (const auto version : {&FcfHeader::versionMajor, &FcfHeader::versionMinor}) {
+        const FcfLayout::NumberField& number = numberOf(version);
+        if (header.*version < 0)
+            invalid(QLatin1String(number.name), number.offset, QStringLiteral("is negative"),
+                    QStringLiteral("0 or more"), QString::number(header.*version));
+    }
+    const FcfLayout::NumberField& slot = numberOf(&FcfHeader::configNumber);
+    if (header.configNumber < FcfTarget::FirstSlot || header.configNumber > FcfTarget::LastSlot)
+        invalid(QLatin1String(slot.name), slot.offset, QStringLiteral("is no flash slot"),
+                QStringLiteral("%1 to %2").arg(FcfTarget::FirstSlot).arg(FcfTarget::LastSlot),
+                QString::number(header.configNumber));
+}
+
+void Validator::checkReservedWords(const QVector<quint32>& words) const
+{
+    int offset = FcfLayout::NumberCount * FcfLayout::WordBytes;
+    for (int index = 0; index < words.size(); ++index, offset += FcfLayout::WordBytes) {
+        if (words.at(index) != FcfLayout::ReservedWord)
+            invalid(QStringLiteral("reserved[%1]").arg(index), offset,
+                    QStringLiteral("is no reserved word"), hex(FcfLayout::ReservedWord),
+                    hex(words.at(index)));
+    }
+}
+
+void Validator::checkTexts(const HeaderPage& page) const
+{
+    const FcfHeader& header = page.reading.header;
+    for (const TextRules::Breach& breach : TextRules::brokenRecords(header))
+        invalid(breach.field, offsetOf(page, breach.field), breach.reason,
+                QStringLiteral("a text that a reader takes whole"), breach.value);
+
+    for (const TextRules::Breach& breach : TextRules::swallowedFunctions(header))
+        m_findings->note(m_file->label(), breach.field, breach.reason)
+            .at(offsetOf(page, breach.field));
+
+    static const QRegularExpression time(
+        QStringLiteral("^([01][0-9]|2[0-3]):[0-5][0-9]:[0-5][0-9]\\z"));
+    const QString timeField = QStringLiteral("time");
+    if (!time.match(header.time).hasMatch())
+        invalid(timeField, offsetOf(page, timeField), QStringLiteral("is no time of day"),
+                QStringLiteral("HH:MM:SS"), header.time);
+
+    const QString name = QFileInfo(m_file->path()).fileName();
+    const QString nameField = QStringLiteral("fileName");
+    if (m_kind == Image && !m_file->isStandardInput() && header.fileName != name)
+        m_findings
+            ->note(m_file->label(), nameField, QStringLiteral("the file has another name by now"))
+            .at(offsetOf(page, nameField))
+            .comparing(name, header.fileName);
+}
+
+void Validator::checkFiller(const HeaderPage& page) const
+{
+    const int textEnd = page.reading.textEnd;
+    if (textEnd > FcfLayout::PageBytes) {
+        invalid(QStringLiteral("text"), FcfLayout::PageBytes,
+                QStringLiteral("the text does not fit in the header page"),
+                QStringLiteral("%1 bytes").arg(FcfLayout::PageBytes),
+                QStringLiteral("%1 bytes").arg(textEnd));
+        return;
+    }
+    const QByteArray filler = FcfWriter(m_codec).fillerFor(textEnd);
+    const auto found = bytesAt(*m_file, textEnd, filler.size());
+    if (found)
+        compare(QStringLiteral("filler"), textEnd,
+                QStringLiteral("is not what fills a header page"), filler, *found);
+}
+
+/// Catches what no single check above is about, such as blanks that a writer leaves out.
+void Validator::checkAgainstWriter(const HeaderPage& page) const
+{
+    if (page.reading.textEnd > FcfLayout::PageBytes)
+        return;
+    const int textStart = FcfLayout::PreambleBytes;
+    const QByteArray written = FcfWriter(m_codec).compose(page.reading.header);
+    const auto found = bytesAt(*m_file, textStart, page.reading.textEnd - textStart);
+    if (found)
+        compare(QStringLiteral("text"), textStart,
+                QStringLiteral("is not what a writer writes for the same texts"),
+                written.mid(textStart), *found);
+}
+
+void Validator::compareBinary(const HeaderPage& page, const InputFile& binary,
+                              const CopyObserver& observe) const
+{
+    if (m_kind == Companion) {
+        checkSizes(page.reading.header, binary.size());
+        return;
+    }
+    if (payloadBytes(page) != binary.size())
+        invalid(QStringLiteral("payload"), page.bytes,
+                QStringLiteral("has not the length of %1").arg(shownText(binary.label())),
+                QStringLiteral("%1 bytes").arg(binary.size()),
+                QStringLiteral("%1 bytes").arg(payloadBytes(page)));
+    const auto difference =
+        m_findings->valueOf(FileCompare::compare(*m_file, page.bytes, binary, observe));
+    if (difference && *difference)
+        invalid(QStringLiteral("payload"), (*difference)->offset,
+                QStringLiteral("is not %1, of which this is offset %2")
+                    .arg(shownText(binary.label()))
+                    .arg((*difference)->offset - page.bytes),
+                (*difference)->expected, (*difference)->found);
+}
+
+void Validator::compareCompanion(const HeaderPage& page, const InputFile& companion) const
+{
+    const auto own = bytesAt(*m_file, 0, page.bytes);
+    const auto other = bytesAt(companion, 0, page.bytes + 1);
+    if (own && other)
+        compare(QStringLiteral("header"), 0,
+                QStringLiteral("is not the companion %1").arg(shownText(companion.label())), *other,
+                *own);
+}
+
+void Validator::compare(const QString& field, qint64 offset, const QString& reason,
+                        const QByteArray& expected, const QByteArray& found) const
+{
+    const int same = FileCompare::firstDifference(expected, found);
+    if (expected != found)
+        invalid(field, offset + same, reason, FileCompare::byteAt(expected, same),
+                FileCompare::byteAt(found, same));
+}
+
+std::optional<QByteArray> Validator::bytesAt(const InputFile& file, qint64 offset,
+                                             qint64 bytes) const
+{
+    return m_findings->valueOf(file.bytesAt(offset, bytes));
+}
+
+void Validator::invalid(const QString& field, qint64 offset, const QString& reason,
+                        const QString& expected, const QString& found) const
+{
+    m_findings->error(ExitCode::NotValid, m_file->label(), field, reason)
+        .at(offset)
+        .comparing(expected, found);
+}

@@ -1,0 +1,64 @@
+#ifndef TOOL_CHECK_VALIDATOR_H
+#define TOOL_CHECK_VALIDATOR_H
+
+#include "fcf/FcfExactReader.h"
+#include "tool/check/Checker.h"
+#include "tool/files/Copy.h"
+
+#include <QString>
+#include <QVector>
+
+#include <optional>
+
+class InputFile;
+class QTextCodec;
+struct FcfHeader;
+struct HeaderPage;
+
+/// Asks whether a file is a valid image or companion. What must not be is an error, what is merely
+/// worth knowing a note.
+class Validator {
+public:
+    enum Kind { Image, Companion };
+
+    /// In bytes; no valid image is larger.
+    static constexpr qint64 LargestFile = Checker::LargestBinary + FcfExactReader::MaximumBytes;
+
+    /// Neither becomes the validator's own. Findings go to \p findings.
+    Validator(const InputFile* file, Kind kind, QTextCodec* codec, Findings* findings);
+
+    /// Checks \p page, which was read from the file, against the format and, of an image, against
+    /// the file's length.
+    void validate(const HeaderPage& page) const;
+
+    /// Checks the payload against \p binary byte for byte, and calls \p observe for each part; of a
+    /// companion, the sizes.
+    void compareBinary(const HeaderPage& page, const InputFile& binary,
+                       const CopyObserver& observe) const;
+
+    /// Checks the header page against \p companion byte for byte.
+    void compareCompanion(const HeaderPage& page, const InputFile& companion) const;
+
+private:
+    void checkSizes(const FcfHeader& header, qint64 payloadBytes) const;
+    void checkCodes(const FcfHeader& header) const;
+    void checkReservedWords(const QVector<quint32>& words) const;
+    void checkTexts(const HeaderPage& page) const;
+    void checkFiller(const HeaderPage& page) const;
+    void checkAgainstWriter(const HeaderPage& page) const;
+    qint64 payloadBytes(const HeaderPage& page) const;
+    void invalid(const QString& field, qint64 offset, const QString& reason,
+                 const QString& expected, const QString& found) const;
+
+    /// Names the first byte in which \p found, from \p offset on in the file, is not as expected.
+    void compare(const QString& field, qint64 offset, const QString& reason,
+                 const QByteArray& expected, const QByteArray& found) const;
+    std::optional<QByteArray> bytesAt(const InputFile& file, qint64 offset, qint64 bytes) const;
+
+    const InputFile* m_file;
+    Kind m_kind;
+    QTextCodec* m_codec;
+    Findings* m_findings;
+};
+
+#endif

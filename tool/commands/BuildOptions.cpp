@@ -1,0 +1,186 @@
+#include "tool/commands/BuildOptions.h"
+
+#include "tool/base/Text.h"
+#include "tool/build/BuildJson.h"
+#include "tool/check/HeaderPage.h"
+#include "tool/commands/Arguments.h"
+#include "tool/commands/Command.h"
+
+#include <CLI/CLI.hpp>
+
+#include <limits>
+
+namespace {
+
+constexpr int TextsOfFunction = 4;
+/// Many times what a page has room for: enough to say by how much a text is too long.
+constexpr int LargestDescriptionFile = 256 * 1024;
+
+/// Everything in the file at \p path, if it is no more than \p limit bytes.
+std::optional<QByteArray> wholeFile(const QString& path, qint64 limit, const char* option,
+                                    Task* task)
+{
+    const std::optional<InputFile> file = task->open(path, limit, option);
+    if (!file)
+        return std::nullopt;
+    if (file->size() <= limit)
+        return task->findings.valueOf(file->bytesAt(0, file->size()));
+    task->findings.error(ExitCode::Refused, file->label(), QLatin1String(option),
+                         QStringLiteral("has more than %1 bytes").arg(limit));
+    return std::nullopt;
+}
+
+std::optional<QString> textOfFile(const QString& path, const char* option, Task* task)
+{
+    const auto bytes = wholeFile(path, LargestDescriptionFile, option, task);
+    auto text = bytes ? task->text(bytes->toStdString(), option) : std::nullopt;
+    if (!text)
+        return std::nullopt;
+    // How editors on other systems mark the file and end its lines is no part of the text.
+    if (text->startsWith(QChar::ByteOrderMark))
+        text->remove(0, 1);
+    return text->replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+}
+
+/// Reads the arguments of one option each into a build.
+class Reader {
+public:
+    Reader(Build* build, Task* task) : m_build(build), m_task(task) {}
+
+    void read(const std::string& argument, const BuildField<QString>& field)
+    {
+        auto& value = m_build->*field.value;
+        if (field.value != &Build::description || argument.substr(0, 1) != "@") {
+            value = m_task->text(argument, field.option);
+        } else if (argument.substr(0, 2) == "@@") {
+            value = m_task->text(argument.substr(1), field.option);
+        } else if (const auto path = m_task->path(argument.substr(1), field.option)) {
+            value = textOfFile(*path, field.option, m_task);
+            m_build->origins[QLatin1String(field.name)] = *path;
+        }
+    }
+
+    void read(const std::string& argument, const BuildField<qint32>& field)
+    {
+        const auto text = m_task->text(argument, field.option);
+        m_build->*field.value = text ? wholeNumber(*text) : std::nullopt;
+        if (text && !(m_build->*field.value))
+            refuse(field.option, QStringLiteral("\"%1\" is not a number"), *text);
+    }
+
+    void read(const std::string& argument, const BuildField<Version>& field)
+    {
+        const auto text = m_task->text(argument, field.option);
+        m_build->*field.value = text ? Version::of(*text) : std::nullopt;
+        if (text && !(m_build->*field.value))
+            refuse(field.option, QStringLiteral("\"%1\" is not two numbers like 1.12"), *text);
+    }
+
+    /// Functions have several arguments each.
+    void read(const std::string&, const BuildField<QVector<FcfFunction>>&) const {}
+
+    void readFunctions(const std::vector<std::string>& arguments)
+    {
+        constexpr char option[] = "--function";
+        QVector<FcfFunction> functions;
+        for (auto text = arguments.begin(); text != arguments.end(); text += TextsOfFunction) {
+            FcfFunction function;
+            function.name = m_task->text(text[0], option).value_or(QString());
+            function.author = m_task->text(text[1], option).value_or(QString());
+            function.ciNumber = m_task->text(text[2], option).value_or(QString());
+            function.description = m_task->text(text[3], option).value_or(QString());
+            functions.append(function);
+        }
+        if (!functions.isEmpty())
+            m_build->functions = functions;
+    }
+
+private:
+    void refuse(const char* option, const QString& reason, const QString& text)
+    {
+        m_task->findings.error(ExitCode::Refused, QString(), QLatin1String(option),
+                               reason.arg(shownText(text)));
+    }
+
+    Build* m_build;
+    Task* m_task;
+};
+
+} // namespace
+
+void BuildOptions::declare(CLI::App* app)
+{
+    forEachBuildField([&](const auto& field) {
+        if (std::is_same_v<decltype(field), const BuildField<QVector<FcfFunction>>&>)
+            Arguments::addRepeatedOption(app, field.option, TextsOfFunction, &m_functions,
+                                         field.type, field.help);
+        else
+            Arguments::addOption(app, field.option, &m_given[field.name], field.type, field.help);
+    });
+    Arguments::addOption(app, "--like", &m_like, "FILE",
+                         "take what is not given from an image (.fcf), a companion (.txt) or a "
+                         "recipe (.json; - is a recipe on standard input)");
+}
+
+Build BuildOptions::build(Task* task) const
+{
+    Build build;
+    Reader reader(&build, task);
+    forEachBuildField([&](const auto& field) {
+        const auto given = m_given.find(field.name);
+        if (given == m_given.end() || !given->second)
+            return;
+        reader.read(*given->second, field);
+        if (!(build.*field.value))
+            build.refused << QLatin1String(field.name);
+    });
+    reader.readFunctions(m_functions);
+    if (!m_like)
+        return build;
+
+    std::optional<Build> base = like(task);
+    if (!base) {
+        forEachBuildField([&](const auto& field) {
+            if (!(build.*field.value))
+                build.refused << QLatin1String(field.name);
+        });
+        return build;
+    }
+    // A device belongs to its module: another module's is of no use.
+    if (build.module && build.module != base->module)
+        base->device.reset();
+    build.complete(*base, InputFile::labelOf(QFile::decodeName(m_like->c_str())));
+    return build;
+}
+
+std::optional<Build> BuildOptions::like(Task* task) const
+{
+    constexpr char option[] = "--like";
+    const std::optional<QString> path = task->path(*m_like, option);
+    if (!path)
+        return std::nullopt;
+
+    if (*path == StandardStream || path->endsWith(QStringLiteral(".json"))) {
+        const auto json = wholeFile(*path, BuildJson::MaximumRecipeBytes, option, task);
+        if (!json)
+            return std::nullopt;
+        const auto build = BuildJson::readRecipe(*json, InputFile::labelOf(*path));
+        if (build)
+            return *build;
+        for (const Finding& error : build.error())
+            task->findings.add(error);
+        return std::nullopt;
+    }
+    if (path->endsWith(QStringLiteral(".fcf")) || path->endsWith(QStringLiteral(".txt"))) {
+        // An image may be made anew from what it says itself.
+        const auto file = task->findings.valueOf(task->inputs.open(
+            *path, std::numeric_limits<qint32>::max(), QLatin1String(option), Inputs::Replaceable));
+        const auto page =
+            file ? task->findings.valueOf(HeaderPage::read(*file, task->codec, ExitCode::Refused))
+                 : std::nullopt;
+        return page ? std::optional<Build>(Build::of(page->reading.header)) : std::nullopt;
+    }
+    task->findings.error(ExitCode::Refused, *path, QLatin1String(option),
+                         QStringLiteral("the name ends with neither .fcf, .txt nor .json"));
+    return std::nullopt;
+}

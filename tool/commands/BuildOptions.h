@@ -1,0 +1,35 @@
+#ifndef TOOL_COMMANDS_BUILDOPTIONS_H
+#define TOOL_COMMANDS_BUILDOPTIONS_H
+
+#include "tool/build/Build.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+struct Task;
+
+namespace CLI {
+class App;
+}
+
+/// The arguments that describe a build.
+class BuildOptions {
+public:
+    void declare(CLI::App* app);
+
+    /// What they say, completed from the file given with --like. What cannot be taken as it was
+    /// given is refused.
+    Build build(Task* task) const;
+
+private:
+    std::optional<Build> like(Task* task) const;
+
+    /// By the names of the fields.
+    std::map<std::string, std::optional<std::string>> m_given;
+    std::vector<std::string> m_functions;
+    std::optional<std::string> m_like;
+};
+
+#endif

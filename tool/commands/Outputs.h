@@ -1,0 +1,55 @@
+#ifndef TOOL_COMMANDS_OUTPUTS_H
+#define TOOL_COMMANDS_OUTPUTS_H
+
+#include "tool/base/Result.h"
+
+#include <QString>
+
+#include <optional>
+
+class Findings;
+class InputFile;
+class Inputs;
+class QIODevice;
+
+/// Guards the outputs of a run: none is one of its inputs under any name or a folder, and none
+/// exists unless \p force is given. What is refused goes to \p findings. Owns nothing.
+class OutputGuard {
+public:
+    OutputGuard(const Inputs* inputs, bool force, Findings* findings);
+
+    void guard(const QString& path) const;
+
+    /// Guards standard output, where that is a file.
+    void guardStandardOutput(const QIODevice* out) const;
+
+    /// Guards a file beside the outputs that is not written, on account of \p option: it must be no
+    /// input, and is worth a warning.
+    void guardUnwritten(const QString& path, const char* option) const;
+
+private:
+    void refuse(ExitCode exitCode, const QString& path, const QString& reason) const;
+
+    const Inputs* m_inputs;
+    bool m_force;
+    Findings* m_findings;
+};
+
+/// The names of the files of one image.
+struct Outputs {
+    /// Derives them from \p binary and, if that is given, \p output, and refuses what gives none.
+    /// The name follows the window's rule: every ".bin" in it is replaced.
+    static Result<Outputs> of(const InputFile& binary, const std::optional<QString>& output);
+
+    /// Whether the image goes to standard output, alone.
+    bool toStandardOutput() const;
+
+    /// Paths; that of the image may be "-".
+    QString image;
+    QString companion;
+    QString digest;
+    /// What the header's own line for it says.
+    QString imageName;
+};
+
+#endif

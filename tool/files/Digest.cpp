@@ -1,0 +1,105 @@
+#include "tool/files/Digest.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <openssl/evp.h>
+
+namespace {
+
+constexpr int HexDigits = 64;
+
+QByteArray encodedName(const QString& path)
+{
+    return QFile::encodeName(QFileInfo(path).fileName());
+}
+
+/// sha256sum marks a line in which a name is escaped with a backslash at its start.
+QByteArray escaped(QByteArray name)
+{
+    return name.replace('\\', "\\\\").replace('\n', "\\n").replace('\r', "\\r");
+}
+
+struct Line {
+    QByteArray digest;
+    /// As it stands in the line, less the folders.
+    QByteArray name;
+    bool isEscaped = false;
+};
+
+/// Either form of sha256sum: "DIGEST  NAME", or with --tag "SHA256 (NAME) = DIGEST".
+std::optional<Line> parsed(QByteArray text)
+{
+    static const QByteArray tag = "SHA256 (";
+    static const QByteArray tagEnd = ") = ";
+    Line line;
+    if (text.endsWith('\r'))
+        text.chop(1);
+    line.isEscaped = text.startsWith('\\');
+    if (line.isEscaped)
+        text.remove(0, 1);
+    QByteArray digits = text.left(HexDigits);
+    const int nameEnd = text.lastIndexOf(tagEnd);
+    if (text.startsWith(tag) && nameEnd > 0) {
+        digits = text.mid(nameEnd + tagEnd.size());
+        line.name = text.mid(tag.size(), nameEnd - tag.size());
+    } else if (text.mid(HexDigits, 2) == "  " || text.mid(HexDigits, 2) == " *") {
+        line.name = text.mid(HexDigits + 2);
+    }
+    line.name = line.name.mid(line.name.lastIndexOf('/') + 1);
+    line.digest = QByteArray::fromHex(digits);
+    const bool isDigest = digits.size() == HexDigits && line.digest.toHex() == digits.toLower();
+    return isDigest && !line.name.isEmpty() ? std::optional<Line>(line) : std::nullopt;
+}
+
+} // namespace
+
+QString Digest::pathFor(const QString& imagePath) { return imagePath + QStringLiteral(".sha256"); }
+
+QByteArray Digest::line(const QByteArray& digest, const QString& imagePath)
+{
+    const QByteArray name = escaped(encodedName(imagePath));
+    const QByteArray start = name == encodedName(imagePath) ? "" : "\\";
+    return start + digest.toHex() + "  " + name + '\n';
+}
+
+QList<QByteArray> Digest::find(const QByteArray& lines, const std::optional<QString>& imagePath)
+{
+    QList<QByteArray> digests;
+    for (const QByteArray& text : lines.split('\n')) {
+        const std::optional<Line> line = parsed(text);
+        if (!line)
+            continue;
+        const QByteArray name = imagePath ? encodedName(*imagePath) : QByteArray();
+        if (!imagePath || line->name == (line->isEscaped ? escaped(name) : name))
+            digests << line->digest;
+    }
+    return digests;
+}
+
+struct Digest::Hash::Context {
+    std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> digest{EVP_MD_CTX_new(),
+                                                                   &EVP_MD_CTX_free};
+};
+
+Digest::Hash::Hash() : m_context(std::make_unique<Context>())
+{
+    // It fails only where a library without this algorithm was installed.
+    if (EVP_DigestInit_ex(m_context->digest.get(), EVP_sha256(), nullptr) != 1)
+        qFatal("SHA-256 is not available");
+}
+
+Digest::Hash::~Hash() = default;
+
+void Digest::Hash::add(const char* data, qint64 bytes)
+{
+    EVP_DigestUpdate(m_context->digest.get(), data, static_cast<std::size_t>(bytes));
+}
+
+QByteArray Digest::Hash::result()
+{
+    QByteArray digest(EVP_MD_size(EVP_sha256()), Qt::Uninitialized);
+    EVP_DigestFinal_ex(m_context->digest.get(), reinterpret_cast<unsigned char*>(digest.data()),
+                       nullptr);
+    return digest;
+}

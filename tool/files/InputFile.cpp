@@ -1,0 +1,184 @@
+#include "tool/files/InputFile.h"
+
+#include "tool/base/Text.h"
+#include "tool/files/TemporaryFile.h"
+
+#include <QDir>
+
+#include <cerrno>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int ChunkBytes = 1024 * 1024;
+
+/// A file for reading and writing that has no name, and so cannot stay; or null, with errno.
+std::unique_ptr<QFile> openNameless()
+{
+    const QByteArray folder = QFile::encodeName(QDir::tempPath());
+    QByteArray name;
+    const int descriptor = TemporaryFile::open(folder, S_IRUSR | S_IWUSR, &name);
+    if (descriptor < 0)
+        return nullptr;
+    if (!name.isEmpty()) {
+        ::unlink((folder + '/' + name).constData());
+        TemporaryFile::forget(folder, name);
+    }
+    auto file = std::make_unique<QFile>();
+    file->open(descriptor, QIODevice::ReadWrite | QIODevice::Unbuffered,
+               QFileDevice::AutoCloseHandle);
+    return file;
+}
+
+/// What has come of a stream, up to \p bytes bytes. Returns how many, 0 at the end, or -1 with the
+/// reason in \p error.
+qint64 readStream(QIODevice* stream, char* data, qint64 bytes, QString* error)
+{
+    // A QFile would wait until it has them all.
+    const auto* const file = qobject_cast<const QFile*>(stream);
+    qint64 count = 0;
+    do {
+        count = file ? ::read(file->handle(), data, static_cast<std::size_t>(bytes))
+                     : stream->read(data, bytes);
+    } while (count < 0 && file && errno == EINTR);
+    if (count < 0)
+        *error = file ? FileSystem::reason(errno) : stream->errorString();
+    return count;
+}
+
+} // namespace
+
+QString InputFile::labelOf(const QString& path)
+{
+    return path == StandardStream ? QStringLiteral("standard input") : path;
+}
+
+bool InputFile::isStandardInput() const { return m_path == StandardStream; }
+
+Result<QByteArray> InputFile::bytesAt(qint64 offset, qint64 bytes) const
+{
+    QByteArray taken(static_cast<int>(bytes), Qt::Uninitialized);
+    int count = 0;
+    while (count < taken.size()) {
+        const auto more = readAt(offset + count, taken.data() + count, taken.size() - count);
+        if (!more)
+            return tl::unexpected<Finding>(more.error());
+        if (*more == 0)
+            break;
+        count += static_cast<int>(*more);
+    }
+    return taken.left(count);
+}
+
+Result<qint64> InputFile::readAt(qint64 offset, char* data, qint64 bytes) const
+{
+    for (;;) {
+        const ssize_t count =
+            ::pread(m_file->handle(), data, static_cast<std::size_t>(bytes), offset);
+        if (count >= 0)
+            return count;
+        if (errno != EINTR)
+            return notRead(FileSystem::reason(errno));
+    }
+}
+
+tl::unexpected<Finding> InputFile::notRead(const QString& reason, const QString& field) const
+{
+    return failure(ExitCode::CannotAccess, m_label, field,
+                   QStringLiteral("cannot be read: %1").arg(reason));
+}
+
+Inputs::Inputs(QIODevice* standardInput, Observers observers)
+    : m_in(standardInput), m_observers(std::move(observers))
+{
+}
+
+Result<InputFile> Inputs::open(const QString& path, qint64 limit, const QString& field, Use use)
+{
+    InputFile file;
+    file.m_path = path;
+    file.m_label = InputFile::labelOf(path);
+    if (file.isStandardInput()) {
+        if (!m_in)
+            return failure(ExitCode::Refused, file.m_label, field,
+                           QStringLiteral("it can be read only once"));
+        QIODevice* const in = std::exchange(m_in, nullptr);
+        if (const auto* const stream = qobject_cast<const QFile*>(in))
+            guard(*stream, file);
+        const Status status = spool(in, limit, field, &file);
+        return status ? Result<InputFile>(std::move(file))
+                      : tl::unexpected<Finding>(status.error());
+    }
+
+    const FileSystem::Kind kind = FileSystem::targetKindOf(path);
+    if (kind == FileSystem::Kind::Folder)
+        return file.notRead(QStringLiteral("it is a folder"), field);
+    if (kind == FileSystem::Kind::Device)
+        return file.notRead(QStringLiteral("it is a device"), field);
+    auto opened = std::make_unique<QFile>(path);
+    if (!opened->open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return file.notRead(opened->errorString(), field);
+    if (use == Guarded)
+        guard(*opened, file);
+    if (opened->isSequential()) {
+        const Status status = spool(opened.get(), limit, field, &file);
+        return status ? Result<InputFile>(std::move(file))
+                      : tl::unexpected<Finding>(status.error());
+    }
+    file.m_size = opened->size();
+    file.m_file = std::move(opened);
+    return file;
+}
+
+Status Inputs::spool(QIODevice* stream, qint64 limit, const QString& field, InputFile* file) const
+{
+    std::unique_ptr<QFile> spooled = openNameless();
+    if (!spooled)
+        return file->notRead(QStringLiteral("cannot be spooled: %1").arg(FileSystem::reason(errno)),
+                             field);
+    const CopyObserver observe =
+        m_observers(QStringLiteral("reading %1").arg(shownText(file->m_label)));
+    QByteArray chunk(ChunkBytes, Qt::Uninitialized);
+    while (file->m_size <= limit) {
+        QString error;
+        const qint64 count = readStream(stream, chunk.data(),
+                                        qMin<qint64>(ChunkBytes, limit + 1 - file->m_size), &error);
+        if (count < 0)
+            return file->notRead(error, field);
+        // A pipe says so in its own way when it has come to its end.
+        if (count == 0)
+            break;
+        const QString failed = writeAll(spooled.get(), chunk.constData(), count);
+        if (!failed.isEmpty())
+            return file->notRead(QStringLiteral("cannot be spooled: %1").arg(failed), field);
+        file->m_size += count;
+        observe(chunk.constData(), count);
+    }
+    file->m_file = std::move(spooled);
+    return {};
+}
+
+void Inputs::guard(const QFile& file, const InputFile& input)
+{
+    if (const auto identity = FileSystem::identityOf(file.handle()))
+        m_files.push_back({*identity, input.label()});
+}
+
+const ReadFile* Inputs::find(const std::optional<FileSystem::Identity>& identity) const
+{
+    for (const ReadFile& file : m_files) {
+        if (identity == file.identity)
+            return &file;
+    }
+    return nullptr;
+}
+
+const ReadFile* Inputs::behind(const QIODevice* out) const
+{
+    const auto* const file = qobject_cast<const QFile*>(out);
+    if (!file || !FileSystem::isFile(file->handle()))
+        return nullptr;
+    return find(FileSystem::identityOf(file->handle()));
+}
