@@ -59,14 +59,14 @@ bool FcfOutput::fillHeaders(const FcfWriter& writer)
     return fill(&m_image, writer) && fill(&m_companion, writer);
 }
 
-bool FcfOutput::appendPayload()
+bool FcfOutput::appendPayload(const PayloadCopy::Observer& observer)
 {
     if (!openFile(&m_image.file, Appending))
         return false;
     if (!m_binary.isOpen())
         return fail(Failed, m_binary, m_binary.errorString());
     PayloadCopy copy(&m_binary, m_payloadBytes, &m_image.file);
-    if (!copy.run())
+    if (!copy.run(PayloadCopy::Unseen, observer))
         return fail(Failed, m_image.file, copy.error());
     m_image.bytes += m_payloadBytes;
     m_binary.close();

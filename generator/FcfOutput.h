@@ -1,6 +1,8 @@
 #ifndef GENERATOR_FCFOUTPUT_H
 #define GENERATOR_FCFOUTPUT_H
 
+#include "fcf/PayloadCopy.h"
+
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QFile>
@@ -43,7 +45,8 @@ public:
     bool fillHeaders(const FcfWriter& writer);
 
     /// Appends the binary to the image, and closes all files.
-    bool appendPayload();
+    /// \p observer is called after each piece with its number of bytes.
+    bool appendPayload(const PayloadCopy::Observer& observer);
 
     /// Deletes the companion, then the image. Returns false when one of them is still there, with
     /// its path() and the reason().

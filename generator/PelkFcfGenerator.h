@@ -120,6 +120,7 @@ private:
     void showStatus(const QString& html);
 
     FcfHeader headerFromForm() const;
+    bool appendPayload(FcfOutput* output);
     bool writeHeaders(FcfOutput* output, const QString& imageName);
     void showTotals();
     void showGenerated(const QStringList& files);

@@ -4,6 +4,7 @@
 
 #include "fcf/FcfTarget.h"
 #include "fcf/FcfWriter.h"
+#include "generator/CopyProgress.h"
 #include "generator/FcfOutput.h"
 #include "generator/GeneratorDialogs.h"
 
@@ -76,13 +77,20 @@ void PelkFcfGenerator::saveTofile(QString binPath)
     const bool isWhole =
         output.open(overwriting ? FcfOutput::EndAtFirstFailure : FcfOutput::ShowFailuresLater) &&
         writeHeaders(&output, QFileInfo(imagePath).fileName()) && output.fillHeaders(FcfWriter()) &&
-        output.appendPayload();
+        appendPayload(&output);
     if (!isWhole) {
         reportFailure(&output);
         return;
     }
     warnOfOtherSize(binPath, output.payloadBytes());
     showGenerated(QStringList() << imagePath << companionPath);
+}
+
+bool PelkFcfGenerator::appendPayload(FcfOutput* output)
+{
+    CopyProgress progress(ui->StatusBar, output->payloadBytes());
+    return output->appendPayload(
+        [&progress](const char*, qint64 bytes) { progress.advance(bytes); });
 }
 
 bool PelkFcfGenerator::writeHeaders(FcfOutput* output, const QString& imageName)

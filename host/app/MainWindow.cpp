@@ -26,6 +26,7 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QDockWidget>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
@@ -73,7 +74,6 @@ MainWindow::MainWindow(QWidget* parent)
     buildViewMenu();
     buildStatusBar();
     connectDesigns();
-    m_initialState = saveState();
     restoreLayout();
     showCurrentDesign();
 }
@@ -86,6 +86,22 @@ MainWindow::~MainWindow()
 }
 
 void MainWindow::openDesign(const QString& path) { m_session->open(path); }
+
+void MainWindow::inspect(const QString& path)
+{
+    findChild<ImageInspector*>()->inspect(path);
+    m_inspectorDock->show();
+    m_inspectorDock->raise();
+}
+
+void MainWindow::open(const QString& path)
+{
+    const QFileInfo file(path);
+    if (file.isFile() && file.suffix().compare("fcf", Qt::CaseInsensitive) == 0)
+        inspect(file.absoluteFilePath());
+    else
+        openDesign(path);
+}
 
 void MainWindow::restoreSession() { m_session->restoreLast(); }
 
@@ -114,13 +130,14 @@ void MainWindow::buildMenus()
         menu->setToolTipsVisible(true);
         menuBar()->addMenu(menu);
     }
-    QToolBar* const toolBar = addToolBar(tr("Tool Bar"));
-    toolBar->setObjectName("ToolBar");
+    m_toolBar = addToolBar(tr("Tool Bar"));
+    m_toolBar->setMovable(false);
+    m_toolBar->setObjectName("ToolBar");
     const int iconSize = style()->pixelMetric(QStyle::PM_SmallIconSize);
-    toolBar->setIconSize(QSize(iconSize, iconSize));
-    toolBar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    m_toolBar->setIconSize(QSize(iconSize, iconSize));
+    m_toolBar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_commands = new DesignCommands(m_designs, m_session, m_model, m_view, this);
-    m_commands->addTo(toolBar);
+    m_commands->addTo(m_toolBar);
     m_help = new HelpMenu(menuNamed("Help"), this);
 
     ActionContainer* const file = actions->menu("File");
@@ -131,13 +148,12 @@ void MainWindow::buildMenus()
     file->addAction(quit);
 }
 
-void MainWindow::addDock(const QString& name, const QString& title, QWidget* body,
-                         Qt::DockWidgetArea area)
+QDockWidget* MainWindow::makeDock(const QString& name, const QString& title, QWidget* body)
 {
     auto* const dock = new QDockWidget(title, this);
     dock->setObjectName(name);
     dock->setWidget(body);
-    addDockWidget(area, dock);
+    return dock;
 }
 
 void MainWindow::buildDocks()
@@ -153,28 +169,19 @@ void MainWindow::buildDocks()
     scrolled->setFrameShape(QFrame::NoFrame);
     scrolled->setWidgetResizable(true);
     scrolled->setWidget(body);
-    addDock("PropertyDock", tr("Design Properties"), scrolled, Qt::RightDockWidgetArea);
-    auto* const inspector = new ImageInspector;
-    addDock("InspectorDock", tr("Image"), inspector, Qt::RightDockWidgetArea);
-    auto* const inspectorDock = findChild<QDockWidget*>("InspectorDock");
-    tabifyDockWidget(findChild<QDockWidget*>("PropertyDock"), inspectorDock);
-    inspectorDock->hide();
-    connect(m_commands, &DesignCommands::inspectionWanted, this,
-            [inspector, inspectorDock](const QString& path) {
-                inspector->inspect(path);
-                inspectorDock->show();
-                inspectorDock->raise();
-            });
-    addDock("LogDock", tr("Log"), new LogPane, Qt::BottomDockWidgetArea);
+    m_propertyDock = makeDock("PropertyDock", tr("Design Properties"), scrolled);
+    m_inspectorDock = makeDock("InspectorDock", tr("Image"), new ImageInspector);
+    connect(m_commands, &DesignCommands::inspectionWanted, this, &MainWindow::inspect);
+    m_logDock = makeDock("LogDock", tr("Log"), new LogPane);
     resetLayout();
 }
 
 void MainWindow::buildViewMenu()
 {
     QMenu* const view = menuNamed("View");
-    for (const QDockWidget* dock : findChildren<QDockWidget*>())
+    for (const QDockWidget* dock : {m_propertyDock, m_inspectorDock, m_logDock})
         view->addAction(dock->toggleViewAction());
-    view->addAction(findChild<QToolBar*>("ToolBar")->toggleViewAction());
+    view->addAction(m_toolBar->toggleViewAction());
     auto* const filters = new QMenu(tr("&Filters"), this);
     view->addMenu(filters);
     filters->setObjectName("FilterMenu");
@@ -183,10 +190,7 @@ void MainWindow::buildViewMenu()
     view->addSeparator();
     auto* const reset = new QAction(tr("&Reset Layout"), this);
     reset->setObjectName("View.ResetLayout");
-    connect(reset, &QAction::triggered, this, [this] {
-        restoreState(m_initialState);
-        resetLayout();
-    });
+    connect(reset, &QAction::triggered, this, &MainWindow::resetLayout);
     view->addAction(reset);
 }
 
@@ -247,8 +251,19 @@ void MainWindow::restoreLayout()
 
 void MainWindow::resetLayout()
 {
-    resizeDocks({findChild<QDockWidget*>("PropertyDock")}, {PropertyWidth}, Qt::Horizontal);
-    resizeDocks({findChild<QDockWidget*>("LogDock")}, {LogHeight}, Qt::Vertical);
+    // Step by step: restoring a state into docks that are tabs and float crashes in Qt 5.15.
+    for (QDockWidget* dock : {m_propertyDock, m_inspectorDock, m_logDock})
+        dock->setFloating(false);
+    addDockWidget(Qt::RightDockWidgetArea, m_propertyDock);
+    addDockWidget(Qt::RightDockWidgetArea, m_inspectorDock);
+    addDockWidget(Qt::BottomDockWidgetArea, m_logDock);
+    tabifyDockWidget(m_propertyDock, m_inspectorDock);
+    m_inspectorDock->hide();
+    m_propertyDock->show();
+    m_logDock->show();
+    m_toolBar->show();
+    resizeDocks({m_propertyDock}, {PropertyWidth}, Qt::Horizontal);
+    resizeDocks({m_logDock}, {LogHeight}, Qt::Vertical);
 }
 
 void MainWindow::saveLayout() const

@@ -1,7 +1,6 @@
 #ifndef HOST_APP_MAINWINDOW_H
 #define HOST_APP_MAINWINDOW_H
 
-#include <QByteArray>
 #include <QMainWindow>
 #include <QStringList>
 
@@ -14,8 +13,10 @@ class DesignView;
 class HelpMenu;
 class OpenDesigns;
 class PropertyEditor;
+class QDockWidget;
 class QLabel;
 class QStackedWidget;
+class QToolBar;
 
 namespace OrvanticCore {
 class Design;
@@ -32,6 +33,10 @@ public:
 
     /// Opens the design in the folder \p path; see DesignSession::open().
     void openDesign(const QString& path);
+    /// Shows what the image or companion at \p path contains.
+    void inspect(const QString& path);
+    /// Does the one for an image, as a desktop passes it, and the other for everything else.
+    void open(const QString& path);
     /// Reopens the designs that were open when the host was last closed.
     void restoreSession();
 
@@ -47,7 +52,7 @@ private:
     void buildCentre();
     void buildMenus();
     void buildDocks();
-    void addDock(const QString& name, const QString& title, QWidget* body, Qt::DockWidgetArea area);
+    QDockWidget* makeDock(const QString& name, const QString& title, QWidget* body);
     void buildViewMenu();
     void buildStatusBar();
     void connectDesigns();
@@ -66,8 +71,10 @@ private:
     HelpMenu* m_help = nullptr;
     QStackedWidget* m_pages = nullptr;
     QLabel* m_path = nullptr;
-    /// The layout of a first start.
-    QByteArray m_initialState;
+    QToolBar* m_toolBar = nullptr;
+    QDockWidget* m_propertyDock = nullptr;
+    QDockWidget* m_inspectorDock = nullptr;
+    QDockWidget* m_logDock = nullptr;
 };
 
 #endif

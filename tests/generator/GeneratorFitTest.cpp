@@ -2,12 +2,35 @@
 #include "tests/generator/GeneratorTest.h"
 
 #include <QMimeData>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
 #include <QToolButton>
 #include <QtTest>
 
+#include <algorithm>
+
 namespace {
+
+/// Sees each painting of a progress bar.
+class BarWatcher : public QObject {
+public:
+    BarWatcher() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        const auto* const bar = qobject_cast<const QProgressBar*>(watched);
+        if (bar && event->type() == QEvent::Paint) {
+            values << bar->value();
+            wasBusy = QApplication::overrideCursor() &&
+                      QApplication::overrideCursor()->shape() == Qt::WaitCursor;
+        }
+        return false;
+    }
+
+    QVector<int> values;
+    bool wasBusy = false;
+};
 
 bool drop(QWidget* on, const QString& path)
 {
@@ -30,6 +53,7 @@ class GeneratorFitTest : public GeneratorTest {
 private slots:
     void keepsItsButtonsInReach();
     void givesTheHeightOfAFoldedPartBack();
+    void showsThatALargeBinaryIsCopied();
     void takesADroppedFileAsItsInput_data();
     void takesADroppedFileAsItsInput();
 
@@ -65,6 +89,20 @@ void GeneratorFitTest::givesTheHeightOfAFoldedPartBack()
     QTest::mouseClick(arrow(), Qt::LeftButton);
     QCoreApplication::processEvents();
     QCOMPARE(driver->window()->height(), folded);
+}
+
+void GeneratorFitTest::showsThatALargeBinaryIsCopied()
+{
+    const QString binary = driver->write("top.bin", QByteArray());
+    QVERIFY(QFile::resize(binary, 64 * 1024 * 1024));
+    driver->fillIn(binary);
+    BarWatcher watcher;
+    driver->click("GenerateButton");
+    QVERIFY2(watcher.values.count() > 2, qPrintable(QString::number(watcher.values.count())));
+    QVERIFY(std::is_sorted(watcher.values.begin(), watcher.values.end()));
+    QVERIFY(watcher.wasBusy);
+    QVERIFY(!QApplication::overrideCursor());
+    QVERIFY(!driver->window()->findChild<QProgressBar*>());
 }
 
 void GeneratorFitTest::takesADroppedFileAsItsInput_data()

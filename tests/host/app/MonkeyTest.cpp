@@ -306,9 +306,13 @@ private:
             QKeySequence("-"),      QKeySequence(":"),      QKeySequence("Shift+Down")};
         const int key = oneOf(keys)[0];
         note("press " + QKeySequence(key).toString() + " in " + name);
-        if (const QPointer<QWindow> handle = window->windowHandle())
-            QTest::keyClick(handle, Qt::Key(key & ~int(Qt::KeyboardModifierMask)),
-                            Qt::KeyboardModifiers(key & int(Qt::KeyboardModifierMask)));
+        const QPointer<QWindow> handle = window->windowHandle();
+        const auto code = Qt::Key(key & ~int(Qt::KeyboardModifierMask));
+        const auto modifiers = Qt::KeyboardModifiers(key & int(Qt::KeyboardModifierMask));
+        if (handle)
+            QTest::keyPress(handle, code, modifiers);
+        if (handle)
+            QTest::keyRelease(handle, code, modifiers);
     }
 
     void drop(QWidget* widget, const QString& name)
