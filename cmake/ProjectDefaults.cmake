@@ -46,5 +46,12 @@ function(zorv_test name)
     zorv_target(${name})
     target_link_libraries(${name} PRIVATE Qt5::Test ${arg_LIBRARIES})
     add_test(NAME ${name} COMMAND ${name})
-    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${ZORV_TEST_ENVIRONMENT}" TIMEOUT 900)
+    zorv_test_environment(${name})
+endfunction()
+
+# Runs a test without a screen, in a locale that does not depend on the machine, and with settings of
+# its own.
+function(zorv_test_environment name)
+    set_tests_properties(${name} PROPERTIES TIMEOUT 900 ENVIRONMENT
+        "${ZORV_TEST_ENVIRONMENT};XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/${name}-settings")
 endfunction()

@@ -2,6 +2,8 @@
 
 #include "fcf/FcfTarget.h"
 #include "fcf/PelkFcfGeneratorFileInfo.h"
+#include "generator/FileDrop.h"
+#include "generator/FormFit.h"
 
 #include "ui_PelkFcfGenerator.h"
 
@@ -55,6 +57,9 @@ PelkFcfGenerator::PelkFcfGenerator(QWidget* parent)
     targetDetails->setState(DetailsWidget::Expanded);
     putIntoTabOrder(targetDetails, ui->DescriptionMemo);
     putIntoTabOrder(functionsDetails, ui->ConfigComboBox);
+    new FormFit(this, ui->formArea,
+                QList<QWidget*>() << ui->widgetTargetSettings << ui->widgetFunctions);
+    new FileDrop(this);
 }
 
 PelkFcfGenerator::~PelkFcfGenerator() {}

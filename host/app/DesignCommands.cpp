@@ -176,8 +176,10 @@ void DesignCommands::refresh()
     m_add->setEnabled(!design || editable);
     m_moveMenu->menuAction()->setEnabled(editable && hasFiles);
     m_remove->setEnabled(editable && (hasFiles || !m_view->selectedFolders().isEmpty()));
-    m_inspect->setEnabled(file && QStringList({"fcf", "txt"}).contains(file->suffix()));
-    m_inspect->setVisible(m_inspect->isEnabled());
+    // Visible first: an invisible action cannot be enabled.
+    const bool isFcf = file && QStringList({"fcf", "txt"}).contains(file->suffix());
+    m_inspect->setVisible(isFcf);
+    m_inspect->setEnabled(isFcf);
     m_openFolder->setEnabled(design);
     m_lock->setEnabled(design && !design->isReadOnly());
     m_lock->setChecked(design && design->isLocked());
@@ -294,7 +296,11 @@ void DesignCommands::activate(const QModelIndex& index)
         openFolder();
 }
 
-void DesignCommands::inspect() {}
+void DesignCommands::inspect()
+{
+    if (const DesignFile* const file = m_model->fileAt(m_view->currentIndex()))
+        emit inspectionWanted(file->filePath());
+}
 
 void DesignCommands::openFolder()
 {

@@ -40,6 +40,9 @@ public:
     void newDesign();
     void chooseDesign();
 
+signals:
+    void inspectionWanted(const QString& path);
+
 private:
     using Slot = void (DesignCommands::*)();
 

@@ -8,6 +8,7 @@
 #include "host/app/DesignSession.h"
 #include "host/app/DesignView.h"
 #include "host/app/HelpMenu.h"
+#include "host/app/ImageInspector.h"
 #include "host/app/LogPane.h"
 #include "host/app/OpenDesigns.h"
 #include "host/app/PropertyEditor.h"
@@ -153,6 +154,17 @@ void MainWindow::buildDocks()
     scrolled->setWidgetResizable(true);
     scrolled->setWidget(body);
     addDock("PropertyDock", tr("Design Properties"), scrolled, Qt::RightDockWidgetArea);
+    auto* const inspector = new ImageInspector;
+    addDock("InspectorDock", tr("Image"), inspector, Qt::RightDockWidgetArea);
+    auto* const inspectorDock = findChild<QDockWidget*>("InspectorDock");
+    tabifyDockWidget(findChild<QDockWidget*>("PropertyDock"), inspectorDock);
+    inspectorDock->hide();
+    connect(m_commands, &DesignCommands::inspectionWanted, this,
+            [inspector, inspectorDock](const QString& path) {
+                inspector->inspect(path);
+                inspectorDock->show();
+                inspectorDock->raise();
+            });
     addDock("LogDock", tr("Log"), new LogPane, Qt::BottomDockWidgetArea);
     resetLayout();
 }

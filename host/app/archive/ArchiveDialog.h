@@ -16,6 +16,7 @@
 #include <memory>
 #include <vector>
 
+class ArchiveContents;
 class ArchiveJob;
 class QPushButton;
 
@@ -51,6 +52,9 @@ public:
     void setDestinationPathReadOnly(bool read_only) override;
     void setIncludedItemsGroupboxVisible(bool visible) override;
 
+    /// The absolute path of the archive that was made; empty before.
+    QString archivePath() const { return m_archivePath; }
+
     /// While an archive is made, cancels that and stays open.
     void reject() override;
 
@@ -66,6 +70,10 @@ private:
     void loadTypes();
     void connectForm();
 
+    /// Chooses what was chosen for the last archive.
+    void recall();
+    void remember() const;
+    void showContents();
     void changeType(int index);
     void enterType();
     void enterExtension(ArchiveType::Extension* extension, QObject* object);
@@ -99,6 +107,8 @@ private:
 
     std::unique_ptr<Ui::ArchiveDialog> m_ui;
     QPushButton* m_archiveButton = nullptr;
+    ArchiveContents* m_contents = nullptr;
+    QString m_archivePath;
     OrvanticCore::IDesign* m_design;
     QPointer<QObject> m_designObject;
     Description m_description;
@@ -113,7 +123,9 @@ private:
     std::unique_ptr<ArchiveJob> m_job;
 };
 
-/// Shows the dialog for \p design until the user is done with it.
+/// Shows the dialog for \p design until the user is done with it, and then where the archive is.
+///
+/// For drivers: "ArchivedBox" with "ShowInFolderButton".
 void archiveDesign(OrvanticCore::IDesign* design, const ArchiveDialog::Description& description,
                    QWidget* parent);
 

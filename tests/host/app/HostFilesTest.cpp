@@ -3,7 +3,11 @@
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
 
+#include <QApplication>
+#include <QClipboard>
 #include <QMimeData>
+#include <QPointer>
+#include <QPushButton>
 #include <QTextBrowser>
 #include <QtTest>
 
@@ -19,6 +23,20 @@ void touch(const QString& path, int seconds)
     QVERIFY(file.open(QIODevice::ReadWrite));
     QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(seconds),
                              QFileDevice::FileModificationTime));
+}
+
+/// Generates the image of "top.bin" through the generator; then the image is the current item.
+void makeImage(const HostFixture& host)
+{
+    host.activate();
+    host.view()->setFocus();
+    host.view()->setCurrentIndex(host.item("top.bin"));
+    QTest::keyClick(host.view(), Qt::Key_Return);
+    QTRY_VERIFY(HostFixture::generator());
+    const QPointer<QWidget> window = HostFixture::generator();
+    QTest::mouseClick(window->findChild<QPushButton*>("GenerateButton"), Qt::LeftButton);
+    QTRY_VERIFY(!window || !window->isVisible());
+    QCOMPARE(host.view()->currentIndex(), host.item("top.fcf"));
 }
 
 void dropOn(const HostFixture& host, const QString& item, const QString& path)
@@ -53,6 +71,8 @@ private slots:
     void undoesNothingInALockedDesign();
     void keepsWhatAToolAddedWhenItUndoes();
     void saysWhyAValueIsNotTaken();
+    void showsWhatAnImageContains();
+    void showsWhatIsWrongWithAnImage();
     void warnsOfAValueThatTheGeneratorDoesNotKnow();
 };
 
@@ -217,6 +237,45 @@ void HostFilesTest::keepsWhatAToolAddedWhenItUndoes()
     host.press(Qt::Key_Z, Qt::ControlModifier);
     QVERIFY(design->fileAt("top.fcf"));
     QVERIFY(!design->fileAt("new.bit"));
+}
+
+void HostFilesTest::showsWhatAnImageContains()
+{
+    HostFixture host;
+    host.openDesign("radar");
+    makeImage(host);
+    QTest::keyClick(host.view(), Qt::Key_Return);
+    const auto* const report = host.child<QTextBrowser>("ImageReport");
+    QTRY_VERIFY(report->isVisible());
+    QTest::mouseClick(host.child<QPushButton>("CopyReportButton"), Qt::LeftButton);
+    const QStringList lines = QApplication::clipboard()->text().split('\n');
+    QVERIFY(lines.contains("File: " + host.path("radar/top.fcf")));
+    QVERIFY(lines.contains("Target: GPM, Processing_FPGA_2, slot 3"));
+    QVERIFY(lines.contains("Version: 1.4"));
+    QVERIFY(lines.contains("Description: Clock corrected"));
+    QVERIFY(lines.contains("Kind: image: the header page and a binary of 5000 bytes"));
+    QVERIFY(lines.filter("Finding").isEmpty());
+    QVERIFY(report->toPlainText().contains("The file is as the generator writes it."));
+}
+
+void HostFilesTest::showsWhatIsWrongWithAnImage()
+{
+    HostFixture host;
+    host.openDesign("radar");
+    makeImage(host);
+    QFile image(host.path("radar/top.fcf"));
+    QVERIFY(image.resize(image.size() - 100));
+    host.writeFile("radar/top.fcf.sha256", QByteArray(64, '0') + "  top.fcf\n");
+    host.press(Qt::Key_I, Qt::ControlModifier);
+    QString text = host.child<QTextBrowser>("ImageReport")->toPlainText();
+    QVERIFY2(text.contains("is 5000, but the binary in the file has 4900"), qPrintable(text));
+    QVERIFY2(text.contains("The digest in top.fcf.sha256 is that of another file."),
+             qPrintable(text));
+
+    host.writeFile("radar/top.fcf", "no image");
+    host.press(Qt::Key_I, Qt::ControlModifier);
+    text = host.child<QTextBrowser>("ImageReport")->toPlainText();
+    QVERIFY2(text.contains("This is no FCF file"), qPrintable(text));
 }
 
 void HostFilesTest::saysWhyAValueIsNotTaken()

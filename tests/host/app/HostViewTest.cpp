@@ -1,4 +1,5 @@
 #include "tests/host/app/HostFixture.h"
+#include "tests/support/FolderOpener.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
@@ -7,7 +8,6 @@
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 #include <QtilitiesCoreGui/TreeNode.h>
 
-#include <QDesktopServices>
 #include <QtTest>
 
 using OrvanticCore::Design;
@@ -51,20 +51,6 @@ public:
     QMenu below;
     QStringList asked;
     QStringList states;
-};
-
-/// Replaces the desktop's file manager.
-class FolderOpener : public QObject {
-    Q_OBJECT
-
-public:
-    FolderOpener() { QDesktopServices::setUrlHandler("file", this, "open"); }
-    ~FolderOpener() override { QDesktopServices::unsetUrlHandler("file"); }
-
-    QStringList opened;
-
-public slots:
-    void open(const QUrl& url) { opened << url.toLocalFile(); }
 };
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "host/app/archive/ArchiveDialog.h"
 #include "tests/support/ModalAnswer.h"
 
+#include <OrvanticCore/DesignManager.h>
 #include <OrvanticCore/DesignStructure.h>
 
 #include <QtilitiesCore/IObjectManager.h>
@@ -19,6 +20,7 @@
 
 #include <memory>
 
+using OrvanticCore::DesignManager;
 using OrvanticCore::DesignStructure;
 using Extension = OrvanticCore::Interfaces::IDesignArchiveExtension;
 
@@ -74,6 +76,7 @@ private:
 void ArchiveDialogControlsTest::init()
 {
     bench = std::make_unique<ArchivedDesign>();
+    DesignManager::instance()->setSettingsFilePath(bench->outside("settings.ini"));
     extension = std::make_unique<NotingExtension>();
     openDialog();
 }
