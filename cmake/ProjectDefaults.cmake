@@ -12,7 +12,7 @@ set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 # A framework of one's own is found where it was linked.
 set(CMAKE_INSTALL_RPATH_USE_LINK_PATH ON)
-set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}" ${QTILITIES_LIBRARY_DIR})
 
 # A target of the rooms that also build for the host's own Qt 4.8.
 function(zorv_product_target target)

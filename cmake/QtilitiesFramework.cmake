@@ -21,6 +21,10 @@ if(NOT qtilities_libraries)
         "QTILITIES_ROOT: no framework library in ${QTILITIES_ROOT}/lib or ${QTILITIES_ROOT}/bin")
 endif()
 
+# Where programs find them at run time.
+list(GET qtilities_libraries 0 first)
+get_filename_component(QTILITIES_LIBRARY_DIR "${first}" DIRECTORY)
+
 if(NOT TARGET HostSdk::Framework)
     file(GLOB qtilities_modules LIST_DIRECTORIES true "${QTILITIES_ROOT}/include/Qtilities*")
     add_library(HostSdk::Framework INTERFACE IMPORTED)

@@ -26,6 +26,7 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QDockWidget>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
@@ -85,6 +86,22 @@ MainWindow::~MainWindow()
 }
 
 void MainWindow::openDesign(const QString& path) { m_session->open(path); }
+
+void MainWindow::inspect(const QString& path)
+{
+    findChild<ImageInspector*>()->inspect(path);
+    m_inspectorDock->show();
+    m_inspectorDock->raise();
+}
+
+void MainWindow::open(const QString& path)
+{
+    const QFileInfo file(path);
+    if (file.isFile() && file.suffix().compare("fcf", Qt::CaseInsensitive) == 0)
+        inspect(file.absoluteFilePath());
+    else
+        openDesign(path);
+}
 
 void MainWindow::restoreSession() { m_session->restoreLast(); }
 
@@ -153,14 +170,8 @@ void MainWindow::buildDocks()
     scrolled->setWidgetResizable(true);
     scrolled->setWidget(body);
     m_propertyDock = makeDock("PropertyDock", tr("Design Properties"), scrolled);
-    auto* const inspector = new ImageInspector;
-    m_inspectorDock = makeDock("InspectorDock", tr("Image"), inspector);
-    connect(m_commands, &DesignCommands::inspectionWanted, this,
-            [this, inspector](const QString& path) {
-                inspector->inspect(path);
-                m_inspectorDock->show();
-                m_inspectorDock->raise();
-            });
+    m_inspectorDock = makeDock("InspectorDock", tr("Image"), new ImageInspector);
+    connect(m_commands, &DesignCommands::inspectionWanted, this, &MainWindow::inspect);
     m_logDock = makeDock("LogDock", tr("Log"), new LogPane);
     resetLayout();
 }

@@ -33,6 +33,10 @@ public:
 
     /// Opens the design in the folder \p path; see DesignSession::open().
     void openDesign(const QString& path);
+    /// Shows what the image or companion at \p path contains.
+    void inspect(const QString& path);
+    /// Does the one for an image, as a desktop passes it, and the other for everything else.
+    void open(const QString& path);
     /// Reopens the designs that were open when the host was last closed.
     void restoreSession();
 

@@ -26,6 +26,8 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationName("pelk-host");
     QCoreApplication::setOrganizationName("ZORV");
     QCoreApplication::setApplicationVersion(PELK_HOST_VERSION);
+    // Desktops find the window's icon and menu entry by it.
+    QGuiApplication::setDesktopFileName("pelk-host");
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
@@ -37,8 +39,9 @@ int main(int argc, char** argv)
         QCoreApplication::translate("main", "Load the plug-ins in <folder>; may be repeated."),
         "folder", defaultPluginPath());
     parser.addOption(pluginPath);
-    parser.addPositionalArgument("design", QCoreApplication::translate("main", "Design to open."),
-                                 "[design...]");
+    parser.addPositionalArgument(
+        "path", QCoreApplication::translate("main", "Folder of a design, or an image to inspect."),
+        "[path...]");
     parser.process(application);
 
     MainWindow window;
@@ -52,8 +55,8 @@ int main(int argc, char** argv)
     window.show();
     if (parser.positionalArguments().isEmpty())
         window.restoreSession();
-    for (const QString& design : parser.positionalArguments())
-        window.openDesign(design);
+    for (const QString& path : parser.positionalArguments())
+        window.open(path);
 
     const int result = QtilitiesApplication::exec();
     ExtensionSystemCore::instance()->finalize();

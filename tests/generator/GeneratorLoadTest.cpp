@@ -1,5 +1,5 @@
 #include "generator/GeneratorTest.h"
-#include "generator/SampleBuild.h"
+#include "support/SampleHeaders.h"
 
 #include "fcf/FcfWriter.h"
 #include "support/PlainFcf.h"

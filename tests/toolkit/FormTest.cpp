@@ -65,10 +65,10 @@ QString clippedWidget(const QWidget* window)
         if (!widget->isVisible() || !hasText)
             continue;
         const QSize needed = widget->minimumSizeHint();
-        const QRect place(widget->mapTo(const_cast<QWidget*>(window), QPoint(0, 0)),
-                          widget->size());
+        // In its parent, which itself may be scrolled.
+        const QRect place = widget->geometry();
         if (place.width() < needed.width() || place.height() < needed.height() ||
-            !window->rect().contains(place))
+            !widget->parentWidget()->rect().contains(place))
             return widget->objectName();
     }
     return QString();

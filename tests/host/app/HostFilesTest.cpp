@@ -73,6 +73,7 @@ private slots:
     void saysWhyAValueIsNotTaken();
     void showsWhatAnImageContains();
     void showsWhatIsWrongWithAnImage();
+    void showsAnImageThatTheDesktopOpens();
     void warnsOfAValueThatTheGeneratorDoesNotKnow();
 };
 
@@ -256,6 +257,20 @@ void HostFilesTest::showsWhatAnImageContains()
     QVERIFY(lines.contains("Kind: image: the header page and a binary of 5000 bytes"));
     QVERIFY(lines.filter("Finding").isEmpty());
     QVERIFY(report->toPlainText().contains("The file is as the generator writes it."));
+}
+
+void HostFilesTest::showsAnImageThatTheDesktopOpens()
+{
+    HostFixture host;
+    host.window()->open(host.writeFile("radar.FCF", "no image"));
+    const auto* const report = host.child<QTextBrowser>("ImageReport");
+    QTRY_VERIFY(report->isVisible());
+    QVERIFY(report->toPlainText().contains("radar.FCF"));
+    QVERIFY(host.log().isEmpty());
+
+    // A design can have a name like an image.
+    host.window()->open(host.makeDesign("radar.fcf"));
+    QVERIFY(host.item("top.bin").isValid());
 }
 
 void HostFilesTest::showsWhatIsWrongWithAnImage()
