@@ -46,6 +46,10 @@ bool FormFit::eventFilter(QObject* watched, QEvent* event)
     if (watched == m_window) {
         if (event->type() == QEvent::Show && !m_wasShown) {
             m_wasShown = true;
+            // Before a window is shown, its widgets have no sizes yet.
+            updateLayouts(m_area->widget(), m_area->widget());
+            m_window->layout()->activate();
+            m_window->centralWidget()->layout()->activate();
             growWide();
             grow();
         }
@@ -54,6 +58,7 @@ bool FormFit::eventFilter(QObject* watched, QEvent* event)
         if (event->type() == QEvent::ShowToParent) {
             const int before = m_window->height();
             updateLayouts(body, m_area->widget());
+            growWide();
             grow();
             m_grown[body] = m_window->height() - before;
         } else if (event->type() == QEvent::HideToParent) {
@@ -67,7 +72,7 @@ bool FormFit::eventFilter(QObject* watched, QEvent* event)
 void FormFit::growWide()
 {
     // Of a large font, the form needs more than the usual width.
-    const int missing = m_area->widget()->sizeHint().width() - m_area->viewport()->width();
+    const int missing = m_area->widget()->sizeHint().width() - m_area->width();
     const int room = availableSize().width() - m_window->width();
     if (missing > 0 && room > 0)
         m_window->resize(m_window->width() + qMin(missing, room), m_window->height());
@@ -76,7 +81,7 @@ void FormFit::growWide()
 void FormFit::grow()
 {
     m_area->setMinimumWidth(m_area->widget()->minimumSizeHint().width());
-    const int wanted = m_area->widget()->sizeHint().height() - m_area->viewport()->height();
+    const int wanted = m_area->widget()->sizeHint().height() - m_area->height();
     const int room = availableSize().height() - m_window->height();
     if (wanted > 0 && room > 0)
         m_window->resize(m_window->width(), m_window->height() + qMin(wanted, room));
@@ -97,7 +102,7 @@ void FormFit::shrink(int height)
 
 int FormFit::spareHeight(const QWidget* body) const
 {
-    const int hidden = m_area->widget()->height() - m_area->viewport()->height();
+    const int hidden = m_area->widget()->height() - m_area->height();
     return body->height() - qMax(0, hidden);
 }
 
