@@ -155,16 +155,16 @@ void CreateTest::takesAnArgumentThatEndsWithAnEqualsSign()
 void CreateTest::takesArgumentsForWhatTheyAre()
 {
     ToolFixture tool;
-    QCOMPARE(create(&tool, {"--function", "[a,b]", "--force", "-5", "it's \"q\"", "--function",
+    QCOMPARE(create(&tool, {"--function", "[a,b]", "--forced", "-5", "it's \"q\"", "--function",
                             "{}", "%%", "", "\x01x"})
                  .code,
              2);
-    QCOMPARE(create(&tool, {"--function", "[a,b]", "--force", "-5", "it's \"q\"", "--function",
+    QCOMPARE(create(&tool, {"--function", "[a,b]", "--forced", "-5", "it's \"q\"", "--function",
                             "{}", "%%", "", "[x]"})
                  .code,
              0);
     QVERIFY(tool.read("top.txt").contains(
-        "Function name: [a,b]\nFunction author: --force\nFunction CI No: -5\n"
+        "Function name: [a,b]\nFunction author: --forced\nFunction CI No: -5\n"
         "Function description: it's \"q\"\n---\nFunction name: {}\nFunction author: %%\n"
         "Function CI No: \nFunction description: [x]\n---\n----\n"));
     // An empty value is one, whatever comes next.

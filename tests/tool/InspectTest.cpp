@@ -66,6 +66,7 @@ void InspectTest::listsAHeaderForPeople()
                                 "  configNumber   1 slot\n"
                                 "  versionMajor   1 number\n"
                                 "  versionMinor   0 number\n"
+                                "  version        1.0\n"
                                 "  fileName       top.fcf\n"
                                 "  ciNumber       42\n"
                                 "  author         Ann\n"

@@ -235,7 +235,7 @@ void RefusalTest::refusesAnotherBuild_data()
         << "like.xml" << QByteArray("<x/>") << "the name ends with neither .fcf, .txt nor .json";
     QTest::newRow("an image that is none")
         << "like.fcf" << QByteArray(3000, 'x')
-        << "like.fcf: text at offset 64: is not what an FCF header";
+        << "like.fcf: text: is no FCF file: neither the reserved";
     QTest::newRow("an empty companion") << "like.txt" << QByteArray() << "is no FCF header page";
     recipe("no JSON", "{", "like.json: is not JSON: ");
     recipe("no object", "[]", "recipe: is missing: this is not a recipe");

@@ -34,6 +34,9 @@ public:
     /// Reads up to \p bytes bytes from \p offset on into \p data. Returns how many, 0 at the end.
     Result<qint64> readAt(qint64 offset, char* data, qint64 bytes) const;
 
+    /// An error if the file was written to or replaced since it was opened.
+    Status checkUnchanged() const;
+
     /// The error that it cannot be read on account of \p reason.
     tl::unexpected<Finding> notRead(const QString& reason, const QString& field = {}) const;
 
@@ -44,6 +47,8 @@ private:
     QString m_label;
     std::unique_ptr<QFile> m_file;
     qint64 m_size = 0;
+    /// Of a file with a name: what changes with it.
+    std::optional<FileSystem::Version> m_version;
 };
 
 /// A file that a run reads, so that no output takes its place.
