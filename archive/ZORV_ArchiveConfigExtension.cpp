@@ -1,4 +1,4 @@
-#include "ZORV_ArchiveConfigExtension.h"
+#include "archive/ZORV_ArchiveConfigExtension.h"
 
 #include "ui_ZORV_ArchiveConfigExtension.h"
 
@@ -31,7 +31,7 @@ public:
         beginGroup(QLatin1String("Plugins"));
         beginGroup(QLatin1String("ZORV_Plugin"));
     }
-    ~PluginSettings()
+    ~PluginSettings() override
     {
         endGroup();
         endGroup();
@@ -47,7 +47,7 @@ QString twoDigits(int number)
 } // namespace
 
 ZORV_ArchiveConfigExtension::ZORV_ArchiveConfigExtension(QWidget* parent)
-    : QWidget(parent), ui(new Ui_ZORV_ArchiveConfigExtension), archiveDialog(0)
+    : QWidget(parent), ui(new Ui_ZORV_ArchiveConfigExtension), archiveDialog(nullptr)
 {
     ui->setupUi(this);
     connectNameFields();
@@ -116,7 +116,7 @@ QString ZORV_ArchiveConfigExtension::destinationPathOnActivation() const { retur
 void ZORV_ArchiveConfigExtension::setArchiveDialogWidget(DesignArchiveOutputParserDialog* dialog)
 {
     archiveDialog = dialog;
-    const IDesign* const design = dialog ? dialog->design() : 0;
+    const IDesign* const design = dialog ? dialog->design() : nullptr;
     if (!design)
         return;
     ui->spinBoxVersionMajor->setValue(design->versionMajor());

@@ -18,8 +18,8 @@ using OrvanticCore::Interfaces::IDesignArchiveExtension;
 /// 7010-GNRL-ELEC-FW-01-V-01_00: package code, project CM code, design code, kind code, sequence
 /// number and revision.
 ///
-/// The host may call it in whatever order; without a dialog or a design it does nothing. It
-/// does not watch the dialog's lifetime: the host takes the dialog back by handing over null.
+/// The host may call it in any order; without a dialog or a design it does nothing. It does not
+/// watch the dialog's lifetime: the host takes the dialog back by setting null.
 class ZORV_ArchiveConfigExtension : public QWidget, public IDesignArchiveExtension {
     Q_OBJECT
     Q_INTERFACES(OrvanticCore::Interfaces::IDesignArchiveExtension)
@@ -27,37 +27,37 @@ class ZORV_ArchiveConfigExtension : public QWidget, public IDesignArchiveExtensi
 public:
     /// Selects the package type that the host's settings file has, and writes it back: an empty
     /// text, with nothing selected, when that one is unknown.
-    explicit ZORV_ArchiveConfigExtension(QWidget* parent = 0);
-    ~ZORV_ArchiveConfigExtension();
+    explicit ZORV_ArchiveConfigExtension(QWidget* parent = nullptr);
+    ~ZORV_ArchiveConfigExtension() override;
 
-    QObject* objectBase() { return this; }
-    const QObject* objectBase() const { return this; }
+    QObject* objectBase() override { return this; }
+    const QObject* objectBase() const override { return this; }
 
     /// The form itself.
-    QWidget* extensionWidget();
-    QString archiveType() const;
+    QWidget* extensionWidget() override;
+    QString archiveType() const override;
 
 Q_SIGNALS:
     /// A package name was built; also sent when it is the same as before.
-    void destinationPathChanged(const QString& new_destination_path);
+    void destinationPathChanged(const QString& new_destination_path) override;
 
 public:
     /// The path that was built last; null before the first one.
-    QString destinationPathOnActivation() const;
+    QString destinationPathOnActivation() const override;
 
     /// Takes the revision from the dialog's design, where each number ends at 99, and builds a
     /// name.
-    void setArchiveDialogWidget(OrvanticCore::DesignArchiveOutputParserDialog* dialog);
+    void setArchiveDialogWidget(OrvanticCore::DesignArchiveOutputParserDialog* dialog) override;
 
     /// Keeps the user from changing what the package name and its content are made from.
-    void updateArchiveDialogWidget();
+    void updateArchiveDialogWidget() override;
 
-    ArchiveItemFlags archiveDesignItems() const;
-    bool archiveIncludeInstaller() const;
+    ArchiveItemFlags archiveDesignItems() const override;
+    bool archiveIncludeInstaller() const override;
 
 public Q_SLOTS:
     /// Ignored: the name comes from the form alone.
-    void handleDestinationPathChanged(const QString& new_destination_path);
+    void handleDestinationPathChanged(const QString& new_destination_path) override;
 
     /// Builds the destination path from the form and the dialog's design and format.
     void updatePackageName();

@@ -12,7 +12,7 @@ set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 # A framework of one's own is found where it was linked.
 set(CMAKE_INSTALL_RPATH_USE_LINK_PATH ON)
-set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}" ${QTILITIES_LIBRARY_DIR})
 
 # A target of the rooms that also build for the host's own Qt 4.8.
 function(zorv_product_target target)
@@ -30,20 +30,28 @@ function(zorv_warnings target)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
 endfunction()
 
+set(ZORV_TEST_ENVIRONMENT
+    QT_QPA_PLATFORM=offscreen
+    LC_ALL=C.UTF-8
+    # Whole stacks, or leaks of Qt could not be distinguished from ours.
+    ASAN_OPTIONS=fast_unwind_on_malloc=0
+    "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan-suppressions.txt")
+
 # A Qt Test program made of NAME.cpp and the further SOURCES. It runs without a screen, in a locale
-# that does not depend on the machine, and with settings of its own.
+# that does not depend on the machine, and with settings of its own, also when started by hand.
 function(zorv_test name)
     cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
-    add_executable(${name} ${name}.cpp ${arg_SOURCES})
+    add_executable(${name} ${name}.cpp ${arg_SOURCES}
+        "${PROJECT_SOURCE_DIR}/tests/support/OwnEnvironment.cpp")
     zorv_target(${name})
     target_link_libraries(${name} PRIVATE Qt5::Test ${arg_LIBRARIES})
     add_test(NAME ${name} COMMAND ${name})
-    set(environment
-        QT_QPA_PLATFORM=offscreen
-        LC_ALL=C.UTF-8
-        "XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/${name}-settings"
-        # Whole stacks, or what Qt leaks could not be told from what we leak.
-        ASAN_OPTIONS=fast_unwind_on_malloc=0
-        "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan-suppressions.txt")
-    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 900)
+    zorv_test_environment(${name})
+endfunction()
+
+# Runs a test without a screen, in a locale that does not depend on the machine, and with settings of
+# its own.
+function(zorv_test_environment name)
+    set_tests_properties(${name} PROPERTIES TIMEOUT 900 ENVIRONMENT
+        "${ZORV_TEST_ENVIRONMENT};XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/${name}-settings")
 endfunction()

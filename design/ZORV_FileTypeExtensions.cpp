@@ -1,4 +1,4 @@
-#include "ZORV_FileTypeExtensions.h"
+#include "design/ZORV_FileTypeExtensions.h"
 
 #include "design/DesignProperties.h"
 #include "generator/PelkFcfGenerator.h"
@@ -38,7 +38,7 @@ struct ZORV_FileTypeExtensionsData {
     QAction* createAction;
     QPointer<PelkFcfGenerator> generator;
 
-    ZORV_FileTypeExtensionsData() : openAction(0), createAction(0) {}
+    ZORV_FileTypeExtensionsData() : openAction(nullptr), createAction(nullptr) {}
 };
 
 namespace {
@@ -47,7 +47,7 @@ namespace {
 IDesign* onlyDesign()
 {
     const QList<IDesign*> designs = DesignManager::instance()->designs();
-    return designs.count() == 1 ? designs.first() : 0;
+    return designs.count() == 1 ? designs.first() : nullptr;
 }
 
 bool belongsToFirmwareDesign(TreeFileItem* item)
@@ -57,7 +57,7 @@ bool belongsToFirmwareDesign(TreeFileItem* item)
 }
 
 /// A property that was added but never given a value is as good as absent.
-bool holdsValue(const QVariant& property)
+bool hasValue(const QVariant& property)
 {
     return property.isValid() && !property.toString().isEmpty();
 }
@@ -132,7 +132,7 @@ void ZORV_FileTypeExtensions::handleActionCreateFCF()
         fillTarget(design);
         fillDescription(design);
     }
-    window->show();
+    showGenerator();
 }
 
 void ZORV_FileTypeExtensions::handleActionOpenFCF()
@@ -140,9 +140,12 @@ void ZORV_FileTypeExtensions::handleActionOpenFCF()
     if (!d->currentItem)
         return;
     PelkFcfGenerator* const window = generator();
-    if (onlyDesign())
+    if (onlyDesign()) {
+        // A window that is open already may list functions, which a load does not remove.
+        window->addNew();
         window->setTxtFile(d->currentItem->filePath());
-    window->show();
+    }
+    showGenerator();
 }
 
 void ZORV_FileTypeExtensions::handleNewFilesCreated(QStringList created_files)
@@ -164,25 +167,26 @@ void ZORV_FileTypeExtensions::handleNewFilesCreated(QStringList created_files)
     // While events run the host may close the design, or the user take a file out of it.
     const QPointer<QObject> designGuard(design->objectBase());
     QList<QPointer<DesignFile>> fileGuards;
-    foreach (DesignFile* file, handled)
+    for (DesignFile* file : handled)
         fileGuards << file;
     QCoreApplication::processEvents();
     if (!designGuard)
         return;
-    // Without a node no cycle was started: ending one would end somebody else's.
+    // Without a node no cycle was started: ending one would end another's.
     if (!node.isEmpty())
         design->tree()->endProcessingCycle(true);
-    handled.clear();
-    foreach (const QPointer<DesignFile>& file, fileGuards) {
+    QList<DesignFile*> remaining;
+    for (const QPointer<DesignFile>& file : fileGuards) {
         if (file)
-            handled << file;
+            remaining << file;
     }
-    design->refreshFiles(handled);
+    design->refreshFiles(remaining);
 }
 
 QAction* ZORV_FileTypeExtensions::makeAction(const QString& text, const char* slot) const
 {
-    QAction* const action = new QAction(QIcon(QLatin1String(":/icons/radar_icon.ico")), text, 0);
+    QAction* const action =
+        new QAction(QIcon(QLatin1String(":/icons/radar_icon.ico")), text, nullptr);
     connect(action, SIGNAL(triggered()), this, slot);
     return action;
 }
@@ -200,6 +204,14 @@ PelkFcfGenerator* ZORV_FileTypeExtensions::generator()
     return d->generator;
 }
 
+void ZORV_FileTypeExtensions::showGenerator()
+{
+    d->generator->show();
+    // One that is open already may be behind the host.
+    d->generator->raise();
+    d->generator->activateWindow();
+}
+
 void ZORV_FileTypeExtensions::centreGenerator()
 {
     const QRect screen = QApplication::desktop()->availableGeometry(d->generator);
@@ -210,17 +222,17 @@ void ZORV_FileTypeExtensions::fillTarget(IDesign* design)
 {
     // In this order, and up to the first gap: the module decides which devices there are.
     const QVariant module = design->designProperty(QLatin1String(ModuleProperty));
-    if (!holdsValue(module))
+    if (!hasValue(module))
         return;
     d->generator->setModule(module.toString());
 
     const QVariant device = design->designProperty(QLatin1String(DeviceProperty));
-    if (!holdsValue(device))
+    if (!hasValue(device))
         return;
     d->generator->setDevice(device.toString());
 
     const QVariant configNumber = design->designProperty(QLatin1String(ConfigNumberProperty));
-    if (holdsValue(configNumber))
+    if (hasValue(configNumber))
         d->generator->setConfigNum(configNumber.toInt());
 }
 
@@ -238,7 +250,7 @@ QList<DesignFile*> ZORV_FileTypeExtensions::addFiles(IDesign* design, const QStr
                                                      const QString& node)
 {
     QList<DesignFile*> handled;
-    foreach (const QString& path, paths) {
+    for (const QString& path : paths) {
         DesignFile* file = design->fileAt(path);
         const bool isNew = !file;
         if (isNew) {

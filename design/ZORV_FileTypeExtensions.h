@@ -30,22 +30,22 @@ class ZORV_FileTypeExtensions : public QObject, public IDesignViewExtensions {
     Q_INTERFACES(OrvanticCore::Interfaces::IDesignViewExtensions)
 
 public:
-    explicit ZORV_FileTypeExtensions(QObject* parent = 0);
-    ~ZORV_FileTypeExtensions();
+    explicit ZORV_FileTypeExtensions(QObject* parent = nullptr);
+    ~ZORV_FileTypeExtensions() override;
 
     /// "Create FCF" for a ".bin" file and "Open FCF" for a ".txt" file. Whatever it returns, both
     /// actions work on \p item from now on.
     QList<QAction*> contextMenuActions(Qtilities::CoreGui::TreeFileItem* item,
-                                       const QString& context);
+                                       const QString& context) override;
 
     /// Enables the actions that exist when the design is neither locked nor read-only.
-    void refreshForDesignState(bool locked, bool read_only);
+    void refreshForDesignState(bool locked, bool read_only) override;
 
 public Q_SLOTS:
     /// Opens the window for a new image of the current item, filled in from the only open design.
     void handleActionCreateFCF();
 
-    /// Opens the window with the build that the current item describes.
+    /// Opens the window with the build that the current item describes, and nothing else in it.
     void handleActionOpenFCF();
 
     /// Takes the files into the only open design as generated ones, and records the window's target
@@ -55,6 +55,7 @@ public Q_SLOTS:
 private:
     QAction* makeAction(const QString& text, const char* slot) const;
     PelkFcfGenerator* generator();
+    void showGenerator();
     void centreGenerator();
     void fillTarget(OrvanticCore::IDesign* design);
     void fillDescription(OrvanticCore::IDesign* design);

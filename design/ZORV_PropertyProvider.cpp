@@ -1,4 +1,4 @@
-#include "ZORV_PropertyProvider.h"
+#include "design/ZORV_PropertyProvider.h"
 
 #include "design/DesignProperties.h"
 

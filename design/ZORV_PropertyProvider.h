@@ -18,14 +18,14 @@ class ZORV_PropertyProvider : public QObject, public IAvailablePropertyProvider 
 public:
     ZORV_PropertyProvider() {}
 
-    QObject* objectBase() { return this; }
-    const QObject* objectBase() const { return this; }
+    QObject* objectBase() override { return this; }
+    const QObject* objectBase() const override { return this; }
 
     /// Device, config number, module; none has a value to start with.
-    QList<Qtilities::Core::PropertySpecification> availableProperties() const;
+    QList<Qtilities::Core::PropertySpecification> availableProperties() const override;
 
     /// None.
-    QStringList prohibitedCustomPropertiesClasses() const;
+    QStringList prohibitedCustomPropertiesClasses() const override;
 };
 
 } // namespace ZORV_Plugin

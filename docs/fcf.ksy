@@ -120,7 +120,7 @@ types:
       - id: first_line
         type: str
         terminator: 0x0a
-        doc: never the mark, whatever it holds
+        doc: never the mark, whatever it contains
       - id: further_lines
         type: str
         terminator: 0x0a

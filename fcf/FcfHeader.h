@@ -19,8 +19,8 @@ bool operator!=(const FcfFunction& left, const FcfFunction& right);
 
 /// What the header page of an FCF says about a build. A plain value.
 ///
-/// The numbers are whatever the file or the form held; nothing here checks them. FcfLayout says
-/// where each field stands in the page, in which unit and what it means.
+/// The numbers are whatever the file or the form had; nothing here checks them. FcfLayout says
+/// where each field is in the page, in which unit and what it means.
 struct FcfHeader {
     qint32 totalPages = 0;
     qint32 totalBlocks = 0;

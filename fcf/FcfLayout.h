@@ -24,7 +24,7 @@ const quint32 ReservedWord = 0xFFFFFFFFu;
 /// Bytes before the line feed that ends the preamble.
 const int PreambleBytes = (NumberCount + ReservedWordCount) * WordBytes;
 
-/// UTF-16 units of a description that a form takes; a file may hold more.
+/// UTF-16 units of a description that a form takes; a file may have more.
 const int FormDescriptionLength = 1000;
 
 /// What one more filler unit is written as: three characters, through the codec of the text.
@@ -50,7 +50,7 @@ struct NumberField {
 
 enum Trimming { Untrimmed, Trimmed };
 
-/// A text of the header or of a function: a line of \a prefix and value. A value may hold line
+/// A text of the header or of a function: a line of \a prefix and value. A value may contain line
 /// feeds, after which it simply goes on at the start of the next line.
 template <class Record>
 struct TextField {

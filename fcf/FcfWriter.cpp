@@ -10,9 +10,6 @@
 
 namespace {
 
-/// Bytes moved at a time: large enough for the disk to be what a copy waits for.
-const int CopyChunkBytes = 1024 * 1024;
-
 QByteArray bigEndian(quint32 word)
 {
     QByteArray bytes(FcfLayout::WordBytes, Qt::Uninitialized);
@@ -95,31 +92,5 @@ bool FcfWriter::writeAll(QIODevice* device, const QByteArray& bytes, QString* er
             return fail(error, tr("the device takes no more bytes"));
         written += count;
     }
-    return true;
-}
-
-bool FcfWriter::copyPayload(QIODevice* payload, qint64 bytes, QIODevice* image, QString* error)
-{
-    QByteArray chunk(CopyChunkBytes, Qt::Uninitialized);
-    qint64 copied = 0;
-    // One byte more than expected is asked for, so that a payload that grows (the image itself, in
-    // the worst case) ends the loop.
-    while (copied <= bytes) {
-        const qint64 wanted = qMin<qint64>(CopyChunkBytes, bytes + 1 - copied);
-        const qint64 count = payload->read(chunk.data(), wanted);
-        if (count < 0)
-            return fail(error, payload->errorString());
-        if (count == 0)
-            break;
-        const qint64 kept = qMin(count, bytes - copied);
-        if (!writeAll(image, QByteArray::fromRawData(chunk.constData(), static_cast<int>(kept)),
-                      error))
-            return false;
-        copied += count;
-    }
-    if (copied < bytes)
-        return fail(error, tr("the payload ends after %1 of %2 bytes").arg(copied).arg(bytes));
-    if (copied > bytes)
-        return fail(error, tr("the payload is longer than its %1 bytes").arg(bytes));
     return true;
 }

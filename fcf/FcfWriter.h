@@ -18,8 +18,8 @@ class FcfWriter {
     Q_DECLARE_TR_FUNCTIONS(FcfWriter)
 
 public:
-    /// Texts are encoded with \p codec, which stays the caller's; null stands for the locale's.
-    explicit FcfWriter(QTextCodec* codec = 0);
+    /// Texts are encoded with \p codec, which stays the caller's; null means the locale's.
+    explicit FcfWriter(QTextCodec* codec = nullptr);
 
     /// Preamble and text of \p header, without filler. May be longer than a page.
     QByteArray compose(const FcfHeader& header) const;
@@ -30,11 +30,6 @@ public:
 
     /// Writes all of \p bytes.
     static bool writeAll(QIODevice* device, const QByteArray& bytes, QString* error);
-
-    /// Copies \p bytes bytes from where \p payload stands to where \p image stands. A payload that
-    /// ends before or goes on after them is an error: what is then in the image is not the payload
-    /// that was measured.
-    static bool copyPayload(QIODevice* payload, qint64 bytes, QIODevice* image, QString* error);
 
 private:
     QTextCodec* m_codec;

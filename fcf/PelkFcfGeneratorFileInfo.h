@@ -6,10 +6,10 @@
 
 struct FcfHeader;
 
-/// Tells sizes in the units of the flash. Stateless.
+/// Sizes in the units of the flash. Stateless.
 ///
-/// What fits in one block is told in pages alone, up to 64 of them; anything larger in whole blocks
-/// and the 0 to 63 pages left over. A page begun counts as a whole one.
+/// What fits in one block is given in pages alone, up to 64 of them; anything larger in whole
+/// blocks and the 0 to 63 pages left over. A page begun counts as a whole one.
 class PelkFcfGeneratorFileInfo {
 public:
     /// Bytes of the file at \p path, or 0 when there is none.
@@ -21,7 +21,7 @@ public:
     /// The whole blocks of \p bytes; 0 up to and including one full block.
     int blocks(int bytes) const;
 
-    /// Sets the six sizes of \p header for a binary of \p binaryBytes bytes. A size field holds 32
+    /// Sets the six sizes of \p header for a binary of \p binaryBytes bytes. A size field has 32
     /// bits; what does not fit is cut off.
     void measure(qint64 binaryBytes, FcfHeader* header) const;
 };

@@ -5,7 +5,7 @@
 
 #include <functional>
 
-/// Tells the local time that a file is stamped with.
+/// The local time that a file is stamped with.
 typedef std::function<QDateTime()> FcfClock;
 
 #endif

@@ -1,13 +1,14 @@
-#include "FcfOutput.h"
+#include "generator/FcfOutput.h"
 
 #include "fcf/FcfLayout.h"
 #include "fcf/FcfWriter.h"
+#include "fcf/PayloadCopy.h"
 
 #include <QFileInfo>
 
 namespace {
 
-// Unbuffered, so that the disk answers to each write and not only to the closing of the file.
+// Unbuffered, so that the result of each write is known at once and not only on closing the file.
 const QIODevice::OpenMode Truncating =
     QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered;
 const QIODevice::OpenMode Appending = QIODevice::Append | QIODevice::Unbuffered;
@@ -17,7 +18,7 @@ const QIODevice::OpenMode Appending = QIODevice::Append | QIODevice::Unbuffered;
 FcfOutput::FcfOutput(const QString& imagePath, const QString& binaryPath,
                      const QString& companionPath)
     : m_image(imagePath), m_companion(companionPath), m_binary(binaryPath), m_payloadBytes(0),
-      m_outcome(GoesWell)
+      m_outcome(NoFailure)
 {
 }
 
@@ -49,7 +50,7 @@ bool FcfOutput::fillHeaders(const FcfWriter& writer)
     if (!closeWhole(&m_image) || !closeWhole(&m_companion))
         return false;
     if (m_companion.bytes > FcfLayout::PageBytes)
-        return deleteTooLarge();
+        return fail(HeaderTooLarge, m_companion.file);
     if (isFilled(m_image) && isFilled(m_companion))
         return true;
 
@@ -58,15 +59,15 @@ bool FcfOutput::fillHeaders(const FcfWriter& writer)
     return fill(&m_image, writer) && fill(&m_companion, writer);
 }
 
-bool FcfOutput::appendPayload()
+bool FcfOutput::appendPayload(const PayloadCopy::Observer& observer)
 {
     if (!openFile(&m_image.file, Appending))
         return false;
     if (!m_binary.isOpen())
         return fail(Failed, m_binary, m_binary.errorString());
-    QString error;
-    if (!FcfWriter::copyPayload(&m_binary, m_payloadBytes, &m_image.file, &error))
-        return fail(Failed, m_image.file, error);
+    PayloadCopy copy(&m_binary, m_payloadBytes, &m_image.file);
+    if (!copy.run(PayloadCopy::Unseen, observer))
+        return fail(Failed, m_image.file, copy.error());
     m_image.bytes += m_payloadBytes;
     m_binary.close();
     return closeWhole(&m_image);
@@ -88,7 +89,7 @@ bool FcfOutput::openFile(QFile* file, QIODevice::OpenMode mode)
 
 bool FcfOutput::writeHeader(Page* page, const QByteArray& header)
 {
-    // One that could not be opened is found out when it is opened again.
+    // One that could not be opened fails when it is opened again.
     return !page->file.isOpen() || append(page, header);
 }
 
@@ -115,19 +116,23 @@ bool FcfOutput::closeWhole(Page* page)
     return true;
 }
 
-bool FcfOutput::deleteTooLarge()
+bool FcfOutput::removeFiles()
 {
-    const bool companionRemoved = m_companion.file.remove();
-    const bool imageRemoved = m_image.file.remove();
-    if (!companionRemoved)
-        return fail(HeaderTooLarge, m_companion.file, m_companion.file.errorString());
-    return fail(HeaderTooLarge, m_image.file,
-                imageRemoved ? QString() : m_image.file.errorString());
+    bool areRemoved = true;
+    QFile* const files[] = {&m_companion.file, &m_image.file};
+    for (QFile* file : files) {
+        if (file->remove())
+            continue;
+        areRemoved = false;
+        m_path = file->fileName();
+        m_reason = file->errorString();
+    }
+    return areRemoved;
 }
 
 bool FcfOutput::fail(Outcome outcome, const QFile& file, const QString& reason)
 {
-    if (m_outcome != GoesWell)
+    if (m_outcome != NoFailure)
         return false;
     m_outcome = outcome;
     m_path = file.fileName();

@@ -1,6 +1,8 @@
 #ifndef GENERATOR_FCFOUTPUT_H
 #define GENERATOR_FCFOUTPUT_H
 
+#include "fcf/PayloadCopy.h"
+
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QFile>
@@ -11,25 +13,24 @@ class FcfWriter;
 /// The files of one generation: the image and its companion, written, and the binary, read.
 ///
 /// Call open(), writeImageHeader(), writeCompanionHeader(), fillHeaders() and appendPayload(), in
-/// this order and up to the first that returns false; outcome(), path() and reason() then tell what
-/// went wrong. What has been written by then stays, but for a header that is too large.
+/// this order and up to the first that returns false; outcome(), path() and reason() then say what
+/// went wrong. What has been written by then stays where it is.
 class FcfOutput {
     Q_DECLARE_TR_FUNCTIONS(FcfOutput)
 
 public:
     enum Outcome {
-        GoesWell,
+        NoFailure,
         /// path() cannot be opened.
         CannotOpen,
-        /// The header does not fit in its page. Both files are deleted, unless reason() tells why
-        /// path() could not be.
+        /// The header does not fit in its page. Call removeFiles().
         HeaderTooLarge,
         /// path() cannot be read or written, or did not keep what was written; see reason().
         Failed
     };
 
     /// Whether open() ends at the first file that cannot be opened, or leaves that to the later
-    /// steps, where it shows as missing output.
+    /// steps, where it appears as missing output.
     enum OpenMode { EndAtFirstFailure, ShowFailuresLater };
 
     FcfOutput(const QString& imagePath, const QString& binaryPath, const QString& companionPath);
@@ -44,7 +45,12 @@ public:
     bool fillHeaders(const FcfWriter& writer);
 
     /// Appends the binary to the image, and closes all files.
-    bool appendPayload();
+    /// \p observer is called after each piece with its number of bytes.
+    bool appendPayload(const PayloadCopy::Observer& observer);
+
+    /// Deletes the companion, then the image. Returns false when one of them is still there, with
+    /// its path() and the reason().
+    bool removeFiles();
 
     /// Bytes of the binary when it was opened.
     qint64 payloadBytes() const { return m_payloadBytes; }
@@ -68,7 +74,6 @@ private:
     bool fill(Page* page, const FcfWriter& writer);
     bool append(Page* page, const QByteArray& bytes);
     bool closeWhole(Page* page);
-    bool deleteTooLarge();
     /// Notes the first failure, and returns false.
     bool fail(Outcome outcome, const QFile& file, const QString& reason = QString());
 

@@ -1,10 +1,6 @@
-#include "GeneratorDialogs.h"
+#include "generator/GeneratorDialogs.h"
 
 #include <QCoreApplication>
-#include <QFileDialog>
-#include <QMessageBox>
-
-GeneratorDialogs::~GeneratorDialogs() {}
 
 namespace {
 
@@ -17,25 +13,20 @@ void prepare(QMessageBox* box, QMessageBox::Icon icon, const QString& text)
 
 } // namespace
 
-void DesktopDialogs::tell(const QString& text)
+void GeneratorDialogs::inform(const QString& text)
 {
     QMessageBox box;
     prepare(&box, QMessageBox::Warning, text);
     box.exec();
 }
 
-GeneratorDialogs::Answer DesktopDialogs::ask(const QString& text, DefaultButton defaultButton)
+QMessageBox::StandardButton GeneratorDialogs::ask(const QString& text,
+                                                  QMessageBox::StandardButton defaultButton)
 {
     QMessageBox box;
     prepare(&box, QMessageBox::Question, text);
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-    if (defaultButton == DefaultsToNo)
-        box.setDefaultButton(QMessageBox::No);
-    return box.exec() == QMessageBox::Yes ? Yes : No;
-}
-
-QString DesktopDialogs::chooseFile(QWidget* parent, const QString& caption, const QString& start,
-                                   const QString& filter)
-{
-    return QFileDialog::getOpenFileName(parent, caption, start, filter);
+    if (defaultButton != QMessageBox::NoButton)
+        box.setDefaultButton(defaultButton);
+    return static_cast<QMessageBox::StandardButton>(box.exec());
 }

@@ -1,42 +1,21 @@
 #ifndef GENERATOR_GENERATORDIALOGS_H
 #define GENERATOR_GENERATORDIALOGS_H
 
+#include <QMessageBox>
 #include <QString>
 
-class QWidget;
+/// The modal boxes of the generator window. They have no parent, and each call returns once the
+/// user has answered.
+namespace GeneratorDialogs {
 
-/// The one place through which the generator window speaks to its user in boxes of its own.
-///
-/// Every call is modal: it returns once the user has answered.
-class GeneratorDialogs {
-public:
-    enum Answer { Yes, No };
-    enum DefaultButton { NoDefault, DefaultsToNo };
+/// Shows \p text until the user confirms it.
+void inform(const QString& text);
 
-    GeneratorDialogs() {}
-    virtual ~GeneratorDialogs();
+/// Asks \p text with the buttons Yes and No, of which \p defaultButton answers Enter. Closing the
+/// box answers No.
+QMessageBox::StandardButton ask(const QString& text,
+                                QMessageBox::StandardButton defaultButton = QMessageBox::NoButton);
 
-    /// Shows \p text until the user confirms it.
-    virtual void tell(const QString& text) = 0;
-
-    /// Asks \p text with the buttons Yes and No. Closing the box answers No.
-    virtual Answer ask(const QString& text, DefaultButton defaultButton) = 0;
-
-    /// The existing file that the user chose over \p parent, or an empty text.
-    virtual QString chooseFile(QWidget* parent, const QString& caption, const QString& start,
-                               const QString& filter) = 0;
-
-private:
-    Q_DISABLE_COPY(GeneratorDialogs)
-};
-
-/// The dialogs of Qt. The boxes have no parent.
-class DesktopDialogs : public GeneratorDialogs {
-public:
-    void tell(const QString& text);
-    Answer ask(const QString& text, DefaultButton defaultButton);
-    QString chooseFile(QWidget* parent, const QString& caption, const QString& start,
-                       const QString& filter);
-};
+} // namespace GeneratorDialogs
 
 #endif

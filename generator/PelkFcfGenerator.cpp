@@ -1,8 +1,9 @@
-#include "PelkFcfGenerator.h"
+#include "generator/PelkFcfGenerator.h"
 
-#include "fcf/FcfHeader.h"
 #include "fcf/FcfTarget.h"
 #include "fcf/PelkFcfGeneratorFileInfo.h"
+#include "generator/FileDrop.h"
+#include "generator/FormFit.h"
 
 #include "ui_PelkFcfGenerator.h"
 
@@ -14,6 +15,7 @@ using QtCreatorUtilities::DetailsWidget;
 
 namespace {
 
+/// Of all windows, which it has no state of.
 QScopedPointer<PelkFcfGeneratorFileInfo> fileInfo;
 
 /// Selects the item with exactly the text \p text; an unknown one changes nothing.
@@ -24,11 +26,12 @@ void selectText(QComboBox* box, const QString& text)
         box->setCurrentIndex(index);
 }
 
-/// Lets the keyboard reach what \a panel itself offers it (to fold, say) right after \a previous.
-/// Made after the form, it would come last.
+/// Puts what \a panel itself offers to the keyboard (to fold, say) right behind \a previous in the
+/// tab order. Made after the form, it would come last.
 void putIntoTabOrder(const DetailsWidget* panel, QWidget* previous)
 {
-    foreach (QWidget* widget, panel->findChildren<QWidget*>()) {
+    const QList<QWidget*> widgets = panel->findChildren<QWidget*>();
+    for (QWidget* widget : widgets) {
         const bool ofBody = panel->widget() == widget || panel->widget()->isAncestorOf(widget);
         if (ofBody || !(widget->focusPolicy() & Qt::TabFocus))
             continue;
@@ -40,10 +43,8 @@ void putIntoTabOrder(const DetailsWidget* panel, QWidget* previous)
 } // namespace
 
 PelkFcfGenerator::PelkFcfGenerator(QWidget* parent)
-    : QMainWindow(parent), ui(new Ui_PelkFcfGenerator), m_dialogs(new DesktopDialogs),
-      m_clock(&QDateTime::currentDateTime), functionsDetails(0), targetDetails(0), moduleCode(0),
-      deviceCode(0), binFileSize(0), binPages(0), binBlocks(0), totalSize(0), totalPages(0),
-      totalBlocks(0)
+    : QMainWindow(parent), ui(new Ui_PelkFcfGenerator), m_clock(&QDateTime::currentDateTime),
+      functionsDetails(nullptr), targetDetails(nullptr), moduleCode(0), deviceCode(0)
 {
     ui->setupUi(this);
     fileInfo.reset(new PelkFcfGeneratorFileInfo);
@@ -56,6 +57,9 @@ PelkFcfGenerator::PelkFcfGenerator(QWidget* parent)
     targetDetails->setState(DetailsWidget::Expanded);
     putIntoTabOrder(targetDetails, ui->DescriptionMemo);
     putIntoTabOrder(functionsDetails, ui->ConfigComboBox);
+    new FormFit(this, ui->formArea,
+                QList<QWidget*>() << ui->widgetTargetSettings << ui->widgetFunctions);
+    new FileDrop(this);
 }
 
 PelkFcfGenerator::~PelkFcfGenerator() {}
@@ -94,8 +98,6 @@ DetailsWidget* PelkFcfGenerator::foldInto(QWidget* holder, QWidget* body, const 
     details->setSummaryText(summary);
     return details;
 }
-
-void PelkFcfGenerator::setDialogs(GeneratorDialogs* dialogs) { m_dialogs.reset(dialogs); }
 
 void PelkFcfGenerator::setClock(const FcfClock& clock) { m_clock = clock; }
 
@@ -138,18 +140,10 @@ void PelkFcfGenerator::setBinFile(const QString& path)
 void PelkFcfGenerator::displayBinFileSizeInfo(const QString& path)
 {
     const qint64 size = fileInfo->getFileSize(path);
-    FcfHeader sizes;
-    fileInfo->measure(size, &sizes);
-    binFileSize = sizes.binFileSize;
-    binPages = sizes.binPages;
-    binBlocks = sizes.binBlocks;
-    totalSize = sizes.totalSize;
-    totalPages = sizes.totalPages;
-    totalBlocks = sizes.totalBlocks;
-
+    fileInfo->measure(size, &m_sizes);
     ui->BinFileSize->setText(QString::number(size) + tr("  Bytes"));
-    ui->BinFilePages->setText(QString::number(binPages) + tr(" Pages"));
-    ui->BinFileBlocks->setText(QString::number(binBlocks) + tr(" blocks"));
+    ui->BinFilePages->setText(QString::number(m_sizes.binPages) + tr(" Pages"));
+    ui->BinFileBlocks->setText(QString::number(m_sizes.binBlocks) + tr(" blocks"));
 }
 
 void PelkFcfGenerator::updateComboBoxFPGA()

@@ -1,8 +1,8 @@
 #ifndef GENERATOR_PELKFCFGENERATOR_H
 #define GENERATOR_PELKFCFGENERATOR_H
 
+#include "fcf/FcfHeader.h"
 #include "generator/FcfClock.h"
-#include "generator/GeneratorDialogs.h"
 
 #include <QMainWindow>
 #include <QScopedPointer>
@@ -12,8 +12,6 @@
 
 class FcfOutput;
 class Ui_PelkFcfGenerator;
-struct FcfFunction;
-struct FcfHeader;
 struct FcfReading;
 
 namespace QtCreatorUtilities {
@@ -29,8 +27,8 @@ class PelkFcfGenerator : public QMainWindow {
 
 public:
     /// Starts with module "DFE", its first device, slot 1 and no function.
-    explicit PelkFcfGenerator(QWidget* parent = 0);
-    ~PelkFcfGenerator();
+    explicit PelkFcfGenerator(QWidget* parent = nullptr);
+    ~PelkFcfGenerator() override;
 
     /// Selects the module with exactly that text; an unknown one changes nothing.
     void setModule(const QString& module);
@@ -65,11 +63,8 @@ public:
     /// writer was called, not whether it succeeded.
     bool updateConfigData();
 
-    /// Writes the image of the binary at \p binPath and its companion, and shows how that went.
+    /// Writes the image of the binary at \p binPath and its companion, and shows the result.
     void saveTofile(QString binPath);
-
-    /// Replaces the boxes and file dialogs. Takes ownership of \p dialogs.
-    void setDialogs(GeneratorDialogs* dialogs);
 
     /// Replaces the clock of the "Date: " and "Time: " lines, which is read once for each file.
     void setClock(const FcfClock& clock);
@@ -109,7 +104,7 @@ private:
     void functionsFieldSetEditable();
     void functionsFieldSetNotEditable();
     void setFunctionFieldsEnabled(bool enabled);
-    /// What the editor holds as one function, and the same the other way round.
+    /// What is in the editor as one function, and the same the other way round.
     FcfFunction editedFunction() const;
     void editFunction(const FcfFunction& function);
     /// The function at \p index of the list, empty where there is none.
@@ -120,17 +115,20 @@ private:
     void showTexts(const FcfReading& reading);
     void showFunctionRead(const FcfFunction& function);
     void showLoadingFailed();
+    /// Paths in a plain status are shown as they are, whatever markup they look like.
+    void showPlainStatus(const QString& text);
+    void showStatus(const QString& html);
 
     FcfHeader headerFromForm() const;
+    bool appendPayload(FcfOutput* output);
     bool writeHeaders(FcfOutput* output, const QString& imageName);
     void showTotals();
     void showGenerated(const QStringList& files);
     void showGenerationFailed();
-    void reportFailure(const FcfOutput& output);
+    void reportFailure(FcfOutput* output);
     void warnOfOtherSize(const QString& binPath, qint64 payloadBytes) const;
 
     QScopedPointer<Ui_PelkFcfGenerator> ui;
-    QScopedPointer<GeneratorDialogs> m_dialogs;
     FcfClock m_clock;
     QtCreatorUtilities::DetailsWidget* functionsDetails;
     QtCreatorUtilities::DetailsWidget* targetDetails;
@@ -142,12 +140,8 @@ private:
     /// Keeps its value over generations in which the device has no code of its own.
     qint32 deviceCode;
 
-    qint32 binFileSize;
-    qint32 binPages;
-    qint32 binBlocks;
-    qint32 totalSize;
-    qint32 totalPages;
-    qint32 totalBlocks;
+    /// Its six sizes are those of the binary when it was last selected; nothing else is set.
+    FcfHeader m_sizes;
 };
 
 #endif

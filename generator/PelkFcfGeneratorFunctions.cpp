@@ -1,9 +1,9 @@
 // The function list of the generator window and its editor.
 
-#include "PelkFcfGenerator.h"
+#include "generator/PelkFcfGenerator.h"
 
-#include "fcf/FcfHeader.h"
 #include "fcf/FcfLayout.h"
+#include "generator/GeneratorDialogs.h"
 
 #include "ui_PelkFcfGenerator.h"
 
@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Where each text of a function stands among its entries of the flat list.
+/// Where each text of a function is among its entries of the flat list.
 enum Entry { NameEntry, AuthorEntry, DescriptionEntry, CiNumberEntry, EntryCount };
 
 const char* const DefaultText = "0000";
@@ -106,10 +106,10 @@ void PelkFcfGenerator::displayFunctionInfo(int new_selection)
 bool PelkFcfGenerator::checkFunction()
 {
     if (ui->EditFunctionName->text().isEmpty()) {
-        m_dialogs->tell(
+        GeneratorDialogs::inform(
             tr("Please enter a Function Name before uploading Function field is empty"));
         ui->EditFunctionName->setFocus();
-        // Told, not refused: the function is added without a name.
+        // A warning, not a refusal: the function is added without a name.
         return false;
     }
 
@@ -124,10 +124,10 @@ bool PelkFcfGenerator::checkFunction()
     if (index < 0)
         return false;
 
-    const GeneratorDialogs::Answer answer =
-        m_dialogs->ask(tr("The Function already exists, click Yes to override it and No to cancel"),
-                       GeneratorDialogs::DefaultsToNo);
-    if (answer != GeneratorDialogs::No) {
+    const QMessageBox::StandardButton answer = GeneratorDialogs::ask(
+        tr("The Function already exists, click Yes to override it and No to cancel"),
+        QMessageBox::No);
+    if (answer != QMessageBox::No) {
         const int first = index * EntryCount;
         // Shorter than the combo box after a load into a window that listed functions already.
         functions.resize(qMax(functions.size(), first + EntryCount));
@@ -160,16 +160,15 @@ void PelkFcfGenerator::btnRemove_clicked()
     if (ui->FunctionComboBox->count() == 0)
         return;
     const int index = ui->FunctionComboBox->currentIndex();
-    // The index goes into the build's author whatever the answer; users of the window know it so.
+    // The index goes into the build's author whatever the answer; users know the window so.
     ui->AuthoEditBox->setText(QString::number(index));
-    const GeneratorDialogs::Answer answer = m_dialogs->ask(
+    const QMessageBox::StandardButton answer = GeneratorDialogs::ask(
         tr("Are you sure you want to remove the function?, click Yes to remove it and No to "
-           "cancel"),
-        GeneratorDialogs::NoDefault);
-    if (answer != GeneratorDialogs::Yes)
+           "cancel"));
+    if (answer != QMessageBox::Yes)
         return;
 
-    // Shows the next function while the list still holds the removed one; hence the clearing.
+    // This shows the next function from a list that still has the removed one; hence the clearing.
     ui->FunctionComboBox->removeItem(index);
     clearFunctionFields();
     if (index >= 0 && functions.size() >= (index + 1) * EntryCount)
@@ -188,6 +187,7 @@ void PelkFcfGenerator::DescriptionMemoExit()
         return;
     ui->DescriptionMemo->setPlainText(description.left(FcfLayout::FormDescriptionLength));
     ui->DescriptionMemo->setFocus();
-    m_dialogs->tell(tr("The Description can not be more 1000 characters long The description is "
-                       "too long"));
+    GeneratorDialogs::inform(
+        tr("The Description can not be more 1000 characters long The description is "
+           "too long"));
 }

@@ -1,11 +1,12 @@
 // How the generator window turns its form into an image and a companion.
 
-#include "PelkFcfGenerator.h"
+#include "generator/PelkFcfGenerator.h"
 
-#include "fcf/FcfHeader.h"
 #include "fcf/FcfTarget.h"
 #include "fcf/FcfWriter.h"
+#include "generator/CopyProgress.h"
 #include "generator/FcfOutput.h"
+#include "generator/GeneratorDialogs.h"
 
 #include "ui_PelkFcfGenerator.h"
 
@@ -23,7 +24,7 @@ void logMessage(Logger::MessageType type, const QString& text)
                                            PelkFcfGenerator::tr("Pelk FCF Generator: ") + text);
 }
 
-/// Every ".bin" in \p path gives way, in the names of folders too.
+/// \p path with every ".bin" replaced, in the names of folders too.
 QString withExtension(const QString& path, const char* extension)
 {
     return QString(path).replace(QLatin1String(".bin"), QLatin1String(extension));
@@ -43,15 +44,15 @@ bool PelkFcfGenerator::updateConfigData()
     deviceCode = FcfTarget::deviceCode(getModule(), getDevice(), deviceCode);
 
     if (ui->txtInputFile->text().isEmpty()) {
-        m_dialogs->tell(tr("Please select a bin file first"));
+        GeneratorDialogs::inform(tr("Please select a bin file first"));
         return false;
     }
     if (ui->AuthoEditBox->text().isEmpty()) {
-        m_dialogs->tell(tr("Please enter the author 's name"));
+        GeneratorDialogs::inform(tr("Please enter the author 's name"));
         return false;
     }
     if (ui->CiNumEditBox->text().isEmpty()) {
-        m_dialogs->tell(tr("Please enter a CI number"));
+        GeneratorDialogs::inform(tr("Please enter a CI number"));
         return false;
     }
     saveTofile(ui->txtInputFile->text());
@@ -64,24 +65,32 @@ void PelkFcfGenerator::saveTofile(QString binPath)
     const QString companionPath = withExtension(ui->txtInputFile->text(), ".txt");
 
     const bool overwriting = QFileInfo(imagePath).exists();
-    if (overwriting && m_dialogs->ask(tr("A fcf file already exists at path:<br><br>") + imagePath +
-                                          tr("<br><br>Do you want to overwrite it?"),
-                                      GeneratorDialogs::DefaultsToNo) != GeneratorDialogs::Yes) {
+    if (overwriting &&
+        GeneratorDialogs::ask(tr("A fcf file already exists at path:<br><br>") + imagePath +
+                                  tr("<br><br>Do you want to overwrite it?"),
+                              QMessageBox::No) != QMessageBox::Yes) {
         showGenerationFailed();
         return;
     }
 
     FcfOutput output(imagePath, binPath, companionPath);
-    const bool whole =
+    const bool isWhole =
         output.open(overwriting ? FcfOutput::EndAtFirstFailure : FcfOutput::ShowFailuresLater) &&
         writeHeaders(&output, QFileInfo(imagePath).fileName()) && output.fillHeaders(FcfWriter()) &&
-        output.appendPayload();
-    if (!whole) {
-        reportFailure(output);
+        appendPayload(&output);
+    if (!isWhole) {
+        reportFailure(&output);
         return;
     }
     warnOfOtherSize(binPath, output.payloadBytes());
     showGenerated(QStringList() << imagePath << companionPath);
+}
+
+bool PelkFcfGenerator::appendPayload(FcfOutput* output)
+{
+    CopyProgress progress(ui->StatusBar, output->payloadBytes());
+    return output->appendPayload(
+        [&progress](const char*, qint64 bytes) { progress.advance(bytes); });
 }
 
 bool PelkFcfGenerator::writeHeaders(FcfOutput* output, const QString& imageName)
@@ -94,20 +103,14 @@ bool PelkFcfGenerator::writeHeaders(FcfOutput* output, const QString& imageName)
     const bool imageWritten = output->writeImageHeader(writer.compose(header));
     header.stamp(m_clock());
     const bool companionWritten = output->writeCompanionHeader(writer.compose(header));
-    // Told of the build, whatever the disk said.
+    // The totals are the build's, whatever became of the files.
     showTotals();
     return imageWritten && companionWritten;
 }
 
 FcfHeader PelkFcfGenerator::headerFromForm() const
 {
-    FcfHeader header;
-    header.totalPages = totalPages;
-    header.totalBlocks = totalBlocks;
-    header.totalSize = totalSize;
-    header.binPages = binPages;
-    header.binBlocks = binBlocks;
-    header.binFileSize = binFileSize;
+    FcfHeader header = m_sizes;
     header.moduleCode = moduleCode;
     header.deviceCode = deviceCode;
     header.configNumber = ui->ConfigComboBox->currentIndex() + 1;
@@ -123,40 +126,40 @@ FcfHeader PelkFcfGenerator::headerFromForm() const
 
 void PelkFcfGenerator::showTotals()
 {
-    ui->finalSize->setText(QString::number(totalSize) + tr(" bytes"));
-    ui->finalPages->setText(QString::number(totalPages) + tr(" pages"));
-    ui->finalBlocks->setText(QString::number(totalBlocks) + tr(" blocks"));
+    ui->finalSize->setText(QString::number(m_sizes.totalSize) + tr(" bytes"));
+    ui->finalPages->setText(QString::number(m_sizes.totalPages) + tr(" pages"));
+    ui->finalBlocks->setText(QString::number(m_sizes.totalBlocks) + tr(" blocks"));
 }
 
 void PelkFcfGenerator::showGenerated(const QStringList& files)
 {
     emit newFilesCreated(files);
-    ui->StatusBar->setText(tr("<font color='green'>Successfully generated output files.</font>"));
+    showStatus(tr("<font color='green'>Successfully generated output files.</font>"));
     logMessage(Logger::Info, tr("Successfully generated output files."));
 }
 
 void PelkFcfGenerator::showGenerationFailed()
 {
-    ui->StatusBar->setText(tr("<font color='red'>Failed to generate output file.</font>"));
+    showStatus(tr("<font color='red'>Failed to generate output file.</font>"));
 }
 
-void PelkFcfGenerator::reportFailure(const FcfOutput& output)
+void PelkFcfGenerator::reportFailure(FcfOutput* output)
 {
-    switch (output.outcome()) {
+    switch (output->outcome()) {
     case FcfOutput::CannotOpen:
-        m_dialogs->tell(tr("can't open ") + output.path());
+        GeneratorDialogs::inform(tr("can't open ") + output->path());
         break;
     case FcfOutput::HeaderTooLarge:
-        m_dialogs->tell(tr("The file Size is too large please change some fields"));
-        if (!output.reason().isEmpty())
+        GeneratorDialogs::inform(tr("The file Size is too large please change some fields"));
+        if (!output->removeFiles())
             logMessage(Logger::Error,
-                       tr("\"%1\" cannot be deleted: %2.").arg(output.path(), output.reason()));
+                       tr("\"%1\" cannot be deleted: %2.").arg(output->path(), output->reason()));
         break;
     case FcfOutput::Failed:
         logMessage(Logger::Error,
-                   tr("\"%1\" is not complete: %2.").arg(output.path(), output.reason()));
+                   tr("\"%1\" is not complete: %2.").arg(output->path(), output->reason()));
         break;
-    case FcfOutput::GoesWell:
+    case FcfOutput::NoFailure:
         break;
     }
     showGenerationFailed();
@@ -164,11 +167,12 @@ void PelkFcfGenerator::reportFailure(const FcfOutput& output)
 
 void PelkFcfGenerator::warnOfOtherSize(const QString& binPath, qint64 payloadBytes) const
 {
-    if (static_cast<qint32>(payloadBytes) == binFileSize)
+    if (static_cast<qint32>(payloadBytes) == m_sizes.binFileSize)
         return;
-    // The header tells the size from when the binary was selected, even if that was another one.
-    logMessage(Logger::Warning,
-               tr("\"%1\" has %2 bytes, but the header says %3, as the binary was when it was last "
-                  "selected. Select it again and generate anew.")
-                   .arg(binPath, QString::number(payloadBytes), QString::number(binFileSize)));
+    // The header has the size from when the binary was selected, even if that was another one.
+    logMessage(
+        Logger::Warning,
+        tr("\"%1\" has %2 bytes, but the header says %3, as the binary was when it was last "
+           "selected. Select it again and generate anew.")
+            .arg(binPath, QString::number(payloadBytes), QString::number(m_sizes.binFileSize)));
 }

@@ -1,14 +1,16 @@
 // How the generator window gets its input: the binary, and the description of an earlier build.
 
-#include "PelkFcfGenerator.h"
+#include "generator/PelkFcfGenerator.h"
 
 #include "fcf/FcfLayout.h"
 #include "fcf/FcfReader.h"
+#include "generator/GeneratorDialogs.h"
 
 #include "ui_PelkFcfGenerator.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileDialog>
 #include <QTextBlock>
 #include <QTextCursor>
 
@@ -19,11 +21,12 @@ namespace {
 /// than shows that the text is too long: a file may have millions of lines.
 void appendParagraphs(QTextEdit* memo, const QString& text)
 {
-    const QString added = text.left(FcfLayout::FormDescriptionLength + 1);
+    const QStringList lines =
+        text.left(FcfLayout::FormDescriptionLength + 1).split(QLatin1Char('\n'));
     QTextCursor cursor(memo->document());
     cursor.movePosition(QTextCursor::End);
     cursor.beginEditBlock();
-    foreach (const QString& line, added.split(QLatin1Char('\n'))) {
+    for (const QString& line : lines) {
         if (!memo->document()->isEmpty())
             cursor.insertBlock();
         cursor.insertText(line);
@@ -36,14 +39,14 @@ void appendParagraphs(QTextEdit* memo, const QString& text)
 void PelkFcfGenerator::openFileDialog()
 {
     const QString path =
-        m_dialogs->chooseFile(this, tr("Select Bin File"), ui->txtInputFile->text(),
-                              tr("Xilinx Binary Configuration Files (*.bin)"));
+        QFileDialog::getOpenFileName(this, tr("Select Bin File"), ui->txtInputFile->text(),
+                                     tr("Xilinx Binary Configuration Files (*.bin)"));
     if (path.isEmpty()) {
-        ui->StatusBar->setText(tr("Failed to load *.bin file"));
+        showPlainStatus(tr("Failed to load *.bin file"));
         return;
     }
     ui->txtInputFile->setText(path);
-    ui->StatusBar->setText(tr("Loaded ") + ui->txtInputFile->text() + tr(" successfully."));
+    showPlainStatus(tr("Loaded ") + ui->txtInputFile->text() + tr(" successfully."));
     displayBinFileSizeInfo(path);
 }
 
@@ -53,10 +56,10 @@ void PelkFcfGenerator::fileOpenAccept()
     ui->btnRemove->setEnabled(false);
     clearScreen();
     // A load that fails must not leave functions in memory that the form no longer lists: the next
-    // one uploaded would stand for the first of them.
+    // one uploaded would be taken for the first of them.
     functions.clear();
-    ui->txtInputFile->setText(m_dialogs->chooseFile(this, tr("Open Document"), QDir::currentPath(),
-                                                    tr("Document files (*.txt)")));
+    ui->txtInputFile->setText(QFileDialog::getOpenFileName(
+        this, tr("Open Document"), QDir::currentPath(), tr("Document files (*.txt)")));
     const QString path = ui->txtInputFile->text();
     readConfigFile(path);
     displayConfigFileInfo(path);
@@ -89,8 +92,9 @@ bool PelkFcfGenerator::readConfigFile(QString filename)
     const FcfReading reading = FcfReader::read(&file);
     showNumbers(reading.header);
     if (reading.outcome == FcfReading::NoFilenameLine) {
-        m_dialogs->tell(tr("please select a correct text file,the selected file is not compartable "
-                           "with this programme "));
+        GeneratorDialogs::inform(
+            tr("please select a correct text file,the selected file is not compartable "
+               "with this programme "));
         return false;
     }
     showTexts(reading);
@@ -98,15 +102,26 @@ bool PelkFcfGenerator::readConfigFile(QString filename)
         showLoadingFailed();
         return false;
     }
-    ui->StatusBar->setText(tr("<font color='green'>Loaded ") + ui->txtInputFile->text() +
-                           tr(" successfully.</font>"));
+    showStatus(tr("<font color='green'>Loaded ") + ui->txtInputFile->text() +
+               tr(" successfully.</font>"));
     return true;
+}
+
+void PelkFcfGenerator::showPlainStatus(const QString& text)
+{
+    ui->StatusBar->setTextFormat(Qt::PlainText);
+    ui->StatusBar->setText(text);
+}
+
+void PelkFcfGenerator::showStatus(const QString& html)
+{
+    ui->StatusBar->setTextFormat(Qt::RichText);
+    ui->StatusBar->setText(html);
 }
 
 void PelkFcfGenerator::showLoadingFailed()
 {
-    ui->StatusBar->setText(tr("<font color='red'>Loading ") + ui->txtInputFile->text() +
-                           tr(" failed.</font>"));
+    showStatus(tr("<font color='red'>Loading ") + ui->txtInputFile->text() + tr(" failed.</font>"));
 }
 
 void PelkFcfGenerator::showNumbers(const FcfHeader& header)
@@ -123,8 +138,8 @@ void PelkFcfGenerator::showNumbers(const FcfHeader& header)
 
 void PelkFcfGenerator::selectTarget(const FcfHeader& header)
 {
-    // By index, not the inverse of the codes that are written: what a code stands for depends on
-    // the module, of which code 2 does not tell which one it was.
+    // By index, not the inverse of the codes that are written: what a device code means depends on
+    // the module, and module code 2 is that of two modules.
     if (header.moduleCode == 1)
         ui->ModuleComboBox->setCurrentIndex(1);
     else if (header.moduleCode == 2)
@@ -158,7 +173,7 @@ void PelkFcfGenerator::showTexts(const FcfReading& reading)
     ui->AuthoEditBox->setText(reading.header.author);
     if (reading.hasDescription)
         appendParagraphs(ui->DescriptionMemo, reading.header.description);
-    foreach (const FcfFunction& function, reading.header.functions)
+    for (const FcfFunction& function : reading.header.functions)
         showFunctionRead(function);
 }
 
@@ -166,7 +181,7 @@ void PelkFcfGenerator::showFunctionRead(const FcfFunction& function)
 {
     ui->FunctionComboBox->addItem(function.name);
     ui->btnRemove->setEnabled(true);
-    // The item keeps the blanks around a name, the list does not.
+    // The item keeps the blanks around a name, the function in memory does not.
     FcfFunction trimmed = function;
     trimmed.name = function.name.trimmed();
     editFunction(trimmed);

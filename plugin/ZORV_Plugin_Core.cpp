@@ -1,15 +1,17 @@
-#include "ZORV_Plugin_Core.h"
+#include "plugin/ZORV_Plugin_Core.h"
 
 #include "archive/ZORV_ArchiveConfigExtension.h"
 #include "design/ZORV_FileTypeExtensions.h"
 #include "design/ZORV_PropertyProvider.h"
 #include "generator/PelkFcfGenerator.h"
 
+#include <QtilitiesCore/QtilitiesCoreApplication.h>
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 
 #include <QAction>
 
 using Qtilities::Core::QtilitiesCategory;
+using Qtilities::Core::QtilitiesCoreApplication;
 using Qtilities::Core::VersionInformation;
 using Qtilities::Core::VersionNumber;
 using Qtilities::CoreGui::ActionContainer;
@@ -25,7 +27,8 @@ struct ZORV_Plugin_CoreData {
     ZORV_PropertyProvider* propertyProvider;
 
     ZORV_Plugin_CoreData()
-        : archiveExtension(0), fileTypeExtensions(0), generatorWindow(0), propertyProvider(0)
+        : archiveExtension(nullptr), fileTypeExtensions(nullptr), generatorWindow(nullptr),
+          propertyProvider(nullptr)
     {
     }
 };
@@ -51,17 +54,17 @@ void ZORV_Plugin_Core::registerExtensions()
 {
     // The host asks extensions in the order of their registration.
     d->archiveExtension = new ZORV_ArchiveConfigExtension;
-    QtilitiesApplication::objectManager()->registerObject(d->archiveExtension);
+    QtilitiesCoreApplication::objectManager()->registerObject(d->archiveExtension);
     d->fileTypeExtensions = new ZORV_FileTypeExtensions;
-    QtilitiesApplication::objectManager()->registerObject(d->fileTypeExtensions);
+    QtilitiesCoreApplication::objectManager()->registerObject(d->fileTypeExtensions);
     d->propertyProvider = new ZORV_PropertyProvider;
-    QtilitiesApplication::objectManager()->registerObject(d->propertyProvider);
+    QtilitiesCoreApplication::objectManager()->registerObject(d->propertyProvider);
 }
 
 void ZORV_Plugin_Core::addGeneratorToToolsMenu()
 {
     QList<int> contexts;
-    contexts << QtilitiesApplication::contextManager()->contextID(
+    contexts << QtilitiesCoreApplication::contextManager()->contextID(
         QLatin1String("qti.def.Context.Standard"));
 
     bool existed = false;
@@ -125,7 +128,7 @@ void ZORV_Plugin_Core::showFcfGenerator()
         d->generatorWindow = new PelkFcfGenerator;
     d->generatorWindow->show();
     d->generatorWindow->raise();
-    // Without it a covered window would come up and leave the keyboard to the other one.
+    // Without this a covered window would come up, but the keyboard would stay with the other one.
     d->generatorWindow->activateWindow();
     d->generatorWindow->setFocus(Qt::OtherFocusReason);
 }

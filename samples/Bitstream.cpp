@@ -1,4 +1,4 @@
-#include "Bitstream.h"
+#include "samples/Bitstream.h"
 
 namespace {
 

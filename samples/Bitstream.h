@@ -7,7 +7,8 @@
 /// Composes a configuration bitstream with the structure of a Xilinx 7-series one: dummy words, the
 /// bus-width pattern, the sync word, type 1 and type 2 packets, checksums and desync.
 ///
-/// The configuration frames hold noise, not a circuit: no device would do anything useful with it.
+/// The configuration frames contain noise, not a circuit: no device would do anything useful with
+/// it.
 class Bitstream {
 public:
     /// All of a bitstream with \p frameCount configuration frames, big-endian.
@@ -51,7 +52,7 @@ private:
     void command(Command value);
     /// Writes the checksum of all that was written since the last reset of it.
     void writeCrc();
-    /// Takes one written word into the checksum.
+    /// Adds one written word to the checksum.
     void check(Register target, std::uint32_t value);
 
     std::vector<std::uint8_t> m_bytes;

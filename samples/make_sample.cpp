@@ -1,6 +1,6 @@
 // Writes the sample binary. Usage: make-sample FILE
 
-#include "Bitstream.h"
+#include "samples/Bitstream.h"
 
 #include <cerrno>
 #include <cstring>

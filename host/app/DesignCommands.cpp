@@ -1,13 +1,14 @@
-#include "DesignCommands.h"
+#include "host/app/DesignCommands.h"
 
-#include "archive/ArchiveDialog.h"
-#include "common/FileProblem.h"
-#include "common/PlainMessageBox.h"
-#include "DesignModel.h"
-#include "DesignStorage.h"
-#include "DesignView.h"
-#include "NewDesignDialog.h"
-#include "OpenDesigns.h"
+#include "host/app/archive/ArchiveDialog.h"
+#include "host/app/DesignHistory.h"
+#include "host/app/DesignModel.h"
+#include "host/app/DesignSession.h"
+#include "host/app/DesignStorage.h"
+#include "host/app/DesignView.h"
+#include "host/app/ItemActions.h"
+#include "host/app/OpenDesignDialog.h"
+#include "host/app/OpenDesigns.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
@@ -16,13 +17,16 @@
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 #include <QtilitiesCoreGui/TreeNode.h>
 
+#include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMenu>
+#include <QToolBar>
+#include <QUndoGroup>
+#include <QUndoStack>
 #include <QUrl>
-
-#include <algorithm>
 
 using OrvanticCore::Design;
 using OrvanticCore::DesignFile;
@@ -30,53 +34,107 @@ using OrvanticCore::DesignFolder;
 using Qtilities::CoreGui::Command;
 using Qtilities::CoreGui::QtilitiesApplication;
 
-DesignCommands::DesignCommands(OpenDesigns* designs, DesignModel* model, DesignView* view,
-                               QWidget* window)
-    : QObject(window), m_designs(designs), m_model(model), m_view(view), m_window(window)
+namespace {
+
+QMenu* menuNamed(const char* id) { return QtilitiesApplication::actionManager()->menu(id)->menu(); }
+
+} // namespace
+
+DesignCommands::DesignCommands(OpenDesigns* designs, DesignSession* session, DesignModel* model,
+                               DesignView* view, QWidget* window)
+    : QObject(window), m_designs(designs), m_session(session), m_model(model), m_view(view),
+      m_window(window), m_history(new QUndoGroup(this))
 {
     connect(view, &DesignView::currentItemChanged, this, &DesignCommands::refresh);
-    // The view tells of the current item before the last design is out of the model.
+    // The view reports the current item before the last design has left the model.
     connect(model, &QAbstractItemModel::rowsRemoved, this, &DesignCommands::refresh);
+    connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &DesignCommands::refresh);
     connect(view, &QAbstractItemView::activated, this, &DesignCommands::activate);
     connect(designs, &OpenDesigns::opened, this, [this](const Design* design) {
+        m_history->addStack(DesignHistory::of(design));
         connect(design, &Design::stateChanged, this, &DesignCommands::refresh);
         connect(design, &Design::modifiedChanged, this, &DesignCommands::refresh);
     });
 }
 
-void DesignCommands::addToMenus()
+void DesignCommands::addTo(QToolBar* toolBar)
 {
-    addCommand("File", "File.NewDesign", tr("&New Design..."), QKeySequence::New,
-               &DesignCommands::newDesign);
-    addCommand("File", "File.OpenDesign", tr("&Open Design..."), QKeySequence::Open,
-               &DesignCommands::chooseDesign);
-    m_save = addCommand("File", "File.SaveDesign", tr("&Save Design"), QKeySequence::Save,
-                        &DesignCommands::saveCurrent);
-    m_archive = addCommand("File", "File.ArchiveDesign", tr("&Archive Design..."),
-                           QKeySequence("Ctrl+R"), &DesignCommands::archiveCurrent);
-    m_close = addCommand("File", "File.CloseDesign", tr("&Close Design"), QKeySequence("Ctrl+W"),
-                         &DesignCommands::closeCurrent);
-
-    m_add = addCommand("Design", "Design.AddFiles", tr("&Add Files..."),
-                       QKeySequence("Ctrl+Shift+A"), &DesignCommands::addFiles);
-    m_remove = addCommand("Design", "Design.Remove", tr("&Remove from Design"),
-                          QKeySequence::Delete, &DesignCommands::removeCurrent);
-    // Delete means something else to text fields and to the property editor.
-    m_remove->setShortcutContext(Qt::WidgetShortcut);
-    m_view->addAction(m_remove);
-    m_openFolder = addCommand("Design", "Design.OpenFolder", tr("Open &Folder"), QKeySequence(),
-                              &DesignCommands::openFolder);
-    QtilitiesApplication::actionManager()->menu("Design")->addSeparator();
-    m_lock = addCommand("Design", "Design.Locked", tr("&Locked"), QKeySequence("Ctrl+L"), nullptr);
-    m_lock->setCheckable(true);
-    connect(m_lock, &QAction::triggered, this, &DesignCommands::setLocked);
-
-    m_view->setMenuActions({m_openFolder, m_remove}, {m_add, m_openFolder, m_save, m_close});
+    addFileCommands();
+    addEditCommands();
+    addDesignCommands();
+    toolBar->addActions({m_new, m_open, m_save});
+    toolBar->addSeparator();
+    toolBar->addActions({m_add, m_archive});
+    toolBar->addSeparator();
+    m_itemActions = new ItemActions(m_model, m_view, menuNamed("Design"), toolBar);
+    m_view->setMenuActions({m_inspect, m_openFolder, m_moveMenu->menuAction(), m_remove},
+                           {m_add, m_archive, m_openFolder, m_save, m_close});
     refresh();
 }
 
+void DesignCommands::addFileCommands()
+{
+    m_new = addCommand("File", "File.NewDesign", tr("&New Design..."), QKeySequence::New,
+                       &DesignCommands::newDesign);
+    setIcon(m_new, QStyle::SP_FileDialogNewFolder);
+    m_open = addCommand("File", "File.OpenDesign", tr("&Open Design..."), QKeySequence::Open,
+                        &DesignCommands::chooseDesign);
+    setIcon(m_open, QStyle::SP_DialogOpenButton);
+    m_recentMenu = addMenu("File", tr("Open &Recent"));
+    m_recentMenu->setObjectName("RecentDesignsMenu");
+    connect(menuNamed("File"), &QMenu::aboutToShow, this, &DesignCommands::fillRecentMenu);
+    m_reload = addCommand("File", "File.ReloadDesign", QString(), QKeySequence::Refresh,
+                          &DesignCommands::reloadCurrent);
+    menuNamed("File")->addSeparator();
+    m_save = addCommand("File", "File.SaveDesign", QString(), QKeySequence::Save,
+                        &DesignCommands::saveCurrent);
+    setIcon(m_save, QStyle::SP_DialogSaveButton);
+    m_archive = addCommand("File", "File.ArchiveDesign", QString(), QKeySequence("Ctrl+R"),
+                           &DesignCommands::archiveCurrent);
+    m_archive->setIcon(QIcon(":/icons/config_output_16x16.png"));
+    m_close = addCommand("File", "File.CloseDesign", QString(), QKeySequence("Ctrl+W"),
+                         &DesignCommands::closeCurrent);
+}
+
+void DesignCommands::addEditCommands()
+{
+    QAction* const undo = m_history->createUndoAction(this, tr("&Undo"));
+    undo->setObjectName("Edit.Undo");
+    undo->setShortcut(QKeySequence::Undo);
+    setIcon(undo, QStyle::SP_ArrowBack);
+    QAction* const redo = m_history->createRedoAction(this, tr("&Redo"));
+    redo->setObjectName("Edit.Redo");
+    redo->setShortcuts(QKeySequence::Redo);
+    setIcon(redo, QStyle::SP_ArrowForward);
+    menuNamed("Edit")->addActions({undo, redo});
+}
+
+void DesignCommands::addDesignCommands()
+{
+    m_add = addCommand("Design", "Design.AddFiles", tr("&Add Files..."),
+                       QKeySequence("Ctrl+Shift+A"), &DesignCommands::addFiles);
+    setIcon(m_add, QStyle::SP_FileIcon);
+    m_moveMenu = addMenu("Design", tr("&Move to"));
+    m_moveMenu->setObjectName("MoveToMenu");
+    connect(m_moveMenu, &QMenu::aboutToShow, this, &DesignCommands::fillMoveMenu);
+    m_remove = addCommand("Design", "Design.Remove", tr("&Remove from Design"),
+                          QKeySequence::Delete, &DesignCommands::removeSelected);
+    // Delete means something else to text fields and to the property editor.
+    m_remove->setShortcutContext(Qt::WidgetShortcut);
+    m_view->addAction(m_remove);
+    m_inspect = addCommand("Design", "Design.Inspect", tr("&Inspect Image"), QKeySequence("Ctrl+I"),
+                           &DesignCommands::inspect);
+    m_openFolder = addCommand("Design", "Design.OpenFolder", tr("Open &Folder"), QKeySequence(),
+                              &DesignCommands::openFolder);
+    menuNamed("Design")->addSeparator();
+    m_lock = addCommand("Design", "Design.Locked", tr("&Locked"), QKeySequence("Ctrl+L"), nullptr);
+    m_lock->setCheckable(true);
+    connect(m_lock, &QAction::triggered, this, &DesignCommands::setLocked);
+}
+
 QAction* DesignCommands::addCommand(const QString& menu, const QString& id, const QString& text,
-                                    const QKeySequence& shortcut, void (DesignCommands::*slot)())
+                                    const QKeySequence& shortcut, Slot slot)
 {
     Command* const command =
         QtilitiesApplication::actionManager()->registerActionPlaceHolder(id, text, shortcut);
@@ -86,88 +144,90 @@ QAction* DesignCommands::addCommand(const QString& menu, const QString& id, cons
     return command->action();
 }
 
+QMenu* DesignCommands::addMenu(const QString& menu, const QString& text)
+{
+    // Of the window: the menus of the action manager outlive it.
+    auto* const added = new QMenu(text, m_window);
+    QtilitiesApplication::actionManager()->menu(menu)->menu()->addMenu(added);
+    return added;
+}
+
+void DesignCommands::setIcon(QAction* action, QStyle::StandardPixmap pixmap)
+{
+    action->setIcon(QApplication::style()->standardIcon(pixmap));
+}
+
 void DesignCommands::refresh()
 {
     const Design* const design = m_view->currentDesign();
-    const QModelIndex current = m_view->currentIndex();
     const bool editable = design && !design->isLocked() && !design->isReadOnly();
+    const DesignFile* const file = m_model->fileAt(m_view->currentIndex());
+    const bool hasFiles = !m_view->selectedFiles().isEmpty();
+    nameDesign(m_save, tr("&Save Design"), tr("&Save \"%1\""));
+    nameDesign(m_reload, tr("Re&load Design"), tr("Re&load \"%1\""));
+    nameDesign(m_archive, tr("&Archive Design..."), tr("&Archive \"%1\"..."));
+    nameDesign(m_close, tr("&Close Design"), tr("&Close \"%1\""));
+    nameDesign(m_lock, tr("&Locked"), tr("&Lock \"%1\""));
     m_save->setEnabled(design && !design->isReadOnly() && design->isModified());
+    m_reload->setEnabled(design);
     m_archive->setEnabled(design);
     m_close->setEnabled(design);
     // Without a design it makes a new one.
     m_add->setEnabled(!design || editable);
-    m_remove->setEnabled(editable && (m_model->fileAt(current) || m_model->folderAt(current)));
+    m_moveMenu->menuAction()->setEnabled(editable && hasFiles);
+    m_remove->setEnabled(editable && (hasFiles || !m_view->selectedFolders().isEmpty()));
+    // Visible first: an invisible action cannot be enabled.
+    const bool isFcf = file && QStringList({"fcf", "txt"}).contains(file->suffix());
+    m_inspect->setVisible(isFcf);
+    m_inspect->setEnabled(isFcf);
     m_openFolder->setEnabled(design);
     m_lock->setEnabled(design && !design->isReadOnly());
     m_lock->setChecked(design && design->isLocked());
+    m_history->setActiveStack(editable ? DesignHistory::of(design) : nullptr);
 }
 
-void DesignCommands::openDesign(const QString& path)
+void DesignCommands::nameDesign(QAction* action, const QString& plain, const QString& named)
 {
-    const QFileInfo info(path);
-    const QString folder =
-        info.isFile() ? info.absolutePath() : QDir::cleanPath(info.absoluteFilePath());
-    if (!QFileInfo(folder).isDir()) {
-        showError("CannotOpenBox",
-                  tr("There is no folder %1.").arg(QDir::toNativeSeparators(folder)));
-        return;
-    }
-    if (!DesignStorage::hasDescription(folder)) {
-        const QString question = tr("There is no design in %1: it has no file design.json.\n\n"
-                                    "Do you want to make a new design there?")
-                                     .arg(QDir::toNativeSeparators(folder));
-        if (ask("NoDesignBox", question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes)
-            makeDesign(folder);
-        return;
-    }
-    QString error;
-    if (const Design* const design = m_designs->open(folder, &error))
-        m_view->setCurrentDesign(design);
-    else
-        showError("CannotOpenBox", tr("Cannot open the design.\n\n%1").arg(error));
+    const Design* const design = m_view->currentDesign();
+    const bool isOneOfMany = design && m_designs->designs().count() > 1;
+    action->setText(isOneOfMany ? named.arg(design->name().replace("&", "&&")) : plain);
 }
 
-void DesignCommands::takePaths(const QStringList& paths, Design* design)
+void DesignCommands::fillRecentMenu()
 {
-    QStringList added;
-    for (const QString& path : paths) {
-        if (QFileInfo(path).isDir() && DesignStorage::hasDescription(path))
-            openDesign(path);
-        else
-            added << path;
+    m_recentMenu->clear();
+    for (const QString& folder : DesignSession::recentFolders()) {
+        QAction* const action =
+            m_recentMenu->addAction(QDir::toNativeSeparators(folder).replace("&", "&&"));
+        connect(action, &QAction::triggered, this, [this, folder] { m_session->open(folder); });
     }
-    if (added.isEmpty())
-        return;
-    if (!design) {
-        const QFileInfo first(added.first());
-        design = makeDesign(first.isDir() ? first.absoluteFilePath() : first.absolutePath());
-        // A folder in which a design was made is not a part of it.
-        const QString own = design ? design->workingFolderPath() : QString();
-        added.erase(std::remove_if(added.begin(), added.end(),
-                                   [&own](const QString& path) { return QDir(path) == QDir(own); }),
-                    added.end());
-    }
-    if (design)
-        addPaths(added, design);
+    m_recentMenu->setEnabled(!m_recentMenu->isEmpty());
 }
 
-bool DesignCommands::mayCloseAll()
+void DesignCommands::fillMoveMenu()
 {
-    const QList<Design*> designs = m_designs->designs();
-    return std::all_of(designs.begin(), designs.end(),
-                       [this](Design* design) { return mayClose(design); });
+    m_moveMenu->clear();
+    const Design* const design = m_view->currentDesign();
+    for (const QString& node : design ? DesignModel::nodesOf(design) : QStringList()) {
+        QAction* const action = m_moveMenu->addAction(QString(node).replace("&", "&&"));
+        connect(action, &QAction::triggered, this, [this, node] { moveSelected(node); });
+    }
+    if (m_moveMenu->isEmpty())
+        m_moveMenu->addAction(tr("The design has no nodes"))->setEnabled(false);
 }
+
+void DesignCommands::newDesign() { m_session->make(QString()); }
 
 void DesignCommands::chooseDesign()
 {
-    const QString path = QFileDialog::getExistingDirectory(m_window, tr("Open Design"));
+    const QString path = OpenDesignDialog::choose(m_window);
     if (!path.isEmpty())
-        openDesign(path);
+        m_session->open(path);
 }
 
-void DesignCommands::newDesign() { makeDesign(QString()); }
+void DesignCommands::saveCurrent() { m_session->save(m_view->currentDesign()); }
 
-void DesignCommands::saveCurrent() { save(m_view->currentDesign()); }
+void DesignCommands::reloadCurrent() { m_session->reload(m_view->currentDesign()); }
 
 void DesignCommands::archiveCurrent()
 {
@@ -177,38 +237,69 @@ void DesignCommands::archiveCurrent()
     archiveDesign(design, {name, [design] { return DesignStorage::text(*design); }}, m_window);
 }
 
-void DesignCommands::closeCurrent()
-{
-    Design* const design = m_view->currentDesign();
-    if (mayClose(design))
-        m_designs->close(design);
-}
+void DesignCommands::closeCurrent() { m_session->close(m_view->currentDesign()); }
 
 void DesignCommands::addFiles()
 {
     Design* const design = m_view->currentDesign();
+    const QModelIndex current = m_view->currentIndex();
+    const QString node = m_model->isNode(current) ? m_model->nodeAt(current) : QString();
     const QStringList paths = QFileDialog::getOpenFileNames(
         m_window, tr("Add Files"), design ? design->workingFolderPath() : QString());
-    takePaths(paths, design);
+    m_session->addPaths(paths, design, node);
 }
 
-void DesignCommands::removeCurrent()
+void DesignCommands::removeSelected()
 {
-    const QModelIndex current = m_view->currentIndex();
-    Design* const design = m_model->designAt(current);
-    if (DesignFile* const file = m_model->fileAt(current))
-        design->removeFile(file);
-    else if (DesignFolder* const folder = m_model->folderAt(current))
-        design->removeFolder(folder);
+    Design* const design = m_view->currentDesign();
+    const QList<DesignFile*> files = m_view->selectedFiles();
+    const QList<DesignFolder*> folders = m_view->selectedFolders();
+    if (!design || (files.isEmpty() && folders.isEmpty()))
+        return;
+    const int count = files.count() + folders.count();
+    DesignHistory::record(design, tr("Remove %n Item(s)", nullptr, count), [&] {
+        design->tree()->startProcessingCycle();
+        for (DesignFile* file : files)
+            design->removeFile(file);
+        for (DesignFolder* folder : folders)
+            design->removeFolder(folder);
+        design->tree()->endProcessingCycle();
+    });
     refresh();
+}
+
+void DesignCommands::moveSelected(const QString& node)
+{
+    Design* const design = m_view->currentDesign();
+    const QList<DesignFile*> files = m_view->selectedFiles();
+    DesignHistory::record(design, tr("Move to %1").arg(node), [&] {
+        design->tree()->startProcessingCycle();
+        for (DesignFile* file : files)
+            file->setCustomNode(node);
+        design->tree()->endProcessingCycle();
+    });
+    design->refreshFiles(files);
 }
 
 void DesignCommands::activate(const QModelIndex& index)
 {
-    if (m_model->fileAt(index) || m_model->folderAt(index))
-        openFolder();
-    else
+    if (!m_model->fileAt(index) && !m_model->folderAt(index)) {
         m_view->setExpanded(index, !m_view->isExpanded(index));
+        return;
+    }
+    // What an extension does with the file comes first: it is what the file is there for.
+    if (m_itemActions->triggerFirst())
+        return;
+    if (m_inspect->isEnabled())
+        inspect();
+    else
+        openFolder();
+}
+
+void DesignCommands::inspect()
+{
+    if (const DesignFile* const file = m_model->fileAt(m_view->currentIndex()))
+        emit inspectionWanted(file->filePath());
 }
 
 void DesignCommands::openFolder()
@@ -221,103 +312,8 @@ void DesignCommands::openFolder()
     else if (const DesignFolder* const folder = m_model->folderAt(current))
         path = folder->folderPath();
     if (!path.isEmpty() && !QDesktopServices::openUrl(QUrl::fromLocalFile(path)))
-        showError("CannotOpenBox",
-                  tr("Cannot open the folder %1.").arg(QDir::toNativeSeparators(path)));
+        m_session->showError("CannotOpenBox",
+                             tr("Cannot open the folder %1.").arg(QDir::toNativeSeparators(path)));
 }
 
 void DesignCommands::setLocked(bool locked) { m_view->currentDesign()->setLocked(locked); }
-
-Design* DesignCommands::makeDesign(const QString& folder)
-{
-    NewDesignDialog dialog(folder, m_window);
-    if (dialog.exec() != QDialog::Accepted)
-        return nullptr;
-    QString error;
-    Design* const design = m_designs->create(dialog.folder(), dialog.typeName(),
-                                             dialog.versionMajor(), dialog.versionMinor(), &error);
-    if (design)
-        m_view->setCurrentDesign(design);
-    else
-        showError("CannotSaveBox", tr("Cannot make the design.\n\n%1").arg(error));
-    return design;
-}
-
-bool DesignCommands::save(Design* design)
-{
-    if (DesignStorage::isChangedOnDisk(*design) && !mayReplace(*design))
-        return false;
-    QString error;
-    if (DesignStorage::save(design, &error))
-        return true;
-    showError("CannotSaveBox", tr("Cannot save the design.\n\n%1").arg(error));
-    return false;
-}
-
-bool DesignCommands::mayReplace(const Design& design)
-{
-    const QString reason =
-        tr("Somebody else has changed the file since \"%1\" was read or saved.").arg(design.name());
-    const QString question =
-        tr("%1\n\nDo you want to replace it?")
-            .arg(fileProblem(DesignStorage::descriptionPath(design.workingFolderPath()), reason));
-    return ask("ChangedOnDiskBox", question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
-           QMessageBox::Yes;
-}
-
-bool DesignCommands::mayClose(Design* design)
-{
-    if (!design->isModified())
-        return true;
-    switch (ask("SaveChangesBox",
-                tr("Do you want to save the changes to \"%1\"?").arg(design->name()),
-                QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel)) {
-    case QMessageBox::Save:
-        return save(design);
-    case QMessageBox::Discard:
-        return true;
-    default:
-        return false;
-    }
-}
-
-void DesignCommands::addPaths(const QStringList& paths, Design* design)
-{
-    QList<DesignFile*> files;
-    QStringList problems;
-    design->tree()->startProcessingCycle();
-    for (const QString& path : paths) {
-        QString error;
-        if (QFileInfo(path).isDir())
-            design->addFolder(path, &error);
-        else if (DesignFile* const file = design->addFile(path, &error))
-            files << file;
-        if (!error.isEmpty())
-            problems << fileProblem(path, error);
-    }
-    design->tree()->endProcessingCycle();
-    design->refreshFiles(files);
-    if (!problems.isEmpty())
-        showError("CannotAddBox", tr("Not everything could be added to \"%1\".\n\n%2")
-                                      .arg(design->name(), problems.join('\n')));
-}
-
-int DesignCommands::ask(const QString& name, const QString& text,
-                        QMessageBox::StandardButtons buttons,
-                        QMessageBox::StandardButton defaultButton)
-{
-    return showBox(QMessageBox::Question, name, text, buttons, defaultButton);
-}
-
-void DesignCommands::showError(const QString& name, const QString& text)
-{
-    showBox(QMessageBox::Warning, name, text, QMessageBox::Ok, QMessageBox::Ok);
-}
-
-int DesignCommands::showBox(QMessageBox::Icon icon, const QString& name, const QString& text,
-                            QMessageBox::StandardButtons buttons,
-                            QMessageBox::StandardButton defaultButton)
-{
-    PlainMessageBox box(icon, tr("Pelk Design Host"), text, buttons, defaultButton, m_window);
-    box.setObjectName(name);
-    return box.exec();
-}

@@ -1,87 +1,94 @@
 #ifndef HOST_APP_DESIGNCOMMANDS_H
 #define HOST_APP_DESIGNCOMMANDS_H
 
-#include <QMessageBox>
+#include <QKeySequence>
 #include <QObject>
-#include <QStringList>
+#include <QStyle>
 
 class DesignModel;
+class DesignSession;
 class DesignView;
+class ItemActions;
 class OpenDesigns;
 class QAction;
+class QMenu;
 class QModelIndex;
+class QToolBar;
+class QUndoGroup;
 class QWidget;
 
 namespace OrvanticCore {
 class Design;
 }
 
-/// What the user can do with designs: the commands of the menus File and Design, with the questions
-/// and the messages that belong to them.
+/// The commands of the menus File, Edit and Design and of the tool bar. Each acts on the design of
+/// the current item, and names it when several are open.
 ///
-/// For drivers, besides the object names of the actions, which are the commands' identifiers:
-/// "NoDesignBox", "SaveChangesBox", "ChangedOnDiskBox", "CannotOpenBox", "CannotSaveBox",
-/// "CannotAddBox".
+/// For drivers: the object names of the actions are the commands' identifiers.
 class DesignCommands : public QObject {
     Q_OBJECT
 
 public:
-    /// Everything stays its owner's and outlives the commands. \p window is the parent of boxes.
-    DesignCommands(OpenDesigns* designs, DesignModel* model, DesignView* view, QWidget* window);
+    /// Everything stays its owner's and outlives the commands. \p window is the parent of dialogs.
+    DesignCommands(OpenDesigns* designs, DesignSession* session, DesignModel* model,
+                   DesignView* view, QWidget* window);
 
-    /// Adds the commands to the menus "File" and "Design", which must exist.
-    void addToMenus();
+    /// Adds the commands to the menus "File", "Edit" and "Design", which must exist, and to
+    /// \p toolBar.
+    void addTo(QToolBar* toolBar);
 
-    /// Opens the design in the folder, or the one of the description, at \p path. Offers to make a
-    /// new one in a folder without.
-    void openDesign(const QString& path);
+    void newDesign();
+    void chooseDesign();
 
-    /// Adds files, and folders that are no designs, to \p design; folders that are designs are
-    /// opened. Without a design a new one is offered in the place of the files.
-    void takePaths(const QStringList& paths, OrvanticCore::Design* design);
-
-    /// Asks about unsaved changes of each design; returns false when the user wants to go on
-    /// working. Closes nothing.
-    bool mayCloseAll();
+signals:
+    void inspectionWanted(const QString& path);
 
 private:
-    QAction* addCommand(const QString& menu, const QString& id, const QString& text,
-                        const QKeySequence& shortcut, void (DesignCommands::*slot)());
-    void refresh();
+    using Slot = void (DesignCommands::*)();
 
-    void chooseDesign();
-    void newDesign();
+    QAction* addCommand(const QString& menu, const QString& id, const QString& text,
+                        const QKeySequence& shortcut, Slot slot);
+    QMenu* addMenu(const QString& menu, const QString& text);
+    void addFileCommands();
+    void addEditCommands();
+    void addDesignCommands();
+    static void setIcon(QAction* action, QStyle::StandardPixmap pixmap);
+    void refresh();
+    void nameDesign(QAction* action, const QString& plain, const QString& named);
+    void fillRecentMenu();
+    void fillMoveMenu();
+
     void saveCurrent();
+    void reloadCurrent();
     void archiveCurrent();
     void closeCurrent();
     void addFiles();
-    void removeCurrent();
+    void removeSelected();
+    void moveSelected(const QString& node);
     void activate(const QModelIndex& index);
+    void inspect();
     void openFolder();
     void setLocked(bool locked);
 
-    OrvanticCore::Design* makeDesign(const QString& folder);
-    bool save(OrvanticCore::Design* design);
-    bool mayReplace(const OrvanticCore::Design& design);
-    bool mayClose(OrvanticCore::Design* design);
-    void addPaths(const QStringList& paths, OrvanticCore::Design* design);
-    /// Returns the button that the user chose.
-    int ask(const QString& name, const QString& text, QMessageBox::StandardButtons buttons,
-            QMessageBox::StandardButton defaultButton = QMessageBox::NoButton);
-    void showError(const QString& name, const QString& text);
-    int showBox(QMessageBox::Icon icon, const QString& name, const QString& text,
-                QMessageBox::StandardButtons buttons, QMessageBox::StandardButton defaultButton);
-
     OpenDesigns* m_designs;
+    DesignSession* m_session;
     DesignModel* m_model;
     DesignView* m_view;
     QWidget* m_window;
+    QUndoGroup* m_history;
+    ItemActions* m_itemActions = nullptr;
+    QMenu* m_recentMenu = nullptr;
+    QMenu* m_moveMenu = nullptr;
 
+    QAction* m_new = nullptr;
+    QAction* m_open = nullptr;
     QAction* m_save = nullptr;
+    QAction* m_reload = nullptr;
     QAction* m_archive = nullptr;
     QAction* m_close = nullptr;
     QAction* m_add = nullptr;
     QAction* m_remove = nullptr;
+    QAction* m_inspect = nullptr;
     QAction* m_openFolder = nullptr;
     QAction* m_lock = nullptr;
 };

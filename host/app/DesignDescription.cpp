@@ -1,6 +1,6 @@
-#include "DesignDescription.h"
+#include "host/app/DesignDescription.h"
 
-#include "JsonNode.h"
+#include "host/app/JsonNode.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
@@ -139,7 +139,7 @@ void readProperty(const JsonNode& node, Design* design)
     QStringList levels;
     for (const JsonNode& level : node.listOrNone("category"))
         levels << level.text();
-    // Joined by a character that no level can hold in a text that a person has typed.
+    // Joined by a character that cannot be typed into a level.
     const QString separator(QChar::Null);
     const JsonNode name = node.entry("name");
     if (name.text().isEmpty())

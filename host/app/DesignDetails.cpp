@@ -1,4 +1,4 @@
-#include "DesignDetails.h"
+#include "host/app/DesignDetails.h"
 
 #include <QBoxLayout>
 #include <QFormLayout>
@@ -23,7 +23,12 @@ DesignDetails::DesignDetails(QWidget* parent)
     m_type->setObjectName("DesignTypeName");
     m_changes->setObjectName("VersionChanges");
     m_changes->setTabChangesFocus(true);
+    m_changes->setAccessibleName(tr("Changes in this version"));
+    // A file that is dropped here goes to the window, which adds it to the design.
+    m_changes->setAcceptDrops(false);
     m_changes->setFixedHeight(fontMetrics().lineSpacing() * 4);
+    m_major->setAccessibleName(tr("Major version"));
+    m_minor->setAccessibleName(tr("Minor version"));
 
     auto* const version = new QHBoxLayout;
     version->addWidget(m_major);
@@ -38,7 +43,7 @@ DesignDetails::DesignDetails(QWidget* parent)
     if (auto* const label = qobject_cast<QLabel*>(form->labelForField(version)))
         label->setBuddy(m_major);
 
-    // Each takes its own number alone: the other one may be larger than its box can show.
+    // Each sets its own number only: the other one may be larger than its box can show.
     const auto valueChanged = QOverload<int>::of(&QSpinBox::valueChanged);
     connect(m_major, valueChanged, this, &DesignDetails::takeMajor);
     connect(m_minor, valueChanged, this, &DesignDetails::takeMinor);
@@ -77,15 +82,20 @@ void DesignDetails::show()
     m_major->setValue(m_design ? m_design->versionMajor() : 0);
     m_minor->setValue(m_design ? m_design->versionMinor() : 0);
     const QString changes = m_design ? m_design->versionChanges() : QString();
-    // Setting the same text would move the cursor of the person who types it.
+    // Setting the same text would move the cursor of a user who is typing.
     if (m_changes->toPlainText() != changes)
         m_changes->setPlainText(changes);
 
     const bool editable = m_design && !m_design->isLocked() && !m_design->isReadOnly();
     m_major->setEnabled(editable);
     m_minor->setEnabled(editable);
+    // Read-only rather than disabled, so that it can be scrolled and copied.
     m_changes->setReadOnly(!editable);
     m_changes->setEnabled(m_design);
+    QPalette colours = palette();
+    if (!editable)
+        colours.setBrush(QPalette::Base, colours.window());
+    m_changes->setPalette(colours);
 }
 
 void DesignDetails::takeMajor(int number)

@@ -1,14 +1,19 @@
-#include "DesignModel.h"
+#include "host/app/DesignModel.h"
 
-#include "DesignRows.h"
-#include "DesignStorage.h"
+#include "host/app/DesignRows.h"
+#include "host/app/DesignStorage.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
 #include <OrvanticCore/DesignFolder.h>
+#include <OrvanticCore/DesignStructure.h>
 
 #include <QDir>
 #include <QFileInfo>
+#include <QMimeData>
+#include <QUrl>
+
+#include <algorithm>
 
 using OrvanticCore::Design;
 using OrvanticCore::DesignFile;
@@ -24,8 +29,8 @@ DesignRows::Row rowOf(const QStandardItemModel& model, const QModelIndex& index)
     return row;
 }
 
-/// \p folder or, while there is none, the nearest folder around it: that one tells when it comes
-/// up.
+/// \p folder or, while it does not exist, the nearest existing one above it, which reports its
+/// creation.
 QString existingFolder(const QString& folder)
 {
     QString existing = folder;
@@ -38,8 +43,10 @@ QString existingFolder(const QString& folder)
 
 DesignModel::DesignModel(QObject* parent) : QStandardItemModel(0, ColumnCount, parent)
 {
-    setHorizontalHeaderLabels({tr("Name"), tr("State"), tr("Version")});
+    setHorizontalHeaderLabels({tr("Name"), tr("State"), tr("Version"), tr("Size"), tr("Changed")});
+    horizontalHeaderItem(SizeColumn)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &DesignModel::followFolder);
+    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &DesignModel::refreshFromDisk);
 }
 
 void DesignModel::addDesign(Design* design)
@@ -51,7 +58,10 @@ void DesignModel::addDesign(Design* design)
 
     connect(design, &Design::filesChanged, this, [this, design] { rebuild(design); });
     connect(design, &Design::modifiedChanged, this, [this, design] { refreshDesign(design); });
-    connect(design, &Design::versionChanged, this, [this, design] { refreshDesign(design); });
+    connect(design, &Design::versionChanged, this, [this, design] {
+        refreshDesign(design);
+        refreshRows(indexOf(design));
+    });
     connect(design, &Design::stateChanged, this, [this, design] { refreshDesign(design); });
 }
 
@@ -80,6 +90,42 @@ DesignFolder* DesignModel::folderAt(const QModelIndex& index) const
     return DesignRows::folderOf(index.siblingAtColumn(NameColumn).data(DesignRows::SubjectRole));
 }
 
+bool DesignModel::isNode(const QModelIndex& index) const
+{
+    const QModelIndex name = index.siblingAtColumn(NameColumn);
+    return name.parent().isValid() && !name.data(DesignRows::SubjectRole).isValid();
+}
+
+QString DesignModel::nodeAt(const QModelIndex& index) const
+{
+    QModelIndex node = index.siblingAtColumn(NameColumn);
+    while (node.isValid() && !isNode(node))
+        node = node.parent();
+    return node.data(NodeRole).toString();
+}
+
+QStringList DesignModel::nodesOf(const Design* design)
+{
+    return design->structure() ? DesignRows::nodeNames(design->structure()->rootNode())
+                               : QStringList();
+}
+
+QMimeData* DesignModel::mimeData(const QModelIndexList& indexes) const
+{
+    QList<QUrl> urls;
+    for (const QModelIndex& index : indexes) {
+        if (index.column() != NameColumn)
+            continue;
+        if (const DesignFile* const file = fileAt(index))
+            urls << QUrl::fromLocalFile(file->filePath());
+    }
+    if (urls.isEmpty())
+        return nullptr;
+    auto* const data = new QMimeData;
+    data->setUrls(urls);
+    return data;
+}
+
 QModelIndex DesignModel::indexOfKey(const QString& key) const
 {
     return match(index(0, NameColumn), KeyRole, key, 1,
@@ -99,17 +145,18 @@ QModelIndex DesignModel::indexOf(const DesignFile* file) const
 
 void DesignModel::refreshFromDisk()
 {
-    // First, or what happens in a folder that has just come back would go unseen.
+    // First, or changes in a folder that has just come back would be missed.
     watchFolders();
     for (int row = 0; row < rowCount(); ++row) {
         DesignStorage::refreshReadOnly(designAt(index(row, NameColumn)));
+        refreshDesign(designAt(index(row, NameColumn)));
         refreshRows(index(row, NameColumn));
     }
 }
 
 void DesignModel::followFolder(const QString& folder)
 {
-    // One below it may be another one by now, while the old one is still watched where it went.
+    // A folder below may have been replaced, while the old one is still watched at its new place.
     for (const QString& below : m_watcher.directories()) {
         if (QFileInfo(below).absolutePath() == folder && below != folder)
             m_watcher.removePath(below);
@@ -147,11 +194,12 @@ void DesignModel::refreshRows(const QModelIndex& parent)
 void DesignModel::watchFolders()
 {
     QStringList folders;
-    // Again when one came up while the folder around it was not watched yet.
+    // Again when one was made while the folder above it was not watched yet.
     do {
         folders = foldersToWatch();
-        watch(folders);
+        watch(folders, m_watcher.directories());
     } while (folders != foldersToWatch());
+    watch(filesToWatch(), m_watcher.files());
 }
 
 QStringList DesignModel::foldersToWatch() const
@@ -168,23 +216,39 @@ QStringList DesignModel::foldersToWatch() const
     folders.removeDuplicates();
     QStringList existing;
     for (const QString& folder : folders) {
-        // A folder does not tell when it is moved; the one around it does.
+        // A folder does not report its own move; the one above it does.
         existing << existingFolder(folder) << existingFolder(QFileInfo(folder).absolutePath());
     }
     existing.removeDuplicates();
     return existing;
 }
 
-void DesignModel::watch(const QStringList& folders)
+QStringList DesignModel::filesToWatch() const
 {
-    // Only what is different: to stop watching a folder drops what is about to be reported of it.
-    const QStringList watched = m_watcher.directories();
-    for (const QString& folder : watched) {
-        if (!folders.contains(folder))
-            m_watcher.removePath(folder);
+    // A file that is written in place is no change of its folder.
+    QStringList files;
+    for (int row = 0; row < rowCount(); ++row) {
+        const Design* const design = designAt(index(row, NameColumn));
+        files << DesignStorage::descriptionPath(design->workingFolderPath());
+        for (const DesignFile* file : design->files())
+            files << file->filePath();
     }
-    for (const QString& folder : folders) {
-        if (!watched.contains(folder))
-            m_watcher.addPath(folder);
+    files.removeDuplicates();
+    files.erase(std::remove_if(files.begin(), files.end(),
+                               [](const QString& file) { return !QFileInfo(file).isFile(); }),
+                files.end());
+    return files;
+}
+
+void DesignModel::watch(const QStringList& paths, const QStringList& watched)
+{
+    // Only the difference: removing a folder drops its reports that are under way.
+    for (const QString& path : watched) {
+        if (!paths.contains(path))
+            m_watcher.removePath(path);
+    }
+    for (const QString& path : paths) {
+        if (!watched.contains(path))
+            m_watcher.addPath(path);
     }
 }

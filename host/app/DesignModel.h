@@ -18,10 +18,13 @@ class DesignModel : public QStandardItemModel {
     Q_OBJECT
 
 public:
-    enum Column { NameColumn, StateColumn, VersionColumn, ColumnCount };
+    enum Column { NameColumn, StateColumn, VersionColumn, SizeColumn, DateColumn, ColumnCount };
 
     /// A text that stays the same for an item while the rows of its design are made anew.
     static constexpr int KeyRole = Qt::UserRole + 1;
+
+    /// The name of a node's row, whatever extensions show in its place.
+    static constexpr int NodeRole = Qt::UserRole + 3;
 
     explicit DesignModel(QObject* parent = nullptr);
 
@@ -34,6 +37,15 @@ public:
     /// Null unless \p index is that of a file, or of a folder.
     OrvanticCore::DesignFile* fileAt(const QModelIndex& index) const;
     OrvanticCore::DesignFolder* folderAt(const QModelIndex& index) const;
+
+    /// The name of the node that \p index is or is below of; empty outside of nodes.
+    QString nodeAt(const QModelIndex& index) const;
+    bool isNode(const QModelIndex& index) const;
+    /// The names of all nodes of \p design, from the top.
+    static QStringList nodesOf(const OrvanticCore::Design* design);
+
+    /// Files are dragged as their paths, so that other programs take them as well.
+    QMimeData* mimeData(const QModelIndexList& indexes) const override;
 
     /// The index with that key, or an invalid one.
     QModelIndex indexOfKey(const QString& key) const;
@@ -56,7 +68,8 @@ private:
     void refreshRows(const QModelIndex& parent);
     void watchFolders();
     QStringList foldersToWatch() const;
-    void watch(const QStringList& folders);
+    QStringList filesToWatch() const;
+    void watch(const QStringList& paths, const QStringList& watched);
 
     QFileSystemWatcher m_watcher;
 };

@@ -1,6 +1,10 @@
-#include "DesignRows.h"
+#include "host/app/DesignRows.h"
 
-#include "DesignModel.h"
+#include "host/app/DesignModel.h"
+#include "host/app/DesignStorage.h"
+#include "host/app/FileIcons.h"
+#include "host/app/FileState.h"
+#include "host/app/ViewExtensions.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
@@ -9,24 +13,25 @@
 
 #include <QtilitiesCoreGui/TreeNode.h>
 
-#include <QApplication>
+#include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
+#include <QFileInfo>
+#include <QLocale>
 #include <QMap>
 #include <QPointer>
-#include <QStyle>
 
 #include <algorithm>
 
 using OrvanticCore::Design;
 using OrvanticCore::DesignFile;
 using OrvanticCore::DesignFolder;
+using OrvanticCore::Interfaces::IDesignViewExtensions;
 using Qtilities::CoreGui::TreeNode;
 
 namespace {
 
 QString tr(const char* text) { return QCoreApplication::translate("DesignModel", text); }
-
-QIcon symbol(QStyle::StandardPixmap pixmap) { return QApplication::style()->standardIcon(pixmap); }
 
 DesignRows::Row makeRow(const QString& name, const QIcon& icon, const QString& key)
 {
@@ -41,7 +46,7 @@ DesignRows::Row makeRow(const QString& name, const QIcon& icon, const QString& k
     return row;
 }
 
-/// Guarded, since a row may outlive its subject while a processing cycle holds changes back.
+/// Guarded: a row may outlive its subject while a processing cycle delays the changes.
 template <class Subject>
 void setSubject(const DesignRows::Row& row, Subject* subject)
 {
@@ -52,6 +57,20 @@ template <class Subject>
 Subject* subjectOf(const QVariant& subject)
 {
     return qobject_cast<Subject*>(subject.value<QPointer<QObject>>().data());
+}
+
+/// Lets extensions replace what the host itself shows in the first column.
+template <class Ask>
+void applyRoleData(QStandardItem* item, const Ask& ask)
+{
+    for (const int role : {Qt::DisplayRole, Qt::DecorationRole, Qt::ToolTipRole, Qt::FontRole,
+                           Qt::ForegroundRole, Qt::BackgroundRole}) {
+        for (IDesignViewExtensions* extension : ViewExtensions::all()) {
+            const QVariant data = ask(extension, role);
+            if (data.isValid())
+                item->setData(data, role);
+        }
+    }
 }
 
 DesignRows::Row makeFileRow(DesignFile* file)
@@ -67,7 +86,11 @@ void appendNodes(QStandardItem* parent, const TreeNode* node, QMap<QString, QSta
     for (int index = 0; index < node->subjectCount(); ++index) {
         const auto* const below = qobject_cast<const TreeNode*>(node->subjectAt(index));
         const QString key = parent->data(DesignModel::KeyRole).toString() + "::" + below->getName();
-        const DesignRows::Row row = makeRow(below->getName(), symbol(QStyle::SP_DirIcon), key);
+        const DesignRows::Row row = makeRow(below->getName(), FileIcons::forNode(), key);
+        applyRoleData(row.first(), [below](IDesignViewExtensions* extension, int role) {
+            return extension->customDesignFileNodeRoleData(const_cast<TreeNode*>(below), role);
+        });
+        row.first()->setData(below->getName(), DesignModel::NodeRole);
         parent->appendRow(row);
         if (!nodes->contains(below->getName()))
             nodes->insert(below->getName(), row.first());
@@ -79,7 +102,12 @@ void appendNodes(QStandardItem* parent, const TreeNode* node, QMap<QString, QSta
 
 DesignRows::Row DesignRows::forDesign(Design* design)
 {
-    const Row row = makeRow(design->name(), QIcon(":/icons/radar_22x22.png"), keyOf(*design));
+    QIcon icon(":/icons/radar_22x22.png");
+    for (IDesignViewExtensions* extension : ViewExtensions::all()) {
+        const QIcon own = extension->designTypeIcon(design->typeName());
+        icon = own.isNull() ? icon : own;
+    }
+    const Row row = makeRow(design->name(), icon, keyOf(*design));
     setSubject(row, design);
     row.first()->setToolTip(QDir::toNativeSeparators(design->workingFolderPath()));
     refresh(row, *design);
@@ -93,6 +121,8 @@ void DesignRows::refresh(const Row& row, const Design& design)
         states << tr("Locked");
     if (design.isReadOnly())
         states << tr("Read-only");
+    if (DesignStorage::isChangedOnDisk(design))
+        states << tr("Changed on disk");
     row.first()->setText(design.isModified() ? tr("%1 (modified)").arg(design.name())
                                              : design.name());
     row.at(DesignModel::StateColumn)->setText(states.join(", "));
@@ -101,22 +131,28 @@ void DesignRows::refresh(const Row& row, const Design& design)
 
 void DesignRows::refresh(const Row& row, const DesignFile& file)
 {
-    QStringList states;
-    if (file.isGenerated())
-        states << tr("Generated");
-    if (!file.exists())
-        states << tr("Missing");
-    row.first()->setIcon(
-        symbol(file.exists() ? QStyle::SP_FileIcon : QStyle::SP_MessageBoxWarning));
-    row.first()->setToolTip(QDir::toNativeSeparators(file.filePath()));
-    row.at(DesignModel::StateColumn)->setText(states.join(", "));
+    const QFileInfo info(file.filePath());
+    row.first()->setIcon(info.exists() ? FileIcons::forFile(file.fileName())
+                                       : FileIcons::forMissing());
+    row.at(DesignModel::StateColumn)->setText(FileState::words(file).join(", "));
     row.at(DesignModel::VersionColumn)->setText(file.versionAssociation());
+    row.at(DesignModel::SizeColumn)
+        ->setText(info.exists() ? QLocale().formattedDataSize(info.size()) : QString());
+    row.at(DesignModel::SizeColumn)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    row.at(DesignModel::DateColumn)
+        ->setText(info.exists() ? info.lastModified().toString("yyyy-MM-dd HH:mm") : QString());
+    const QString toolTip = FileState::toolTip(file);
+    for (QStandardItem* item : row)
+        item->setToolTip(toolTip);
+    applyRoleData(row.first(), [&file](IDesignViewExtensions* extension, int role) {
+        return extension->customItemRoleData(const_cast<DesignFile*>(&file), role);
+    });
 }
 
 void DesignRows::refresh(const Row& row, const DesignFolder& folder)
 {
     const bool exists = QDir(folder.folderPath()).exists();
-    row.first()->setIcon(symbol(exists ? QStyle::SP_DirLinkIcon : QStyle::SP_MessageBoxWarning));
+    row.first()->setIcon(exists ? FileIcons::forFolder() : FileIcons::forMissing());
     row.at(DesignModel::StateColumn)->setText(exists ? tr("Folder") : tr("Folder, Missing"));
 }
 
@@ -134,13 +170,22 @@ void DesignRows::fill(QStandardItem* top, const Design& design)
         nodes.value(design.nodeOf(file), top)->appendRow(makeFileRow(file));
 
     for (DesignFolder* folder : design.folders()) {
-        const Row row =
-            makeRow(folder->getName(), symbol(QStyle::SP_DirLinkIcon), folder->folderPath());
+        const Row row = makeRow(folder->getName(), FileIcons::forFolder(), folder->folderPath());
         setSubject(row, folder);
         row.first()->setToolTip(QDir::toNativeSeparators(folder->folderPath()));
         refresh(row, *folder);
         top->appendRow(row);
     }
+}
+
+QStringList DesignRows::nodeNames(const TreeNode* node)
+{
+    QStringList names;
+    for (int index = 0; index < node->subjectCount(); ++index) {
+        const auto* const below = qobject_cast<const TreeNode*>(node->subjectAt(index));
+        names << below->getName() << nodeNames(below);
+    }
+    return names;
 }
 
 Design* DesignRows::designOf(const QVariant& subject) { return subjectOf<Design>(subject); }

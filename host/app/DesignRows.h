@@ -10,7 +10,13 @@ class DesignFile;
 class DesignFolder;
 } // namespace OrvanticCore
 
-/// The rows of the design model: what stands in them, and what they stand for.
+namespace Qtilities {
+namespace CoreGui {
+class TreeNode;
+}
+} // namespace Qtilities
+
+/// The rows of the design model: their texts, icons and subjects.
 namespace DesignRows {
 
 using Row = QList<QStandardItem*>;
@@ -22,6 +28,9 @@ void refresh(const Row& row, const OrvanticCore::DesignFolder& folder);
 
 /// Adds the nodes, files and folders of \p design under \p top.
 void fill(QStandardItem* top, const OrvanticCore::Design& design);
+
+/// The names of the nodes below \p node, from the top.
+QStringList nodeNames(const Qtilities::CoreGui::TreeNode* node);
 
 OrvanticCore::Design* designOf(const QVariant& subject);
 OrvanticCore::DesignFile* fileOf(const QVariant& subject);

@@ -1,8 +1,8 @@
-#include "DesignStorage.h"
+#include "host/app/DesignStorage.h"
 
-#include "common/FileProblem.h"
-#include "DesignDescription.h"
-#include "JsonNode.h"
+#include "host/app/common/FileProblem.h"
+#include "host/app/DesignDescription.h"
+#include "host/app/JsonNode.h"
 
 #include <OrvanticCore/Design.h>
 
@@ -18,7 +18,7 @@ namespace {
 
 QString tr(const char* text) { return QCoreApplication::translate("DesignStorage", text); }
 
-/// Goes on after a short write, which does not tell what has stopped it.
+/// Continues after a short write, which does not report its cause.
 bool writeAll(QIODevice* device, const QByteArray& bytes)
 {
     qint64 written = 0;

@@ -25,7 +25,7 @@ std::unique_ptr<OrvanticCore::Design> load(const QString& folder, QString* error
 QByteArray text(const OrvanticCore::Design& design);
 
 /// Replaces the description as a whole or, with the reason in \p error, not at all. The design is
-/// unmodified afterwards. It does not look what it replaces: see isChangedOnDisk().
+/// unmodified afterwards. It replaces whatever is there: see isChangedOnDisk().
 bool save(OrvanticCore::Design* design, QString* error);
 
 /// Whether there is another description on the disk than the one that load() read or save() wrote

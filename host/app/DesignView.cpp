@@ -1,10 +1,11 @@
-#include "DesignView.h"
+#include "host/app/DesignView.h"
 
-#include "DesignModel.h"
-#include "ViewExtensions.h"
+#include "host/app/DesignModel.h"
+#include "host/app/ViewExtensions.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
+#include <OrvanticCore/DesignFolder.h>
 
 #include <QContextMenuEvent>
 #include <QHeaderView>
@@ -13,7 +14,7 @@
 
 using OrvanticCore::Design;
 using OrvanticCore::DesignFile;
-using OrvanticCore::Interfaces::IDesignViewExtensions;
+using OrvanticCore::DesignFolder;
 
 DesignView::DesignView(DesignModel* model, QWidget* parent) : QTreeView(parent), m_model(model)
 {
@@ -25,10 +26,14 @@ DesignView::DesignView(DesignModel* model, QWidget* parent) : QTreeView(parent),
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
     setExpandsOnDoubleClick(false);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setDragDropMode(QAbstractItemView::DragOnly);
+    setTextElideMode(Qt::ElideMiddle);
+    // Names get the room that the other columns, which are as wide as their texts, leave.
     header()->setStretchLastSection(false);
+    header()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 6);
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     header()->setSectionResizeMode(DesignModel::NameColumn, QHeaderView::Stretch);
-    setColumnWidth(DesignModel::StateColumn, 150);
-    setColumnWidth(DesignModel::VersionColumn, 80);
 
     connect(model, &DesignModel::aboutToRebuild, this, &DesignView::rememberRows);
     connect(model, &DesignModel::rebuilt, this, &DesignView::restoreRows);
@@ -46,9 +51,9 @@ void DesignView::setMenuActions(const QList<QAction*>& forFiles, const QList<QAc
 
 Design* DesignView::currentDesign() const
 {
-    const QModelIndex index =
-        currentIndex().isValid() ? currentIndex() : m_model->index(0, DesignModel::NameColumn);
-    return m_model->designAt(index);
+    if (currentIndex().isValid() || m_model->rowCount() != 1)
+        return m_model->designAt(currentIndex());
+    return m_model->designAt(m_model->index(0, DesignModel::NameColumn));
 }
 
 void DesignView::setCurrentDesign(const Design* design)
@@ -58,9 +63,31 @@ void DesignView::setCurrentDesign(const Design* design)
     setCurrentIndex(index);
 }
 
-Design* DesignView::designAt(const QPoint& place) const
+QList<DesignFile*> DesignView::selectedFiles() const
 {
-    return m_model->designAt(indexAt(viewport()->mapFrom(this, place)));
+    QList<DesignFile*> files;
+    for (const QModelIndex& index : selectionModel()->selectedRows()) {
+        DesignFile* const file = m_model->fileAt(index);
+        if (file && m_model->designAt(index) == currentDesign())
+            files << file;
+    }
+    return files;
+}
+
+QList<DesignFolder*> DesignView::selectedFolders() const
+{
+    QList<DesignFolder*> folders;
+    for (const QModelIndex& index : selectionModel()->selectedRows()) {
+        DesignFolder* const folder = m_model->folderAt(index);
+        if (folder && m_model->designAt(index) == currentDesign())
+            folders << folder;
+    }
+    return folders;
+}
+
+QModelIndex DesignView::itemAt(const QPoint& place) const
+{
+    return indexAt(viewport()->mapFrom(this, place));
 }
 
 void DesignView::showFiles(const QList<DesignFile*>& files)
@@ -91,8 +118,12 @@ void DesignView::showMenu(const QPoint& place)
     const QModelIndex index = indexAt(place);
     if (!index.isValid())
         return;
-    setCurrentIndex(index);
+    selectionModel()->setCurrentIndex(index, selectionModel()->isSelected(index)
+                                                 ? QItemSelectionModel::NoUpdate
+                                                 : QItemSelectionModel::ClearAndSelect |
+                                                       QItemSelectionModel::Rows);
     makeMenu(index)->popup(viewport()->mapToGlobal(place));
+    emit menuShown();
 }
 
 QPoint DesignView::placeOfCurrent()
@@ -116,26 +147,26 @@ QMenu* DesignView::makeMenu(const QModelIndex& index)
     Design* const design = m_model->designAt(index);
     DesignFile* const file = m_model->fileAt(index);
     const bool ofDesign = !file && !m_model->folderAt(index);
-    for (IDesignViewExtensions* extension : ViewExtensions::all()) {
-        if (file) {
-            menu->addActions(extension->contextMenuActions(file, objectName()));
-            for (QMenu* added : extension->contextMenus(file, objectName()))
-                menu->addMenu(added);
-        } else if (ofDesign) {
-            menu->addActions(extension->designContextMenuActions(design, objectName()));
-            for (QMenu* added : extension->designContextMenus(design, objectName()))
-                menu->addMenu(added);
-        }
-        // Actions made just now do not know the lock states yet.
-        extension->refreshForDesignState(design->isLocked(), design->isReadOnly());
-    }
+    if (file || ofDesign)
+        menu->addActions(ViewExtensions::menuActions(file, design, objectName()));
     if (!menu->isEmpty())
         menu->addSeparator();
     menu->addActions(ofDesign ? m_designActions : m_fileActions);
     return menu;
 }
 
-void DesignView::rememberRows() { m_currentKey = keyOf(currentIndex()); }
+void DesignView::rememberRows()
+{
+    const QModelIndex current = currentIndex().siblingAtColumn(DesignModel::NameColumn);
+    m_currentKeys = QStringList{keyOf(current)};
+    if (!current.isValid())
+        return;
+    for (int row = current.row() + 1; row < m_model->rowCount(current.parent()); ++row)
+        m_currentKeys << keyOf(current.siblingAtRow(row));
+    for (int row = current.row() - 1; row >= 0; --row)
+        m_currentKeys << keyOf(current.siblingAtRow(row));
+    m_currentKeys << keyOf(current.parent());
+}
 
 void DesignView::restoreRows()
 {
@@ -143,9 +174,13 @@ void DesignView::restoreRows()
     expandAll();
     for (const QString& key : collapsed)
         collapse(m_model->indexOfKey(key));
-    const QModelIndex current = m_model->indexOfKey(m_currentKey);
-    if (current.isValid())
-        setCurrentIndex(current);
+    for (const QString& key : m_currentKeys) {
+        const QModelIndex index = m_model->indexOfKey(key);
+        if (key.isEmpty() || !index.isValid())
+            continue;
+        setCurrentIndex(index);
+        return;
+    }
 }
 
 QString DesignView::keyOf(const QModelIndex& index) const

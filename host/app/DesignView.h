@@ -10,6 +10,7 @@ class QMenu;
 namespace OrvanticCore {
 class Design;
 class DesignFile;
+class DesignFolder;
 } // namespace OrvanticCore
 
 /// Shows the open designs. The menus of its files and designs begin with what extensions add.
@@ -23,18 +24,25 @@ public:
     /// The host's own actions in the menus of files and folders, and of designs and nodes.
     void setMenuActions(const QList<QAction*>& forFiles, const QList<QAction*>& forDesigns);
 
-    /// The design of the current item, or the first one; null when none is open.
+    /// The design of the current item; null when there is no current item and not exactly one
+    /// design is open.
     OrvanticCore::Design* currentDesign() const;
     void setCurrentDesign(const OrvanticCore::Design* design);
 
-    /// The design at a place in the view's coordinates, or null.
-    OrvanticCore::Design* designAt(const QPoint& place) const;
+    /// The selected files and folders of the current design.
+    QList<OrvanticCore::DesignFile*> selectedFiles() const;
+    QList<OrvanticCore::DesignFolder*> selectedFolders() const;
+
+    /// The item at a place in the view's coordinates, or an invalid index.
+    QModelIndex itemAt(const QPoint& place) const;
 
     /// Selects the first of \p files, and makes all of them visible.
     void showFiles(const QList<OrvanticCore::DesignFile*>& files);
 
 signals:
     void currentItemChanged();
+    /// A context menu has asked the extensions for its actions.
+    void menuShown();
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -53,9 +61,11 @@ private:
     DesignModel* m_model;
     QList<QAction*> m_fileActions;
     QList<QAction*> m_designActions;
-    /// Keys of the rows that the user has folded, and of the current one.
+    /// Keys of the rows that the user has folded.
     QSet<QString> m_collapsed;
-    QString m_currentKey;
+    /// Keys of the current row and of those that become current when it is gone: its neighbours,
+    /// the next ones first, and its parent.
+    QStringList m_currentKeys;
 };
 
 #endif

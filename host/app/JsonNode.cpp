@@ -1,4 +1,4 @@
-#include "JsonNode.h"
+#include "host/app/JsonNode.h"
 
 #include <QCoreApplication>
 

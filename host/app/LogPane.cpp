@@ -1,5 +1,8 @@
-#include "LogPane.h"
+#include "host/app/LogPane.h"
 
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
 #include <QHeaderView>
 #include <QMetaEnum>
 #include <QStandardItemModel>
@@ -49,8 +52,42 @@ LogPane::LogPane(QWidget* parent)
     setColumnWidth(1, 100);
     header()->setStretchLastSection(true);
 
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setAccessibleName(tr("Log"));
+    addAction(tr("&Copy"), QKeySequence::Copy, &LogPane::copy);
+    addAction(tr("C&lear Log"), QKeySequence(), &LogPane::clear);
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+
     connect(Logger::instance(), &Logger::newPriorityMessage, this, &LogPane::addMessage);
 }
+
+void LogPane::addAction(const QString& text, const QKeySequence& shortcut, void (LogPane::*slot)())
+{
+    auto* const action = new QAction(text, this);
+    action->setShortcut(shortcut);
+    action->setShortcutContext(Qt::WidgetShortcut);
+    connect(action, &QAction::triggered, this, slot);
+    QWidget::addAction(action);
+}
+
+QString LogPane::text() const
+{
+    QStringList lines;
+    for (int row = 0; row < m_messages->rowCount(); ++row) {
+        if (selectionModel()->hasSelection() &&
+            !selectionModel()->isRowSelected(row, QModelIndex()))
+            continue;
+        QStringList columns;
+        for (int column = 0; column < m_messages->columnCount(); ++column)
+            columns << m_messages->index(row, column).data().toString();
+        lines << columns.join('\t');
+    }
+    return lines.join('\n');
+}
+
+void LogPane::copy() { QApplication::clipboard()->setText(text()); }
+
+void LogPane::clear() { m_messages->removeRows(0, m_messages->rowCount()); }
 
 void LogPane::addMessage(Logger::MessageType type, const QString& text)
 {

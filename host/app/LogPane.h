@@ -14,10 +14,17 @@ class LogPane : public QTreeView {
 public:
     explicit LogPane(QWidget* parent = nullptr);
 
+    /// The selected messages, or all when none is selected, a line each.
+    QString text() const;
+
 public slots:
+    void copy();
+    void clear();
     void addMessage(Qtilities::Logging::Logger::MessageType type, const QString& text);
 
 private:
+    void addAction(const QString& text, const QKeySequence& shortcut, void (LogPane::*slot)());
+
     QStandardItemModel* m_messages;
 };
 

@@ -1,13 +1,19 @@
-#include "MainWindow.h"
+#include "host/app/MainWindow.h"
 
-#include "DesignCommands.h"
-#include "DesignDetails.h"
-#include "DesignModel.h"
-#include "DesignView.h"
-#include "LogPane.h"
-#include "OpenDesigns.h"
-#include "PropertyEditor.h"
-#include "ViewExtensions.h"
+#include "host/app/common/WindowPlace.h"
+#include "host/app/DesignCommands.h"
+#include "host/app/DesignDetails.h"
+#include "host/app/DesignFilters.h"
+#include "host/app/DesignModel.h"
+#include "host/app/DesignSession.h"
+#include "host/app/DesignView.h"
+#include "host/app/HelpMenu.h"
+#include "host/app/ImageInspector.h"
+#include "host/app/LogPane.h"
+#include "host/app/OpenDesigns.h"
+#include "host/app/PropertyEditor.h"
+#include "host/app/StartPage.h"
+#include "host/app/ViewExtensions.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
@@ -15,17 +21,23 @@
 
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 
+#include <QAction>
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QDir>
 #include <QDockWidget>
+#include <QFileInfo>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QScrollArea>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QStyle>
+#include <QToolBar>
 #include <QUrl>
 
 using OrvanticCore::Design;
@@ -34,19 +46,33 @@ using Qtilities::CoreGui::ActionContainer;
 using Qtilities::CoreGui::Command;
 using Qtilities::CoreGui::QtilitiesApplication;
 
+namespace {
+
+const QSize InitialSize(1160, 760);
+constexpr int PropertyWidth = 330;
+constexpr int LogHeight = 150;
+
+QMenu* menuNamed(const char* id) { return QtilitiesApplication::actionManager()->menu(id)->menu(); }
+
+} // namespace
+
 MainWindow::MainWindow(QWidget* parent)
-    : QMainWindow(parent), m_designs(new OpenDesigns(this)), m_model(new DesignModel(this))
+    : QMainWindow(parent), m_designs(new OpenDesigns(this)), m_model(new DesignModel(this)),
+      m_session(new DesignSession(m_designs, this))
 {
     // A static library's resources are not there by themselves.
     Q_INIT_RESOURCE(host);
     setObjectName("MainWindow");
     setWindowIcon(QIcon(":/icons/radar_128x128.png"));
+    // Boxes that plug-ins show without a parent have the icon too.
+    QtilitiesApplication::setWindowIcon(windowIcon());
     setAcceptDrops(true);
-    resize(1080, 760);
+    resizeToScreen(this, InitialSize);
     buildCentre();
     buildMenus();
-    buildPropertyDock();
-    buildLogDock();
+    buildDocks();
+    buildViewMenu();
+    buildStatusBar();
     connectDesigns();
     restoreLayout();
     showCurrentDesign();
@@ -59,34 +85,60 @@ MainWindow::~MainWindow()
     delete m_model;
 }
 
-void MainWindow::openDesign(const QString& path) { m_commands->openDesign(path); }
+void MainWindow::openDesign(const QString& path) { m_session->open(path); }
+
+void MainWindow::inspect(const QString& path)
+{
+    findChild<ImageInspector*>()->inspect(path);
+    m_inspectorDock->show();
+    m_inspectorDock->raise();
+}
+
+void MainWindow::open(const QString& path)
+{
+    const QFileInfo file(path);
+    if (file.isFile() && file.suffix().compare("fcf", Qt::CaseInsensitive) == 0)
+        inspect(file.absoluteFilePath());
+    else
+        openDesign(path);
+}
+
+void MainWindow::restoreSession() { m_session->restoreLast(); }
+
+void MainWindow::setPluginFolders(const QStringList& folders) { m_help->setPluginFolders(folders); }
 
 void MainWindow::buildCentre()
 {
-    auto* const hint = new QLabel(tr("<h3>No design is open</h3>"
-                                     "<p>Open one or make a new one from the File menu,<br>"
-                                     "or drop a design's folder, or files for a new design, "
-                                     "here.</p>"));
-    hint->setObjectName("NoDesignHint");
-    hint->setAlignment(Qt::AlignCenter);
+    auto* const start = new StartPage;
     m_view = new DesignView(m_model);
     m_pages = new QStackedWidget(this);
-    m_pages->addWidget(hint);
+    m_pages->addWidget(start);
     m_pages->addWidget(m_view);
     setCentralWidget(m_pages);
+    connect(start, &StartPage::newChosen, this, [this] { m_commands->newDesign(); });
+    connect(start, &StartPage::openChosen, this, [this] { m_commands->chooseDesign(); });
+    connect(start, &StartPage::recentChosen, this, &MainWindow::openDesign);
 }
 
 void MainWindow::buildMenus()
 {
     auto* const actions = QtilitiesApplication::actionManager();
-    for (const char* id : {"File", "Design", "Tools"}) {
+    for (const char* id : {"File", "Edit", "Design", "View", "Tools", "Help"}) {
         bool existed = false;
         QMenu* const menu = actions->createMenu(id, existed)->menu();
         menu->setTitle(QString("&%1").arg(id));
+        menu->setToolTipsVisible(true);
         menuBar()->addMenu(menu);
     }
-    m_commands = new DesignCommands(m_designs, m_model, m_view, this);
-    m_commands->addToMenus();
+    m_toolBar = addToolBar(tr("Tool Bar"));
+    m_toolBar->setMovable(false);
+    m_toolBar->setObjectName("ToolBar");
+    const int iconSize = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    m_toolBar->setIconSize(QSize(iconSize, iconSize));
+    m_toolBar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    m_commands = new DesignCommands(m_designs, m_session, m_model, m_view, this);
+    m_commands->addTo(m_toolBar);
+    m_help = new HelpMenu(menuNamed("Help"), this);
 
     ActionContainer* const file = actions->menu("File");
     file->addSeparator();
@@ -96,30 +148,60 @@ void MainWindow::buildMenus()
     file->addAction(quit);
 }
 
-void MainWindow::buildPropertyDock()
+QDockWidget* MainWindow::makeDock(const QString& name, const QString& title, QWidget* body)
 {
-    auto* const dock = new QDockWidget(tr("Design Properties"), this);
-    dock->setObjectName("PropertyDock");
-    dock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable);
-    auto* const body = new QWidget(dock);
+    auto* const dock = new QDockWidget(title, this);
+    dock->setObjectName(name);
+    dock->setWidget(body);
+    return dock;
+}
+
+void MainWindow::buildDocks()
+{
+    auto* const body = new QWidget;
     m_details = new DesignDetails(body);
     m_properties = new PropertyEditor(body);
     auto* const layout = new QVBoxLayout(body);
     layout->addWidget(m_details);
     layout->addWidget(m_properties, 1);
-    dock->setWidget(body);
-    addDockWidget(Qt::RightDockWidgetArea, dock);
-    resizeDocks({dock}, {430}, Qt::Horizontal);
+    // A small screen, or a large font, has no room for all of it.
+    auto* const scrolled = new QScrollArea;
+    scrolled->setFrameShape(QFrame::NoFrame);
+    scrolled->setWidgetResizable(true);
+    scrolled->setWidget(body);
+    m_propertyDock = makeDock("PropertyDock", tr("Design Properties"), scrolled);
+    m_inspectorDock = makeDock("InspectorDock", tr("Image"), new ImageInspector);
+    connect(m_commands, &DesignCommands::inspectionWanted, this, &MainWindow::inspect);
+    m_logDock = makeDock("LogDock", tr("Log"), new LogPane);
+    resetLayout();
 }
 
-void MainWindow::buildLogDock()
+void MainWindow::buildViewMenu()
 {
-    auto* const dock = new QDockWidget(tr("Log"), this);
-    dock->setObjectName("LogDock");
-    dock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable);
-    dock->setWidget(new LogPane(dock));
-    addDockWidget(Qt::BottomDockWidgetArea, dock);
-    resizeDocks({dock}, {160}, Qt::Vertical);
+    QMenu* const view = menuNamed("View");
+    for (const QDockWidget* dock : {m_propertyDock, m_inspectorDock, m_logDock})
+        view->addAction(dock->toggleViewAction());
+    view->addAction(m_toolBar->toggleViewAction());
+    auto* const filters = new QMenu(tr("&Filters"), this);
+    view->addMenu(filters);
+    filters->setObjectName("FilterMenu");
+    filters->setToolTipsVisible(true);
+    new DesignFilters(m_model, m_view, filters);
+    view->addSeparator();
+    auto* const reset = new QAction(tr("&Reset Layout"), this);
+    reset->setObjectName("View.ResetLayout");
+    connect(reset, &QAction::triggered, this, &MainWindow::resetLayout);
+    view->addAction(reset);
+}
+
+void MainWindow::buildStatusBar()
+{
+    m_path = new QLabel(this);
+    m_path->setObjectName("DesignPath");
+    m_path->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    // A long path is cut off instead of making the window wider.
+    m_path->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    statusBar()->addPermanentWidget(m_path, 1);
 }
 
 void MainWindow::connectDesigns()
@@ -139,20 +221,21 @@ void MainWindow::connectDesigns()
         m_model->removeDesign(design);
         showCurrentDesign();
     });
+    connect(m_session, &DesignSession::chosen, m_view, &DesignView::setCurrentDesign);
     connect(m_view, &DesignView::currentItemChanged, this, &MainWindow::showCurrentDesign);
 }
 
 void MainWindow::showCurrentDesign()
 {
     Design* const design = m_view->currentDesign();
-    m_pages->setCurrentWidget(design ? m_view : m_pages->widget(0));
+    m_pages->setCurrentWidget(m_model->rowCount() > 0 ? m_view : m_pages->widget(0));
     m_details->setDesign(design);
     m_properties->setDesign(design);
     setWindowTitle(design ? tr("%1[*] - Pelk Design Host").arg(design->name())
                           : tr("Pelk Design Host"));
     setWindowModified(design && design->isModified());
-    statusBar()->showMessage(design ? QDir::toNativeSeparators(design->workingFolderPath())
-                                    : tr("Ready"));
+    m_path->setText(design ? QDir::toNativeSeparators(design->workingFolderPath()) : tr("Ready"));
+    m_path->setToolTip(m_path->text().toHtmlEscaped());
     if (design)
         ViewExtensions::refresh(*design);
 }
@@ -162,6 +245,25 @@ void MainWindow::restoreLayout()
     QSettings settings(DesignManager::instance()->settingsFilePath(), QSettings::IniFormat);
     restoreGeometry(settings.value("MainWindow/geometry").toByteArray());
     restoreState(settings.value("MainWindow/state").toByteArray());
+    // It may have been made on a larger screen.
+    resizeToScreen(this, size());
+}
+
+void MainWindow::resetLayout()
+{
+    // Step by step: restoring a state into docks that are tabs and float crashes in Qt 5.15.
+    for (QDockWidget* dock : {m_propertyDock, m_inspectorDock, m_logDock})
+        dock->setFloating(false);
+    addDockWidget(Qt::RightDockWidgetArea, m_propertyDock);
+    addDockWidget(Qt::RightDockWidgetArea, m_inspectorDock);
+    addDockWidget(Qt::BottomDockWidgetArea, m_logDock);
+    tabifyDockWidget(m_propertyDock, m_inspectorDock);
+    m_inspectorDock->hide();
+    m_propertyDock->show();
+    m_logDock->show();
+    m_toolBar->show();
+    resizeDocks({m_propertyDock}, {PropertyWidth}, Qt::Horizontal);
+    resizeDocks({m_logDock}, {LogHeight}, Qt::Vertical);
 }
 
 void MainWindow::saveLayout() const
@@ -173,11 +275,12 @@ void MainWindow::saveLayout() const
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    if (!m_commands->mayCloseAll()) {
+    if (!m_session->mayCloseAll()) {
         event->ignore();
         return;
     }
     saveLayout();
+    m_session->rememberOpen();
     QMainWindow::closeEvent(event);
     // Windows of plug-ins do not keep a host alive that has been closed.
     if (event->isAccepted())
@@ -199,7 +302,8 @@ void MainWindow::dropEvent(QDropEvent* event)
         if (url.isLocalFile())
             paths << url.toLocalFile();
     }
-    Design* const under = m_view->designAt(m_view->mapFrom(this, event->pos()));
+    const QModelIndex under = m_view->itemAt(m_view->mapFrom(this, event->pos()));
+    Design* const design = under.isValid() ? m_model->designAt(under) : m_view->currentDesign();
     event->acceptProposedAction();
-    m_commands->takePaths(paths, under ? under : m_view->currentDesign());
+    m_session->addPaths(paths, design, m_model->nodeAt(under));
 }

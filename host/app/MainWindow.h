@@ -2,14 +2,21 @@
 #define HOST_APP_MAINWINDOW_H
 
 #include <QMainWindow>
+#include <QStringList>
 
 class DesignCommands;
 class DesignDetails;
+class DesignFilters;
 class DesignModel;
+class DesignSession;
 class DesignView;
+class HelpMenu;
 class OpenDesigns;
 class PropertyEditor;
+class QDockWidget;
+class QLabel;
 class QStackedWidget;
+class QToolBar;
 
 namespace OrvanticCore {
 class Design;
@@ -24,8 +31,17 @@ public:
     explicit MainWindow(QWidget* parent = nullptr);
     ~MainWindow() override;
 
-    /// Opens the design in the folder \p path; see DesignCommands::openDesign().
+    /// Opens the design in the folder \p path; see DesignSession::open().
     void openDesign(const QString& path);
+    /// Shows what the image or companion at \p path contains.
+    void inspect(const QString& path);
+    /// Does the one for an image, as a desktop passes it, and the other for everything else.
+    void open(const QString& path);
+    /// Reopens the designs that were open when the host was last closed.
+    void restoreSession();
+
+    /// The folders from which plug-ins were loaded, for what the window says of these.
+    void setPluginFolders(const QStringList& folders);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -35,20 +51,30 @@ protected:
 private:
     void buildCentre();
     void buildMenus();
-    void buildPropertyDock();
-    void buildLogDock();
+    void buildDocks();
+    QDockWidget* makeDock(const QString& name, const QString& title, QWidget* body);
+    void buildViewMenu();
+    void buildStatusBar();
     void connectDesigns();
     void restoreLayout();
+    void resetLayout();
     void saveLayout() const;
     void showCurrentDesign();
 
     OpenDesigns* m_designs;
     DesignModel* m_model;
     DesignView* m_view = nullptr;
+    DesignSession* m_session = nullptr;
     DesignCommands* m_commands = nullptr;
     DesignDetails* m_details = nullptr;
     PropertyEditor* m_properties = nullptr;
+    HelpMenu* m_help = nullptr;
     QStackedWidget* m_pages = nullptr;
+    QLabel* m_path = nullptr;
+    QToolBar* m_toolBar = nullptr;
+    QDockWidget* m_propertyDock = nullptr;
+    QDockWidget* m_inspectorDock = nullptr;
+    QDockWidget* m_logDock = nullptr;
 };
 
 #endif

@@ -1,15 +1,18 @@
-#include "NewDesignDialog.h"
+#include "host/app/NewDesignDialog.h"
 
-#include "DesignStorage.h"
+#include "host/app/DesignStorage.h"
 
 #include <QBoxLayout>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QDropEvent>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPushButton>
 #include <QSpinBox>
 
@@ -32,6 +35,13 @@ NewDesignDialog::NewDesignDialog(const QString& folder, QWidget* parent)
     m_minor->setObjectName("NewVersionMinor");
     m_minor->setMaximum(999);
     m_hint->setObjectName("NewDesignHint");
+    m_folder->setAccessibleName(tr("Folder"));
+    m_type->setAccessibleName(tr("Type"));
+    m_major->setAccessibleName(tr("Major version"));
+    m_minor->setAccessibleName(tr("Minor version"));
+    // What is dropped anywhere in the dialog is the folder, as a path.
+    m_folder->setAcceptDrops(false);
+    setAcceptDrops(true);
 
     auto* const browseButton = new QPushButton(tr("&Browse..."), this);
     auto* const place = new QHBoxLayout;
@@ -43,9 +53,11 @@ NewDesignDialog::NewDesignDialog(const QString& folder, QWidget* parent)
     version->addWidget(m_minor);
     version->addStretch();
     auto* const form = new QFormLayout(this);
-    form->addRow(tr("Folder:"), place);
-    form->addRow(tr("Type:"), m_type);
-    form->addRow(tr("Version:"), version);
+    form->addRow(tr("&Folder:"), place);
+    form->addRow(tr("&Type:"), m_type);
+    form->addRow(tr("&Version:"), version);
+    qobject_cast<QLabel*>(form->labelForField(place))->setBuddy(m_folder);
+    qobject_cast<QLabel*>(form->labelForField(version))->setBuddy(m_major);
     form->addRow(m_hint);
     form->addRow(m_buttons);
 
@@ -57,13 +69,34 @@ NewDesignDialog::NewDesignDialog(const QString& folder, QWidget* parent)
     check();
 }
 
-QString NewDesignDialog::folder() const { return QDir::fromNativeSeparators(m_folder->text()); }
+QString NewDesignDialog::folder() const
+{
+    QString path = QDir::fromNativeSeparators(m_folder->text().trimmed());
+    // As a shell reads it.
+    if (path == "~" || path.startsWith("~/"))
+        path.replace(0, 1, QDir::homePath());
+    return path.isEmpty() ? path : QDir::cleanPath(path);
+}
 
 QString NewDesignDialog::typeName() const { return m_type->currentText(); }
 
 int NewDesignDialog::versionMajor() const { return m_major->value(); }
 
 int NewDesignDialog::versionMinor() const { return m_minor->value(); }
+
+void NewDesignDialog::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}
+
+void NewDesignDialog::dropEvent(QDropEvent* event)
+{
+    const QFileInfo dropped(event->mimeData()->urls().value(0).toLocalFile());
+    if (dropped.exists())
+        m_folder->setText(QDir::toNativeSeparators(dropped.isDir() ? dropped.absoluteFilePath()
+                                                                   : dropped.absolutePath()));
+}
 
 void NewDesignDialog::browse()
 {
@@ -75,8 +108,14 @@ void NewDesignDialog::browse()
 
 void NewDesignDialog::check()
 {
-    const bool taken = !folder().isEmpty() && DesignStorage::hasDescription(folder());
-    m_hint->setText(taken ? tr("There is a design in this folder already.") : QString());
+    QString problem;
+    if (!folder().isEmpty() && QDir::isRelativePath(folder()))
+        problem = tr("Enter the whole path of the folder, or one that begins with \"~/\".");
+    else if (QFileInfo(folder()).isFile())
+        problem = tr("This is a file, not a folder.");
+    else if (!folder().isEmpty() && DesignStorage::hasDescription(folder()))
+        problem = tr("There is a design in this folder already.");
+    m_hint->setText(problem);
     m_buttons->button(QDialogButtonBox::Ok)
-        ->setEnabled(!folder().isEmpty() && !typeName().isEmpty() && !taken);
+        ->setEnabled(!folder().isEmpty() && !typeName().isEmpty() && problem.isEmpty());
 }

@@ -18,10 +18,15 @@ class NewDesignDialog : public QDialog {
 public:
     explicit NewDesignDialog(const QString& folder, QWidget* parent = nullptr);
 
+    /// An absolute path once the dialog is accepted.
     QString folder() const;
     QString typeName() const;
     int versionMajor() const;
     int versionMinor() const;
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void browse();

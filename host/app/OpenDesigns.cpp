@@ -1,6 +1,7 @@
-#include "OpenDesigns.h"
+#include "host/app/OpenDesigns.h"
 
-#include "DesignStorage.h"
+#include "host/app/DesignHistory.h"
+#include "host/app/DesignStorage.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignManager.h>
@@ -51,9 +52,22 @@ Design* OpenDesigns::open(const QString& folder, QString* error)
     if (Design* const present = designIn(folder))
         return present;
     std::unique_ptr<Design> loaded = DesignStorage::load(folder, error);
+    return loaded ? take(std::move(loaded)) : nullptr;
+}
+
+Design* OpenDesigns::reload(Design* design, QString* error)
+{
+    std::unique_ptr<Design> loaded = DesignStorage::load(design->workingFolderPath(), error);
     if (!loaded)
         return nullptr;
+    close(design);
+    return take(std::move(loaded));
+}
+
+Design* OpenDesigns::take(std::unique_ptr<Design> loaded)
+{
     Design* const design = loaded.release();
+    DesignHistory::attach(design);
     m_designs.append(design);
     DesignManager::instance()->addDesign(design);
     emit opened(design);

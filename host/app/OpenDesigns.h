@@ -5,6 +5,8 @@
 #include <QObject>
 #include <QString>
 
+#include <memory>
+
 namespace OrvanticCore {
 class Design;
 }
@@ -31,6 +33,10 @@ public:
     OrvanticCore::Design* create(const QString& folder, const QString& typeName, int versionMajor,
                                  int versionMinor, QString* error);
 
+    /// Reads the description of \p design again. The design is closed and deleted, and the new one
+    /// takes its place. Returns null with the reason in \p error; then nothing has changed.
+    OrvanticCore::Design* reload(OrvanticCore::Design* design, QString* error);
+
     /// Closes and deletes \p design, saved or not.
     void close(OrvanticCore::Design* design);
 
@@ -39,6 +45,8 @@ signals:
     void aboutToClose(OrvanticCore::Design* design);
 
 private:
+    OrvanticCore::Design* take(std::unique_ptr<OrvanticCore::Design> design);
+
     QList<OrvanticCore::Design*> m_designs;
 };
 

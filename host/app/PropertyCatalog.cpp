@@ -1,4 +1,4 @@
-#include "PropertyCatalog.h"
+#include "host/app/PropertyCatalog.h"
 
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 

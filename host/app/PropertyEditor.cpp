@@ -1,7 +1,9 @@
-#include "PropertyEditor.h"
+#include "host/app/PropertyEditor.h"
 
-#include "PropertyCatalog.h"
-#include "PropertyModel.h"
+#include "host/app/DesignHistory.h"
+#include "host/app/PropertyCatalog.h"
+#include "host/app/PropertyDelegate.h"
+#include "host/app/PropertyModel.h"
 
 #include <QAction>
 #include <QBoxLayout>
@@ -50,6 +52,8 @@ PropertyEditor::PropertyEditor(QWidget* parent)
     connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &PropertyEditor::refresh);
     connect(m_model, &QAbstractItemModel::modelReset, this, &PropertyEditor::refresh);
+    connect(m_model, &QAbstractItemModel::dataChanged, this, &PropertyEditor::showHelp);
+    connect(m_model, &PropertyModel::refused, this, &PropertyEditor::showRefusal);
     refresh();
 }
 
@@ -59,12 +63,14 @@ QTreeView* PropertyEditor::buildView()
     view->setObjectName("PropertyView");
     view->setAccessibleName(tr("Properties"));
     view->setModel(m_model);
+    view->setItemDelegate(new PropertyDelegate(m_model, view));
     view->setRootIsDecorated(false);
     view->setUniformRowHeights(true);
     view->setAlternatingRowColors(true);
     view->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::SelectedClicked |
                           QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
-    view->setColumnWidth(PropertyModel::NameColumn, 200);
+    view->header()->setStretchLastSection(true);
+    view->header()->setSectionResizeMode(PropertyModel::NameColumn, QHeaderView::ResizeToContents);
 
     auto* const remove = new QAction(tr("Remove"), view);
     remove->setShortcut(QKeySequence::Delete);
@@ -107,19 +113,26 @@ void PropertyEditor::fillMenu()
             if (present.name == name)
                 action->setEnabled(false);
         }
-        // Once the menu has gone: it takes the focus from the new value's editor otherwise.
+        // Queued until the menu is closed, which takes the focus from the new value's editor
+        // otherwise.
         connect(
             action, &QAction::triggered, this,
-            [this, name, value = property.d_default_value] { addProperty(name, value); },
+            [this, design = m_design.data(), name, value = property.d_default_value] {
+                addProperty(design, name, value);
+            },
             Qt::QueuedConnection);
     }
     if (m_menu->isEmpty())
         m_menu->addAction(tr("No properties are available"))->setEnabled(false);
 }
 
-void PropertyEditor::addProperty(const QString& name, const QVariant& value)
+void PropertyEditor::addProperty(Design* design, const QString& name, const QVariant& value)
 {
-    m_design->setDesignProperty(name, value, QtilitiesCategory());
+    // The design may have been closed or locked since the choice.
+    if (!m_design || design != m_design || !m_add->isEnabled())
+        return;
+    DesignHistory::record(m_design, tr("Add %1").arg(name),
+                          [&] { m_design->setDesignProperty(name, value, QtilitiesCategory()); });
     const QModelIndex added = m_model->index(m_model->rowCount() - 1, PropertyModel::ValueColumn);
     m_view->setFocus();
     m_view->setCurrentIndex(added);
@@ -130,10 +143,18 @@ void PropertyEditor::removeCurrent()
 {
     const int row = m_view->currentIndex().row();
     if (m_remove->isEnabled() && row >= 0)
-        m_design->removeDesignProperty(m_model->nameAt(row));
+        DesignHistory::record(m_design, tr("Remove %1").arg(m_model->nameAt(row)),
+                              [&] { m_design->removeDesignProperty(m_model->nameAt(row)); });
 }
 
-void PropertyEditor::showHelp()
+void PropertyEditor::showHelp() { showText(m_model->warningAt(m_view->currentIndex().row())); }
+
+void PropertyEditor::showRefusal(const QString& reason) { showText(reason); }
+
+void PropertyEditor::showText(const QString& problem)
 {
-    m_help->setHtml(m_model->descriptionAt(m_view->currentIndex().row()));
+    const QString description = m_model->descriptionAt(m_view->currentIndex().row());
+    m_help->setHtml(problem.isEmpty()
+                        ? description
+                        : QString("<p><b>%1</b></p>%2").arg(problem.toHtmlEscaped(), description));
 }

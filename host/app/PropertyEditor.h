@@ -30,9 +30,12 @@ private:
     QTreeView* buildView();
     void refresh();
     void fillMenu();
-    void addProperty(const QString& name, const QVariant& value);
+    /// Adds nothing when \p design, for which the menu was made, is no longer the one shown.
+    void addProperty(OrvanticCore::Design* design, const QString& name, const QVariant& value);
     void removeCurrent();
     void showHelp();
+    void showRefusal(const QString& reason);
+    void showText(const QString& problem);
 
     QPointer<OrvanticCore::Design> m_design;
     PropertyModel* m_model;

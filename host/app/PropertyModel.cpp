@@ -1,6 +1,11 @@
-#include "PropertyModel.h"
+#include "host/app/PropertyModel.h"
 
-#include "PropertyCatalog.h"
+#include "host/app/DesignHistory.h"
+#include "host/app/PropertyCatalog.h"
+#include "host/app/PropertyChoices.h"
+
+#include <QApplication>
+#include <QStyle>
 
 using OrvanticCore::Design;
 using OrvanticCore::DesignProperty;
@@ -26,6 +31,18 @@ QString PropertyModel::descriptionAt(int row) const
 {
     return m_design && row >= 0 ? PropertyCatalog::find(m_design, nameAt(row)).d_description
                                 : QString();
+}
+
+QStringList PropertyModel::choicesAt(int row) const
+{
+    return m_design ? PropertyChoices::valuesOf(*m_design, nameAt(row)) : QStringList();
+}
+
+QString PropertyModel::warningAt(int row) const
+{
+    return m_design && row >= 0
+               ? PropertyChoices::warning(*m_design, nameAt(row), m_properties.at(row).value)
+               : QString();
 }
 
 bool PropertyModel::isRemovable(int row) const
@@ -58,6 +75,9 @@ QVariant PropertyModel::data(const QModelIndex& index, int role) const
     const DesignProperty& property = m_properties.at(index.row());
     if (role == Qt::ToolTipRole)
         return descriptionAt(index.row());
+    if (role == Qt::DecorationRole && index.column() == ValueColumn &&
+        !warningAt(index.row()).isEmpty())
+        return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
     if (role != Qt::DisplayRole && role != Qt::EditRole)
         return QVariant();
     return index.column() == NameColumn ? property.name : property.value;
@@ -71,10 +91,18 @@ bool PropertyModel::setData(const QModelIndex& index, const QVariant& value, int
     // Without a text there is no value, rather than an empty one.
     QVariant taken = value.toString().isEmpty() ? QVariant() : value;
     const PropertySpecification announced = PropertyCatalog::find(m_design, property.name);
-    if (taken.isValid() && announced.isValid() && !taken.convert(int(announced.d_data_type)))
+    if (taken.isValid() && announced.isValid() && !taken.convert(int(announced.d_data_type))) {
+        emit refused(
+            announced.d_data_type == QVariant::Int
+                ? tr("\"%1\" is no whole number. The value is as before.").arg(value.toString())
+                : tr("\"%1\" is no value of this property. The value is as before.")
+                      .arg(value.toString()));
         return false;
-    if (taken != property.value)
-        m_design->setDesignProperty(property.name, taken, property.category);
+    }
+    if (taken != property.value || taken.isValid() != property.value.isValid())
+        DesignHistory::record(m_design, tr("Change %1").arg(property.name), [&] {
+            m_design->setDesignProperty(property.name, taken, property.category);
+        });
     return true;
 }
 

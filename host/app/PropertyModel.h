@@ -18,8 +18,12 @@ public:
     /// \p design may be null, and stays its owner's.
     void setDesign(OrvanticCore::Design* design);
 
-    /// What the property's announcer says of it, as rich text; empty when nobody announces it.
+    /// The description from the property's provider, as rich text; empty without a provider.
     QString descriptionAt(int row) const;
+    /// The values to choose from; none where any value will do.
+    QStringList choicesAt(int row) const;
+    /// Why the value is of no use to image generators; empty if it is.
+    QString warningAt(int row) const;
     bool isRemovable(int row) const;
     QString nameAt(int row) const;
 
@@ -29,6 +33,10 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+signals:
+    /// A value was not taken.
+    void refused(const QString& reason);
 
 private:
     void takeProperties();

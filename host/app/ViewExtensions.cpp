@@ -1,11 +1,28 @@
-#include "ViewExtensions.h"
+#include "host/app/ViewExtensions.h"
 
 #include <OrvanticCore/Design.h>
+#include <OrvanticCore/DesignFile.h>
 
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 
+#include <QMenu>
+
+using OrvanticCore::Design;
+using OrvanticCore::DesignFile;
 using OrvanticCore::Interfaces::IDesignViewExtensions;
 using Qtilities::CoreGui::QtilitiesApplication;
+
+namespace {
+
+QList<QAction*> actionsOf(const QList<QAction*>& actions, const QList<QMenu*>& menus)
+{
+    QList<QAction*> all = actions;
+    for (const QMenu* menu : menus)
+        all << menu->menuAction();
+    return all;
+}
+
+} // namespace
 
 QList<IDesignViewExtensions*> ViewExtensions::all()
 {
@@ -17,8 +34,35 @@ QList<IDesignViewExtensions*> ViewExtensions::all()
     return extensions;
 }
 
-void ViewExtensions::refresh(const OrvanticCore::Design& design)
+void ViewExtensions::refresh(const Design& design)
 {
     for (IDesignViewExtensions* extension : all())
         extension->refreshForDesignState(design.isLocked(), design.isReadOnly());
+}
+
+QList<QAction*> ViewExtensions::menuActions(DesignFile* file, Design* design,
+                                            const QString& context)
+{
+    QList<QAction*> actions;
+    for (IDesignViewExtensions* extension : all())
+        actions << (file ? actionsOf(extension->contextMenuActions(file, context),
+                                     extension->contextMenus(file, context))
+                         : actionsOf(extension->designContextMenuActions(design, context),
+                                     extension->designContextMenus(design, context)));
+    // Actions made just now do not know the lock states yet.
+    refresh(*design);
+    return actions;
+}
+
+QList<QAction*> ViewExtensions::toolBarActions(DesignFile* file, Design* design,
+                                               const QString& context)
+{
+    QList<QAction*> actions;
+    for (IDesignViewExtensions* extension : all())
+        actions << (file ? actionsOf(extension->toolBarActions(file, context),
+                                     extension->toolBarMenus(file, context))
+                         : actionsOf(extension->designToolBarActions(design, context),
+                                     extension->designToolBarMenus(design, context)));
+    refresh(*design);
+    return actions;
 }

@@ -7,15 +7,25 @@
 
 namespace OrvanticCore {
 class Design;
-}
+class DesignFile;
+} // namespace OrvanticCore
 
 /// The extensions for design views that are in the object pool now.
 namespace ViewExtensions {
 
 QList<OrvanticCore::Interfaces::IDesignViewExtensions*> all();
 
-/// Tells each of them the lock states of \p design.
+/// Passes the lock states of \p design to each of them.
 void refresh(const OrvanticCore::Design& design);
+
+/// What they add to the context menu of \p file or, if that is null, of \p design. Menus are
+/// returned as their actions. The lock states of the design have been passed to them.
+QList<QAction*> menuActions(OrvanticCore::DesignFile* file, OrvanticCore::Design* design,
+                            const QString& context);
+
+/// The same for the tool bar.
+QList<QAction*> toolBarActions(OrvanticCore::DesignFile* file, OrvanticCore::Design* design,
+                               const QString& context);
 
 } // namespace ViewExtensions
 

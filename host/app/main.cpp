@@ -1,11 +1,11 @@
-#include "MainWindow.h"
+#include "host/app/MainWindow.h"
+#include "host/app/PluginList.h"
 
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 #include <QtilitiesExtensionSystem/ExtensionSystemCore.h>
 
 #include <QCommandLineParser>
 #include <QDir>
-#include <QStyleFactory>
 
 using Qtilities::CoreGui::QtilitiesApplication;
 using Qtilities::ExtensionSystem::ExtensionSystemCore;
@@ -26,7 +26,8 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationName("pelk-host");
     QCoreApplication::setOrganizationName("ZORV");
     QCoreApplication::setApplicationVersion(PELK_HOST_VERSION);
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    // Desktops find the window's icon and menu entry by it.
+    QGuiApplication::setDesktopFileName("pelk-host");
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
@@ -38,18 +39,24 @@ int main(int argc, char** argv)
         QCoreApplication::translate("main", "Load the plug-ins in <folder>; may be repeated."),
         "folder", defaultPluginPath());
     parser.addOption(pluginPath);
-    parser.addPositionalArgument("design", QCoreApplication::translate("main", "Design to open."),
-                                 "[design...]");
+    parser.addPositionalArgument(
+        "path", QCoreApplication::translate("main", "Folder of a design, or an image to inspect."),
+        "[path...]");
     parser.process(application);
 
     MainWindow window;
     QtilitiesApplication::setMainWindow(&window);
-    for (const QString& path : parser.values(pluginPath))
+    const QStringList folders = parser.values(pluginPath);
+    for (const QString& path : folders)
         ExtensionSystemCore::instance()->addPluginPath(path);
     ExtensionSystemCore::instance()->initialize();
+    PluginList::logMissing(folders);
+    window.setPluginFolders(folders);
     window.show();
-    for (const QString& design : parser.positionalArguments())
-        window.openDesign(design);
+    if (parser.positionalArguments().isEmpty())
+        window.restoreSession();
+    for (const QString& path : parser.positionalArguments())
+        window.open(path);
 
     const int result = QtilitiesApplication::exec();
     ExtensionSystemCore::instance()->finalize();

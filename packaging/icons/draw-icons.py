@@ -22,6 +22,13 @@ BLIP = (1.0, 0.82, 0.36, 1)
 CARTON = (0.80, 0.60, 0.36, 1)
 CARTON_DARK = (0.64, 0.45, 0.25, 1)
 TAPE = (0.95, 0.88, 0.72, 1)
+PAPER = (0.96, 0.97, 0.97, 1)
+PAPER_EDGE = (0.45, 0.52, 0.54, 1)
+FOLD = (0.78, 0.83, 0.84, 1)
+
+# The sizes of an icon theme that desktops look for, in pixels.
+THEME = ROOT / "packaging/icons/hicolor"
+THEME_SIZES = (16, 22, 24, 32, 48, 64, 128, 256)
 
 
 def blend(below, above):
@@ -54,6 +61,23 @@ def package(x, y):
     if 0.42 <= x <= 0.58 and y < 0.58:
         return TAPE
     return CARTON_DARK if y < 0.38 else CARTON
+
+
+def image(x, y):
+    """A sheet with a folded corner, and on it the chip that the image is for."""
+    fold = 0.24
+    if not (0.14 <= x <= 0.86 and 0.04 <= y <= 0.96) or (x - 0.86) + fold > y - 0.04:
+        return CLEAR
+    if x > 0.86 - fold and y < 0.04 + fold:
+        return FOLD
+    if not (0.18 <= x <= 0.82 and 0.08 <= y <= 0.92):
+        return PAPER_EDGE
+    dx, dy = abs(x - 0.5), abs(y - 0.58)
+    if max(dx, dy) < 0.17:
+        return BLIP if max(dx, dy) < 0.07 else DISH
+    if max(dx, dy) < 0.23 and any(abs(min(dx, dy) - pin) < 0.025 for pin in (0.02, 0.11)):
+        return RING
+    return PAPER
 
 
 def render(shape, size):
@@ -113,3 +137,9 @@ if __name__ == "__main__":
     write_png(ROOT / "host/app/icons/radar_22x22.png", render(radar, 22))
     write_png(ROOT / "host/app/icons/radar_128x128.png", render(radar, 128))
     write_png(ROOT / "host/app/icons/config_output_16x16.png", render(package, 16))
+    for theme_size in THEME_SIZES:
+        folder = THEME / f"{theme_size}x{theme_size}"
+        for name, shape in (("apps/pelk-host", radar), ("mimetypes/application-x-pelk-fcf", image)):
+            path = folder / f"{name}.png"
+            path.parent.mkdir(parents=True, exist_ok=True)
+            write_png(path, render(shape, theme_size))

@@ -1,4 +1,4 @@
-#include "ArchiveHost.h"
+#include "archive/ArchiveHost.h"
 
 #include <QCoreApplication>
 #include <QGridLayout>
@@ -33,7 +33,7 @@ private slots:
     void isKnownByEachOfItsNames();
     void isNotKnownByAnotherName();
     void answersForItself();
-    void tellsWhatItIs();
+    void saysWhatItIs();
     void isMeantForAllDesigns();
     void hasOneSignalAndThreeSlotsInOrder();
     void hasAFrameOfItsOwnSize();
@@ -88,7 +88,7 @@ void ArchiveConfigFormTest::answersForItself()
     QVERIFY(!host->extension()->parent());
 }
 
-void ArchiveConfigFormTest::tellsWhatItIs()
+void ArchiveConfigFormTest::saysWhatItIs()
 {
     QCOMPARE(host->interface()->archiveType(), QString("VKT Config Package"));
     QCOMPARE(int(host->interface()->archiveDesignItems()), 0x13);

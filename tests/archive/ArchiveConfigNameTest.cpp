@@ -1,4 +1,4 @@
-#include "ArchiveHost.h"
+#include "archive/ArchiveHost.h"
 
 #include <OrvanticCore/DesignStructure.h>
 
@@ -26,7 +26,12 @@ class ArchiveConfigNameTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init() { host.reset(new ArchiveHost); }
+    void init()
+    {
+        // The old one first: each gives back the settings of the one before it.
+        host.reset();
+        host.reset(new ArchiveHost);
+    }
 
     void namesThePackageOfADesign();
     void followsEachField();
@@ -46,13 +51,14 @@ private slots:
     void asksTheDialogForTheFormat();
     void staysSilentWithoutADialog();
     void staysSilentWithoutADesign();
-    void letsGoOfADialog();
-    void buildsANameWhenADialogIsHandedOver();
+    void forgetsADialogThatIsTakenBack();
+    void buildsANameWhenADialogIsSet();
     void emitsANameThatIsAsBefore();
     void ignoresPathsOfTheDialog();
     void hidesAndLocksControlsOfTheDialog();
     void leavesControlsAloneWithoutADialog();
     void worksInAnyOrderOfCalls();
+    void keepsADialogWithoutADesign();
 
 private:
     QString lastPath() const { return host->interface()->destinationPathOnActivation(); }
@@ -307,7 +313,7 @@ void ArchiveConfigNameTest::staysSilentWithoutADesign()
     QCOMPARE(host->major()->value(), 0);
 }
 
-void ArchiveConfigNameTest::letsGoOfADialog()
+void ArchiveConfigNameTest::forgetsADialogThatIsTakenBack()
 {
     host->attach();
     host->takePaths();
@@ -322,7 +328,7 @@ void ArchiveConfigNameTest::letsGoOfADialog()
     QCOMPARE(lastPath(), Folder + "7010-GNRL-ELEC-FW-09-V-01_00.zip");
 }
 
-void ArchiveConfigNameTest::buildsANameWhenADialogIsHandedOver()
+void ArchiveConfigNameTest::buildsANameWhenADialogIsSet()
 {
     host->design().setVersion(2, 3);
     host->attach();
@@ -378,6 +384,17 @@ void ArchiveConfigNameTest::worksInAnyOrderOfCalls()
     extension->updateArchiveDialogWidget();
     QCOMPARE(lastPath(), Folder + "7010-GNRL-ELEC-FW-01-V-01_00.zip");
     QCOMPARE(host->dialog().calls.size(), 3);
+}
+
+void ArchiveConfigNameTest::keepsADialogWithoutADesign()
+{
+    host->dialog().archivedDesign = nullptr;
+    host->attach();
+    host->interface()->updateArchiveDialogWidget();
+    QCOMPARE(host->dialog().calls.size(), 3);
+    host->dialog().archivedDesign = &host->design();
+    host->sequence()->setValue(2);
+    QCOMPARE(lastPath(), Folder + "7010-GNRL-ELEC-FW-02-V-00_00.zip");
 }
 
 QTEST_MAIN(ArchiveConfigNameTest)

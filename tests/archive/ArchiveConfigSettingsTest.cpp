@@ -1,4 +1,6 @@
-#include "ArchiveHost.h"
+#include "archive/ArchiveHost.h"
+
+#include <OrvanticCore/DesignManager.h>
 
 #include <QFile>
 #include <QSettings>
@@ -17,6 +19,8 @@ private slots:
     void remembersEachChoice();
     void keepsAChoiceOverARestart();
     void leavesOtherSettingsAlone();
+    void savesAChoiceBeforeItEmitsItsName();
+    void eachHostHasSettingsOfItsOwn();
 };
 
 void ArchiveConfigSettingsTest::startsWithFirmware()
@@ -117,6 +121,29 @@ void ArchiveConfigSettingsTest::leavesOtherSettingsAlone()
                                               "Plugins/ZORV_Plugin/active_package_type"}));
     QCOMPARE(settings.value("MainWindow/width").toInt(), 960);
     QCOMPARE(settings.value("Plugins/Other/key").toString(), QString("kept"));
+}
+
+void ArchiveConfigSettingsTest::savesAChoiceBeforeItEmitsItsName()
+{
+    ArchiveHost host;
+    host.attach();
+    QVariant savedThen;
+    connect(host.extension(), &ZORV_Plugin::ZORV_ArchiveConfigExtension::destinationPathChanged,
+            this, [&] { savedThen = host.savedPackageType(); });
+    host.packageType()->setCurrentIndex(1);
+    QCOMPARE(savedThen, QVariant("7030 (Software)"));
+}
+
+void ArchiveConfigSettingsTest::eachHostHasSettingsOfItsOwn()
+{
+    ArchiveHost first;
+    QString firstPath = first.settingsPath();
+    {
+        const ArchiveHost second;
+        QCOMPARE(OrvanticCore::DesignManager::instance()->settingsFilePath(),
+                 second.settingsPath());
+    }
+    QCOMPARE(OrvanticCore::DesignManager::instance()->settingsFilePath(), firstPath);
 }
 
 QTEST_MAIN(ArchiveConfigSettingsTest)

@@ -1,4 +1,4 @@
-#include "ArchiveHost.h"
+#include "archive/ArchiveHost.h"
 
 #include <OrvanticCore/DesignManager.h>
 
@@ -37,6 +37,7 @@ ArchiveHost::ArchiveHost(const QString& packageType) : m_design("/designs/radar"
 {
     if (!m_folder.isValid())
         qFatal("no temporary folder");
+    m_settingsBefore = DesignManager::instance()->settingsFilePath();
     DesignManager::instance()->setSettingsFilePath(settingsPath());
     if (!packageType.isNull())
         QSettings(settingsPath(), QSettings::IniFormat).setValue(PackageTypeKey, packageType);
@@ -45,7 +46,7 @@ ArchiveHost::ArchiveHost(const QString& packageType) : m_design("/designs/radar"
     restart();
 }
 
-ArchiveHost::~ArchiveHost() { DesignManager::instance()->setSettingsFilePath(QString()); }
+ArchiveHost::~ArchiveHost() { DesignManager::instance()->setSettingsFilePath(m_settingsBefore); }
 
 void ArchiveHost::restart()
 {

@@ -43,7 +43,7 @@ public:
 
     /// Makes a new extension, as a restart does.
     void restart();
-    /// Hands the dialog over.
+    /// Sets the dialog.
     void attach();
 
     ZORV_Plugin::ZORV_ArchiveConfigExtension* extension() const { return m_extension.get(); }
@@ -76,6 +76,7 @@ public:
 
 private:
     QTemporaryDir m_folder;
+    QString m_settingsBefore;
     OrvanticCore::Design m_design;
     NotingDialog m_dialog;
     std::unique_ptr<ZORV_Plugin::ZORV_ArchiveConfigExtension> m_extension;

@@ -1,4 +1,4 @@
-#include "DesignFixture.h"
+#include "design/DesignFixture.h"
 
 #include "generator/PelkFcfGenerator.h"
 
@@ -62,6 +62,7 @@ private slots:
     void aDesignClosedByAnEventIsLeftAlone();
     void aFileTakenOutByAnEventIsNotRefreshed();
     void propertiesStayWithoutAWindow();
+    void theTargetIsRecordedWhenEveryFileIsRefused();
 };
 
 void ZORV_FileTypeExtensionsFilesTest::takesWhatTheWindowGeneratesIntoTheDesign()
@@ -291,6 +292,15 @@ void ZORV_FileTypeExtensionsFilesTest::propertiesStayWithoutAWindow()
     fixture.extensions()->handleNewFilesCreated({fixture.writeFile("top.fcf")});
     QVERIFY(fixture.design()->fileAt("top.fcf"));
     QVERIFY(propertiesOf(fixture.design()).isEmpty());
+}
+
+void ZORV_FileTypeExtensionsFilesTest::theTargetIsRecordedWhenEveryFileIsRefused()
+{
+    DesignFixture fixture;
+    PelkFcfGenerator* const window = openWindow(&fixture);
+    emit window->newFilesCreated({fixture.path("missing.fcf"), fixture.path("missing.txt")});
+    QCOMPARE(fixture.log().filter("8:Failed to add generated file ").count(), 2);
+    QCOMPARE(propertiesOf(fixture.design()), TargetOfTheWindow);
 }
 
 QTEST_MAIN(ZORV_FileTypeExtensionsFilesTest)

@@ -1,4 +1,4 @@
-#include "DesignFixture.h"
+#include "design/DesignFixture.h"
 
 #include "generator/PelkFcfGenerator.h"
 

@@ -1,8 +1,15 @@
-#include "DesignFixture.h"
+#include "design/DesignFixture.h"
 
+#include "fcf/FcfWriter.h"
+#include "generator/FunctionEntries.h"
 #include "generator/PelkFcfGenerator.h"
+#include "support/EventCount.h"
+#include "support/ModalAnswer.h"
+#include "support/PlainFcf.h"
 
 #include <OrvanticCore/DesignManager.h>
+
+#include <QtilitiesCore/ObjectManager.h>
 
 #include <QDesktopWidget>
 #include <QLabel>
@@ -11,9 +18,13 @@
 #include <QTextEdit>
 #include <QtTest>
 
+#include <algorithm>
+
 using OrvanticCore::Design;
 using OrvanticCore::DesignManager;
+using Qtilities::Core::ObjectManager;
 using Qtilities::Core::QtilitiesCategory;
+using Qtilities::Core::SharedProperty;
 
 namespace {
 
@@ -31,17 +42,6 @@ void giveProperty(Design* design, const char* name, const QVariant& value)
 {
     design->setDesignProperty(name, value, QtilitiesCategory("Target"));
 }
-
-/// For a window that is to load what is no companion, and would have to tell so.
-class SilentDialogs : public GeneratorDialogs {
-public:
-    void tell(const QString&) override {}
-    Answer ask(const QString&, DefaultButton) override { return No; }
-    QString chooseFile(QWidget*, const QString&, const QString&, const QString&) override
-    {
-        return QString();
-    }
-};
 
 } // namespace
 
@@ -61,6 +61,13 @@ private slots:
     void staysEmptyWithoutExactlyOneDesign_data();
     void staysEmptyWithoutExactlyOneDesign();
     void loadsACompanion();
+    void isClearedBeforeItLoadsAgain();
+    void loadsIntoAWindowThatListsFunctionsOfItsOwn();
+    void isBroughtToTheFront_data();
+    void isBroughtToTheFront();
+    void isFilledFromTheOpenDesignWhateverTheFilesOwn();
+    void keepsItsDescriptionWhereTheDesignHasNone_data();
+    void keepsItsDescriptionWhereTheDesignHasNone();
 };
 
 void ZORV_FileTypeExtensionsWindowTest::deletesItselfWhenClosed()
@@ -82,7 +89,7 @@ void ZORV_FileTypeExtensionsWindowTest::deletesItselfWhenClosed()
 void ZORV_FileTypeExtensionsWindowTest::isCentredOnTheAvailableScreen()
 {
     DesignFixture fixture;
-    // The window's size is that of its form: only a window not yet shown tells it.
+    // The window's size is that of its form: only a window not yet shown has it.
     const PelkFcfGenerator likeIt;
     const QPoint expected =
         QApplication::desktop()->availableGeometry(&likeIt).center() - likeIt.rect().center();
@@ -98,7 +105,9 @@ void ZORV_FileTypeExtensionsWindowTest::isReusedWhileOpen()
     fixture.actionFor(fixture.addFile("other.bin"))->trigger();
     QCOMPARE(fixture.window(), window);
     QCOMPARE(textOf("txtInputFile"), fixture.path("other.bin"));
-    window->setDialogs(new SilentDialogs);
+    // This is no companion, which the window says in a box.
+    ModalAnswer dialogs;
+    dialogs.click(QMessageBox::Ok);
     fixture.actionFor(fixture.addFile("top.txt"))->trigger();
     QCOMPARE(fixture.window(), window);
 
@@ -261,6 +270,112 @@ void ZORV_FileTypeExtensionsWindowTest::loadsACompanion()
     QCOMPARE(textOf("MinorVerEditBox"), QString("7"));
     QCOMPARE(description(), QString("First\nSecond"));
     QCOMPARE(textOf("txtInputFile"), fixture.path("top.bin"));
+}
+
+void ZORV_FileTypeExtensionsWindowTest::isClearedBeforeItLoadsAgain()
+{
+    DesignFixture fixture;
+    FcfHeader header;
+    header.fileName = "top.fcf";
+    header.ciNumber = "4711";
+    header.description = "First\nSecond";
+    header.functions << FcfFunction{"A", "a", "1", "d"} << FcfFunction{"B", "b", "2", "e"};
+    QAction* const open =
+        fixture.actionFor(fixture.addFile("top.txt", FcfWriter().compose(header)));
+    fixture.writeFile("top.bin", QByteArray(5000, 'x'));
+    for (int times = 0; times < 2; ++times) {
+        open->trigger();
+        const PelkFcfGenerator* const window = fixture.window();
+        QCOMPARE(window->findChild<QComboBox*>("FunctionComboBox")->count(), 2);
+        QCOMPARE(FunctionEntries::fault(window), QString());
+        QCOMPARE(description(), header.description);
+    }
+    fixture.window()->setAuthor("a");
+    const QPointer<PelkFcfGenerator> window = fixture.window();
+    QTest::mouseClick(window->findChild<QPushButton*>("GenerateButton"), Qt::LeftButton);
+    QTRY_VERIFY(!window);
+    const PlainFcf image = PlainFcf::fromFile(fixture.path("top.fcf").toStdString());
+    QCOMPARE(std::count(image.lines.begin(), image.lines.end(), "---"), 3);
+    QCOMPARE(image.valueOf("Function name: "), std::string("A"));
+}
+
+void ZORV_FileTypeExtensionsWindowTest::loadsIntoAWindowThatListsFunctionsOfItsOwn()
+{
+    DesignFixture fixture;
+    QAction* const create = fixture.actionFor(fixture.addFile("top.bin"));
+    create->trigger();
+    PelkFcfGenerator* const window = fixture.window();
+    window->findChild<QLineEdit*>("EditFunctionName")->setText("own");
+    QTest::mouseClick(window->findChild<QPushButton*>("UploadFunctionButton"), Qt::LeftButton);
+    // This is no companion: what the window had is gone all the same, form and memory alike.
+    ModalAnswer dialogs;
+    dialogs.click(QMessageBox::Ok);
+    fixture.actionFor(fixture.addFile("top.txt"))->trigger();
+    QCOMPARE(FunctionEntries::of(window), QVector<QString>());
+    QCOMPARE(FunctionEntries::fault(window), QString());
+}
+
+void ZORV_FileTypeExtensionsWindowTest::isBroughtToTheFront_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::newRow("by Create FCF") << "top.bin";
+    QTest::newRow("by Open FCF") << "top.txt";
+}
+
+void ZORV_FileTypeExtensionsWindowTest::isBroughtToTheFront()
+{
+    QFETCH(QString, file);
+    DesignFixture fixture;
+    ModalAnswer dialogs;
+    dialogs.click(QMessageBox::Ok);
+    dialogs.click(QMessageBox::Ok);
+    QAction* const action = fixture.actionFor(fixture.addFile(file));
+    action->trigger();
+    PelkFcfGenerator* const window = fixture.window();
+    QVERIFY(QTest::qWaitForWindowActive(window));
+    QWidget host;
+    host.show();
+    host.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&host));
+
+    const EventCount raised(window, QEvent::ZOrderChange);
+    action->trigger();
+    QVERIFY(QTest::qWaitForWindowActive(window));
+    QCOMPARE(raised.count(), 1);
+}
+
+void ZORV_FileTypeExtensionsWindowTest::isFilledFromTheOpenDesignWhateverTheFilesOwn()
+{
+    DesignFixture fixture;
+    // Not open in the host: it is in no list of designs.
+    Design other("/some/design", "Firmware Design");
+    other.setVersion(9, 9);
+    giveProperty(&other, "ZORV Pelk Module", "GPM");
+    fixture.actionFor(other.restoreFile("top.bin"))->trigger();
+    QCOMPARE(textOf("MajorVerEditBox"), QString("2"));
+    QCOMPARE(textOf("MinorVerEditBox"), QString("7"));
+    QCOMPARE(fixture.window()->getModule(), QString("DFE"));
+}
+
+void ZORV_FileTypeExtensionsWindowTest::keepsItsDescriptionWhereTheDesignHasNone_data()
+{
+    QTest::addColumn<bool>("hasProperty");
+    QTest::newRow("no property") << false;
+    QTest::newRow("a property without a value") << true;
+}
+
+void ZORV_FileTypeExtensionsWindowTest::keepsItsDescriptionWhereTheDesignHasNone()
+{
+    QFETCH(bool, hasProperty);
+    DesignFixture fixture;
+    QAction* const create = fixture.actionFor(fixture.addFile("top.bin"));
+    create->trigger();
+    fixture.window()->setDescription("typed");
+    if (hasProperty)
+        ObjectManager::setSharedProperty(fixture.design(),
+                                         SharedProperty("CurrentVersionChanges", QVariant()));
+    create->trigger();
+    QCOMPARE(description(), QString("typed"));
 }
 
 QTEST_MAIN(ZORV_FileTypeExtensionsWindowTest)

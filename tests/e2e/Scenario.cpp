@@ -165,7 +165,7 @@ void Scenario::checkDesignView()
 {
     const auto* const view = find<QTreeView>(m_host, "MainDesignWidget");
     for (const char* name : {"top.fcf", "top.txt"})
-        require(UserActions::row(view, name) == QStringList({name, "Generated", "1.0"}),
+        require(UserActions::row(view, name).mid(0, 3) == QStringList({name, "Generated", "1.0"}),
                 QString("The design shows %1 as: ").arg(name) +
                     UserActions::row(view, name).join(", "));
     const QStringList log = UserActions::column(find<QTreeView>(m_host, "LogPane"), 2);

@@ -35,17 +35,17 @@ FcfHeader header()
 
 } // namespace
 
-/// Exact readings give back what was written, and tell where something else stands.
+/// Exact readings give back what was written, and report where something else is.
 class FcfExactReaderTest : public QObject {
     Q_OBJECT
 
 private slots:
     void givesBackWhatWasWritten();
-    void tellsWhereTextsStand();
-    void tellsWhereTheTextEnds();
+    void findsWhereTextsAre();
+    void findsWhereTheTextEnds();
     void takesTheReservedWords();
-    void tellsTheFirstDeviation_data();
-    void tellsTheFirstDeviation();
+    void reportsTheFirstDeviation_data();
+    void reportsTheFirstDeviation();
     void endsWithTheDevice();
     void takesNoMoreThanItsBound();
     void leavesThePayloadAlone();
@@ -58,7 +58,7 @@ void FcfExactReaderTest::givesBackWhatWasWritten()
     QVERIFY(reading.header == header());
 }
 
-void FcfExactReaderTest::tellsWhereTextsStand()
+void FcfExactReaderTest::findsWhereTextsAre()
 {
     const QByteArray bytes = FcfWriter(utf8()).compose(header());
     const FcfExactReading reading = readExactly(bytes);
@@ -73,7 +73,7 @@ void FcfExactReaderTest::tellsWhereTextsStand()
     QVERIFY(bytes.mid(ciNumber.offset).startsWith("b\nFunction description: \n---\n----\n"));
 }
 
-void FcfExactReaderTest::tellsWhereTheTextEnds()
+void FcfExactReaderTest::findsWhereTheTextEnds()
 {
     const QByteArray bytes = FcfWriter(utf8()).compose(header());
     QCOMPARE(readExactly(bytes).textEnd, bytes.size());
@@ -91,7 +91,7 @@ void FcfExactReaderTest::takesTheReservedWords()
              QVector<quint32>({0xFFFFFFFF, 0x0A0A0A0A, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF}));
 }
 
-void FcfExactReaderTest::tellsTheFirstDeviation_data()
+void FcfExactReaderTest::reportsTheFirstDeviation_data()
 {
     QTest::addColumn<QByteArray>("before");
     QTest::addColumn<QByteArray>("after");
@@ -111,7 +111,7 @@ void FcfExactReaderTest::tellsTheFirstDeviation_data()
     row("bytes that are no text", "Gr", "\xff", "author", -1, "text that can be decoded");
 }
 
-void FcfExactReaderTest::tellsTheFirstDeviation()
+void FcfExactReaderTest::reportsTheFirstDeviation()
 {
     QFETCH(QByteArray, before);
     QFETCH(QByteArray, after);

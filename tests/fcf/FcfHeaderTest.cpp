@@ -1,4 +1,4 @@
-#include "SampleHeaders.h"
+#include "support/SampleHeaders.h"
 
 #include "fcf/FcfLayout.h"
 

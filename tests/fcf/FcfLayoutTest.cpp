@@ -9,7 +9,7 @@ private slots:
     void numbersFollowOneAnotherWithoutGaps();
     void preambleEndsAtByte64();
     void everyFieldHasItsOwnNameAndAMeaning();
-    void endMarkHoldsTheRecordMark();
+    void endMarkContainsTheRecordMark();
 };
 
 void FcfLayoutTest::numbersFollowOneAnotherWithoutGaps()
@@ -43,7 +43,7 @@ void FcfLayoutTest::everyFieldHasItsOwnNameAndAMeaning()
     QCOMPARE(names.size(), FcfLayout::FunctionTextCount);
 }
 
-void FcfLayoutTest::endMarkHoldsTheRecordMark()
+void FcfLayoutTest::endMarkContainsTheRecordMark()
 {
     QVERIFY(QByteArray(FcfLayout::TextEnd).contains(FcfLayout::RecordEnd));
 }

@@ -1,4 +1,4 @@
-#include "fcf/SampleHeaders.h"
+#include "support/SampleHeaders.h"
 
 #include "fcf/FcfReader.h"
 #include "fcf/FcfWriter.h"

@@ -1,4 +1,4 @@
-#include "SampleHeaders.h"
+#include "support/SampleHeaders.h"
 
 #include "fcf/FcfLayout.h"
 #include "fcf/FcfWriter.h"
@@ -47,13 +47,6 @@ private slots:
     void reportsAFullDeviceAtEveryByteOfThePage();
     void endsOnADeviceThatTakesNothing();
     void writesAllToADeviceThatTakesAByteAtATime();
-    void copiesAPayload_data();
-    void copiesAPayload();
-    void reportsAPayloadThatEndsEarly();
-    void reportsAPayloadThatHasGrown();
-    void doesNotFollowAPayloadThatNeverEnds();
-    void reportsAPayloadThatCannotBeRead();
-    void reportsAnImageThatTakesNoMore();
 };
 
 void FcfWriterTest::writesTheGoldenPages_data()
@@ -176,83 +169,6 @@ void FcfWriterTest::writesAllToADeviceThatTakesAByteAtATime()
     const QByteArray page = pageOf(headerInSeveralScripts());
     QVERIFY(FcfWriter::writeAll(&sink, page, nullptr));
     QCOMPARE(sink.bytes(), page);
-}
-
-void FcfWriterTest::copiesAPayload_data()
-{
-    QTest::addColumn<int>("bytes");
-    for (const int bytes : {0, 1, 1023, 1024, 1025, 2048, 1048575, 1048576, 1048577, 3000000})
-        QTest::newRow(qPrintable(QString("%1 bytes").arg(bytes))) << bytes;
-}
-
-void FcfWriterTest::copiesAPayload()
-{
-    QFETCH(int, bytes);
-    QByteArray content(bytes, Qt::Uninitialized);
-    for (int i = 0; i < bytes; ++i)
-        content[i] = static_cast<char>(i * 31 + i / 251);
-    QBuffer payload(&content);
-    QVERIFY(payload.open(QIODevice::ReadOnly));
-    QBuffer image;
-    QVERIFY(image.open(QIODevice::WriteOnly));
-    QString error;
-    QVERIFY2(FcfWriter::copyPayload(&payload, bytes, &image, &error), qPrintable(error));
-    QVERIFY(image.data() == content);
-}
-
-void FcfWriterTest::reportsAPayloadThatEndsEarly()
-{
-    QByteArray content(1024, 'x');
-    QBuffer payload(&content);
-    QVERIFY(payload.open(QIODevice::ReadOnly));
-    QBuffer image;
-    QVERIFY(image.open(QIODevice::WriteOnly));
-    QString error;
-    QVERIFY(!FcfWriter::copyPayload(&payload, 1025, &image, &error));
-    QCOMPARE(error, QString("the payload ends after 1024 of 1025 bytes"));
-}
-
-void FcfWriterTest::reportsAPayloadThatHasGrown()
-{
-    QByteArray content(1025, 'x');
-    QBuffer payload(&content);
-    QVERIFY(payload.open(QIODevice::ReadOnly));
-    QBuffer image;
-    QVERIFY(image.open(QIODevice::WriteOnly));
-    QString error;
-    QVERIFY(!FcfWriter::copyPayload(&payload, 1024, &image, &error));
-    QCOMPARE(error, QString("the payload is longer than its 1024 bytes"));
-    QCOMPARE(image.data(), content.left(1024));
-}
-
-void FcfWriterTest::doesNotFollowAPayloadThatNeverEnds()
-{
-    EndlessSource payload(QByteArray(), "endless ");
-    QBuffer image;
-    QVERIFY(image.open(QIODevice::WriteOnly));
-    QVERIFY(!FcfWriter::copyPayload(&payload, 3000, &image, nullptr));
-    QCOMPARE(payload.taken(), qint64(3001));
-}
-
-void FcfWriterTest::reportsAPayloadThatCannotBeRead()
-{
-    FailingSource payload(QByteArray(4000, 'x'), 1500);
-    QBuffer image;
-    QVERIFY(image.open(QIODevice::WriteOnly));
-    QString error;
-    QVERIFY(!FcfWriter::copyPayload(&payload, 4000, &image, &error));
-    QCOMPARE(error, QString("Input/output error"));
-}
-
-void FcfWriterTest::reportsAnImageThatTakesNoMore()
-{
-    QByteArray content(4000, 'x');
-    QBuffer payload(&content);
-    QVERIFY(payload.open(QIODevice::ReadOnly));
-    LimitedSink image(3999, LimitedSink::Fails);
-    QString error;
-    QVERIFY(!FcfWriter::copyPayload(&payload, 4000, &image, &error));
-    QCOMPARE(error, QString("No space left on device"));
 }
 
 QTEST_GUILESS_MAIN(FcfWriterTest)

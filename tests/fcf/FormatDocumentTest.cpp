@@ -106,14 +106,14 @@ class FormatDocumentTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void theDocumentHoldsTheTables();
-    void theDocumentHoldsTheConstants();
+    void theDocumentContainsTheTables();
+    void theDocumentContainsTheConstants();
     void theOffsetsLeaveNoGap();
     void theKaitaiDescriptionAgrees();
     void theHexPatternAgrees();
 };
 
-void FormatDocumentTest::theDocumentHoldsTheTables()
+void FormatDocumentTest::theDocumentContainsTheTables()
 {
     const QString document = readDocument("fcf-format.md");
     for (const QString& rows :
@@ -121,7 +121,7 @@ void FormatDocumentTest::theDocumentHoldsTheTables()
         QVERIFY2(document.contains(rows), qPrintable("This is missing:\n" + rows));
 }
 
-void FormatDocumentTest::theDocumentHoldsTheConstants()
+void FormatDocumentTest::theDocumentContainsTheConstants()
 {
     const QString document = readDocument("fcf-format.md");
     QVERIFY(document.contains(QString("A page of the flash is %1 bytes, a block %2 pages.")

@@ -25,7 +25,7 @@ void PelkFcfGeneratorFileInfoTest::countsPagesAndBlocks_data()
     QTest::newRow("a page and a byte") << 2113 << 2 << 0;
     QTest::newRow("one page less than a block") << 133056 << 63 << 0;
     QTest::newRow("a byte into the last page of a block") << 133057 << 64 << 0;
-    QTest::newRow("a full block is told in pages") << 135168 << 64 << 0;
+    QTest::newRow("a full block is given in pages") << 135168 << 64 << 0;
     QTest::newRow("a block and a byte") << 135169 << 1 << 1;
     QTest::newRow("two full blocks") << 270336 << 0 << 2;
     QTest::newRow("two blocks and a byte") << 270337 << 1 << 2;

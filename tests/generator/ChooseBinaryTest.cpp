@@ -1,4 +1,4 @@
-#include "GeneratorTest.h"
+#include "generator/GeneratorTest.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -14,6 +14,7 @@ private slots:
     void measuresABinary_data();
     void measuresABinary();
     void takesABinaryThatDoesNotExistForAnEmptyOne();
+    void showsAPathThatLooksLikeMarkupAsItIs();
 };
 
 void ChooseBinaryTest::choosesABinary()
@@ -94,6 +95,23 @@ void ChooseBinaryTest::takesABinaryThatDoesNotExistForAnEmptyOne()
     QCOMPARE(driver->text("BinFileSize"), QString("0  Bytes"));
     QCOMPARE(driver->text("BinFilePages"), QString("0 Pages"));
     QCOMPARE(driver->text("BinFileBlocks"), QString("0 blocks"));
+}
+
+void ChooseBinaryTest::showsAPathThatLooksLikeMarkupAsItIs()
+{
+    const QString binary = driver->binary("<b>top<b>.bin", 10);
+    driver->dialogs().choose(binary);
+    driver->click("btnLoad");
+    auto* const status = driver->find<QLabel>("StatusBar");
+    QCOMPARE(status->text(), "Loaded " + binary + " successfully.");
+    QCOMPARE(status->textFormat(), Qt::PlainText);
+
+    // Results of other actions are coloured, and the next plain one is plain again.
+    driver->window()->readConfigFile(driver->path("missing.txt"));
+    QCOMPARE(status->textFormat(), Qt::RichText);
+    driver->dialogs().cancel();
+    driver->click("btnLoad");
+    QCOMPARE(status->textFormat(), Qt::PlainText);
 }
 
 QTEST_MAIN(ChooseBinaryTest)

@@ -1,4 +1,4 @@
-#include "FormModel.h"
+#include "generator/FormModel.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <QStringList>
 #include <QVector>
 
-/// What a person finds in the form after loading a file, worked out by hand from the file's lines.
+/// What a person finds in the form after loading a file, worked out from the file's lines.
 struct FormModel {
     /// Whether the end mark was found where the form looks for it. Hyphens inside a text can end
     /// its record early, so that the lines behind it are taken for others and the mark for none.

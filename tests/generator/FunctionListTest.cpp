@@ -1,4 +1,4 @@
-#include "GeneratorTest.h"
+#include "generator/GeneratorTest.h"
 
 #include <OrvanticCore/DesignManager.h>
 
@@ -50,6 +50,11 @@ private slots:
     void cutsADescriptionAfter1000Characters();
     void cutsADescriptionThatIsSet();
     void leavesAFunctionDescriptionOfAnyLength();
+    void uploadsAFunctionNamedByABlank();
+    void setsRemoveByTheListBeforeAnUpload();
+    void setsRemoveByTheListWhenAFunctionIsShown();
+    void enablesRemoveAfterEachUpload();
+    void leavesRemoveAloneWhenCleared();
 
 private:
     void uploadThree();
@@ -227,6 +232,7 @@ void FunctionListTest::removesAFunctionOnYes()
     driver->dialogs().inspect([this](QWidget* box) {
         const auto* const question = qobject_cast<QMessageBox*>(box);
         QCOMPARE(question->standardButtons(), QMessageBox::Yes | QMessageBox::No);
+        QVERIFY(!question->defaultButton());
         QVERIFY(!question->parent());
         // Before the answer already.
         QCOMPARE(driver->text("AuthoEditBox"), QString("1"));
@@ -387,6 +393,57 @@ void FunctionListTest::leavesAFunctionDescriptionOfAnyLength()
     QApplication::clipboard()->setText(QString(3000, 'x'));
     QTest::keySequence(driver->find<QTextEdit>("DescriptionMemoFunctions"), QKeySequence::Paste);
     QCOMPARE(driver->text("DescriptionMemoFunctions"), QString(3000, 'x'));
+}
+
+void FunctionListTest::uploadsAFunctionNamedByABlank()
+{
+    driver->upload(" ", "a", "d", "1");
+    QCOMPARE(driver->functionNames(), QStringList(" "));
+    QCOMPARE(shown(0), QStringList({" ", "a", "d", "1"}));
+}
+
+void FunctionListTest::setsRemoveByTheListBeforeAnUpload()
+{
+    auto* const remove = driver->find<QPushButton>("btnRemove");
+    driver->type("EditFunctionName", "A");
+    remove->setEnabled(true);
+    QVERIFY(!driver->window()->checkFunction());
+    QVERIFY(!canRemove());
+
+    driver->click("UploadFunctionButton");
+    driver->type("EditFunctionName", "B");
+    remove->setEnabled(false);
+    QVERIFY(!driver->window()->checkFunction());
+    QVERIFY(canRemove());
+}
+
+void FunctionListTest::setsRemoveByTheListWhenAFunctionIsShown()
+{
+    auto* const remove = driver->find<QPushButton>("btnRemove");
+    driver->upload("A", "a", "d", "1");
+    remove->setEnabled(false);
+    shown(0);
+    QVERIFY(canRemove());
+    driver->chooseFromFileMenu("Clear");
+    shown(0);
+    QVERIFY(!canRemove());
+}
+
+void FunctionListTest::enablesRemoveAfterEachUpload()
+{
+    driver->upload("A", "a", "d", "1");
+    driver->find<QPushButton>("btnRemove")->setEnabled(false);
+    // Without a name nothing else would enable it.
+    driver->dialogs().click(QMessageBox::Ok);
+    driver->click("UploadFunctionButton");
+    QVERIFY(canRemove());
+}
+
+void FunctionListTest::leavesRemoveAloneWhenCleared()
+{
+    uploadThree();
+    driver->chooseFromFileMenu("Clear");
+    QVERIFY(canRemove());
 }
 
 QTEST_MAIN(FunctionListTest)

@@ -1,5 +1,6 @@
-#include "GeneratorTest.h"
+#include "generator/GeneratorTest.h"
 
+#include "support/FullDisk.h"
 #include "support/PlainFcf.h"
 
 #include <QDir>
@@ -7,29 +8,29 @@
 #include <QPushButton>
 #include <QtTest>
 
-#include <csignal>
-#include <sys/resource.h>
-
 namespace {
 
-/// While it lives, files cannot grow beyond \a bytes: what a full disk does, at a byte of choice.
-class DiskFullAt {
+/// While it lives, no file can be opened again, not even one that \p path has been opened as.
+class NoMoreFiles {
 public:
-    explicit DiskFullAt(rlim_t bytes)
+    explicit NoMoreFiles(const QString& path)
     {
-        m_handlerBefore = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
+        getrlimit(RLIMIT_NOFILE, &m_before);
+        // All numbers below the file's own are taken: it has the lowest that was free.
+        rlimit limit = m_before;
+        const QDir open("/proc/self/fd");
+        for (const QString& number :
+             open.entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System)) {
+            if (QFile::symLinkTarget(open.filePath(number)) == path)
+                limit.rlim_cur = number.toUInt();
+        }
+        setrlimit(RLIMIT_NOFILE, &limit);
     }
-    ~DiskFullAt()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handlerBefore);
-    }
+    ~NoMoreFiles() { setrlimit(RLIMIT_NOFILE, &m_before); }
 
 private:
-    void (*m_handlerBefore)(int) = nullptr;
+    Q_DISABLE_COPY(NoMoreFiles)
+
     rlimit m_before{};
 };
 
@@ -50,12 +51,14 @@ private slots:
     void failsForABinaryThatCannotBeRead();
     void failsOnAFullDisk_data();
     void failsOnAFullDisk();
-    void tellsTheTotalsOfAHeaderThatTheDiskDidNotTake();
+    void showsTheTotalsOfAHeaderThatTheDiskDidNotTake();
     void failsOnAFullDiskAtEveryByteOfTheHeaderPage();
     void failsOnAFullDevice_data();
     void failsOnAFullDevice();
     void failsForACompanionThatKeepsNothing();
-    void warnsWhenTheHeaderTellsAnotherSize();
+    void warnsWhenTheHeaderHasAnotherSize();
+    void namesAnImageThatCannotBeOpenedAgain_data();
+    void namesAnImageThatCannotBeOpenedAgain();
 
 private:
     void expectFailure();
@@ -219,7 +222,7 @@ void GenerateFailureTest::failsOnAFullDisk()
     driver->fillIn(driver->binary("top.bin", 100003));
     driver->dialogs().clear();
     {
-        const DiskFullAt limit(static_cast<rlim_t>(bytes));
+        const FullDisk limit(static_cast<rlim_t>(bytes));
         expectFailure();
     }
     QCOMPARE(driver->log().size(), 1);
@@ -227,11 +230,11 @@ void GenerateFailureTest::failsOnAFullDisk()
     QCOMPARE(QFileInfo(driver->path("top.fcf")).size(), qint64(bytes));
 }
 
-void GenerateFailureTest::tellsTheTotalsOfAHeaderThatTheDiskDidNotTake()
+void GenerateFailureTest::showsTheTotalsOfAHeaderThatTheDiskDidNotTake()
 {
     driver->fillIn(driver->binary("top.bin", 5000));
     {
-        const DiskFullAt limit(100);
+        const FullDisk limit(100);
         expectFailure();
     }
     QCOMPARE(driver->text("finalSize"), QString("7112 bytes"));
@@ -249,7 +252,7 @@ void GenerateFailureTest::failsOnAFullDiskAtEveryByteOfTheHeaderPage()
     for (rlim_t bytes = 0; bytes < 2112; ++bytes) {
         QFile::remove(image);
         QFile::remove(driver->path("top.txt"));
-        const DiskFullAt limit(bytes);
+        const FullDisk limit(bytes);
         driver->window()->saveTofile(driver->path("top.bin"));
         QCOMPARE(driver->text("StatusBar"), QString(Red));
     }
@@ -286,7 +289,7 @@ void GenerateFailureTest::failsForACompanionThatKeepsNothing()
              qPrintable(driver->log().last()));
 }
 
-void GenerateFailureTest::warnsWhenTheHeaderTellsAnotherSize()
+void GenerateFailureTest::warnsWhenTheHeaderHasAnotherSize()
 {
     const QString binary = driver->binary("top.bin", 5000);
     driver->fillIn(binary);
@@ -301,6 +304,36 @@ void GenerateFailureTest::warnsWhenTheHeaderTellsAnotherSize()
              "4 Pelk FCF Generator: \"" + binary +
                  "\" has 6000 bytes, but the header says 5000, as the binary was when it was last "
                  "selected. Select it again and generate anew.");
+}
+
+void GenerateFailureTest::namesAnImageThatCannotBeOpenedAgain_data()
+{
+    QTest::addColumn<int>("textEnd");
+    QTest::newRow("for its filler") << 500;
+    QTest::newRow("for its payload, behind a header that needs no filler") << 2112;
+}
+
+void GenerateFailureTest::namesAnImageThatCannotBeOpenedAgain()
+{
+    QFETCH(int, textEnd);
+    driver->fillIn(driver->binary("top.bin", 10));
+    const int others = 65 + int(qstrlen("Filename: top.fcf\nCI No: \nAuthor: R. Vos\n"
+                                        "Date: 21 Nov 2026\nTime: 09:05:07\nDescription: \n"
+                                        "---\n----\n"));
+    driver->window()->setCINumber(QString(textEnd - others, 'x'));
+    std::unique_ptr<NoMoreFiles> limit;
+    driver->window()->setClock([&] {
+        // Read once all three files are open.
+        if (!limit)
+            limit = std::make_unique<NoMoreFiles>(driver->path("top.fcf"));
+        return QDateTime(QDate(2026, 11, 21), QTime(9, 5, 7));
+    });
+    driver->dialogs().clear();
+    driver->dialogs().click(QMessageBox::Ok);
+    expectFailure();
+    limit.reset();
+    QCOMPARE(driver->dialogs().texts(), QStringList("can't open " + driver->path("top.fcf")));
+    QCOMPARE(driver->content(driver->path("top.fcf")).size(), textEnd);
 }
 
 QTEST_MAIN(GenerateFailureTest)

@@ -1,9 +1,11 @@
-#include "GeneratorTest.h"
+#include "generator/GeneratorTest.h"
 
 #include "support/PlainFcf.h"
 
+#include <QDir>
 #include <QFile>
 #include <QPushButton>
+#include <QTextCodec>
 #include <QtTest>
 
 namespace {
@@ -19,7 +21,7 @@ private slots:
     void writesImageAndCompanionBesideTheBinary();
     void copiesBinariesOfAnySize_data();
     void copiesBinariesOfAnySize();
-    void tellsTotalsAfterWriting();
+    void showsTotalsAfterWriting();
     void announcesBothFilesOnceAndLogsIt();
     void closesTheWindow();
     void asksForWhatIsMissing_data();
@@ -32,12 +34,20 @@ private slots:
     void writesVersionsAsNumbers();
     void writesTextsAsTyped();
     void takesDateAndTimeForEachFile();
-    void tellsBothFilesApartAcrossASecond();
+    void stampsBothFilesApartAcrossASecond();
     void endsTheHeaderPageAt2112OrJustBehind_data();
     void endsTheHeaderPageAt2112OrJustBehind();
     void refusesAHeaderThatDoesNotFit();
     void deletesAnImageOverwrittenByAHeaderThatDoesNotFit();
-    void writesWhatTheListHoldsForFunctionsNotInMemory();
+    void writesEmptyTextsForFunctionsNotInMemory();
+    void derivesTheCodesBeforeItsChecks();
+    void takesABlankForAnAuthorAndANumber();
+    void takesABlankForAPath();
+    void fillsEachHeaderPageByItsOwnLength();
+    void deletesATooLargeHeaderOnlyAfterSayingSo();
+    void writesSizesCutOffTo32Bits_data();
+    void writesSizesCutOffTo32Bits();
+    void encodesTextsInTheLocalesCodec();
 
 private:
     PlainFcf generate();
@@ -120,7 +130,7 @@ void GenerateTest::copiesBinariesOfAnySize()
     QCOMPARE(image.numbers[0], totalPages <= 64 ? totalPages : totalPages % 64);
 }
 
-void GenerateTest::tellsTotalsAfterWriting()
+void GenerateTest::showsTotalsAfterWriting()
 {
     driver->fillIn(driver->binary("top.bin", 133057));
     QCOMPARE(driver->text("finalSize"), QString());
@@ -321,7 +331,7 @@ void GenerateTest::takesDateAndTimeForEachFile()
     QCOMPARE(readings, 2);
 }
 
-void GenerateTest::tellsBothFilesApartAcrossASecond()
+void GenerateTest::stampsBothFilesApartAcrossASecond()
 {
     driver->fillIn(driver->binary("top.bin", 10));
     QDateTime now(QDate(2026, 12, 31), QTime(23, 59, 59));
@@ -358,7 +368,7 @@ void GenerateTest::endsTheHeaderPageAt2112OrJustBehind()
     const QString binary = driver->binary("top.bin", 5000);
     driver->fillIn(binary);
     driver->find<QLineEdit>("CiNumEditBox")->clear();
-    // All that the text holds besides the CI number.
+    // All of the text but the CI number.
     const int others = 65 + int(qstrlen("Filename: top.fcf\nCI No: \nAuthor: R. Vos\n"
                                         "Date: 21 Nov 2026\nTime: 09:05:07\nDescription: \n"
                                         "---\n----\n"));
@@ -406,14 +416,144 @@ void GenerateTest::deletesAnImageOverwrittenByAHeaderThatDoesNotFit()
     QVERIFY(!driver->exists(driver->path("top.txt")));
 }
 
-void GenerateTest::writesWhatTheListHoldsForFunctionsNotInMemory()
+void GenerateTest::writesEmptyTextsForFunctionsNotInMemory()
 {
+    driver->allowListFaults();
     driver->fillIn(driver->binary("top.bin", 10));
     driver->find<QComboBox>("FunctionComboBox")->addItem("only an item");
     const PlainFcf image = generate();
     QCOMPARE(image.lines.size(), std::size_t(14));
     QCOMPARE(image.lines[8], std::string("Function name: "));
     QCOMPARE(image.lines[12], std::string("---"));
+}
+
+void GenerateTest::derivesTheCodesBeforeItsChecks()
+{
+    driver->window()->setBinFile(driver->binary("top.bin", 10));
+    driver->type("CiNumEditBox", "1");
+    driver->window()->setModule("GPM");
+    driver->window()->setDevice("Processing_FPGA_3");
+    driver->dialogs().click(QMessageBox::Ok);
+    driver->click("GenerateButton");
+    QVERIFY(!driver->exists(driver->path("top.fcf")));
+
+    // Of a device without a code it is the code of the attempt before.
+    driver->type("AuthoEditBox", "a");
+    driver->window()->setModule("DFE2");
+    QCOMPARE(generate().numbers[7], 8);
+}
+
+void GenerateTest::takesABlankForAnAuthorAndANumber()
+{
+    driver->window()->setBinFile(driver->binary("top.bin", 10));
+    driver->type("AuthoEditBox", " ");
+    driver->type("CiNumEditBox", " ");
+    const PlainFcf image = generate();
+    QCOMPARE(image.valueOf("Author: "), std::string(" "));
+    QCOMPARE(image.valueOf("CI No: "), std::string(" "));
+}
+
+void GenerateTest::takesABlankForAPath()
+{
+    const QString folder = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(driver->path("")));
+    driver->type("txtInputFile", " ");
+    driver->type("AuthoEditBox", "a");
+    driver->type("CiNumEditBox", "1");
+    driver->click("GenerateButton");
+    QVERIFY(QDir::setCurrent(folder));
+    // No box: the writer was called, with a binary, image and companion of that one name.
+    QCOMPARE(driver->dialogs().texts(), QStringList());
+    QVERIFY(!driver->window()->isVisible());
+    QVERIFY(driver->exists(driver->path(" ")));
+}
+
+void GenerateTest::fillsEachHeaderPageByItsOwnLength()
+{
+    driver->fillIn(driver->binary("top.bin", 10));
+    QDateTime now(QDate(2026, 11, 9), QTime(23, 59, 59));
+    driver->window()->setClock([&] {
+        const QDateTime reading = now;
+        now = now.addSecs(1);
+        return reading;
+    });
+    // The companion's text, whose date has a digit more, ends at 2112 exactly.
+    const int others = 65 + int(qstrlen("Filename: top.fcf\nCI No: \nAuthor: R. Vos\n"
+                                        "Date: 10 Nov 2026\nTime: 00:00:00\nDescription: \n"
+                                        "---\n----\n"));
+    driver->window()->setCINumber(QString(2112 - others, 'x'));
+    const PlainFcf image = generate();
+    const PlainFcf companion = PlainFcf::fromFile(driver->path("top.txt").toStdString());
+    QCOMPARE(driver->text("StatusBar"), QString(Green));
+    QCOMPARE(image.valueOf("Date: "), std::string("9 Nov 2026"));
+    QCOMPARE(companion.valueOf("Date: "), std::string("10 Nov 2026"));
+    QCOMPARE(image.headerBytes, std::size_t(2117));
+    QCOMPARE(companion.headerBytes, std::size_t(2112));
+    QCOMPARE(image.payload.size(), std::size_t(10));
+}
+
+void GenerateTest::deletesATooLargeHeaderOnlyAfterSayingSo()
+{
+    driver->fillIn(driver->binary("top.bin", 10));
+    driver->window()->setCINumber(QString(3000, 'x'));
+    driver->dialogs().click(QMessageBox::Ok);
+    driver->dialogs().inspect([this](QWidget*) {
+        QVERIFY(driver->exists(driver->path("top.fcf")));
+        QVERIFY(driver->exists(driver->path("top.txt")));
+        QVERIFY(driver->text("StatusBar") != Red);
+    });
+    driver->click("GenerateButton");
+    QVERIFY(!driver->exists(driver->path("top.fcf")));
+    QVERIFY(!driver->exists(driver->path("top.txt")));
+    QCOMPARE(driver->text("StatusBar"), QString(Red));
+}
+
+void GenerateTest::writesSizesCutOffTo32Bits_data()
+{
+    QTest::addColumn<qint64>("bytes");
+    QTest::addColumn<QVector<int>>("sizes");
+    const qint64 gib = 1LL << 30;
+    QTest::newRow("2 GiB") << 2 * gib
+                           << QVector<int>{-1016799, 0, -2147481536, -1016800, 0, -2147483647 - 1};
+    QTest::newRow("3 GiB") << 3 * gib
+                           << QVector<int>{-508399, 0, -1073739712, -508400, 0, -1073741824};
+    QTest::newRow("4 GiB and 5 bytes") << 4 * gib + 5 << QVector<int>{2, 0, 2117, 1, 0, 5};
+}
+
+void GenerateTest::writesSizesCutOffTo32Bits()
+{
+    QFETCH(qint64, bytes);
+    QFETCH(QVector<int>, sizes);
+    const QString large = driver->binary("large.bin", 0);
+    QVERIFY(QFile::resize(large, bytes));
+    driver->window()->setBinFile(large);
+    QCOMPARE(driver->text("BinFileSize"), QString("%1  Bytes").arg(bytes));
+    QCOMPARE(driver->text("BinFilePages"), QString("%1 Pages").arg(sizes[3]));
+    QCOMPARE(driver->text("BinFileBlocks"), QString("%1 blocks").arg(sizes[4]));
+    // They stay those of the binary that was selected, for an image of a small one.
+    driver->type("txtInputFile", driver->binary("top.bin", 10));
+    driver->type("AuthoEditBox", "a");
+    driver->type("CiNumEditBox", "1");
+    const PlainFcf image = generate();
+    QCOMPARE(QVector<int>(image.numbers.begin(), image.numbers.begin() + 6), sizes);
+    QCOMPARE(driver->text("finalSize"), QString("%1 bytes").arg(sizes[2]));
+}
+
+void GenerateTest::encodesTextsInTheLocalesCodec()
+{
+    driver->fillIn(driver->binary("top.bin", 10));
+    driver->type("AuthoEditBox", QString::fromUtf8("Zoë"));
+    QTextCodec* const before = QTextCodec::codecForLocale();
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-1"));
+    driver->click("GenerateButton");
+    const QByteArray page = driver->content(driver->path("top.txt"));
+    driver->window()->addNew();
+    driver->window()->setTxtFile(driver->path("top.txt"));
+    QTextCodec::setCodecForLocale(before);
+    QVERIFY(page.contains("\nAuthor: Zo\xEB\n"));
+    QVERIFY(page.size() >= 2112 && page.size() <= 2114);
+    QVERIFY(page.endsWith("\xEF\xBF\xBD\xEF\xBF\xBD"));
+    QCOMPARE(driver->text("AuthoEditBox"), QString::fromUtf8("Zoë"));
 }
 
 QTEST_MAIN(GenerateTest)

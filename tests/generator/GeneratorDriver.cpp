@@ -1,6 +1,7 @@
-#include "GeneratorDriver.h"
+#include "generator/GeneratorDriver.h"
 
 #include "fcf/FcfWriter.h"
+#include "generator/FunctionEntries.h"
 
 #include <QFile>
 #include <QMenu>
@@ -58,6 +59,7 @@ QStringList GeneratorDriver::items(const char* comboBox) const
 void GeneratorDriver::click(const char* button)
 {
     QTest::mouseClick(find<QAbstractButton>(button), Qt::LeftButton);
+    compareLists(button);
 }
 
 void GeneratorDriver::type(const char* field, const QString& text)
@@ -72,6 +74,7 @@ void GeneratorDriver::type(const char* field, const QString& text)
         // As an input method would: keys alone cannot type every script.
         QTest::sendKeyEvent(QTest::Click, widget, Qt::Key_unknown, letters, Qt::NoModifier);
     }
+    compareLists(field);
 }
 
 void GeneratorDriver::select(const char* comboBox, int index)
@@ -80,6 +83,7 @@ void GeneratorDriver::select(const char* comboBox, int index)
     QTest::keyClick(box, Qt::Key_Home);
     for (int i = 0; i < index; ++i)
         QTest::keyClick(box, Qt::Key_Down);
+    compareLists(comboBox);
 }
 
 void GeneratorDriver::chooseFromFileMenu(const QString& entry)
@@ -92,6 +96,7 @@ void GeneratorDriver::chooseFromFileMenu(const QString& entry)
         if (action->text() == entry)
             QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
     }
+    compareLists(entry);
 }
 
 void GeneratorDriver::upload(const QString& name, const QString& author, const QString& description,
@@ -110,6 +115,13 @@ void GeneratorDriver::fillIn(const QString& binaryPath)
     click("btnLoad");
     type("AuthoEditBox", "R. Vos");
     type("CiNumEditBox", "CI-0042");
+}
+
+void GeneratorDriver::compareLists(const QString& action)
+{
+    const QString fault = FunctionEntries::fault(m_window.get());
+    if (m_comparesLists && m_listFault.isEmpty() && !fault.isEmpty())
+        m_listFault = action + ": " + fault;
 }
 
 QString GeneratorDriver::binary(const QString& name, int bytes) const

@@ -16,7 +16,9 @@
 
 struct FcfHeader;
 
-/// One real generator window in front of its user's hands and eyes, with a folder to work in.
+/// One real generator window, used by keys and mouse, with a folder to work in.
+///
+/// After each action the function list in memory is compared with what the form lists.
 class GeneratorDriver : public QObject {
     Q_OBJECT
 
@@ -42,7 +44,7 @@ public:
 
     /// The text of the line edit, label, text edit or combo box \p name.
     QString text(const char* name) const;
-    /// What stands in the editor of functions: name, author, description, CI number.
+    /// What is in the editor of functions: name, author, description, CI number.
     QStringList editor() const;
     QStringList items(const char* comboBox) const;
     QStringList functionNames() const { return items("FunctionComboBox"); }
@@ -68,14 +70,23 @@ public:
     QByteArray content(const QString& path) const;
     bool exists(const QString& path) const;
 
+    /// The first action after which memory and form did not agree, and how; empty for none.
+    QString listFault() const { return m_listFault; }
+    /// For what no action of a user does: memory and form may disagree from now on.
+    void allowListFaults() { m_comparesLists = false; }
+
     /// Kinds and texts of the priority messages, as "2 text".
     QStringList log() const { return m_log; }
 
 private:
+    void compareLists(const QString& action);
+
     QTemporaryDir m_folder;
     std::unique_ptr<PelkFcfGenerator> m_window;
     ModalAnswer m_dialogs;
     QStringList m_log;
+    QString m_listFault;
+    bool m_comparesLists = true;
 };
 
 #endif

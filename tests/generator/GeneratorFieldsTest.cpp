@@ -1,4 +1,4 @@
-#include "GeneratorTest.h"
+#include "generator/GeneratorTest.h"
 
 #include <QClipboard>
 #include <QtTest>

@@ -1,4 +1,4 @@
-#include "GeneratorTest.h"
+#include "generator/GeneratorTest.h"
 
 #include <QtCreatorUtilities/DetailsWidget.h>
 
@@ -17,7 +17,7 @@ class GeneratorFormTest : public GeneratorTest {
 
 private slots:
     void declaresItsSignalAndSlotsInOrder();
-    void holdsTheFormsObjectsInOrder();
+    void hasTheFormsObjectsInOrder();
     void isCalledAndTitledAsUsersKnowIt();
     void showsTheTextsOfTheForm_data();
     void showsTheTextsOfTheForm();
@@ -65,7 +65,7 @@ void GeneratorFormTest::declaresItsSignalAndSlotsInOrder()
     QCOMPARE(meta.propertyCount(), QMainWindow::staticMetaObject.propertyCount());
 }
 
-void GeneratorFormTest::holdsTheFormsObjectsInOrder()
+void GeneratorFormTest::hasTheFormsObjectsInOrder()
 {
     // In the order of the form's file, which is the order in which the objects are made.
     QFile form(QFINDTESTDATA("../../generator/PelkFcfGenerator.ui"));

@@ -1,5 +1,5 @@
-#include "GeneratorTest.h"
-#include "SampleBuild.h"
+#include "generator/GeneratorTest.h"
+#include "support/SampleHeaders.h"
 
 #include "fcf/FcfWriter.h"
 #include "support/PlainFcf.h"
@@ -37,6 +37,10 @@ private slots:
     void doesNotTakeTheFilesTextsForMarkup();
     void pointsBackToTheBinaryOnlyWhereAPathHasTxt();
     void doesNotTakeTheSizesReadForTheNextHeader();
+    void saysWhetherTheWholeTextWasRead();
+    void namesThePathInTheFormAndNotTheOneRead();
+    void pointsAtTheBinaryAfterAFailedLoadByMenuToo();
+    void leavesModifyTicked();
 };
 
 void GeneratorLoadTest::loadsACompanionIntoTheForm()
@@ -135,6 +139,7 @@ void GeneratorLoadTest::addsToTheFunctionsListedAlready()
 
 void GeneratorLoadTest::survivesAnEditOfFunctionsListedBeforeALoad()
 {
+    driver->allowListFaults();
     driver->upload("old", "o", "o", "o");
     driver->window()->setTxtFile(driver->writeHeader("top.txt", sampleHeader()));
     driver->find<QCheckBox>("ModifyFunctionCheckBox")->setChecked(false);
@@ -251,6 +256,50 @@ void GeneratorLoadTest::doesNotTakeTheSizesReadForTheNextHeader()
     const PlainFcf image = PlainFcf::fromFile(driver->path("top.fcf").toStdString());
     const std::vector<int> sizes(image.numbers.begin(), image.numbers.begin() + 6);
     QVERIFY((sizes == std::vector<int>{4, 0, 7112, 3, 0, 5000}));
+}
+
+void GeneratorLoadTest::saysWhetherTheWholeTextWasRead()
+{
+    const QString companion = driver->writeHeader("top.txt", sampleHeader());
+    QVERIFY(driver->window()->readConfigFile(companion));
+    driver->window()->addNew();
+    driver->dialogs().click(QMessageBox::Ok);
+    QVERIFY(!driver->window()->readConfigFile(driver->binary("other.txt", 3000)));
+    QVERIFY(!driver->window()->readConfigFile(driver->path("missing.txt")));
+}
+
+void GeneratorLoadTest::namesThePathInTheFormAndNotTheOneRead()
+{
+    driver->type("txtInputFile", "shown.txt");
+    driver->window()->readConfigFile(driver->writeHeader("top.txt", sampleHeader()));
+    QCOMPARE(driver->text("StatusBar"), loaded("shown.txt"));
+    driver->window()->readConfigFile(driver->path("missing.txt"));
+    QCOMPARE(driver->text("StatusBar"),
+             QString("<font color='red'>Loading shown.txt failed.</font>"));
+    driver->window()->readConfigFile(
+        driver->write("cut.txt", FcfWriter().compose(sampleHeader()).left(200)));
+    QCOMPARE(driver->text("StatusBar"),
+             QString("<font color='red'>Loading shown.txt failed.</font>"));
+}
+
+void GeneratorLoadTest::pointsAtTheBinaryAfterAFailedLoadByMenuToo()
+{
+    driver->dialogs().choose(driver->binary("other.txt", 3000));
+    driver->dialogs().click(QMessageBox::Ok);
+    driver->chooseFromFileMenu("Load");
+    QCOMPARE(driver->text("txtInputFile"), driver->path("other.bin"));
+}
+
+void GeneratorLoadTest::leavesModifyTicked()
+{
+    const QString companion = driver->writeHeader("top.txt", sampleHeader());
+    driver->dialogs().choose(companion);
+    driver->chooseFromFileMenu("Load");
+    driver->click("ModifyFunctionCheckBox");
+    driver->dialogs().choose(companion);
+    driver->chooseFromFileMenu("Load");
+    QVERIFY(driver->find<QCheckBox>("ModifyFunctionCheckBox")->isChecked());
+    QVERIFY(!driver->find<QWidget>("EditFunctionName")->isEnabled());
 }
 
 QTEST_MAIN(GeneratorLoadTest)

@@ -1,5 +1,5 @@
-#include "FormModel.h"
-#include "GeneratorTest.h"
+#include "generator/FormModel.h"
+#include "generator/GeneratorTest.h"
 
 #include <QFile>
 #include <QRandomGenerator>
@@ -7,17 +7,6 @@
 #include <QtTest>
 
 namespace {
-
-/// Answers every question with Yes, so that a thousand rounds need not wait for boxes.
-class AlwaysYes : public GeneratorDialogs {
-public:
-    void tell(const QString& text) override { qFatal("Unexpected: %s", qPrintable(text)); }
-    Answer ask(const QString&, DefaultButton) override { return Yes; }
-    QString chooseFile(QWidget*, const QString&, const QString&, const QString&) override
-    {
-        return {};
-    }
-};
 
 /// The lines of an image that depend on the form alone: not file name, date and time.
 QStringList formLines(const PlainFcf& fcf)
@@ -80,8 +69,8 @@ private slots:
     void losesWhatFollowsFourHyphensInAFunctionName();
     void losesWhatFollowsThreeHyphensInADescription();
     void keepsThreeHyphensInOtherTexts();
-    void showsTheTargetThatTheUserGuideTells_data();
-    void showsTheTargetThatTheUserGuideTells();
+    void showsTheTargetThatTheUserGuideNames_data();
+    void showsTheTargetThatTheUserGuideNames();
     void changesOneThingAWeekLater();
     void bringsAThousandRandomBuildsBack();
 
@@ -91,8 +80,10 @@ private:
     void compareForm(const FormModel& expected);
 };
 
+/// Generates a new image, so that a thousand rounds need not wait for the question.
 PlainFcf GeneratorRoundsTest::generate()
 {
+    QFile::remove(driver->path("top.fcf"));
     driver->click("GenerateButton");
     if (!driver->text("StatusBar").contains("Successfully"))
         qFatal("Not generated: %s", qPrintable(driver->text("StatusBar")));
@@ -189,7 +180,6 @@ void GeneratorRoundsTest::bringsATextBack()
 {
     QFETCH(QString, text);
     const bool empty = text.isEmpty();
-    driver->window()->setDialogs(new AlwaysYes);
     driver->window()->setBinFile(driver->binary("top.bin", 10));
     driver->type("AuthoEditBox", "a");
     driver->type("CiNumEditBox", empty ? "1" : text);
@@ -257,7 +247,7 @@ void GeneratorRoundsTest::keepsThreeHyphensInOtherTexts()
     QCOMPARE(form().functions, QVector<QStringList>({{"n --- m", "---", "d", " -----"}}));
 }
 
-void GeneratorRoundsTest::showsTheTargetThatTheUserGuideTells_data()
+void GeneratorRoundsTest::showsTheTargetThatTheUserGuideNames_data()
 {
     QTest::addColumn<QStringList>("made");
     QTest::addColumn<QStringList>("shown");
@@ -277,7 +267,7 @@ void GeneratorRoundsTest::showsTheTargetThatTheUserGuideTells_data()
     QCOMPARE(rows, 8);
 }
 
-void GeneratorRoundsTest::showsTheTargetThatTheUserGuideTells()
+void GeneratorRoundsTest::showsTheTargetThatTheUserGuideNames()
 {
     QFETCH(QStringList, made);
     driver->fillIn(driver->binary("top.bin", 10));
@@ -331,7 +321,6 @@ void GeneratorRoundsTest::changesOneThingAWeekLater()
 
 void GeneratorRoundsTest::bringsAThousandRandomBuildsBack()
 {
-    driver->window()->setDialogs(new AlwaysYes);
     const QString binary = driver->binary("top.bin", 300);
     RandomTexts random(20261121);
     int complete = 0;

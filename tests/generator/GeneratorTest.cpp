@@ -1,4 +1,4 @@
-#include "GeneratorTest.h"
+#include "generator/GeneratorTest.h"
 
 #include <QtTest>
 
@@ -11,5 +11,6 @@ void GeneratorTest::init() { driver.reset(new GeneratorDriver); }
 void GeneratorTest::cleanup()
 {
     QVERIFY2(driver->dialogs().allGiven(), qPrintable(driver->dialogs().unexpected().join('|')));
+    QCOMPARE(driver->listFault(), QString());
     driver.reset();
 }

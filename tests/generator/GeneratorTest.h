@@ -1,12 +1,13 @@
 #ifndef TESTS_GENERATOR_GENERATORTEST_H
 #define TESTS_GENERATOR_GENERATORTEST_H
 
-#include "GeneratorDriver.h"
+#include "generator/GeneratorDriver.h"
 
 #include <QScopedPointer>
 
-/// A test with a fresh generator window for each of its functions, none of which may leave a
-/// promised answer to a box ungiven or meet a box that it did not expect.
+/// A test with a fresh generator window for each of its functions. None of them may leave a
+/// promised answer to a box ungiven, meet a box that it did not expect, or have entries in memory
+/// that do not fit the functions listed.
 class GeneratorTest : public QObject {
     Q_OBJECT
 

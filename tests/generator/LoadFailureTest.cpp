@@ -1,7 +1,8 @@
-#include "GeneratorTest.h"
-#include "SampleBuild.h"
+#include "generator/GeneratorTest.h"
+#include "support/SampleHeaders.h"
 
 #include "fcf/FcfWriter.h"
+#include "generator/FunctionEntries.h"
 
 #include <QCheckBox>
 #include <QFile>
@@ -34,7 +35,7 @@ private slots:
     void keepsWhatWasReadWhenTheTextEndsEarly();
     void saysNoMoreThanThatAFileCutBeforeItsFirstLineIsNotCompatible_data();
     void saysNoMoreThanThatAFileCutBeforeItsFirstLineIsNotCompatible();
-    void tellsOnceThatADescriptionOfThousandsOfLinesIsTooLong();
+    void saysOnceThatADescriptionOfThousandsOfLinesIsTooLong();
     void readsLessThan64KibOfALargeImage();
 };
 
@@ -58,10 +59,9 @@ void LoadFailureTest::keepsNoFunctionInMemoryAfterAFailedLoad()
     driver->upload("old", "o", "o", "o");
     driver->dialogs().cancel();
     driver->chooseFromFileMenu("Load");
-    driver->chooseFromFileMenu("Clear");
-    driver->upload("new", "n", "n", "n");
+    QCOMPARE(FunctionEntries::of(driver->window()), QVector<QString>());
     driver->window()->displayFunctionInfo(0);
-    QCOMPARE(driver->editor(), QStringList({"new", "n", "n", "n"}));
+    QCOMPARE(driver->editor(), QStringList({"", "", "", ""}));
 }
 
 void LoadFailureTest::locksTheEditorForAFileThatCannotBeOpened()
@@ -181,7 +181,7 @@ void LoadFailureTest::saysNoMoreThanThatAFileCutBeforeItsFirstLineIsNotCompatibl
     QTEST(driver->text("BinFileSize"), "size");
 }
 
-void LoadFailureTest::tellsOnceThatADescriptionOfThousandsOfLinesIsTooLong()
+void LoadFailureTest::saysOnceThatADescriptionOfThousandsOfLinesIsTooLong()
 {
     FcfHeader header = sampleHeader();
     header.description = "first" + QString("\nx").repeated(12000);

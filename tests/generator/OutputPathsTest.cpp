@@ -1,4 +1,4 @@
-#include "GeneratorTest.h"
+#include "generator/GeneratorTest.h"
 
 #include "support/PlainFcf.h"
 
@@ -21,7 +21,7 @@ private slots:
     void overwritesACompanionWithoutImageUnasked();
 
 private:
-    /// As by hand: the file dialog offers no other ending than ".bin".
+    /// Typed: the file dialog offers no other ending than ".bin".
     void fillIn(const QString& binary)
     {
         driver->window()->setBinFile(binary);

@@ -1,20 +1,30 @@
+#include "support/EventCount.h"
+
+#include <OrvanticCore/Design.h>
+#include <OrvanticCore/DesignFile.h>
 #include <OrvanticCore/DesignManager.h>
+#include <OrvanticCore/IDesignViewExtensions.h>
 
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 #include <QtilitiesExtensionSystem/IPlugin.h>
 
-#include <QDir>
+#include <QAction>
+#include <QDirIterator>
 #include <QFile>
 #include <QIcon>
 #include <QMenu>
 #include <QPluginLoader>
+#include <QPointer>
 #include <QTemporaryDir>
+#include <QTranslator>
 #include <QtTest>
 
 #include <memory>
 #include <utility>
 
+using OrvanticCore::Design;
 using OrvanticCore::DesignManager;
+using OrvanticCore::Interfaces::IDesignViewExtensions;
 using Qtilities::Core::VersionInformation;
 using Qtilities::Core::VersionNumber;
 using Qtilities::CoreGui::Command;
@@ -22,6 +32,27 @@ using Qtilities::CoreGui::QtilitiesApplication;
 using Qtilities::ExtensionSystem::Interfaces::IPlugin;
 
 namespace {
+
+/// Puts every text of the plug-in's core into brackets.
+class Quoting : public QTranslator {
+public:
+    QString translate(const char* context, const char* source, const char*, int) const override
+    {
+        return qstrcmp(context, "ZORV_Plugin::ZORV_Plugin_Core") == 0
+                   ? '<' + QString::fromUtf8(source) + '>'
+                   : QString();
+    }
+    bool isEmpty() const override { return false; }
+};
+
+/// All embedded files, those of libraries too.
+QStringList embeddedFiles()
+{
+    QStringList files;
+    for (QDirIterator entry(":/", QDir::Files, QDirIterator::Subdirectories); entry.hasNext();)
+        files << entry.next();
+    return files;
+}
 
 QList<QWidget*> generatorWindows()
 {
@@ -40,6 +71,7 @@ class PluginTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { m_embeddedBefore = embeddedFiles(); }
     void init();
     void cleanup();
 
@@ -48,13 +80,16 @@ private slots:
     void isCastByEachOfItsNames_data();
     void isCastByEachOfItsNames();
     void isItsOwnObjectBase();
-    void tellsWhoItIs();
+    void saysWhoItIs();
     void declaresOneSlot();
     void startsWhateverTheArguments();
     void registersItsExtensionsInOrder();
     void addsItsCommandAndASeparatorToTheToolsMenu();
     void opensOneWindowAndBringsItBack();
     void makesANewInstanceAfterTheFirstWasDeleted();
+    void leavesWhatItMadeToTheHostWhenItIsDeleted();
+    void givesItsIconToTheActionsOfDesigns();
+    void translatesWhatIsMeantForPeople();
 
 private:
     /// Makes the host's Tools menu, with one entry, and starts the plug-in as the host does.
@@ -63,6 +98,7 @@ private:
     /// Chooses the plug-in's entry of the Tools menu by the mouse.
     static void chooseGenerator();
 
+    QStringList m_embeddedBefore;
     std::unique_ptr<QTemporaryDir> m_settings;
     QPluginLoader m_loader{ZORV_PLUGIN_FILE};
     QObject* m_core = nullptr;
@@ -120,7 +156,10 @@ void PluginTest::embedsOneIcon()
     QCOMPARE(image.size(), QSize(16, 16));
     QCOMPARE(qAlpha(image.pixel(0, 0)), 0);
     QCOMPARE(qAlpha(image.pixel(8, 8)), 255);
-    QCOMPARE(QDir(":/icons").entryList(), QStringList("radar_icon.ico"));
+    QStringList embedded = embeddedFiles();
+    for (const QString& other : m_embeddedBefore)
+        embedded.removeAll(other);
+    QCOMPARE(embedded, QStringList(":/icons/radar_icon.ico"));
 }
 
 void PluginTest::isFoundByItsInterface()
@@ -159,7 +198,7 @@ void PluginTest::isItsOwnObjectBase()
     QCOMPARE(static_cast<const IPlugin*>(m_plugin)->objectBase(), m_core);
 }
 
-void PluginTest::tellsWhoItIs()
+void PluginTest::saysWhoItIs()
 {
     QCOMPARE(m_plugin->pluginName(), QString("ZORV VKT Plugin"));
     QCOMPARE(m_core->objectName(), m_plugin->pluginName());
@@ -249,8 +288,12 @@ void PluginTest::opensOneWindowAndBringsItBack()
     other.show();
     QApplication::setActiveWindow(&other);
     QVERIFY(QTest::qWaitForWindowActive(&other));
+    window->findChild<QWidget*>("AuthoEditBox")->setFocus();
+    const EventCount raised(window, QEvent::ZOrderChange);
     chooseGenerator();
     QVERIFY(QTest::qWaitForWindowActive(window));
+    QCOMPARE(raised.count(), 1);
+    QCOMPARE(QApplication::focusWidget(), window);
 
     QTest::mouseClick(window->findChild<QWidget*>("btnCancel"), Qt::LeftButton);
     QVERIFY(!window->isVisible());
@@ -276,6 +319,56 @@ void PluginTest::makesANewInstanceAfterTheFirstWasDeleted()
     // What the first one made for the host is still there.
     QCOMPARE(generatorWindows().size(), 1);
     QVERIFY(QtilitiesApplication::actionManager()->command("Tools.FcfGenerator"));
+}
+
+void PluginTest::leavesWhatItMadeToTheHostWhenItIsDeleted()
+{
+    start();
+    chooseGenerator();
+    QList<QPointer<QObject>> made;
+    for (QObject* object : QtilitiesApplication::objectManager()->registeredInterfaces("QObject"))
+        made << object;
+    for (QWidget* window : generatorWindows())
+        made << window;
+    QCOMPARE(made.size(), 4);
+    m_plugin->finalize();
+    delete std::exchange(m_core, nullptr);
+    QVERIFY(!made.contains(nullptr));
+}
+
+void PluginTest::givesItsIconToTheActionsOfDesigns()
+{
+    start();
+    const QList<QObject*> extensions = QtilitiesApplication::objectManager()->registeredInterfaces(
+        "com.Core.Interfaces.IDesignViewExtensions/1.0");
+    QCOMPARE(extensions.size(), 1);
+    auto* const view = qobject_cast<IDesignViewExtensions*>(extensions.first());
+    QVERIFY(view);
+    Design design("/some/design", "Firmware Design");
+    const QImage icon(":/icons/radar_icon.ico");
+    for (const char* name : {"top.bin", "top.txt"}) {
+        const QList<QAction*> actions =
+            view->contextMenuActions(design.restoreFile(name), "MainDesignWidget");
+        QCOMPARE(actions.size(), 1);
+        const QImage shown = actions.first()->icon().pixmap(16).toImage();
+        QCOMPARE(shown.convertToFormat(QImage::Format_ARGB32),
+                 icon.convertToFormat(QImage::Format_ARGB32));
+        qDeleteAll(actions);
+    }
+}
+
+void PluginTest::translatesWhatIsMeantForPeople()
+{
+    Quoting translator;
+    QVERIFY(QCoreApplication::installTranslator(&translator));
+    start();
+    for (const QString& text :
+         {m_plugin->pluginDescription(), m_plugin->pluginCopyright(), m_plugin->pluginLicense()})
+        QVERIFY2(text.startsWith('<') && text.endsWith('>'), qPrintable(text));
+    for (const QString& text :
+         {m_plugin->pluginName(), m_plugin->pluginPublisher(),
+          QtilitiesApplication::actionManager()->command("Tools.FcfGenerator")->text()})
+        QVERIFY2(!text.contains('<'), qPrintable(text));
 }
 
 int main(int argc, char** argv)

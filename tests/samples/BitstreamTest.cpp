@@ -40,7 +40,7 @@ private:
     std::uint32_t m_value = 0;
 };
 
-struct Walk {
+struct Packets {
     std::vector<std::pair<std::uint32_t, std::uint32_t>> writes;
     std::size_t frameWords = 0;
     int checksums = 0;
@@ -53,10 +53,10 @@ constexpr std::uint32_t DataRegister = 2;
 constexpr std::uint32_t CommandRegister = 4;
 constexpr std::uint32_t ResetCrc = 7;
 
-/// Goes through the packets behind the sync word.
-Walk walk(const Words& words, std::size_t position)
+/// Reads the packets behind the sync word.
+Packets readPackets(const Words& words, std::size_t position)
 {
-    Walk result;
+    Packets result;
     Checksum checksum;
     std::uint32_t address = 0;
     while (position < words.size()) {
@@ -119,7 +119,7 @@ void BitstreamTest::beginsWithDummiesBusWidthAndSync()
 
 void BitstreamTest::consistsOfPacketsUpToItsEnd()
 {
-    const Walk packets = walk(wordsOf(Bitstream::make(3)), 13);
+    const Packets packets = readPackets(wordsOf(Bitstream::make(3)), 13);
     QCOMPARE(packets.fault, QString());
     QVERIFY(packets.writes.size() > 15);
 }
@@ -128,12 +128,12 @@ void BitstreamTest::holdsTheFramesInOneType2Packet()
 {
     const Words words = wordsOf(Bitstream::make(5));
     QCOMPARE(std::count(words.begin(), words.end(), 0x50000000u | (5 * 101)), std::ptrdiff_t(1));
-    QCOMPARE(walk(words, 13).frameWords, std::size_t(5 * 101));
+    QCOMPARE(readPackets(words, 13).frameWords, std::size_t(5 * 101));
 }
 
 void BitstreamTest::carriesRightChecksums()
 {
-    const Walk packets = walk(wordsOf(Bitstream::make(4)), 13);
+    const Packets packets = readPackets(wordsOf(Bitstream::make(4)), 13);
     QCOMPARE(packets.checksums, 2);
     QCOMPARE(packets.wrongChecksums, 0);
 
@@ -141,12 +141,12 @@ void BitstreamTest::carriesRightChecksums()
     Words words = wordsOf(Bitstream::make(4));
     const auto data = std::find(words.begin(), words.end(), 0x50000000u | (4 * 101));
     *(data + 7) ^= 0x10;
-    QCOMPARE(walk(words, 13).wrongChecksums, 1);
+    QCOMPARE(readPackets(words, 13).wrongChecksums, 1);
 }
 
 void BitstreamTest::endsWithDesync()
 {
-    const Walk packets = walk(wordsOf(Bitstream::make(1)), 13);
+    const Packets packets = readPackets(wordsOf(Bitstream::make(1)), 13);
     QCOMPARE(packets.writes.back().first, CommandRegister);
     QCOMPARE(packets.writes.back().second, 0xDu);
 }

@@ -1,4 +1,4 @@
-#include "Golden.h"
+#include "support/Golden.h"
 
 #include <QFile>
 
@@ -32,7 +32,7 @@ QString shown(const QByteArray& bytes)
 {
     constexpr int ShownBytes = 48;
     const QByteArray start = bytes.left(ShownBytes);
-    return QString::fromLatin1(start.toHex(' ')) + " \"" + QString::fromUtf8(start) + '"' +
+    return QString::fromLatin1(start.toHex()) + " \"" + QString::fromUtf8(start) + '"' +
            (bytes.size() > ShownBytes ? QString(" ... (%1 bytes)").arg(bytes.size()) : QString());
 }
 

@@ -9,7 +9,7 @@
 ///
 /// Each line of a golden file is an offset, a field's name, and its bytes: as hexadecimal digits,
 /// with an optional " * COUNT" behind them, or as quoted text in UTF-8, in which \n, \" and
-/// \\ stand for the usual. The last line has no bytes and gives the length. Lines with # are
+/// \\ mean the usual. The last line has no bytes and gives the length. Lines with # are
 /// comments.
 class Golden {
 public:

@@ -1,4 +1,4 @@
-#include "ModalAnswer.h"
+#include "support/ModalAnswer.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -28,7 +28,7 @@ void clickButton(QWidget* dialog, QDialogButtonBox::StandardButton button)
 
 ModalAnswer::ModalAnswer(QObject* parent) : QObject(parent)
 {
-    connect(&m_timer, &QTimer::timeout, this, &ModalAnswer::lookForDialog);
+    connect(&m_timer, SIGNAL(timeout()), SLOT(lookForDialog()));
     m_timer.start(LookIntervalMs);
 }
 
@@ -79,7 +79,9 @@ void ModalAnswer::lookForDialog()
         return;
     m_answered = dialog;
     m_texts << textOf(dialog);
-    if (const auto look = std::exchange(m_inspect, nullptr))
+    Answer look;
+    look.swap(m_inspect);
+    if (look)
         look(dialog);
     if (m_answers.empty()) {
         m_unexpected << textOf(dialog);

@@ -39,13 +39,17 @@ public:
     bool allGiven() const { return m_answers.empty() && m_unexpected.isEmpty(); }
     QStringList unexpected() const { return m_unexpected; }
 
+    /// Leaves all dialogs alone from now on.
+    void stop() { m_timer.stop(); }
+
     /// Forgets what came up.
     void clear();
 
+private Q_SLOTS:
+    void lookForDialog();
+
 private:
     using Answer = std::function<void(QWidget*)>;
-
-    void lookForDialog();
 
     QTimer m_timer;
     std::deque<Answer> m_answers;

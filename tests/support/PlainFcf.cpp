@@ -1,4 +1,4 @@
-#include "PlainFcf.h"
+#include "support/PlainFcf.h"
 
 #include <fstream>
 #include <sstream>
@@ -32,7 +32,7 @@ PlainFcf PlainFcf::fromBytes(const std::string& bytes)
         fcf.reserved[i] = wordAt(bytes, 4 * (fcf.numbers.size() + i));
 
     std::size_t position = TextStart;
-    // A text can hold the end mark as a line of its own; the last one stands before filler or at
+    // A text can have the end mark as a line of its own; the last one is before filler or at
     // the end of the page.
     const auto ended = [&] {
         return !fcf.lines.empty() && fcf.lines.back() == "----" &&

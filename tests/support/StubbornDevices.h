@@ -41,7 +41,7 @@ private:
     QByteArray m_bytes;
 };
 
-/// Hands out its bytes up to a point and then fails.
+/// Gives its bytes up to a point and then fails.
 class FailingSource : public QIODevice {
 public:
     FailingSource(const QByteArray& bytes, int failsAt) : m_bytes(bytes.left(failsAt))
@@ -72,7 +72,8 @@ private:
 class EndlessSource : public QIODevice {
 public:
     EndlessSource(const QByteArray& start, const QByteArray& repeated)
-        : m_start(start), m_repeated(repeated)
+        // Long, so that few copies make a read.
+        : m_start(start), m_repeated(repeated.repeated(4096))
     {
         open(QIODevice::ReadOnly | QIODevice::Unbuffered);
     }
@@ -82,11 +83,15 @@ public:
 protected:
     qint64 readData(char* data, qint64 count) override
     {
-        for (qint64 i = 0; i < count; ++i, ++m_taken)
-            data[i] = m_taken < m_start.size()
-                          ? m_start.at(static_cast<int>(m_taken))
-                          : m_repeated.at(
-                                static_cast<int>((m_taken - m_start.size()) % m_repeated.size()));
+        for (qint64 copied = 0; copied < count;) {
+            const bool starts = m_taken < m_start.size();
+            const QByteArray& from = starts ? m_start : m_repeated;
+            const qint64 offset = starts ? m_taken : (m_taken - m_start.size()) % m_repeated.size();
+            const qint64 length = qMin(count - copied, from.size() - offset);
+            std::memcpy(data + copied, from.constData() + offset, static_cast<std::size_t>(length));
+            copied += length;
+            m_taken += length;
+        }
         return count;
     }
     qint64 writeData(const char*, qint64) override { return -1; }

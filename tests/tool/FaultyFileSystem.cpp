@@ -26,6 +26,14 @@ void change()
         ::raise(faults.signal);
 }
 
+/// Whether a read or write of a file may fail.
+bool hasFault()
+{
+    const Faults none;
+    return faults.room != none.room || faults.failingRead != none.failingRead ||
+           faults.signalledChange != none.signalledChange;
+}
+
 int failed(int error)
 {
     errno = error;
@@ -131,6 +139,15 @@ extern "C" ssize_t pread(int descriptor, void* data, std::size_t bytes, off_t of
     if (isOnDisk(descriptor) && isTurn(&faults.failingRead))
         return failed(EIO);
     return ::syscall(SYS_pread64, descriptor, data, bytes, offset);
+}
+
+// A disk with a fault refuses, so that the reads and writes in its place meet the fault.
+extern "C" ssize_t copy_file_range(int from, off_t* fromOffset, int to, off_t* toOffset,
+                                   std::size_t bytes, unsigned flags)
+{
+    if ((isOnDisk(from) || isOnDisk(to)) && hasFault())
+        return failed(ENOSYS);
+    return ::syscall(SYS_copy_file_range, from, fromOffset, to, toOffset, bytes, flags);
 }
 
 extern "C" int fsync(int descriptor)

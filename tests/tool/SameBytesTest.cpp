@@ -1,7 +1,6 @@
 #include "ToolFixture.h"
 
 #include "fcf/FcfTarget.h"
-#include "generator/GeneratorDialogs.h"
 #include "generator/PelkFcfGenerator.h"
 
 #include <QDir>
@@ -11,21 +10,6 @@
 #include <QTextCodec>
 #include <QTextEdit>
 #include <QtTest>
-
-namespace {
-
-/// Answers every question with yes, and takes the rest for a failure.
-class YesDialogs : public GeneratorDialogs {
-public:
-    void tell(const QString& text) override { QFAIL(qPrintable(text)); }
-    Answer ask(const QString&, DefaultButton) override { return Yes; }
-    QString chooseFile(QWidget*, const QString&, const QString&, const QString&) override
-    {
-        return QString();
-    }
-};
-
-} // namespace
 
 /// The window and the tool write the same bytes for the same build.
 class SameBytesTest : public QObject {
@@ -110,7 +94,6 @@ void SameBytesTest::writesWhatTheWindowWrites()
                                  "does\n this "};
 
     PelkFcfGenerator window;
-    window.setDialogs(new YesDialogs);
     window.setClock(tool.environment.clock);
     window.setBinFile(tool.path("top.bin"));
     fill(&window, module, device, slot, description, functions);

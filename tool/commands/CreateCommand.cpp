@@ -207,7 +207,8 @@ Status CreateCommand::write(const QByteArray& page, const Region& payload, const
     observe(page.constData(), page.size());
     Status status = writeAll(image, page, label);
     if (status)
-        status = copyPayload(payload, image, label, observe);
+        status = copyPayload(payload, image, label,
+                             isDigested ? PayloadCopy::Seen : PayloadCopy::Unseen, observe);
     if (status)
         status = writeAll(image, filler, label);
     observe(filler.constData(), filler.size());

@@ -87,12 +87,13 @@ Status ExtractCommand::write(const Region& payload, const QString& output, Task*
 {
     const CopyObserver progress = task->progress(QStringLiteral("extract"), payload.bytes);
     if (output == StandardStream)
-        return copyPayload(payload, task->environment.out, StandardOutputLabel, progress);
+        return copyPayload(payload, task->environment.out, StandardOutputLabel, PayloadCopy::Unseen,
+                           progress);
     OutputFiles files(m_force ? OutputFiles::Replace : OutputFiles::Keep);
     const auto file = files.add(output);
     if (!file)
         return tl::unexpected<Finding>(file.error());
-    const Status status = copyPayload(payload, *file, output, progress);
+    const Status status = copyPayload(payload, *file, output, PayloadCopy::Unseen, progress);
     return status ? files.place() : status;
 }
 

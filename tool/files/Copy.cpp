@@ -70,25 +70,27 @@ Status readAll(const Region& region, const CopyObserver& observe)
 }
 
 Status copyPayload(const Region& region, QIODevice* sink, const QString& label,
-                   const CopyObserver& observe)
+                   PayloadCopy::Bytes use, const CopyObserver& observe)
 {
     const InputFile& file = *region.file;
-    const Status copied = readParts(region, [&](const char* data, qint64 count) {
-        const Status written =
-            writeAll(sink, QByteArray::fromRawData(data, static_cast<int>(count)), label);
-        if (written)
-            observe(data, count);
-        return written;
-    });
-    if (!copied)
-        return copied;
-    const auto more = file.bytesAt(file.size(), 1);
-    if (!more)
-        return unreadable(more.error());
-    if (!more->isEmpty())
-        return file.notRead(
-            QStringLiteral("the payload is longer than its %1 bytes").arg(region.bytes), Payload);
-    return file.checkUnchanged();
+    if (region.transform || region.offset + region.bytes < file.size()) {
+        const Status copied = readParts(region, [&](const char* data, qint64 count) {
+            const Status written =
+                writeAll(sink, QByteArray::fromRawData(data, static_cast<int>(count)), label);
+            if (written)
+                observe(data, count);
+            return written;
+        });
+        return copied ? file.checkUnchanged() : copied;
+    }
+    QFile* const payload = file.device();
+    if (!payload->seek(region.offset))
+        return file.notRead(payload->errorString(), Payload);
+    PayloadCopy copy(payload, region.bytes, sink);
+    if (copy.run(use, observe))
+        return file.checkUnchanged();
+    return copy.isPayloadAtFault() ? Status(file.notRead(copy.error(), Payload))
+                                   : Status(FileSystem::notWritten(label, copy.error()));
 }
 
 Result<std::optional<FileCompare::Difference>>

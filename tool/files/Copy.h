@@ -1,6 +1,7 @@
 #ifndef TOOL_FILES_COPY_H
 #define TOOL_FILES_COPY_H
 
+#include "fcf/PayloadCopy.h"
 #include "tool/base/Result.h"
 
 #include <QByteArray>
@@ -12,7 +13,7 @@ class InputFile;
 class QIODevice;
 
 /// Called with each part of what is read or copied, in turn. Shows progress, or takes a digest.
-using CopyObserver = std::function<void(const char* data, qint64 bytes)>;
+using CopyObserver = PayloadCopy::Observer;
 
 /// Writes all \p bytes bytes of \p data. Returns the reason why it could not, or an empty text.
 QString writeAll(QIODevice* device, const char* data, qint64 bytes);
@@ -37,9 +38,9 @@ struct Region {
 Status readAll(const Region& region, const CopyObserver& observe);
 
 /// Copies all of \p region to \p sink, which messages call \p label. A file that was changed since
-/// it was opened is an error.
+/// it was opened is an error. \p observe gets the data of each part if \p use says so.
 Status copyPayload(const Region& region, QIODevice* sink, const QString& label,
-                   const CopyObserver& observe);
+                   PayloadCopy::Bytes use, const CopyObserver& observe);
 
 /// Finds the first byte in which two files differ.
 namespace FileCompare {

@@ -34,6 +34,9 @@ public:
     /// Reads up to \p bytes bytes from \p offset on into \p data. Returns how many, 0 at the end.
     Result<qint64> readAt(qint64 offset, char* data, qint64 bytes) const;
 
+    /// The open file, to be read from any position. It stays this object's.
+    QFile* device() const { return m_file.get(); }
+
     /// An error if the file was written to or replaced since it was opened.
     Status checkUnchanged() const;
 

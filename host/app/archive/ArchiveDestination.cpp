@@ -1,4 +1,4 @@
-#include "ArchiveDestination.h"
+#include "host/app/archive/ArchiveDestination.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
@@ -29,7 +29,7 @@ QString ArchiveDestination::withFormat(const QString& path, ArchiveFormat format
     if (!m_design || !former || folderFor(*former) == folderFor(format))
         return renamed;
     const QFileInfo file(filePath(renamed));
-    // Elsewhere, somebody has chosen the folder.
+    // Elsewhere, the user has chosen the folder.
     if (file.path() != folderFor(*former))
         return renamed;
     return QDir::toNativeSeparators(folderFor(format) + '/' + file.fileName());

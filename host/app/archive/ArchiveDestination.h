@@ -1,7 +1,7 @@
 #ifndef HOST_APP_ARCHIVE_ARCHIVEDESTINATION_H
 #define HOST_APP_ARCHIVE_ARCHIVEDESTINATION_H
 
-#include "ArchiveFormat.h"
+#include "host/app/archive/ArchiveFormat.h"
 
 #include <QString>
 

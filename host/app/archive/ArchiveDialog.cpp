@@ -1,15 +1,14 @@
-#include "ArchiveDialog.h"
+#include "host/app/archive/ArchiveDialog.h"
 
-#include "ArchiveJob.h"
+#include "host/app/archive/ArchiveContents.h"
+#include "host/app/archive/ArchiveJob.h"
+#include "host/app/archive/ArchiveMemory.h"
 #include "ui_ArchiveDialog.h"
-
-#include "host/app/common/PlainMessageBox.h"
 
 #include <OrvanticCore/IDesign.h>
 
 #include <QtilitiesCore/IObjectManager.h>
 #include <QtilitiesCore/QtilitiesCoreApplication.h>
-#include <QtilitiesLogging/Logger.h>
 
 #include <QDir>
 #include <QFileDialog>
@@ -19,7 +18,6 @@
 using OrvanticCore::IDesign;
 using Qtilities::Core::QtilitiesCoreApplication;
 using Qtilities::Core::Interfaces::IObjectManager;
-using Qtilities::Logging::Logger;
 
 namespace {
 
@@ -28,11 +26,6 @@ using Extension = ArchiveType::Extension;
 const Extension::ArchiveItemFlags Everything =
     Extension::ArchiveItemFlags(Extension::SourceFiles) | Extension::DesignFolders |
     Extension::GeneratedFiles | Extension::ExternalFiles | Extension::DesignDescription;
-
-void logInfo(const QString& text)
-{
-    Logger::instance()->logPriorityMessage(QString(), Logger::Info, text);
-}
 
 } // namespace
 
@@ -46,6 +39,7 @@ ArchiveDialog::ArchiveDialog(IDesign* design, const Description& description, QW
     loadTypes();
     connectForm();
     enterType();
+    recall();
 }
 
 ArchiveDialog::~ArchiveDialog()
@@ -61,6 +55,10 @@ ArchiveDialog::~ArchiveDialog()
 void ArchiveDialog::buildForm()
 {
     m_ui->setupUi(this);
+    if (design())
+        setWindowTitle(tr("Archive \"%1\"").arg(QDir(design()->workingFolderPath()).dirName()));
+    m_contents = new ArchiveContents(m_ui->content);
+    m_ui->contentLayout->addWidget(m_contents, m_ui->contentLayout->rowCount(), 0, 1, 2);
     m_archiveButton = m_ui->buttonBox->addButton(tr("&Archive"), QDialogButtonBox::AcceptRole);
     m_archiveButton->setObjectName("archiveButton");
     m_archiveButton->setDefault(true);
@@ -89,6 +87,8 @@ void ArchiveDialog::connectForm()
     connect(m_ui->destinationPath, &QLineEdit::textEdited, this, &ArchiveDialog::changeDestination);
     connect(m_ui->buttonBox, &QDialogButtonBox::accepted, this, &ArchiveDialog::archive);
     connect(m_ui->buttonBox, &QDialogButtonBox::rejected, this, &ArchiveDialog::reject);
+    for (const QCheckBox* box : m_ui->includedItems->findChildren<QCheckBox*>())
+        connect(box, &QCheckBox::toggled, this, &ArchiveDialog::showContents);
     connect(QtilitiesCoreApplication::objectManager(), &IObjectManager::objectRemoved, this,
             &ArchiveDialog::handleObjectRemoved);
     if (m_designObject)
@@ -144,6 +144,34 @@ void ArchiveDialog::enterType()
     }
     // The format may be another one than when the path was built.
     showDestination(destination().withFormat(path, currentFormat()));
+    showContents();
+}
+
+void ArchiveDialog::recall()
+{
+    if (!design())
+        return;
+    const ArchiveMemory memory = ArchiveMemory::load(design()->workingFolderPath());
+    if (QFileInfo(memory.folder).isDir()) {
+        const QString name = QFileInfo(m_ui->destinationPath->text()).fileName();
+        showDestination(QDir::toNativeSeparators(QDir(memory.folder).filePath(name)));
+    }
+    for (int index = 0; index < m_ui->formatBox->count(); ++index) {
+        const auto format = static_cast<ArchiveFormat>(m_ui->formatBox->itemData(index).toInt());
+        if (ArchiveFormats::extension(format) == memory.extension)
+            m_ui->formatBox->setCurrentIndex(index);
+    }
+    const int type = m_ui->typeBox->findText(memory.type);
+    if (type >= 0)
+        m_ui->typeBox->setCurrentIndex(type);
+}
+
+void ArchiveDialog::showContents()
+{
+    if (design())
+        m_contents->show(plan());
+    else
+        m_contents->clear();
 }
 
 void ArchiveDialog::enterExtension(Extension* extension, QObject* object)
@@ -275,104 +303,4 @@ void ArchiveDialog::setIncludedItems(Items items)
     m_ui->generatedFiles->setChecked(items.testFlag(Extension::GeneratedFiles));
     m_ui->externalFiles->setChecked(items.testFlag(Extension::ExternalFiles));
     m_ui->designDescription->setChecked(items.testFlag(Extension::DesignDescription));
-}
-
-void ArchiveDialog::archive()
-{
-    const QString path = destination().filePath(m_ui->destinationPath->text());
-    const QFileInfo present(path);
-    if (destination().isOfDesign(path)) {
-        complain(tr("%1 belongs to the design. Choose another destination.")
-                     .arg(QDir::toNativeSeparators(path)));
-        return;
-    }
-    if (present.isFile() && !mayReplace(path))
-        return;
-    // While the question waited the host may have closed the design.
-    if (!design())
-        return;
-
-    const Extension* const extension = currentType().extension();
-    if (extension && extension->archiveIncludeInstaller())
-        logInfo(tr("The archive gets no installer: this host has none."));
-    m_job = std::make_unique<ArchiveJob>(ArchiveJob::Order{
-        plan(), currentFormat(), path, design()->workingFolderPath(), present.isFile()});
-    connect(m_job.get(), &ArchiveJob::progressed, m_ui->progressBar, &QProgressBar::setValue);
-    connect(m_job.get(), &ArchiveJob::finished, this, &ArchiveDialog::handleJobFinished);
-    m_ui->progressBar->setValue(0);
-    m_ui->stateLabel->clear();
-    updateState();
-    m_job->start();
-}
-
-bool ArchiveDialog::mayReplace(const QString& path)
-{
-    return showBox(QMessageBox::Question,
-                   tr("%1 exists already. Replace it?").arg(QDir::toNativeSeparators(path)),
-                   QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
-}
-
-ArchivePlan ArchiveDialog::plan() const
-{
-    const Items items = includedItems();
-    ArchivePlan plan(*design(), items);
-    if (items.testFlag(Extension::DesignDescription) && !m_description.name.isEmpty())
-        plan.setDescription(m_description.name, m_description.text());
-    return plan;
-}
-
-void ArchiveDialog::reject()
-{
-    if (m_job)
-        m_job->cancel();
-    else
-        DesignArchiveOutputParserDialog::reject();
-}
-
-void ArchiveDialog::handleJobFinished()
-{
-    const std::unique_ptr<ArchiveJob> job = std::move(m_job);
-    job->wait();
-    updateState();
-    switch (job->outcome()) {
-    case ArchiveJob::Written:
-        logInfo(tr("The design is archived in %1.")
-                    .arg(QDir::toNativeSeparators(job->order().destination)));
-        accept();
-        break;
-    case ArchiveJob::Cancelled:
-        m_ui->stateLabel->setText(tr("Cancelled. No archive was made."));
-        break;
-    default:
-        complain(job->error());
-    }
-}
-
-void ArchiveDialog::complain(const QString& reason)
-{
-    showBox(QMessageBox::Critical, tr("The design cannot be archived.\n\n%1").arg(reason),
-            QMessageBox::Ok, QMessageBox::Ok);
-}
-
-int ArchiveDialog::showBox(QMessageBox::Icon icon, const QString& text,
-                           QMessageBox::StandardButtons buttons,
-                           QMessageBox::StandardButton defaultButton)
-{
-    return PlainMessageBox(icon, windowTitle(), text, buttons, defaultButton, this).exec();
-}
-
-void ArchiveDialog::updateState()
-{
-    const bool running = m_job != nullptr;
-    m_ui->content->setDisabled(running);
-    // One in place of the other: both would make the dialog grow.
-    m_ui->stateWidgets->setCurrentWidget(running ? static_cast<QWidget*>(m_ui->progressBar)
-                                                 : m_ui->stateLabel);
-    m_archiveButton->setEnabled(!running && design() && !m_ui->destinationPath->text().isEmpty());
-}
-
-void archiveDesign(IDesign* design, const ArchiveDialog::Description& description, QWidget* parent)
-{
-    ArchiveDialog dialog(design, description, parent);
-    dialog.exec();
 }

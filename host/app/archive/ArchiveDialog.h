@@ -1,10 +1,10 @@
 #ifndef HOST_APP_ARCHIVE_ARCHIVEDIALOG_H
 #define HOST_APP_ARCHIVE_ARCHIVEDIALOG_H
 
-#include "ArchiveDestination.h"
-#include "ArchiveFormat.h"
-#include "ArchivePlan.h"
-#include "ArchiveTypes.h"
+#include "host/app/archive/ArchiveDestination.h"
+#include "host/app/archive/ArchiveFormat.h"
+#include "host/app/archive/ArchivePlan.h"
+#include "host/app/archive/ArchiveTypes.h"
 
 #include <OrvanticCore/DesignArchiveOutputParserDialog.h>
 
@@ -16,6 +16,7 @@
 #include <memory>
 #include <vector>
 
+class ArchiveContents;
 class ArchiveJob;
 class QPushButton;
 
@@ -51,6 +52,9 @@ public:
     void setDestinationPathReadOnly(bool read_only) override;
     void setIncludedItemsGroupboxVisible(bool visible) override;
 
+    /// The absolute path of the archive that was made; empty before.
+    QString archivePath() const { return m_archivePath; }
+
     /// While an archive is made, cancels that and stays open.
     void reject() override;
 
@@ -66,18 +70,22 @@ private:
     void loadTypes();
     void connectForm();
 
+    /// Chooses what was chosen for the last archive.
+    void recall();
+    void remember() const;
+    void showContents();
     void changeType(int index);
     void enterType();
     void enterExtension(ArchiveType::Extension* extension, QObject* object);
     void leaveType();
-    /// Takes the room that the controls of the chosen type need.
+    /// Resizes the dialog to the controls of the chosen type.
     void fitHeight();
     void handleObjectRemoved(QObject* object);
     void changeFormat();
     void changeVersionSuffix(bool present);
     void browse();
 
-    /// For what the user does, which the extension is told of.
+    /// For changes by the user, which the extension is notified of.
     void changeDestination(const QString& path);
     void showDestination(const QString& path);
 
@@ -92,13 +100,15 @@ private:
     bool mayReplace(const QString& path);
     ArchivePlan plan() const;
     void handleJobFinished();
-    void complain(const QString& reason);
+    void showError(const QString& reason);
     int showBox(QMessageBox::Icon icon, const QString& text, QMessageBox::StandardButtons buttons,
                 QMessageBox::StandardButton defaultButton);
     void updateState();
 
     std::unique_ptr<Ui::ArchiveDialog> m_ui;
     QPushButton* m_archiveButton = nullptr;
+    ArchiveContents* m_contents = nullptr;
+    QString m_archivePath;
     OrvanticCore::IDesign* m_design;
     QPointer<QObject> m_designObject;
     Description m_description;
@@ -113,7 +123,9 @@ private:
     std::unique_ptr<ArchiveJob> m_job;
 };
 
-/// Shows the dialog for \p design until the user is done with it.
+/// Shows the dialog for \p design until the user is done with it, and then where the archive is.
+///
+/// For drivers: "ArchivedBox" with "ShowInFolderButton".
 void archiveDesign(OrvanticCore::IDesign* design, const ArchiveDialog::Description& description,
                    QWidget* parent);
 

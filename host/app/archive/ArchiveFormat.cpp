@@ -1,4 +1,4 @@
-#include "ArchiveFormat.h"
+#include "host/app/archive/ArchiveFormat.h"
 
 #include <QCoreApplication>
 

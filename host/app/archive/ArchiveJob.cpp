@@ -1,7 +1,7 @@
-#include "ArchiveJob.h"
+#include "host/app/archive/ArchiveJob.h"
 
-#include "ArchiveError.h"
-#include "ArchiveWriter.h"
+#include "host/app/archive/ArchiveError.h"
+#include "host/app/archive/ArchiveWriter.h"
 
 #include "host/app/common/FileProblem.h"
 

@@ -1,14 +1,14 @@
 #ifndef HOST_APP_ARCHIVE_ARCHIVEJOB_H
 #define HOST_APP_ARCHIVE_ARCHIVEJOB_H
 
-#include "ArchiveFormat.h"
-#include "ArchivePlan.h"
+#include "host/app/archive/ArchiveFormat.h"
+#include "host/app/archive/ArchivePlan.h"
 
 #include <QThread>
 
 /// Makes one archive in a thread of its own.
 ///
-/// The archive grows under another name in the destination's folder and takes its own name when it
+/// The archive is written under a temporary name in the destination's folder and renamed when it
 /// is complete. Ended otherwise, it leaves nothing: not even a folder made for it, and an archive
 /// that was there before is as it was.
 class ArchiveJob : public QThread {
@@ -36,7 +36,7 @@ public:
 
     const Order& order() const { return m_order; }
 
-    /// Ends the job soon, unless it is about to end anyway. finished() tells when.
+    /// Ends the job soon, unless it is about to end anyway; finished() follows.
     void cancel() { requestInterruption(); }
 
     /// How the job ended, and why it failed. For after finished().

@@ -1,6 +1,6 @@
-#include "ArchivePlan.h"
+#include "host/app/archive/ArchivePlan.h"
 
-#include "ArchiveError.h"
+#include "host/app/archive/ArchiveError.h"
 
 #include "host/app/common/FileProblem.h"
 

@@ -41,7 +41,7 @@ public:
     ArchivePlan() = default;
     ArchivePlan(const OrvanticCore::IDesign& design, Items items);
 
-    /// The design's description, as the host writes it down; it takes the place of a file of that
+    /// The design's description, as the host saves it; it replaces a file of that
     /// name.
     void setDescription(const QString& name, const QByteArray& text);
 

@@ -1,4 +1,4 @@
-#include "ArchiveTypes.h"
+#include "host/app/archive/ArchiveTypes.h"
 
 #include <OrvanticCore/IDesign.h>
 

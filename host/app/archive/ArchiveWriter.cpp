@@ -1,7 +1,7 @@
-#include "ArchiveWriter.h"
+#include "host/app/archive/ArchiveWriter.h"
 
-#include "ArchiveError.h"
-#include "ArchivePlan.h"
+#include "host/app/archive/ArchiveError.h"
+#include "host/app/archive/ArchivePlan.h"
 
 #include <archive.h>
 #include <archive_entry.h>
@@ -30,7 +30,7 @@ QString cannotRead(const QString& path, const QString& reason)
 
 } // namespace
 
-/// The archive library takes names for text in the locale of the thread.
+/// The archive library reads names in the encoding of the thread's locale.
 class ArchiveWriter::Utf8Locale {
 public:
     Utf8Locale() : m_utf8(newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr)), m_before(nullptr)
@@ -155,7 +155,7 @@ void ArchiveWriter::addHeader(const ArchiveMember& member, qint64 size, bool exe
     archive_entry_set_filetype(entry.get(), isFolder ? AE_IFDIR : AE_IFREG);
     archive_entry_set_perm(entry.get(), executable ? 0755 : 0644);
     archive_entry_set_size(entry.get(), size);
-    // A zip archive tells local time: only with none does it not depend on the time zone.
+    // A zip archive stores local time: only with none does it not depend on the time zone.
     if (m_format != ArchiveFormat::Zip)
         archive_entry_set_mtime(entry.get(), StartOf1980, 0);
     require(archive_write_header(m_archive, entry.get()));

@@ -1,7 +1,7 @@
 #ifndef HOST_APP_ARCHIVE_ARCHIVEWRITER_H
 #define HOST_APP_ARCHIVE_ARCHIVEWRITER_H
 
-#include "ArchiveFormat.h"
+#include "host/app/archive/ArchiveFormat.h"
 
 #include <QCoreApplication>
 #include <QIODevice>
@@ -15,7 +15,7 @@ struct ArchiveMember;
 /// Writes an archive to a device, a member at a time.
 ///
 /// The bytes depend on the members alone: each one has the same time, the start of 1980, which is
-/// the first that every format can tell, no owner, and the permissions 755 (folders and files that
+/// the first that every format can store, no owner, and the permissions 755 (folders and files that
 /// their owner may execute) or 644. Names are in UTF-8 whatever the process's locale is. All
 /// operations throw an ArchiveError. For use by the thread that made it.
 class ArchiveWriter {

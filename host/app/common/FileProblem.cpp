@@ -1,4 +1,4 @@
-#include "FileProblem.h"
+#include "host/app/common/FileProblem.h"
 
 #include <QDir>
 

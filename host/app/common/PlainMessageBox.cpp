@@ -1,4 +1,4 @@
-#include "PlainMessageBox.h"
+#include "host/app/common/PlainMessageBox.h"
 
 PlainMessageBox::PlainMessageBox(Icon icon, const QString& title, const QString& text,
                                  StandardButtons buttons, StandardButton defaultButton,

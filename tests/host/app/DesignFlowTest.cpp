@@ -1,4 +1,4 @@
-#include "HostFixture.h"
+#include "tests/host/app/HostFixture.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
@@ -59,7 +59,7 @@ QJsonObject fileEntry(const QJsonObject& description, const QString& path)
 
 } // namespace
 
-/// The ways of a person through the host, with the plug-in loaded from its library.
+/// The ways of a user through the host, with the plug-in loaded from its library.
 class DesignFlowTest : public QObject {
     Q_OBJECT
 
@@ -106,6 +106,7 @@ void DesignFlowTest::leadsFromABinaryToGeneratedFilesByMouse()
     QVERIFY(menu);
     QCOMPARE(host.entriesOf(menu), QStringList() << "Create FCF"
                                                  << "Open Folder"
+                                                 << "Move to"
                                                  << "Remove from Design");
     QVERIFY(!menu->actions().first()->icon().isNull());
     QVERIFY(host.choose(menu, "Create FCF"));
@@ -339,6 +340,7 @@ void DesignFlowTest::offersNothingInADesignOfAnotherType()
     QMenu* const menu = host.menuByMouse("top.bin");
     QVERIFY(menu);
     QCOMPARE(host.entriesOf(menu), QStringList() << "Open Folder"
+                                                 << "Move to"
                                                  << "Remove from Design");
     menu->close();
 }

@@ -1,4 +1,4 @@
-#include "HostFixture.h"
+#include "tests/host/app/HostFixture.h"
 
 #include "tests/host/archive/Unpacked.h"
 
@@ -8,7 +8,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLineEdit>
-#include <QMenuBar>
 #include <QSettings>
 #include <QtTest>
 
@@ -43,12 +42,7 @@ void HostArchiveTest::cleanup()
 
 void HostArchiveTest::chooseArchive()
 {
-    QMenuBar* const bar = host->window()->menuBar();
-    QAction* const file = bar->actions().constFirst();
-    host->activate();
-    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(file).center());
-    QTRY_VERIFY(file->menu()->isVisible());
-    QVERIFY(HostFixture::choose(file->menu(), "Archive Design..."));
+    QVERIFY(HostFixture::choose(host->menu("File"), "Archive Design..."));
 }
 
 void HostArchiveTest::archivesNothingWithoutADesign()

@@ -1,4 +1,4 @@
-#include "HostFixture.h"
+#include "tests/host/app/HostFixture.h"
 
 #include "host/app/NewDesignDialog.h"
 
@@ -331,11 +331,11 @@ void HostDesignsTest::keepsAVersionNumberTooLargeForItsBox()
 void HostDesignsTest::remembersItsGeometry()
 {
     HostFixture host;
-    host.window()->resize(888, 744);
-    QTRY_COMPARE(host.window()->size(), QSize(888, 744));
+    host.window()->resize(720, 540);
+    QTRY_COMPARE(host.window()->size(), QSize(720, 540));
     QVERIFY(host.closeWindow());
     host.restart();
-    QTRY_COMPARE(host.window()->size(), QSize(888, 744));
+    QTRY_COMPARE(host.window()->size(), QSize(720, 540));
 }
 
 int main(int argc, char** argv)

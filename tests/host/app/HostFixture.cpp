@@ -1,4 +1,6 @@
-#include "HostFixture.h"
+#include "tests/host/app/HostFixture.h"
+
+#include "host/app/DesignModel.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignManager.h>
@@ -7,6 +9,7 @@
 #include <QtilitiesExtensionSystem/ExtensionSystemCore.h>
 
 #include <QDir>
+#include <QMenuBar>
 #include <QtTest>
 #include <QWindow>
 
@@ -128,7 +131,7 @@ QStringList HostFixture::row(const QString& name) const
 {
     QStringList texts;
     const QModelIndex index = item(name);
-    for (int column = 0; index.isValid() && column < view()->model()->columnCount(); ++column)
+    for (int column = 0; index.isValid() && column <= DesignModel::VersionColumn; ++column)
         texts << index.siblingAtColumn(column).data().toString();
     return texts;
 }
@@ -176,11 +179,24 @@ QMenu* HostFixture::menuByKey(const QString& name) const
     return openMenu();
 }
 
+QMenu* HostFixture::menu(const QString& title) const
+{
+    activate();
+    QMenuBar* const bar = m_window->menuBar();
+    for (QAction* action : bar->actions()) {
+        if (action->text().remove('&') != title)
+            continue;
+        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(action).center());
+        return openMenu();
+    }
+    return nullptr;
+}
+
 QStringList HostFixture::entriesOf(const QMenu* menu)
 {
     QStringList entries;
     for (const QAction* action : menu->actions()) {
-        if (!action->isSeparator())
+        if (!action->isSeparator() && action->isVisible())
             entries << action->text().remove('&');
     }
     return entries;

@@ -46,7 +46,7 @@ public:
     QAction* action(const char* id) const;
     /// The item whose name begins so, or an invalid index.
     QModelIndex item(const QString& name) const;
-    /// The texts of an item's columns.
+    /// Name, state and version of an item.
     QStringList row(const QString& name) const;
     /// The log's messages without their times and kinds.
     QStringList log() const;
@@ -60,6 +60,9 @@ public:
     QMenu* menuByMouse(const QString& name) const;
     /// Goes to the item and presses the menu key, and returns the menu that comes up, or null.
     QMenu* menuByKey(const QString& name) const;
+    /// Opens the menu of that title from the menu bar by the mouse.
+    QMenu* menu(const QString& title) const;
+    /// The visible entries.
     static QStringList entriesOf(const QMenu* menu);
     /// Chooses an entry of an open menu by the mouse; returns whether that could be done.
     static bool choose(QMenu* menu, const QString& entry);

@@ -1,4 +1,4 @@
-#include "HostFixture.h"
+#include "tests/host/app/HostFixture.h"
 
 #include <QtilitiesLogging/Logger.h>
 
@@ -25,11 +25,14 @@ void HostFrameTest::showsTheMenusOfTheActionManager()
     QStringList titles;
     for (const QAction* menu : host.window()->menuBar()->actions())
         titles << menu->text().remove('&');
-    QCOMPARE(titles, QStringList({"File", "Design", "Tools"}));
-    const QList<QAction*> tools = host.window()->menuBar()->actions().last()->menu()->actions();
-    QVERIFY(tools.size() >= 2);
-    QVERIFY(tools.last()->isSeparator());
-    QCOMPARE(tools.at(tools.size() - 2)->text(), QString("Pelk FCF Generator"));
+    QCOMPARE(titles, QStringList({"File", "Edit", "Design", "View", "Tools", "Help"}));
+    QMenu* const tools = host.menu("Tools");
+    QVERIFY(tools);
+    const QList<QAction*> entries = tools->actions();
+    QVERIFY(entries.size() >= 2);
+    QVERIFY(entries.last()->isSeparator());
+    QCOMPARE(entries.at(entries.size() - 2)->text(), QString("Pelk FCF Generator"));
+    tools->close();
 }
 
 void HostFrameTest::listsPriorityMessagesWithTheirKinds()
@@ -65,9 +68,7 @@ void HostFrameTest::providesTheIconsOfThePlugin()
     QCOMPARE(QImage(":/icons/radar_22x22.png").size(), QSize(22, 22));
     QCOMPARE(QImage(":/icons/config_output_16x16.png").size(), QSize(16, 16));
 
-    QMenu* const tools = host.window()->menuBar()->actions().last()->menu();
-    tools->popup(QPoint(0, 0));
-    QVERIFY(HostFixture::choose(tools, "Pelk FCF Generator"));
+    QVERIFY(HostFixture::choose(host.menu("Tools"), "Pelk FCF Generator"));
     QTRY_VERIFY(HostFixture::generator());
     QVERIFY(!HostFixture::generator()->windowIcon().pixmap(22, 22).isNull());
 }
@@ -75,9 +76,7 @@ void HostFrameTest::providesTheIconsOfThePlugin()
 void HostFrameTest::closesThePluginsWindowsWithItsOwn()
 {
     HostFixture host;
-    QMenu* const tools = host.window()->menuBar()->actions().last()->menu();
-    tools->popup(QPoint(0, 0));
-    QVERIFY(HostFixture::choose(tools, "Pelk FCF Generator"));
+    QVERIFY(HostFixture::choose(host.menu("Tools"), "Pelk FCF Generator"));
     QTRY_VERIFY(HostFixture::generator());
     QVERIFY(host.closeWindow());
     QTRY_VERIFY(!HostFixture::generator());

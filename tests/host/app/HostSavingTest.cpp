@@ -1,4 +1,4 @@
-#include "HostFixture.h"
+#include "tests/host/app/HostFixture.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignManager.h>
@@ -16,7 +16,7 @@ int openDesigns() { return DesignManager::instance()->designs().count(); }
 
 } // namespace
 
-/// Saving a design whose description somebody else writes too.
+/// Saving a design whose description another program writes too.
 class HostSavingTest : public QObject {
     Q_OBJECT
 
@@ -64,7 +64,7 @@ void HostSavingTest::asksBeforeItReplacesAChangedDescription()
     QVERIFY(host.dialogs().allGiven());
     QCOMPARE(host.dialogs().texts(),
              QStringList(host.path("radar/design.json") +
-                         ": Somebody else has changed the file since \"radar\" was read or "
+                         ": Another program has changed the file since \"radar\" was read or "
                          "saved.\n\nDo you want to replace it?"));
     QCOMPARE(design->isModified(), !replaced);
     QCOMPARE(host.window()->isWindowModified(), !replaced);

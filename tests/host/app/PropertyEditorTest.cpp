@@ -1,10 +1,11 @@
-#include "HostFixture.h"
+#include "tests/host/app/HostFixture.h"
 
 #include <OrvanticCore/Design.h>
 
 #include <QtilitiesCore/IAvailablePropertyProvider.h>
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 
+#include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTextBrowser>
@@ -161,8 +162,9 @@ void PropertyEditorTest::addsAPropertyFromTheMenuByKeys()
 
     // The new value's editor is open already.
     const auto* const view = host.child<QTreeView>("PropertyView");
-    QTRY_VERIFY(view->findChild<QLineEdit*>());
-    auto* const editor = view->findChild<QLineEdit*>();
+    QTRY_VERIFY(view->findChild<QComboBox*>());
+    auto* const editor = view->findChild<QComboBox*>();
+    QCOMPARE(editor->count(), 10);
     QCOMPARE(host.window()->focusWidget(), editor);
     QTest::keyClicks(editor, "9");
     QTest::keyClick(editor, Qt::Key_Return);

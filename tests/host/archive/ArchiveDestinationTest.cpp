@@ -1,4 +1,4 @@
-#include "ArchivedDesign.h"
+#include "tests/host/archive/ArchivedDesign.h"
 
 #include "host/app/archive/ArchiveDestination.h"
 
@@ -54,7 +54,7 @@ void ArchiveDestinationTest::followsTheStructureToTheFolderOfTheFormat_data()
                                      << "archives/tar/a.tar.gz";
     QTest::newRow("of this format already") << "archives/a.tar.gz"
                                             << "archives/a.tar.gz";
-    QTest::newRow("in a folder that somebody chose") << "mine/a.zip"
+    QTest::newRow("in a folder that the user chose") << "mine/a.zip"
                                                      << "mine/a.tar.gz";
     QTest::newRow("below the folder of the format") << "archives/mine/a.zip"
                                                     << "archives/mine/a.tar.gz";

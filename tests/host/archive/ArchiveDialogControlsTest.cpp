@@ -1,9 +1,10 @@
-#include "ArchivedDesign.h"
-#include "NotingExtension.h"
+#include "tests/host/archive/ArchivedDesign.h"
+#include "tests/host/archive/NotingExtension.h"
 
 #include "host/app/archive/ArchiveDialog.h"
-#include "support/ModalAnswer.h"
+#include "tests/support/ModalAnswer.h"
 
+#include <OrvanticCore/DesignManager.h>
 #include <OrvanticCore/DesignStructure.h>
 
 #include <QtilitiesCore/IObjectManager.h>
@@ -19,10 +20,11 @@
 
 #include <memory>
 
+using OrvanticCore::DesignManager;
 using OrvanticCore::DesignStructure;
 using Extension = OrvanticCore::Interfaces::IDesignArchiveExtension;
 
-/// What the dialog shows and how it speaks with extensions, up to the press on Archive.
+/// What the dialog shows and how it calls extensions, up to the press on Archive.
 class ArchiveDialogControlsTest : public QObject {
     Q_OBJECT
 
@@ -32,15 +34,15 @@ private slots:
 
     void startsWithAPlainZipInTheDesignsFolder();
     void takesTheFolderFromTheStructure();
-    void handsItselfToEveryExtensionFirst();
+    void passesItselfToEveryExtensionFirst();
     void showsTheFormOfTheChosenType();
-    void handsTheFormBackWithoutDeletingIt();
+    void returnsTheFormWithoutDeletingIt();
     void getsAlongWithoutAForm();
     void hidesAndLocksWhatTheExtensionSays();
     void showsWhatTheExtensionArchives();
     void startsWithThePathOfTheExtension();
     void followsThePathOfTheChosenExtension();
-    void tellsTheExtensionOfTheUsersPath();
+    void notifiesTheExtensionOfTheUsersPath();
     void changesTheExtensionWithTheFormat();
     void appendsTheVersionToTheName();
     void keepsThePlainPathAndItemsWhileAnotherTypeIsChosen();
@@ -48,7 +50,7 @@ private slots:
     void keepsThePathWhenBrowsingIsCancelled();
     void archivesNothingWithoutAPathOrADesign();
     void forgetsAnExtensionThatIsDeleted();
-    void handsBackToAnExtensionThatLeavesThePool();
+    void returnsTheFormToAnExtensionThatLeavesThePool();
     void closesWithEscape();
 
 private:
@@ -74,6 +76,7 @@ private:
 void ArchiveDialogControlsTest::init()
 {
     bench = std::make_unique<ArchivedDesign>();
+    DesignManager::instance()->setSettingsFilePath(bench->outside("settings.ini"));
     extension = std::make_unique<NotingExtension>();
     openDialog();
 }
@@ -145,7 +148,7 @@ void ArchiveDialogControlsTest::takesTheFolderFromTheStructure()
     QCOMPARE(path(), bench->path("archives/radar.zip"));
 }
 
-void ArchiveDialogControlsTest::handsItselfToEveryExtensionFirst()
+void ArchiveDialogControlsTest::passesItselfToEveryExtensionFirst()
 {
     QCOMPARE(extension->calls, QStringList("dialog"));
     QCOMPARE(extension->dialog, dialog.get());
@@ -164,7 +167,7 @@ void ArchiveDialogControlsTest::showsTheFormOfTheChosenType()
     QCOMPARE(extension->dialog, dialog.get());
 }
 
-void ArchiveDialogControlsTest::handsTheFormBackWithoutDeletingIt()
+void ArchiveDialogControlsTest::returnsTheFormWithoutDeletingIt()
 {
     choose("typeBox", 1);
     const QPointer<NotingExtension> form(extension.get());
@@ -247,7 +250,7 @@ void ArchiveDialogControlsTest::followsThePathOfTheChosenExtension()
     QCOMPARE(path(), QString("/p-02.zip"));
 }
 
-void ArchiveDialogControlsTest::tellsTheExtensionOfTheUsersPath()
+void ArchiveDialogControlsTest::notifiesTheExtensionOfTheUsersPath()
 {
     choose("typeBox", 1);
     extension->calls.clear();
@@ -351,7 +354,7 @@ void ArchiveDialogControlsTest::forgetsAnExtensionThatIsDeleted()
     QVERIFY(!other.dialog);
 }
 
-void ArchiveDialogControlsTest::handsBackToAnExtensionThatLeavesThePool()
+void ArchiveDialogControlsTest::returnsTheFormToAnExtensionThatLeavesThePool()
 {
     choose("typeBox", 1);
     Qtilities::Core::QtilitiesCoreApplication::objectManager()->removeObject(extension.get());

@@ -1,24 +1,29 @@
-#include "ArchivedDesign.h"
-#include "NotingExtension.h"
-#include "Unpacked.h"
+#include "tests/host/archive/ArchivedDesign.h"
+#include "tests/host/archive/NotingExtension.h"
+#include "tests/host/archive/Unpacked.h"
 
 #include "host/app/archive/ArchiveDialog.h"
-#include "support/ModalAnswer.h"
+#include "tests/support/FolderOpener.h"
+#include "tests/support/ModalAnswer.h"
 
 #include <OrvanticCore/DesignFile.h>
+#include <OrvanticCore/DesignManager.h>
 
 #include <QtilitiesLogging/Logger.h>
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTreeWidget>
 #include <QtTest>
 
 #include <memory>
 
+using OrvanticCore::DesignManager;
 using Extension = OrvanticCore::Interfaces::IDesignArchiveExtension;
 using Qtilities::Logging::Logger;
 
@@ -49,6 +54,9 @@ private slots:
     void showsItsProgressAndCancels_data();
     void showsItsProgressAndCancels();
     void cancelsWhenItIsDeleted();
+    void listsWhatGoesIn();
+    void remembersFormatAndFolder();
+    void showsTheArchiveInItsFolder();
 
 private:
     template <class Widget>
@@ -74,6 +82,7 @@ private:
 void ArchiveDialogRunTest::init()
 {
     bench = std::make_unique<ArchivedDesign>();
+    DesignManager::instance()->setSettingsFilePath(bench->outside("settings.ini"));
     extension = std::make_unique<NotingExtension>();
     answers = std::make_unique<ModalAnswer>();
     description = "description";
@@ -312,6 +321,47 @@ void ArchiveDialogRunTest::cancelsWhenItIsDeleted()
     QTRY_VERIFY_WITH_TIMEOUT(find<QProgressBar>("progressBar")->value() > 0, PatienceMs);
     dialog.reset();
     QCOMPARE(ArchivedDesign::filesBeside(bench->path("radar.zip")), before);
+}
+
+void ArchiveDialogRunTest::listsWhatGoesIn()
+{
+    QCOMPARE(dialog->windowTitle(), QString("Archive \"radar\""));
+    const auto* const list = find<QTreeWidget>("contentsList");
+    QStringList names;
+    for (int row = 0; row < list->topLevelItemCount(); ++row)
+        names << list->topLevelItem(row)->text(0);
+    QVERIFY(names.contains("top.fcf"));
+    QVERIFY(names.contains("constraints/.hidden"));
+    QVERIFY(find<QLabel>("contentsTotal")->text().startsWith("8 file(s), "));
+    QTest::mouseClick(find<QCheckBox>("generatedFiles"), Qt::LeftButton, {}, QPoint(8, 8));
+    QVERIFY(find<QLabel>("contentsTotal")->text().startsWith("7 file(s), "));
+}
+
+void ArchiveDialogRunTest::remembersFormatAndFolder()
+{
+    QVERIFY(QDir().mkdir(bench->outside("archives")));
+    QTest::keyClick(find<QComboBox>("formatBox"), Qt::Key_Down);
+    enter(bench->outside("archives/radar.tar.gz"));
+    pressArchive();
+    QTRY_VERIFY_WITH_TIMEOUT(!dialog->isVisible(), PatienceMs);
+    dialog = std::make_unique<ArchiveDialog>(&bench->design(), ArchiveDialog::Description());
+    QCOMPARE(dialog->currentExtension(), QString("tar.gz"));
+    QCOMPARE(find<QLineEdit>("destinationPath")->text(), bench->outside("archives/radar.tar.gz"));
+}
+
+void ArchiveDialogRunTest::showsTheArchiveInItsFolder()
+{
+    dialog.reset();
+    const FolderOpener opener;
+    answers->press(Qt::Key_Return);
+    QWidget parent;
+    parent.show();
+    archiveDesign(&bench->design(), ArchiveDialog::Description(), &parent);
+    auto* const box = parent.findChild<QMessageBox*>("ArchivedBox");
+    QVERIFY(box && box->isVisible() && !box->isModal());
+    QVERIFY(box->text().contains(bench->path("radar.zip")));
+    QTest::mouseClick(box->findChild<QPushButton*>("ShowInFolderButton"), Qt::LeftButton);
+    QCOMPARE(opener.opened, QStringList(bench->path("").chopped(1)));
 }
 
 QTEST_MAIN(ArchiveDialogRunTest)

@@ -1,8 +1,8 @@
-#include "ArchivedDesign.h"
-#include "Unpacked.h"
+#include "tests/host/archive/ArchivedDesign.h"
+#include "tests/host/archive/Unpacked.h"
 
 #include "host/app/archive/ArchiveJob.h"
-#include "support/FullDisk.h"
+#include "tests/support/FullDisk.h"
 
 #include <OrvanticCore/DesignFile.h>
 

@@ -1,4 +1,4 @@
-#include "NotingExtension.h"
+#include "tests/host/archive/NotingExtension.h"
 
 #include "host/app/archive/ArchiveTypes.h"
 

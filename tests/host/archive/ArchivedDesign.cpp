@@ -1,4 +1,4 @@
-#include "ArchivedDesign.h"
+#include "tests/host/archive/ArchivedDesign.h"
 
 #include <OrvanticCore/DesignFile.h>
 

@@ -1,8 +1,8 @@
-#include "ArchivedDesign.h"
-#include "Unpacked.h"
+#include "tests/host/archive/ArchivedDesign.h"
+#include "tests/host/archive/Unpacked.h"
 
 #include "host/app/archive/ArchiveDialog.h"
-#include "support/ModalAnswer.h"
+#include "tests/support/ModalAnswer.h"
 
 #include <OrvanticCore/DesignManager.h>
 #include <OrvanticCore/DesignStructure.h>
@@ -88,6 +88,7 @@ void ConfigPackageFlowTest::initTestCase()
 void ConfigPackageFlowTest::init()
 {
     bench = std::make_unique<ArchivedDesign>();
+    QSettings(settings.filePath("host.ini"), QSettings::IniFormat).remove("ArchiveDialog");
     openDialog();
     press("typeBox", Qt::Key_End);
     press("cmbPackageType", Qt::Key_Home);
@@ -272,7 +273,7 @@ void ConfigPackageFlowTest::runsAsTheHostOpensIt()
     });
     answers.cancel();
     archiveDesign(&bench->design(), {}, nullptr);
-    QCOMPARE(answers.texts(), QStringList("Archive Design"));
+    QCOMPARE(answers.texts(), QStringList("Archive \"radar\""));
 }
 
 int main(int argc, char** argv)

@@ -1,4 +1,4 @@
-#include "NotingExtension.h"
+#include "tests/host/archive/NotingExtension.h"
 
 #include <QtilitiesCore/IObjectManager.h>
 #include <QtilitiesCore/QtilitiesCoreApplication.h>

@@ -1,6 +1,6 @@
-#include "Unpacked.h"
+#include "tests/host/archive/Unpacked.h"
 
-#include "ArchivedDesign.h"
+#include "tests/host/archive/ArchivedDesign.h"
 
 #include <QDir>
 #include <QDirIterator>

@@ -18,11 +18,21 @@ QPointer<QWidget>& mainWindowGuard()
     return window;
 }
 
+QPointer<ActionRegister>& actionsGuard()
+{
+    static QPointer<ActionRegister> actions;
+    return actions;
+}
+
 } // namespace
 
 QtilitiesApplication::QtilitiesApplication(int& argc, char** argv) : QApplication(argc, argv) {}
 
-QtilitiesApplication::~QtilitiesApplication() {}
+QtilitiesApplication::~QtilitiesApplication()
+{
+    // Its menus are widgets: Qt 4 lets none go once QApplication has closed the display.
+    delete actionsGuard();
+}
 
 Core::Interfaces::IObjectManager* QtilitiesApplication::objectManager()
 {
@@ -36,11 +46,9 @@ Core::Interfaces::IContextManager* QtilitiesApplication::contextManager()
 
 Interfaces::IActionManager* QtilitiesApplication::actionManager()
 {
-    // A child of the application object: its menus are widgets and must go before that object does.
-    static QPointer<ActionRegister> actions;
-    if (!actions)
-        actions = new ActionRegister(qApp);
-    return actions;
+    if (!actionsGuard())
+        actionsGuard() = new ActionRegister(qApp);
+    return actionsGuard();
 }
 
 void QtilitiesApplication::setMainWindow(QWidget* window) { mainWindowGuard() = window; }

@@ -1,0 +1,95 @@
+#include "generator/FormFit.h"
+
+#include <QApplication>
+#include <QDesktopWidget>
+#include <QEvent>
+#include <QLayout>
+#include <QMainWindow>
+#include <QScrollArea>
+
+namespace {
+
+/// What a desktop draws around a window. Before the window is shown it is not known.
+const int FrameHeight = 36;
+
+/// The sizes of the layouts from \p widget up to \p top, which otherwise wait for the event loop.
+void updateLayouts(QWidget* widget, const QWidget* top)
+{
+    while (widget) {
+        if (widget->layout()) {
+            widget->layout()->invalidate();
+            widget->layout()->activate();
+        }
+        if (widget == top)
+            return;
+        widget = widget->parentWidget();
+    }
+}
+
+} // namespace
+
+FormFit::FormFit(QMainWindow* window, QScrollArea* area, const QList<QWidget*>& bodies)
+    : QObject(window), m_window(window), m_area(area), m_wasShown(false)
+{
+    // A form that is cut off at the right could only be used by scrolling to and fro.
+    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_area->setMinimumWidth(m_area->widget()->minimumSizeHint().width());
+    m_window->resize(qMin(m_window->width(), availableSize().width()),
+                     qMin(m_window->height(), availableSize().height()));
+    m_window->installEventFilter(this);
+    for (QWidget* body : bodies)
+        body->installEventFilter(this);
+}
+
+bool FormFit::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_window) {
+        if (event->type() == QEvent::Show && !m_wasShown) {
+            m_wasShown = true;
+            grow();
+        }
+    } else if (m_window->isVisible() && !m_window->isMaximized() && !m_window->isFullScreen()) {
+        QWidget* const body = static_cast<QWidget*>(watched);
+        if (event->type() == QEvent::ShowToParent) {
+            const int before = m_window->height();
+            updateLayouts(body, m_area->widget());
+            grow();
+            m_grown[body] = m_window->height() - before;
+        } else if (event->type() == QEvent::HideToParent) {
+            shrink(m_grown.contains(body) ? m_grown.take(body) : spareHeight(body));
+            updateLayouts(body->parentWidget(), m_area->widget());
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void FormFit::grow()
+{
+    m_area->setMinimumWidth(m_area->widget()->minimumSizeHint().width());
+    const int wanted = m_area->widget()->sizeHint().height() - m_area->viewport()->height();
+    const int room = availableSize().height() - m_window->height();
+    if (wanted > 0 && room > 0)
+        m_window->resize(m_window->width(), m_window->height() + qMin(wanted, room));
+    // A window that has grown beyond the lower edge moves up.
+    const QRect available = QApplication::desktop()->availableGeometry(m_window);
+    const int below = m_window->geometry().bottom() - available.bottom();
+    if (below > 0)
+        m_window->move(m_window->x(), qMax(available.top(), m_window->y() - below));
+}
+
+void FormFit::shrink(int height)
+{
+    if (height > 0)
+        m_window->resize(m_window->width(), m_window->height() - height);
+}
+
+int FormFit::spareHeight(const QWidget* body) const
+{
+    const int hidden = m_area->widget()->height() - m_area->viewport()->height();
+    return body->height() - qMax(0, hidden);
+}
+
+QSize FormFit::availableSize() const
+{
+    return QApplication::desktop()->availableGeometry(m_window).size() - QSize(0, FrameHeight);
+}

@@ -1,0 +1,40 @@
+#ifndef GENERATOR_FORMFIT_H
+#define GENERATOR_FORMFIT_H
+
+#include <QList>
+#include <QMap>
+#include <QObject>
+#include <QSize>
+
+class QMainWindow;
+class QScrollArea;
+class QWidget;
+
+/// Gives a window the height that its scrolled form needs, as far as the screen has it: when it is
+/// first shown, and when a part of the form is folded or unfolded. Folding gives back what
+/// unfolding took.
+class FormFit : public QObject {
+    Q_OBJECT
+
+public:
+    /// \p window owns the object. \p bodies are the parts of the form that are folded by hiding.
+    FormFit(QMainWindow* window, QScrollArea* area, const QList<QWidget*>& bodies);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void grow();
+    void shrink(int height);
+    /// What folding \p body no longer needs: where the form is scrolled, less than its height.
+    int spareHeight(const QWidget* body) const;
+    /// Without the frame.
+    QSize availableSize() const;
+
+    QMainWindow* m_window;
+    QScrollArea* m_area;
+    bool m_wasShown;
+    /// How much the window grew when a body was unfolded.
+    QMap<QWidget*, int> m_grown;
+};
+
+#endif

@@ -1,0 +1,74 @@
+#ifndef HOST_APP_DESIGNSESSION_H
+#define HOST_APP_DESIGNSESSION_H
+
+#include <QMessageBox>
+#include <QObject>
+#include <QStringList>
+
+class OpenDesigns;
+class QWidget;
+
+namespace OrvanticCore {
+class Design;
+}
+
+/// Opens, makes, changes, saves and closes designs, with the questions and messages that belong to
+/// it.
+///
+/// For drivers, the object names of its boxes: "NoDesignBox", "SaveChangesBox", "ChangedOnDiskBox",
+/// "ReloadBox", "CannotOpenBox", "CannotSaveBox", "CannotAddBox".
+class DesignSession : public QObject {
+    Q_OBJECT
+
+public:
+    /// Both stay their owner's and outlive the session. \p window is the parent of boxes.
+    DesignSession(OpenDesigns* designs, QWidget* window);
+
+    /// Opens the design in the folder, or the one of the description, at \p path. Offers to make a
+    /// new one in a folder without. Returns null when there is none to show.
+    OrvanticCore::Design* open(const QString& path);
+
+    /// Asks for place, type and version of a new design and makes it. Null when nothing is made.
+    OrvanticCore::Design* make(const QString& folder);
+
+    /// Adds files, and folders that are no designs, to \p design, below \p node unless that is
+    /// empty; a file that is in the design already moves there. Folders that are designs, and
+    /// descriptions of designs, are opened. Without a design a new one is offered in the place of
+    /// the files.
+    void addPaths(const QStringList& paths, OrvanticCore::Design* design, const QString& node);
+
+    bool save(OrvanticCore::Design* design);
+    void close(OrvanticCore::Design* design);
+    /// Reads the description of \p design again; asks first when that loses changes.
+    void reload(OrvanticCore::Design* design);
+
+    /// Asks about unsaved changes of each design; returns false when the user cancels. Closes
+    /// nothing.
+    bool mayCloseAll();
+
+    /// Reopens the designs that were open when the host was last closed; those that are gone are
+    /// logged.
+    void restoreLast();
+    void rememberOpen() const;
+    /// Folders of the designs opened last, the newest first.
+    static QStringList recentFolders();
+
+    void showError(const QString& name, const QString& text);
+
+signals:
+    /// A design was opened or made, and is to be shown.
+    void chosen(const OrvanticCore::Design* design);
+
+private:
+    bool mayReplace(const OrvanticCore::Design& design);
+    bool mayClose(OrvanticCore::Design* design);
+    void addTo(OrvanticCore::Design* design, const QStringList& paths, const QString& node);
+    /// Returns the button that the user chose.
+    int ask(const QString& name, const QString& text, QMessageBox::StandardButtons buttons,
+            QMessageBox::StandardButton defaultButton = QMessageBox::NoButton);
+
+    OpenDesigns* m_designs;
+    QWidget* m_window;
+};
+
+#endif

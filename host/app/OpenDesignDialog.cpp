@@ -1,0 +1,32 @@
+#include "host/app/OpenDesignDialog.h"
+
+#include "host/app/DesignSession.h"
+#include "host/app/DesignStorage.h"
+
+#include <QFileInfo>
+
+OpenDesignDialog::OpenDesignDialog(QWidget* parent) : QFileDialog(parent, tr("Open Design"))
+{
+    setObjectName("OpenDesignDialog");
+    // The desktop's own dialog cannot take a folder and a file alike.
+    setOption(QFileDialog::DontUseNativeDialog);
+    setFileMode(QFileDialog::ExistingFile);
+    setNameFilter(tr("Designs (design.json)"));
+    const QStringList recent = DesignSession::recentFolders();
+    if (!recent.isEmpty())
+        setDirectory(QFileInfo(recent.first()).absolutePath());
+}
+
+QString OpenDesignDialog::choose(QWidget* parent)
+{
+    OpenDesignDialog dialog(parent);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+void OpenDesignDialog::accept()
+{
+    if (DesignStorage::hasDescription(selectedFiles().value(0)))
+        QDialog::accept();
+    else
+        QFileDialog::accept();
+}

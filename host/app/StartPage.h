@@ -1,0 +1,30 @@
+#ifndef HOST_APP_STARTPAGE_H
+#define HOST_APP_STARTPAGE_H
+
+#include <QWidget>
+
+class QVBoxLayout;
+
+/// What the window shows while no design is open: buttons for the first steps, and the designs
+/// opened last.
+///
+/// For drivers: "NoDesignHint", "StartNewButton", "StartOpenButton", "StartRecentButton".
+class StartPage : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit StartPage(QWidget* parent = nullptr);
+
+signals:
+    void newChosen();
+    void openChosen();
+    void recentChosen(const QString& folder);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    QVBoxLayout* m_recent;
+};
+
+#endif

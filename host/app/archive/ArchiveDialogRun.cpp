@@ -1,0 +1,166 @@
+// How the archive dialog makes the archive, and what it keeps for the next time.
+
+#include "host/app/archive/ArchiveDialog.h"
+
+#include "host/app/archive/ArchiveJob.h"
+#include "host/app/archive/ArchiveMemory.h"
+#include "host/app/common/PlainMessageBox.h"
+#include "ui_ArchiveDialog.h"
+
+#include <OrvanticCore/IDesign.h>
+
+#include <QtilitiesLogging/Logger.h>
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileInfo>
+#include <QPushButton>
+#include <QUrl>
+
+using OrvanticCore::IDesign;
+using Qtilities::Logging::Logger;
+
+namespace {
+
+using Extension = ArchiveType::Extension;
+
+void logInfo(const QString& text)
+{
+    Logger::instance()->logPriorityMessage(QString(), Logger::Info, text);
+}
+
+} // namespace
+
+void ArchiveDialog::archive()
+{
+    const QString path = destination().filePath(m_ui->destinationPath->text());
+    const QFileInfo present(path);
+    if (destination().isOfDesign(path)) {
+        showError(tr("%1 belongs to the design. Choose another destination.")
+                      .arg(QDir::toNativeSeparators(path)));
+        return;
+    }
+    if (present.isFile() && !mayReplace(path))
+        return;
+    // While the question waited the host may have closed the design.
+    if (!design())
+        return;
+
+    const Extension* const extension = currentType().extension();
+    if (extension && extension->archiveIncludeInstaller())
+        logInfo(tr("The archive gets no installer: this host has none."));
+    m_job = std::make_unique<ArchiveJob>(ArchiveJob::Order{
+        plan(), currentFormat(), path, design()->workingFolderPath(), present.isFile()});
+    connect(m_job.get(), &ArchiveJob::progressed, m_ui->progressBar, &QProgressBar::setValue);
+    connect(m_job.get(), &ArchiveJob::finished, this, &ArchiveDialog::handleJobFinished);
+    m_ui->progressBar->setValue(0);
+    m_ui->stateLabel->clear();
+    updateState();
+    m_job->start();
+}
+
+bool ArchiveDialog::mayReplace(const QString& path)
+{
+    return showBox(QMessageBox::Question,
+                   tr("%1 exists already. Replace it?").arg(QDir::toNativeSeparators(path)),
+                   QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+}
+
+ArchivePlan ArchiveDialog::plan() const
+{
+    const Items items = includedItems();
+    ArchivePlan plan(*design(), items);
+    if (items.testFlag(Extension::DesignDescription) && !m_description.name.isEmpty())
+        plan.setDescription(m_description.name, m_description.text());
+    return plan;
+}
+
+void ArchiveDialog::reject()
+{
+    if (m_job)
+        m_job->cancel();
+    else
+        DesignArchiveOutputParserDialog::reject();
+}
+
+void ArchiveDialog::handleJobFinished()
+{
+    const std::unique_ptr<ArchiveJob> job = std::move(m_job);
+    job->wait();
+    updateState();
+    switch (job->outcome()) {
+    case ArchiveJob::Written:
+        logInfo(tr("The design is archived in %1.")
+                    .arg(QDir::toNativeSeparators(job->order().destination)));
+        m_archivePath = job->order().destination;
+        remember();
+        accept();
+        break;
+    case ArchiveJob::Cancelled:
+        m_ui->stateLabel->setText(tr("Cancelled. No archive was made."));
+        break;
+    default:
+        showError(job->error());
+    }
+}
+
+void ArchiveDialog::showError(const QString& reason)
+{
+    showBox(QMessageBox::Critical, tr("The design cannot be archived.\n\n%1").arg(reason),
+            QMessageBox::Ok, QMessageBox::Ok);
+}
+
+int ArchiveDialog::showBox(QMessageBox::Icon icon, const QString& text,
+                           QMessageBox::StandardButtons buttons,
+                           QMessageBox::StandardButton defaultButton)
+{
+    return PlainMessageBox(icon, windowTitle(), text, buttons, defaultButton, this).exec();
+}
+
+void ArchiveDialog::updateState()
+{
+    const bool running = m_job != nullptr;
+    m_ui->content->setDisabled(running);
+    // One in place of the other: both would make the dialog grow.
+    m_ui->stateWidgets->setCurrentWidget(running ? static_cast<QWidget*>(m_ui->progressBar)
+                                                 : m_ui->stateLabel);
+    m_archiveButton->setEnabled(!running && design() && !m_ui->destinationPath->text().isEmpty());
+}
+
+void ArchiveDialog::remember() const
+{
+    if (!design())
+        return;
+    const QString folder = QFileInfo(m_archivePath).absolutePath();
+    const QString usual =
+        QFileInfo(destination().filePath(destination().proposal(currentFormat()))).absolutePath();
+    ArchiveMemory memory = ArchiveMemory::load(design()->workingFolderPath());
+    memory.type = currentType().name();
+    memory.extension = currentExtension();
+    if (currentType().isPlain())
+        memory.folder = folder == usual ? QString() : folder;
+    memory.save(design()->workingFolderPath());
+}
+
+void archiveDesign(IDesign* design, const ArchiveDialog::Description& description, QWidget* parent)
+{
+    ArchiveDialog dialog(design, description, parent);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const QString path = dialog.archivePath();
+    // Not modal: nobody has to answer it.
+    auto* const box = new PlainMessageBox(
+        QMessageBox::Information, dialog.windowTitle(),
+        ArchiveDialog::tr("The design is archived in %1.").arg(QDir::toNativeSeparators(path)),
+        QMessageBox::Close, QMessageBox::Close, parent);
+    box->setObjectName("ArchivedBox");
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setModal(false);
+    QPushButton* const show =
+        box->addButton(ArchiveDialog::tr("&Show in Folder"), QMessageBox::ActionRole);
+    show->setObjectName("ShowInFolderButton");
+    QObject::connect(show, &QPushButton::clicked, box, [path] {
+        QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absolutePath()));
+    });
+    box->show();
+}

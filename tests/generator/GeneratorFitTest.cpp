@@ -1,0 +1,134 @@
+#include "tests/generator/GeneratorDriver.h"
+#include "tests/generator/GeneratorTest.h"
+
+#include <QMimeData>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QToolButton>
+#include <QtTest>
+
+#include <algorithm>
+
+namespace {
+
+/// Sees each painting of a progress bar.
+class BarWatcher : public QObject {
+public:
+    BarWatcher() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        const auto* const bar = qobject_cast<const QProgressBar*>(watched);
+        if (bar && event->type() == QEvent::Paint) {
+            values << bar->value();
+            wasBusy = QApplication::overrideCursor() &&
+                      QApplication::overrideCursor()->shape() == Qt::WaitCursor;
+        }
+        return false;
+    }
+
+    QVector<int> values;
+    bool wasBusy = false;
+};
+
+bool drop(QWidget* on, const QString& path)
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path)});
+    const QPoint place = on->rect().center();
+    QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(on, &enter);
+    QDropEvent event(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(on, &event);
+    return enter.isAccepted() && event.isAccepted();
+}
+
+} // namespace
+
+/// How the window fits the screen, and what it does with a file that is dropped on it.
+class GeneratorFitTest : public GeneratorTest {
+    Q_OBJECT
+
+private slots:
+    void keepsItsButtonsInReach();
+    void givesTheHeightOfAFoldedPartBack();
+    void showsThatALargeBinaryIsCopied();
+    void takesADroppedFileAsItsInput_data();
+    void takesADroppedFileAsItsInput();
+
+private:
+    QToolButton* arrow() const
+    {
+        return driver->find<QWidget>("widgetFunctionDetailsHolder")->findChild<QToolButton*>();
+    }
+};
+
+void GeneratorFitTest::keepsItsButtonsInReach()
+{
+    // The functions are unfolded, which this screen has no room for.
+    const QWidget* const window = driver->window();
+    QVERIFY(window->height() <= window->screen()->availableSize().height());
+    const auto* const generate = driver->find<QPushButton>("GenerateButton");
+    const QRect place(generate->mapTo(window, QPoint()), generate->size());
+    QVERIFY(generate->isVisible());
+    QVERIFY(window->rect().contains(place));
+}
+
+void GeneratorFitTest::givesTheHeightOfAFoldedPartBack()
+{
+    QTest::mouseClick(arrow(), Qt::LeftButton);
+    QCoreApplication::processEvents();
+    // This screen has no room to grow otherwise.
+    const int folded = 400;
+    driver->window()->resize(driver->window()->width(), folded);
+    QTRY_COMPARE(driver->window()->height(), folded);
+    QTest::mouseClick(arrow(), Qt::LeftButton);
+    QCoreApplication::processEvents();
+    QVERIFY(driver->window()->height() > folded);
+    QTest::mouseClick(arrow(), Qt::LeftButton);
+    QCoreApplication::processEvents();
+    QCOMPARE(driver->window()->height(), folded);
+}
+
+void GeneratorFitTest::showsThatALargeBinaryIsCopied()
+{
+    const QString binary = driver->write("top.bin", QByteArray());
+    QVERIFY(QFile::resize(binary, 64 * 1024 * 1024));
+    driver->fillIn(binary);
+    BarWatcher watcher;
+    driver->click("GenerateButton");
+    QVERIFY2(watcher.values.count() > 2, qPrintable(QString::number(watcher.values.count())));
+    QVERIFY(std::is_sorted(watcher.values.begin(), watcher.values.end()));
+    QVERIFY(watcher.wasBusy);
+    QVERIFY(!QApplication::overrideCursor());
+    QVERIFY(!driver->window()->findChild<QProgressBar*>());
+}
+
+void GeneratorFitTest::takesADroppedFileAsItsInput_data()
+{
+    QTest::addColumn<QString>("widget");
+
+    for (const char* name : {"txtInputFile", "AuthoEditBox", "DescriptionMemo", "GenerateButton"})
+        QTest::newRow(name) << name;
+}
+
+void GeneratorFitTest::takesADroppedFileAsItsInput()
+{
+    QFETCH(QString, widget);
+    const QString binary = driver->write("top.bin", QByteArray(5000, 'b'));
+    auto* target = driver->find<QWidget>(qPrintable(widget));
+    if (auto* const area = qobject_cast<QAbstractScrollArea*>(target))
+        target = area->viewport();
+    // What takes no drops passes them on to the window.
+    if (!target->acceptDrops())
+        target = driver->window();
+    QVERIFY(drop(target, binary));
+    QCOMPARE(driver->text("txtInputFile"), binary);
+    QCOMPARE(driver->text("BinFileSize"), QString("5000  Bytes"));
+    QCOMPARE(driver->text("AuthoEditBox"), QString());
+    QCOMPARE(driver->text("DescriptionMemo"), QString());
+}
+
+QTEST_MAIN(GeneratorFitTest)
+#include "GeneratorFitTest.moc"
