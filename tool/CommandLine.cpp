@@ -20,11 +20,10 @@ public:
         : m_environment(environment),
           m_app("Make, list, check and take apart FCF flash images.", "pelk-fcf")
     {
-        for (const auto make :
-             {&createCommand, &showCommand, &verifyCommand, &extractCommand, &recipeCommand,
-              &diffCommand, &digestCommand})
+        for (const auto make : {&createCommand, &showCommand, &verifyCommand, &extractCommand,
+                                &recipeCommand, &diffCommand, &digestCommand})
             m_commands.push_back(make());
-        m_app.set_version_flag("--version", std::string("pelk-fcf ") + PELK_FCF_VERSION,
+        m_app.set_version_flag("-v,--version", std::string("pelk-fcf ") + PELK_FCF_VERSION,
                                "Print the version and exit");
         m_app.set_help_flag("-h,--help", "Print this help and exit");
         m_app.require_subcommand(1);
@@ -36,7 +35,7 @@ public:
             CLI::App* const app = m_app.add_subcommand(command->name(), command->summary());
             command->declare(app);
             app->add_flag("--json", m_json, "give the result as JSON");
-            app->add_flag("--quiet", m_quiet, "show no progress and no notes");
+            app->add_flag("-q,--quiet", m_quiet, "show no progress and no notes");
             app->footer(Footer);
             m_apps.push_back(app);
         }
@@ -44,6 +43,9 @@ public:
 
     int run(const std::vector<std::string>& arguments)
     {
+        if (!arguments.empty() && arguments.front() == "help")
+            return run(arguments.size() > 1 ? std::vector<std::string>{arguments[1], "--help"}
+                                            : std::vector<std::string>{"--help"});
         if (!arguments.empty() && arguments.front()[0] != '-' && !isCommand(arguments.front()))
             return refused(arguments, '"' + arguments.front() + "\" is no command");
         const std::string swallowed = swallowedOption(arguments);
@@ -146,8 +148,9 @@ private:
     {
         const CLI::App* const app =
             isCommand(arguments.front()) ? m_app.get_subcommand(arguments.front()) : &m_app;
-        return name.compare(0, 2, "--") == 0 && name.size() > 2 ? app->get_option_no_throw(name)
-                                                                : nullptr;
+        const bool isLong = name.compare(0, 2, "--") == 0 && name.size() > 2;
+        const bool isShort = name.size() == 2 && name[0] == '-' && name[1] != '-';
+        return isLong || isShort ? app->get_option_no_throw(name) : nullptr;
     }
 
     /// What is not known says more than what is missing on account of it.

@@ -31,7 +31,7 @@ QStringList optionsOf(const QString& command)
     ToolFixture tool;
     const QString help = tool.run({command.toStdString(), "--help"}).out;
     QStringList options;
-    auto matches = QRegularExpression("^  (?:-h,)?(--[a-z-]+)", QRegularExpression::MultilineOption)
+    auto matches = QRegularExpression("^  (?:-[a-z],)?(--[a-z-]+)", QRegularExpression::MultilineOption)
                        .globalMatch(help);
     while (matches.hasNext())
         options << matches.next().captured(1);

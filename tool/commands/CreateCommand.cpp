@@ -69,7 +69,7 @@ void CreateCommand::declare(CLI::App* app)
 {
     m_binary.declare(app);
     m_build.declare(app);
-    Arguments::addOption(app, "--output", &m_output, "FILE",
+    Arguments::addOption(app, "-o,--output", &m_output, "FILE",
                          "the image, its name ending with .fcf; - is standard output");
     Arguments::addOption(
         app, "--date-time", &m_dateTime, "YYYY-MM-DDTHH:MM:SS",
@@ -83,7 +83,7 @@ void CreateCommand::declare(CLI::App* app)
     app->add_flag("--if-changed", m_ifChanged,
                   "replace outputs that exist, but leave them untouched where nothing but date and "
                   "time would change");
-    app->add_flag("--force", m_force, "replace outputs that exist");
+    app->add_flag("-f,--force", m_force, "replace outputs that exist");
     app->add_flag("--strict", m_strict, "take warnings for errors");
 }
 

@@ -33,11 +33,11 @@ private:
 void ExtractCommand::declare(CLI::App* app)
 {
     Arguments::addOperand(app, "FCF", &m_file, "an image; - is standard input");
-    Arguments::addOperand(app, "--output", &m_output,
+    Arguments::addOperand(app, "-o,--output", &m_output,
                           "where the payload goes; - is standard output")
         ->type_name("FILE");
     m_beside.declareSkipping(app);
-    app->add_flag("--force", m_force, "replace an output that exists");
+    app->add_flag("-f,--force", m_force, "replace an output that exists");
 }
 
 void ExtractCommand::run(Task* task)
