@@ -1,6 +1,7 @@
 # Makes HostSdk::Framework from the framework installed in QTILITIES_ROOT: a folder include/ with a
-# folder for each module, and the framework's libraries in lib/ or bin/, one or several, with or
-# without a version in their names. Whoever uses it is compiled with QTILITIES_DEFINITIONS.
+# folder for each module, and the framework's libraries in lib/, bin/ or a folder in lib/, one or
+# several, with or without a version in their names. Whoever uses it is compiled with
+# QTILITIES_DEFINITIONS.
 
 foreach(module QtilitiesCore QtilitiesCoreGui QtilitiesExtensionSystem QtilitiesLogging)
     if(NOT IS_DIRECTORY "${QTILITIES_ROOT}/include/${module}")
@@ -9,7 +10,7 @@ foreach(module QtilitiesCore QtilitiesCoreGui QtilitiesExtensionSystem Qtilities
 endforeach()
 
 set(qtilities_libraries "")
-foreach(folder lib bin)
+foreach(folder lib bin lib/*)
     if(NOT qtilities_libraries)
         file(GLOB qtilities_libraries
             "${QTILITIES_ROOT}/${folder}/libQtilities*.so"

@@ -46,6 +46,7 @@ bool FormFit::eventFilter(QObject* watched, QEvent* event)
     if (watched == m_window) {
         if (event->type() == QEvent::Show && !m_wasShown) {
             m_wasShown = true;
+            growWide();
             grow();
         }
     } else if (m_window->isVisible() && !m_window->isMaximized() && !m_window->isFullScreen()) {
@@ -63,6 +64,15 @@ bool FormFit::eventFilter(QObject* watched, QEvent* event)
     return QObject::eventFilter(watched, event);
 }
 
+void FormFit::growWide()
+{
+    // Of a large font, the form needs more than the usual width.
+    const int missing = m_area->widget()->sizeHint().width() - m_area->viewport()->width();
+    const int room = availableSize().width() - m_window->width();
+    if (missing > 0 && room > 0)
+        m_window->resize(m_window->width() + qMin(missing, room), m_window->height());
+}
+
 void FormFit::grow()
 {
     m_area->setMinimumWidth(m_area->widget()->minimumSizeHint().width());
@@ -72,7 +82,9 @@ void FormFit::grow()
         m_window->resize(m_window->width(), m_window->height() + qMin(wanted, room));
     // A window that has grown beyond the lower edge moves up.
     const QRect available = QApplication::desktop()->availableGeometry(m_window);
-    const int below = m_window->geometry().bottom() - available.bottom();
+    const bool isFramed = m_window->frameGeometry() != m_window->geometry();
+    const int below =
+        m_window->geometry().bottom() + (isFramed ? 0 : FrameHeight) - available.bottom();
     if (below > 0)
         m_window->move(m_window->x(), qMax(available.top(), m_window->y() - below));
 }

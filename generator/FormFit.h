@@ -23,6 +23,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void growWide();
     void grow();
     void shrink(int height);
     /// What folding \p body no longer needs: where the form is scrolled, less than its height.

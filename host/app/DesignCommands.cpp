@@ -257,7 +257,8 @@ void DesignCommands::removeSelected()
     if (!design || (files.isEmpty() && folders.isEmpty()))
         return;
     const int count = files.count() + folders.count();
-    DesignHistory::record(design, tr("Remove %n Item(s)", nullptr, count), [&] {
+    const QString text = count == 1 ? tr("Remove Item") : tr("Remove %1 Items").arg(count);
+    DesignHistory::record(design, text, [&] {
         design->tree()->startProcessingCycle();
         for (DesignFile* file : files)
             design->removeFile(file);
@@ -298,7 +299,8 @@ void DesignCommands::activate(const QModelIndex& index)
 
 void DesignCommands::inspect()
 {
-    if (const DesignFile* const file = m_model->fileAt(m_view->currentIndex()))
+    const DesignFile* const file = m_model->fileAt(m_view->currentIndex());
+    if (file && m_inspect->isVisible())
         emit inspectionWanted(file->filePath());
 }
 

@@ -134,25 +134,29 @@ void DesignSession::addTo(Design* design, const QStringList& paths, const QStrin
 {
     QList<DesignFile*> files;
     QStringList problems;
-    DesignHistory::record(design, tr("Add %n File(s)", nullptr, paths.count()), [&] {
-        design->tree()->startProcessingCycle();
-        for (const QString& path : paths) {
-            QString error;
-            DesignFile* file = node.isEmpty() ? nullptr : design->fileAt(path);
-            if (!file && QFileInfo(path).isDir())
-                design->addFolder(path, &error);
-            else if (!file)
-                file = design->addFile(path, &error);
-            if (!error.isEmpty())
-                problems << fileProblem(path, error);
-            if (!file)
-                continue;
-            files << file;
-            if (!node.isEmpty())
-                file->setCustomNode(node);
-        }
-        design->tree()->endProcessingCycle();
-    });
+    DesignHistory::record(design,
+                          paths.count() == 1 ? tr("Add %1").arg(QFileInfo(paths.first()).fileName())
+                                             : tr("Add %1 Items").arg(paths.count()),
+                          [&] {
+                              design->tree()->startProcessingCycle();
+                              for (const QString& path : paths) {
+                                  QString error;
+                                  DesignFile* file =
+                                      node.isEmpty() ? nullptr : design->fileAt(path);
+                                  if (!file && QFileInfo(path).isDir())
+                                      design->addFolder(path, &error);
+                                  else if (!file)
+                                      file = design->addFile(path, &error);
+                                  if (!error.isEmpty())
+                                      problems << fileProblem(path, error);
+                                  if (!file)
+                                      continue;
+                                  files << file;
+                                  if (!node.isEmpty())
+                                      file->setCustomNode(node);
+                              }
+                              design->tree()->endProcessingCycle();
+                          });
     design->refreshFiles(files);
     if (!problems.isEmpty())
         showError("CannotAddBox", tr("Not everything could be added to \"%1\".\n\n%2")

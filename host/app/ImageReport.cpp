@@ -17,6 +17,18 @@ namespace {
 
 QString tr(const char* text) { return QCoreApplication::translate("ImageReport", text); }
 
+/// What is found in a damaged file may be anything, and long.
+QString printable(const QString& text)
+{
+    constexpr int Longest = 40;
+    QString shown = text.left(Longest);
+    for (QChar& letter : shown) {
+        if (!letter.isPrint())
+            letter = '?';
+    }
+    return text.size() > Longest ? shown + "..." : shown;
+}
+
 QString reasonOf(const FcfExactReading& reading)
 {
     switch (reading.outcome) {
@@ -32,7 +44,7 @@ QString reasonOf(const FcfExactReading& reading)
     case FcfExactReading::Deviates:
         return tr("At byte %1: expected %2, found %3.")
             .arg(reading.deviation.offset)
-            .arg(reading.expected, reading.found);
+            .arg(reading.expected, printable(reading.found));
     }
     return QString();
 }

@@ -55,6 +55,7 @@ private slots:
     void setsRemoveByTheListWhenAFunctionIsShown();
     void enablesRemoveAfterEachUpload();
     void leavesRemoveAloneWhenCleared();
+    void clearsTheEditorOfAnEmptyList();
 
 private:
     void uploadThree();
@@ -444,6 +445,16 @@ void FunctionListTest::leavesRemoveAloneWhenCleared()
     uploadThree();
     driver->chooseFromFileMenu("Clear");
     QVERIFY(canRemove());
+}
+
+void FunctionListTest::clearsTheEditorOfAnEmptyList()
+{
+    driver->type("EditFunctionName", "A");
+    driver->type("AuthorFunctions", "a");
+    driver->type("DescriptionMemoFunctions", "d");
+    driver->type("CiNumberEditBoxFunctions", "1");
+    driver->chooseFromFileMenu("Clear");
+    QCOMPARE(driver->editor(), Nothing);
 }
 
 QTEST_MAIN(FunctionListTest)

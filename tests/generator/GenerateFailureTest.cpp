@@ -59,6 +59,8 @@ private slots:
     void warnsWhenTheHeaderHasAnotherSize();
     void namesAnImageThatCannotBeOpenedAgain_data();
     void namesAnImageThatCannotBeOpenedAgain();
+    void logsWhichTooLargeFileCannotBeDeleted_data();
+    void logsWhichTooLargeFileCannotBeDeleted();
 
 private:
     void expectFailure();
@@ -334,6 +336,32 @@ void GenerateFailureTest::namesAnImageThatCannotBeOpenedAgain()
     limit.reset();
     QCOMPARE(driver->dialogs().texts(), QStringList("can't open " + driver->path("top.fcf")));
     QCOMPARE(driver->content(driver->path("top.fcf")).size(), textEnd);
+}
+
+void GenerateFailureTest::logsWhichTooLargeFileCannotBeDeleted_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::newRow("the image") << "top.fcf";
+    QTest::newRow("the companion") << "top.txt";
+}
+
+void GenerateFailureTest::logsWhichTooLargeFileCannotBeDeleted()
+{
+    QFETCH(QString, file);
+    driver->fillIn(driver->binary("top.bin", 10));
+    driver->window()->setCINumber(QString(3000, 'x'));
+    const QString kept = driver->path(file);
+    driver->dialogs().click(QMessageBox::Ok);
+    driver->dialogs().inspect([&](QWidget*) {
+        // A folder in its place is no file to delete.
+        QVERIFY(QFile::remove(kept));
+        QVERIFY(QDir().mkpath(kept));
+    });
+    expectFailure();
+    QCOMPARE(driver->log().size(), 1);
+    const QString start = "8 Pelk FCF Generator: \"" + kept + "\" cannot be deleted: ";
+    QVERIFY2(driver->log().first().startsWith(start), qPrintable(driver->log().first()));
+    QVERIFY(!driver->exists(driver->path(file == "top.fcf" ? "top.txt" : "top.fcf")));
 }
 
 QTEST_MAIN(GenerateFailureTest)

@@ -7,6 +7,9 @@
 #include <QDir>
 #include <QFont>
 #include <QLineEdit>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
 #include <QStyleFactory>
@@ -45,9 +48,11 @@ QWidget* windowNamed(const QString& name)
 
 void trigger(const QWidget* host, const QString& text)
 {
-    for (QAction* action : host->findChildren<QAction*>()) {
-        if (action->text().remove('&') == text)
-            action->trigger();
+    for (const QAction* menu : qobject_cast<const QMainWindow*>(host)->menuBar()->actions()) {
+        for (QAction* action : menu->menu()->actions()) {
+            if (action->text().remove('&') == text)
+                action->trigger();
+        }
     }
 }
 
@@ -121,6 +126,7 @@ void PicturePlugin::takeSideBySide()
     savePicture("generator-folded");
     auto* const panel = generator->findChild<QWidget*>("widgetFunctionDetailsHolder");
     panel->findChild<QToolButton*>("arrow")->click();
+    generator->findChild<QLineEdit*>("AuthoEditBox")->setText("R. Vos");
     makeFunction(generator, "Doppler bank", "64 channels");
     makeFunction(generator, "Pulse compression", "Matched filter, 1024 taps");
     generator->findChild<QComboBox*>("FunctionComboBox")->setCurrentIndex(1);

@@ -208,8 +208,8 @@ void PluginTest::saysWhoItIs()
     QCOMPARE(version.supportedVersions().size(), 1);
     QVERIFY(version.isSupportedVersion(VersionNumber(2, 2, 0)));
     QCOMPARE(m_plugin->pluginPublisher(), QString("ZORV"));
-    QVERIFY(!m_plugin->pluginPublisherWebsite().isEmpty());
-    QVERIFY(m_plugin->pluginPublisherContact().contains('@'));
+    QCOMPARE(m_plugin->pluginPublisherWebsite(), QString("https://zorv.example/"));
+    QCOMPARE(m_plugin->pluginPublisherContact(), QString("support@zorv.example"));
     QCOMPARE(m_plugin->pluginDescription(),
              QString("Provides custom design archiving functionality in order to prepare "
                      "configuration packages for the HX Config Management system."));

@@ -1,4 +1,4 @@
-#include "support/SampleHeaders.h"
+#include "tests/support/SampleHeaders.h"
 
 FcfHeader headerWithoutFunctions()
 {

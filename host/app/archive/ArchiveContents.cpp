@@ -12,7 +12,8 @@
 
 namespace {
 
-constexpr int VisibleRows = 6;
+/// On a small screen; otherwise there is more room.
+constexpr int LeastRows = 4;
 
 } // namespace
 
@@ -27,8 +28,8 @@ ArchiveContents::ArchiveContents(QWidget* parent)
     m_list->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     m_list->setRootIsDecorated(false);
     m_list->setUniformRowHeights(true);
-    m_list->setMinimumHeight(fontMetrics().lineSpacing() * VisibleRows);
-    m_list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+    m_list->setMinimumHeight(fontMetrics().lineSpacing() * LeastRows);
+    m_list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     m_total->setObjectName("contentsTotal");
     m_total->setTextFormat(Qt::PlainText);
     m_total->setWordWrap(true);
@@ -56,8 +57,8 @@ void ArchiveContents::show(const ArchivePlan& plan)
             total += size;
             ++files;
         }
-        m_total->setText(
-            tr("%n file(s), %1", nullptr, files).arg(QLocale().formattedDataSize(total)));
+        const QString count = files == 1 ? tr("1 file") : tr("%1 files").arg(files);
+        m_total->setText(tr("%1, %2").arg(count, QLocale().formattedDataSize(total)));
     } catch (const ArchiveError& error) {
         m_total->setText(error.text());
     }

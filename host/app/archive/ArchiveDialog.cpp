@@ -3,6 +3,7 @@
 #include "host/app/archive/ArchiveContents.h"
 #include "host/app/archive/ArchiveJob.h"
 #include "host/app/archive/ArchiveMemory.h"
+#include "host/app/common/WindowPlace.h"
 #include "ui_ArchiveDialog.h"
 
 #include <OrvanticCore/IDesign.h>
@@ -207,7 +208,7 @@ void ArchiveDialog::fitHeight()
 {
     m_ui->contentLayout->activate();
     layout()->activate();
-    resize(width(), sizeHint().height());
+    resizeToScreen(this, QSize(width(), sizeHint().height()));
 }
 
 void ArchiveDialog::handleObjectRemoved(QObject* object)

@@ -72,6 +72,7 @@ private slots:
     void keepsNodesFolded();
     void opensTheFolderOfAFile();
     void foldsANodeOnDoubleClick();
+    void cutsNoNameOff();
     void removesAFileByKey();
     void leavesALockedDesignAsItIs();
     void showsAFileWithAnUnknownNodeUnderItsDesign();
@@ -242,6 +243,19 @@ void HostViewTest::foldsANodeOnDoubleClick()
     QTest::mouseDClick(host.view()->viewport(), Qt::LeftButton, {}, place);
     QVERIFY(!host.view()->isExpanded(host.item("Firmware")));
     QVERIFY(opener.opened.isEmpty());
+}
+
+void HostViewTest::cutsNoNameOff()
+{
+    HostFixture host;
+    host.openDesign("radar")->restoreFile("a file with a name that is rather long.bin");
+    const QTreeView* const view = host.view();
+    for (const int width : {640, 760}) {
+        host.window()->resize(width, 500);
+        QTRY_COMPARE(host.window()->width(), width);
+        QTRY_VERIFY(view->columnWidth(0) >=
+                    const_cast<QTreeView*>(view)->sizeHintForIndex(host.item("a file")).width());
+    }
 }
 
 void HostViewTest::removesAFileByKey()

@@ -332,9 +332,9 @@ void ArchiveDialogRunTest::listsWhatGoesIn()
         names << list->topLevelItem(row)->text(0);
     QVERIFY(names.contains("top.fcf"));
     QVERIFY(names.contains("constraints/.hidden"));
-    QVERIFY(find<QLabel>("contentsTotal")->text().startsWith("8 file(s), "));
+    QVERIFY(find<QLabel>("contentsTotal")->text().startsWith("8 files, "));
     QTest::mouseClick(find<QCheckBox>("generatedFiles"), Qt::LeftButton, {}, QPoint(8, 8));
-    QVERIFY(find<QLabel>("contentsTotal")->text().startsWith("7 file(s), "));
+    QVERIFY(find<QLabel>("contentsTotal")->text().startsWith("7 files, "));
 }
 
 void ArchiveDialogRunTest::remembersFormatAndFolder()
