@@ -20,10 +20,10 @@ public:
         : m_environment(environment),
           m_app("Make, list, check and take apart FCF flash images.", "pelk-fcf")
     {
-        for (const auto make :
-             {&createCommand, &showCommand, &verifyCommand, &extractCommand, &recipeCommand})
+        for (const auto make : {&createCommand, &showCommand, &verifyCommand, &extractCommand,
+                                &recipeCommand, &diffCommand, &digestCommand})
             m_commands.push_back(make());
-        m_app.set_version_flag("--version", std::string("pelk-fcf ") + PELK_FCF_VERSION,
+        m_app.set_version_flag("-v,--version", std::string("pelk-fcf ") + PELK_FCF_VERSION,
                                "Print the version and exit");
         m_app.set_help_flag("-h,--help", "Print this help and exit");
         m_app.require_subcommand(1);
@@ -35,7 +35,7 @@ public:
             CLI::App* const app = m_app.add_subcommand(command->name(), command->summary());
             command->declare(app);
             app->add_flag("--json", m_json, "give the result as JSON");
-            app->add_flag("--quiet", m_quiet, "show no progress and no notes");
+            app->add_flag("-q,--quiet", m_quiet, "show no progress and no notes");
             app->footer(Footer);
             m_apps.push_back(app);
         }
@@ -43,8 +43,14 @@ public:
 
     int run(const std::vector<std::string>& arguments)
     {
+        if (!arguments.empty() && arguments.front() == "help")
+            return run(arguments.size() > 1 ? std::vector<std::string>{arguments[1], "--help"}
+                                            : std::vector<std::string>{"--help"});
         if (!arguments.empty() && arguments.front()[0] != '-' && !isCommand(arguments.front()))
             return refused(arguments, '"' + arguments.front() + "\" is no command");
+        const std::string swallowed = swallowedOption(arguments);
+        if (!swallowed.empty())
+            return refused(arguments, swallowed);
         try {
             std::vector<std::string> reversed = prepared(arguments);
             std::reverse(reversed.begin(), reversed.end());
@@ -104,6 +110,33 @@ private:
         return split;
     }
 
+    /// The reason against an option's name in the place of another option's value, or "". Such a
+    /// value is far more often an empty variable of a script.
+    std::string swallowedOption(const std::vector<std::string>& arguments) const
+    {
+        const CLI::Option* option = nullptr;
+        int values = 0;
+        for (const std::string& argument : arguments) {
+            const CLI::Option* const named = optionNamed(argument, arguments);
+            if (argument == "--" && values == 0)
+                break;
+            if (values > 0 && (named || argument == "-h"))
+                return reasonAgainst(*option, argument);
+            option = values > 0 ? option : named;
+            values = values > 0 ? values - 1 : named ? valuesOf(*named) : 0;
+        }
+        return std::string();
+    }
+
+    static std::string reasonAgainst(const CLI::Option& option, const std::string& value)
+    {
+        const std::string name = option.get_name();
+        const std::string way = valuesOf(option) == 1
+                                    ? "to give it as the value write " + name + '=' + value
+                                    : "a function with that text can be given in a recipe";
+        return name + " lacks a value, as \"" + value + "\" is an option; " + way;
+    }
+
     /// How many arguments it takes; a flag takes none.
     static int valuesOf(const CLI::Option& option)
     {
@@ -115,8 +148,9 @@ private:
     {
         const CLI::App* const app =
             isCommand(arguments.front()) ? m_app.get_subcommand(arguments.front()) : &m_app;
-        return name.compare(0, 2, "--") == 0 && name.size() > 2 ? app->get_option_no_throw(name)
-                                                                : nullptr;
+        const bool isLong = name.compare(0, 2, "--") == 0 && name.size() > 2;
+        const bool isShort = name.size() == 2 && name[0] == '-' && name[1] != '-';
+        return isLong || isShort ? app->get_option_no_throw(name) : nullptr;
     }
 
     /// What is not known says more than what is missing on account of it.
@@ -156,8 +190,9 @@ private:
         Task task(m_environment, commandIn(arguments));
         task.report.json =
             std::find(arguments.begin(), arguments.end(), "--json") != arguments.end();
-        task.findings.error(ExitCode::Refused, QString(), QString(),
-                            shownText(QString::fromLocal8Bit(reason.c_str())));
+        task.findings.error(
+            ExitCode::Refused, QString(), QString(),
+            shownText(QString::fromLocal8Bit(Arguments::unguarded(reason).c_str())));
         return finish(&task);
     }
 

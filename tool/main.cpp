@@ -48,6 +48,7 @@ int main(int argc, char** argv)
     environment.in = &in;
     environment.out = &out;
     environment.err = &err;
+    environment.outIsTerminal = ::isatty(STDOUT_FILENO) == 1;
     environment.errIsTerminal = ::isatty(STDERR_FILENO) == 1;
     environment.milliseconds = [&timer] { return timer.elapsed(); };
     if (qEnvironmentVariableIsSet("SOURCE_DATE_EPOCH"))

@@ -24,7 +24,7 @@ _pelk_fcf() {
     if ((COMP_CWORD == 1)); then
         case $word in
         -*) _pelk_fcf_words --help --version ;;
-        *) _pelk_fcf_words create show verify extract recipe ;;
+        *) _pelk_fcf_words create show verify extract recipe diff digest ;;
         esac
         return
     fi
@@ -46,6 +46,8 @@ _pelk_fcf() {
     --config) _pelk_fcf_words 1 2 3 4 5 6 7 8 9 10; return ;;
     --date-format) _pelk_fcf_words locale iso; return ;;
     --type) _pelk_fcf_words image companion; return ;;
+    --swap) _pelk_fcf_words bits bytes halfwords; return ;;
+    --pad-to) _pelk_fcf_words page block; return ;;
     --like) _pelk_fcf_files .fcf .txt .json; return ;;
     --bin) _pelk_fcf_files .bin; return ;;
     --companion) _pelk_fcf_files .txt; return ;;
@@ -55,24 +57,26 @@ _pelk_fcf() {
             _pelk_fcf_files .sha256
             return
         fi ;;
-    --author | --ci | --version | --description | --date-time | --function) return ;;
+    --author | --ci | --version | --description | --date-time | --function | --field) return ;;
     esac
 
     if [[ $word == -* ]]; then
         case $command in
         create) _pelk_fcf_words --author --ci --module --device --config --version --description \
             --function --like --output --date-time --date-format --no-companion --digest --force \
-            --strict "$common" ;;
-        verify) _pelk_fcf_words --bin --companion --digest --type "$common" ;;
-        extract) _pelk_fcf_words --output --force "$common" ;;
-        show | recipe) _pelk_fcf_words "$common" ;;
+            --strict --swap --pad-to --if-changed "$common" ;;
+        verify) _pelk_fcf_words --bin --companion --no-companion --digest --no-digest \
+            --require-digest --type "$common" ;;
+        extract) _pelk_fcf_words --output --no-companion --no-digest --force "$common" ;;
+        show) _pelk_fcf_words --field --check "$common" ;;
+        recipe | diff | digest) _pelk_fcf_words "$common" ;;
         esac
         return
     fi
     case $command in
-    create) _pelk_fcf_files .bin ;;
-    extract) _pelk_fcf_files .fcf ;;
-    show | verify | recipe) _pelk_fcf_files .fcf .txt ;;
+    create) _pelk_fcf_files .bin .bit ;;
+    extract | digest) _pelk_fcf_files .fcf ;;
+    show | verify | recipe | diff) _pelk_fcf_files .fcf .txt ;;
     esac
 }
 

@@ -53,6 +53,7 @@ private slots:
     void leavesNothingOnAFullDisk_data();
     void leavesNothingOnAFullDisk();
     void tellsThatStandardOutputIsFull();
+    void saysThatTheFilesAreInPlaceWhenTheResultIsLost();
     void tellsThatNobodyReadsStandardOutput();
 };
 
@@ -383,6 +384,19 @@ void BlackBoxTest::tellsThatStandardOutputIsFull()
         QVERIFY2(failed.code == 3, qPrintable(arguments.first()));
         QVERIFY2(failed.err.contains("cannot be written: No space left on device"), failed.err);
     }
+}
+
+void BlackBoxTest::saysThatTheFilesAreInPlaceWhenTheResultIsLost()
+{
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(4000));
+    QProcess process;
+    process.setStandardOutputFile("/dev/full");
+    process.start(PELK_FCF, create(tool, "top.bin"));
+    const Run failed = finished(&process);
+    QCOMPARE(failed.code, 3);
+    QVERIFY2(failed.err.contains("No space left on device; the files are in place"), failed.err);
+    QCOMPARE(run({"verify", tool.path("top.fcf")}).code, 0);
 }
 
 void BlackBoxTest::tellsThatNobodyReadsStandardOutput()

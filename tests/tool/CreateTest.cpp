@@ -17,6 +17,7 @@ private slots:
     void takesTheLocalesDateUnlessToldOtherwise();
     void stampsWithSourceDateEpochInUtc();
     void prefersAGivenDateAndTime();
+    void takesTheSlotUnderEitherName();
     void givesEqualBytesTwice();
     void takesADescriptionFromAFile();
     void takesAnAtSignAtTheStartOfADescription();
@@ -88,6 +89,20 @@ void CreateTest::prefersAGivenDateAndTime()
     tool.environment.sourceDateEpoch = "1717163100";
     create(&tool, {"--date-format", "iso", "--date-time", "1999-12-31T23:59:59"});
     QVERIFY(tool.read("top.txt").contains("\nDate: 1999-12-31\nTime: 23:59:59\n"));
+    // As git log --format=%cI prints it.
+    for (const char* const moment : {"2024-05-31T13:45:01+02:00", "2024-05-31T13:45:01Z"}) {
+        create(&tool, {"--date-format", "iso", "--force", "--date-time", moment});
+        QVERIFY(tool.read("top.txt").contains("\nDate: 2024-05-31\nTime: 13:45:01\n"));
+    }
+}
+
+void CreateTest::takesTheSlotUnderEitherName()
+{
+    ToolFixture tool;
+    create(&tool);
+    const Run run = tool.run({"create", tool.argument("top.bin"), "--like",
+                              tool.argument("top.fcf"), "--slot", "7", "--force", "--json"});
+    QCOMPARE(run.json()["header"].toObject()["configNumber"].toInt(), 7);
 }
 
 void CreateTest::givesEqualBytesTwice()
@@ -155,16 +170,16 @@ void CreateTest::takesAnArgumentThatEndsWithAnEqualsSign()
 void CreateTest::takesArgumentsForWhatTheyAre()
 {
     ToolFixture tool;
-    QCOMPARE(create(&tool, {"--function", "[a,b]", "--force", "-5", "it's \"q\"", "--function",
+    QCOMPARE(create(&tool, {"--function", "[a,b]", "--forced", "-5", "it's \"q\"", "--function",
                             "{}", "%%", "", "\x01x"})
                  .code,
              2);
-    QCOMPARE(create(&tool, {"--function", "[a,b]", "--force", "-5", "it's \"q\"", "--function",
+    QCOMPARE(create(&tool, {"--function", "[a,b]", "--forced", "-5", "it's \"q\"", "--function",
                             "{}", "%%", "", "[x]"})
                  .code,
              0);
     QVERIFY(tool.read("top.txt").contains(
-        "Function name: [a,b]\nFunction author: --force\nFunction CI No: -5\n"
+        "Function name: [a,b]\nFunction author: --forced\nFunction CI No: -5\n"
         "Function description: it's \"q\"\n---\nFunction name: {}\nFunction author: %%\n"
         "Function CI No: \nFunction description: [x]\n---\n----\n"));
     // An empty value is one, whatever comes next.

@@ -40,6 +40,7 @@ private slots:
     void extractsNothingFromABadImage();
     void guardsTheOutputOfAnExtraction();
     void printsHelpAndVersion();
+    void takesShortNamesOfOptions();
     void keepsAByteOrderMarkInARecipe();
     void leavesNotesOutOfJsonWhenItIsToBeQuiet();
 };
@@ -66,6 +67,7 @@ void InspectTest::listsAHeaderForPeople()
                                 "  configNumber   1 slot\n"
                                 "  versionMajor   1 number\n"
                                 "  versionMinor   0 number\n"
+                                "  version        1.0\n"
                                 "  fileName       top.fcf\n"
                                 "  ciNumber       42\n"
                                 "  author         Ann\n"
@@ -315,6 +317,21 @@ void InspectTest::printsHelpAndVersion()
         QCOMPARE(run.err, QByteArray());
     }
     QVERIFY(tool.run({"--version"}).out.startsWith("pelk-fcf 2."));
+    QCOMPARE(tool.run({"-v"}).out, tool.run({"--version"}).out);
+    QCOMPARE(tool.run({"help"}).out, tool.run({"--help"}).out);
+    QCOMPARE(tool.run({"help", "verify"}).out, tool.run({"verify", "--help"}).out);
+    QCOMPARE(tool.run({"help", "nothing"}).code, 2);
+}
+
+void InspectTest::takesShortNamesOfOptions()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    const Arguments extract{"extract", tool.argument("top.fcf"), "-o", tool.argument("out")};
+    QCOMPARE(tool.run(extract).code, 0);
+    QCOMPARE(tool.run(extract).code, 4);
+    QCOMPARE(tool.run(extract + Arguments{"-f", "-q"}).code, 0);
+    QCOMPARE(tool.run({"extract", tool.argument("top.fcf"), "-o", "-f"}).code, 2);
 }
 
 void InspectTest::keepsAByteOrderMarkInARecipe()

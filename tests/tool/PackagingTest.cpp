@@ -10,7 +10,7 @@
 
 namespace {
 
-const QStringList Commands = {"create", "show", "verify", "extract", "recipe"};
+const QStringList Commands = {"create", "show", "verify", "extract", "recipe", "diff", "digest"};
 const QStringList Shells = {"bash", "zsh", "fish"};
 
 /// A shell takes some tenths of a second; one that hangs is not waited for.
@@ -31,7 +31,7 @@ QStringList optionsOf(const QString& command)
     ToolFixture tool;
     const QString help = tool.run({command.toStdString(), "--help"}).out;
     QStringList options;
-    auto matches = QRegularExpression("^  (?:-h,)?(--[a-z-]+)", QRegularExpression::MultilineOption)
+    auto matches = QRegularExpression("^  (?:-[a-z],)?(--[a-z-]+)", QRegularExpression::MultilineOption)
                        .globalMatch(help);
     while (matches.hasNext())
         options << matches.next().captured(1);
@@ -183,7 +183,7 @@ void PackagingTest::completes_data()
         QStringList words;
         QStringList expected;
     } rows[] = {
-        {"commands", {""}, {"create", "extract", "recipe", "show", "verify"}},
+        {"commands", {""}, {"create", "diff", "digest", "extract", "recipe", "show", "verify"}},
         {"begun command", {"e"}, {"extract"}},
         {"options of no command", {"--"}, {"--help", "--version"}},
         {"modules", {"create", "--module", "D"}, {"DFE", "DFE2"}},

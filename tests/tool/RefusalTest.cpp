@@ -76,7 +76,7 @@ void RefusalTest::refusesWhatCannotBeBuilt_data()
         "description: holds a carriage return");
     row("a malformed time", "--date-time", "2024-05-31 13:45", "--date-time: \"2024-05-31 13:45\"");
     for (const char* const moment :
-         {"2024-05-31", "2024-05-31T13:45", "2024-05-31T13:45:00Z", "2024-05-31T13:45:00+02:00",
+         {"2024-05-31", "2024-05-31T13:45", "2024-05-31T13:45:00z", "2024-05-31T13:45:00+0200",
           "2024-05-31T24:00:00", "2024-05-31T23:59:60", "2024-05-31Tgarbage",
           "2024-05-31T13:45:00 ", "+024-05-31T13:45:00", "2024-5-31T13:45:00"})
         row(moment, "--date-time", moment, "is not a date and time like 2024-05-31T13:45:00");
@@ -235,7 +235,7 @@ void RefusalTest::refusesAnotherBuild_data()
         << "like.xml" << QByteArray("<x/>") << "the name ends with neither .fcf, .txt nor .json";
     QTest::newRow("an image that is none")
         << "like.fcf" << QByteArray(3000, 'x')
-        << "like.fcf: text at offset 64: is not what an FCF header";
+        << "like.fcf: text: is no FCF file: neither the reserved";
     QTest::newRow("an empty companion") << "like.txt" << QByteArray() << "is no FCF header page";
     recipe("no JSON", "{", "like.json: is not JSON: ");
     recipe("no object", "[]", "recipe: is missing: this is not a recipe");

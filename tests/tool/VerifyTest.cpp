@@ -8,6 +8,7 @@ class VerifyTest : public VerifyingTest {
     Q_OBJECT
 
 private slots:
+    void init() { QFile::remove(m_tool.path("top.txt")); }
     void findsNothingWrongWithAForgedButRightImage();
     void findsEachFlippedBitOfANumber_data();
     void findsEachFlippedBitOfANumber();

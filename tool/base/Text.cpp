@@ -3,41 +3,81 @@
 #include <QFile>
 #include <QTextCodec>
 
+#include <algorithm>
+#include <iterator>
+
 const QString StandardStream = QStringLiteral("-");
 const QString StandardOutputLabel = QStringLiteral("standard output");
 
 namespace {
 
-bool isHarmful(QChar character)
+/// Letters and marks that show nothing, though Unicode does not call them format characters.
+constexpr char32_t Invisible[] = {0x034F, 0x115F, 0x1160, 0x17B4, 0x17B5, 0x180B,
+                                  0x180C, 0x180D, 0x180F, 0x2800, 0x3164, 0xFFA0};
+
+QString escaped(char32_t character)
 {
-    switch (character.category()) {
-    case QChar::Other_Control:
-    // Format characters can turn the direction of what follows.
-    case QChar::Other_Format:
-    case QChar::Other_NotAssigned:
-    case QChar::Separator_Line:
-    case QChar::Separator_Paragraph:
-        return true;
-    default:
-        // What stands for bytes that are no text.
-        return character == QChar::ReplacementCharacter;
+    QString text;
+    for (const QChar unit : textOf(character))
+        text += QStringLiteral("\\u%1").arg(unit.unicode(), 4, 16, QLatin1Char('0'));
+    return text;
+}
+
+/// \p text with a replacement for each character that is not printable but in \p kept.
+QString withEscapes(const QString& text, const QString& kept)
+{
+    QString shown;
+    for (const char32_t character : text.toUcs4()) {
+        const bool isKept =
+            character < 0x80 && kept.contains(QChar(static_cast<ushort>(character)));
+        if (isPrintable(character) || isKept)
+            shown += textOf(character);
+        else
+            shown += character == '\n' ? QStringLiteral("\\n") : escaped(character);
     }
+    return shown;
 }
 
 } // namespace
 
+QString textOf(char32_t character)
+{
+    // QString::fromUcs4() drops a byte order mark.
+    if (!QChar::requiresSurrogates(character))
+        return QString(QChar(static_cast<ushort>(character)));
+    return QString(QChar(QChar::highSurrogate(character))) + QChar(QChar::lowSurrogate(character));
+}
+
+bool isPrintable(char32_t character)
+{
+    switch (QChar::category(character)) {
+    case QChar::Other_Control:
+    // Format characters can turn the direction of what follows.
+    case QChar::Other_Format:
+    case QChar::Other_NotAssigned:
+    case QChar::Other_PrivateUse:
+    case QChar::Other_Surrogate:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return false;
+    default:
+        // What stands for bytes that are no text.
+        return character != QChar::ReplacementCharacter &&
+               std::find(std::begin(Invisible), std::end(Invisible), character) ==
+                   std::end(Invisible);
+    }
+}
+
 QString shownText(const QString& text, int length)
 {
-    QString shown;
-    for (const QChar character : text.left(length)) {
-        if (character == QLatin1Char('\n'))
-            shown += QStringLiteral("\\n");
-        else if (isHarmful(character))
-            shown += QStringLiteral("\\u%1").arg(character.unicode(), 4, 16, QLatin1Char('0'));
-        else
-            shown += character;
-    }
+    const QString shown = withEscapes(text.left(length), QString());
     return text.size() > length ? shown + QStringLiteral("...") : shown;
+}
+
+QByteArray asPrintable(const QByteArray& json)
+{
+    // Between its texts, JSON has no other such character.
+    return withEscapes(QString::fromUtf8(json), QStringLiteral("\n")).toUtf8();
 }
 
 Result<QString> textOf(const std::string& argument, const QTextCodec* codec, const QString& option)

@@ -15,6 +15,16 @@ extern const QString StandardStream;
 /// What messages call standard output.
 extern const QString StandardOutputLabel;
 
+/// The one \p character.
+QString textOf(char32_t character);
+
+/// Whether a terminal shows \p character, and does nothing else on account of it: false for
+/// controls, marks that turn the direction of text, invisible letters and unknown characters.
+bool isPrintable(char32_t character);
+
+/// \p json, in UTF-8, with an escape for everything that is not printable.
+QByteArray asPrintable(const QByteArray& json);
+
 /// \p text with everything escaped that a terminal would act on or could not show, and cut behind
 /// \p length characters.
 QString shownText(const QString& text, int length = 120);

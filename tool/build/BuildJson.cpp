@@ -1,6 +1,7 @@
 #include "tool/build/BuildJson.h"
 
 #include "fcf/FcfLayout.h"
+#include "tool/base/Text.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -219,8 +220,7 @@ QByteArray BuildJson::recipe(const Build& build)
 {
     QJsonObject object = asJson(build);
     object[RecipeKey] = RecipeVersion;
-    // As it is, a reader would take it for the mark at the start of a file, and drop it.
-    return QJsonDocument(object).toJson().replace("\xef\xbb\xbf", "\\ufeff");
+    return asPrintable(QJsonDocument(object).toJson());
 }
 
 tl::expected<Build, QList<Finding>> BuildJson::readRecipe(const QByteArray& json,

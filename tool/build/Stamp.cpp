@@ -8,6 +8,8 @@ namespace {
 
 const QString DatePattern = QStringLiteral("yyyy-MM-dd");
 const QString TimePattern = QStringLiteral("HH:mm:ss");
+/// Behind the date and a T.
+constexpr int TimeStart = 11;
 /// The last second of the year 9999, so that a date keeps its form.
 constexpr qint64 LastSecond = 253402300799;
 
@@ -17,10 +19,12 @@ Result<QDateTime> Stamp::given(const QString& text)
 {
     // In UTC, which has every time of day: a local clock that is put forward leaves some out.
     const QDate date = QDate::fromString(text.left(DatePattern.size()), DatePattern);
-    const QTime time = QTime::fromString(text.right(TimePattern.size()), TimePattern);
+    const QTime time = QTime::fromString(text.mid(TimeStart, TimePattern.size()), TimePattern);
+    // An offset from UTC, as version control systems write it, says nothing about the time of day.
     // Qt would take signs, letters and less than there must be.
     static const QRegularExpression digits(
-        QStringLiteral("^[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}\\z"));
+        QStringLiteral("^[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}"
+                       "(Z|[+-][0-9]{2}:[0-9]{2})?\\z"));
     if (digits.match(text).hasMatch() && date.isValid() && time.isValid())
         return QDateTime(date, time, Qt::UTC);
     return failure(ExitCode::Refused, QString(), QStringLiteral("--date-time"),

@@ -38,14 +38,16 @@ QString Checker::fileOf(const QString& field) const
 
 void Checker::checkBuild(const Build& build) const
 {
-    const auto isMissing = [&build](const char* field, const std::optional<QString>& text) {
-        return text.value_or(QString()).trimmed().isEmpty() &&
-               !build.refused.contains(QLatin1String(field));
+    const auto checkText = [&](const QString& field, const std::optional<QString>& text,
+                               const char* option) {
+        if (!text.value_or(QString()).trimmed().isEmpty() || build.refused.contains(field))
+            return;
+        refuse(field, build.origins.contains(field)
+                          ? QStringLiteral("is blank: give %1").arg(QLatin1String(option))
+                          : missing(option));
     };
-    if (isMissing("author", build.author))
-        refuse(QStringLiteral("author"), missing("--author"));
-    if (isMissing("ciNumber", build.ciNumber))
-        refuse(QStringLiteral("ciNumber"), missing("--ci"));
+    checkText(QStringLiteral("author"), build.author, "--author");
+    checkText(QStringLiteral("ciNumber"), build.ciNumber, "--ci");
     checkTarget(build);
     checkNumbers(build);
 
@@ -129,13 +131,17 @@ void Checker::checkTexts(const FcfHeader& header, QTextCodec* codec) const
                QStringLiteral("the header text is too long by %1 bytes; the largest "
                               "fields are %2")
                    .arg(QString::number(excess), TextRules::largestTexts(header, codec)));
+    // A reader has its limits too.
+    if (excess > 0)
+        return;
     if (header.description.size() > FcfLayout::FormDescriptionLength)
         m_findings->warning(
             m_file, QStringLiteral("description"),
             QStringLiteral("has %1 characters: the generator window cuts it behind %2")
                 .arg(header.description.size())
                 .arg(FcfLayout::FormDescriptionLength));
-    for (const TextRules::Breach& breach : TextRules::lostInForm(header, codec))
+    for (const TextRules::Breach& breach :
+         TextRules::unprintable(header) + TextRules::lostInForm(header, codec))
         m_findings->warning(fileOf(breach.field), breach.field, breach.reason);
 }
 

@@ -3,14 +3,28 @@
 #include "fcf/FcfLayout.h"
 #include "fcf/FcfWriter.h"
 #include "tool/check/TextRules.h"
+#include "tool/files/Copy.h"
 #include "tool/files/InputFile.h"
 
 #include <QBuffer>
 #include <QTextCodec>
 
+#include <algorithm>
+
 namespace {
 
 const QString End = QStringLiteral("the end");
+
+bool hasReservedWord(const QByteArray& start)
+{
+    const QByteArray word(FcfLayout::WordBytes, '\xff');
+    const int offset = FcfLayout::NumberCount * FcfLayout::WordBytes;
+    for (int index = 0; index < FcfLayout::ReservedWordCount; ++index) {
+        if (start.mid(offset + index * FcfLayout::WordBytes, FcfLayout::WordBytes) == word)
+            return true;
+    }
+    return false;
+}
 
 /// Why \p start, the first bytes of \p file, is no page, as far as \p reading tells.
 Finding explained(const FcfExactReading& reading, const QByteArray& start, const InputFile& file,
@@ -20,6 +34,16 @@ Finding explained(const FcfExactReading& reading, const QByteArray& start, const
         return failure(exitCode, file.label(), field, reason).value();
     };
     const QString keyword = QLatin1String(FcfLayout::FirstLineKeyword);
+    const QString text = QStringLiteral("text");
+    if (start.size() > FcfLayout::PreambleBytes && start.count('\xff') == start.size())
+        return error(text,
+                     QStringLiteral("is no FCF file: it is erased flash, 0xFF from its start"));
+    if (start.size() > FcfLayout::PreambleBytes && start.count('\0') == start.size())
+        return error(text, QStringLiteral("is no FCF file: it has nothing but zeros at its start"));
+    if (start.size() > FcfLayout::PreambleBytes && start.at(FcfLayout::PreambleBytes) != '\n' &&
+        !hasReservedWord(start))
+        return error(text, QStringLiteral("is no FCF file: neither the reserved words nor the "
+                                          "beginning of the text are there"));
     switch (reading.outcome) {
     case FcfExactReading::NoText:
         return error(QStringLiteral("text"),
@@ -72,4 +96,25 @@ Result<HeaderPage> HeaderPage::read(const InputFile& file, QTextCodec* codec, Ex
     const int textEnd = page.reading.textEnd;
     page.bytes = textEnd + FcfWriter(codec).fillerFor(textEnd).size();
     return page;
+}
+
+Status HeaderPage::measure(const InputFile& file)
+{
+    // 0 when even the header page is cut short.
+    payloadBytes = qMax<qint64>(0, file.size() - bytes);
+    const qint64 said = reading.header.binFileSize;
+    if (said <= 0 || said >= payloadBytes)
+        return {};
+    bool isFiller = true;
+    const Status status =
+        readAll({&file, bytes + said, payloadBytes - said, nullptr},
+                [&isFiller](const char* data, qint64 count) {
+                    isFiller = isFiller &&
+                               std::all_of(data, data + count, [](char c) { return c == '\xff'; });
+                });
+    if (status && isFiller) {
+        fillerBytes = payloadBytes - said;
+        payloadBytes = said;
+    }
+    return status;
 }

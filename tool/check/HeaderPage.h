@@ -12,6 +12,17 @@ struct HeaderPage {
     FcfExactReading reading;
     /// Bytes of the page, filler included: where the payload of an image begins.
     int bytes = 0;
+    /// Bytes of an image's payload. Of an image that was read back from flash, `binFileSize` says
+    /// where it ends, and nothing but 0xFF follows up to the end of a page, a block or a slot.
+    qint64 payloadBytes = 0;
+    /// How many bytes follow.
+    qint64 fillerBytes = 0;
+
+    /// Where the whole image is, without what follows.
+    qint64 imageBytes() const { return bytes + payloadBytes; }
+
+    /// Sets payloadBytes and fillerBytes as \p file, which the page was read from, has them.
+    Status measure(const InputFile& file);
 
     /// Reads the page of \p file, and nothing behind it. Whatever is not as it should be is an
     /// error that ends a run with \p exitCode.

@@ -124,6 +124,26 @@ QVector<Breach> TextRules::swallowedFunctions(const FcfHeader& header)
     return breaches;
 }
 
+QVector<Breach> TextRules::unprintable(const FcfHeader& header)
+{
+    QVector<Breach> breaches;
+    for (const NamedText& text : textsOf(header)) {
+        for (const char32_t character : text.value.toUcs4()) {
+            // Controls and line separators are no part of a text at all.
+            const QChar::Category category = QChar::category(character);
+            if (isPrintable(character) || category == QChar::Other_Control ||
+                category == QChar::Separator_Line || category == QChar::Separator_Paragraph)
+                continue;
+            breaches.append({text.field,
+                             QStringLiteral("has the character %1, which is not shown as a letter")
+                                 .arg(shownText(textOf(character))),
+                             text.value});
+            break;
+        }
+    }
+    return breaches;
+}
+
 QVector<Breach> TextRules::notEncodable(const FcfHeader& header, const QTextCodec* codec)
 {
     QVector<Breach> breaches;
@@ -157,8 +177,15 @@ QVector<Breach> TextRules::lostInForm(const FcfHeader& header, QTextCodec* codec
 QString TextRules::largestTexts(const FcfHeader& header, const QTextCodec* codec)
 {
     QVector<QPair<int, QString>> sizes;
-    for (const NamedText& text : textsOf(header))
-        sizes.append({codec->fromUnicode(text.value).size(), text.field});
+    int functionBytes = 0;
+    for (const NamedText& text : textsOf(header)) {
+        const int bytes = codec->fromUnicode(text.value).size();
+        if (text.field.startsWith(QStringLiteral("functions[")))
+            functionBytes += bytes;
+        else
+            sizes.append({bytes, text.field});
+    }
+    sizes.append({functionBytes, QStringLiteral("functions")});
     std::stable_sort(sizes.begin(), sizes.end(),
                      [](const auto& left, const auto& right) { return left.first > right.first; });
     QStringList largest;

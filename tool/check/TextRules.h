@@ -32,6 +32,9 @@ QVector<Breach> brokenRecords(const FcfHeader& header);
 /// damaged.
 QVector<Breach> swallowedFunctions(const FcfHeader& header);
 
+/// The texts of \p header in which a reader does not see all that is there, or not in its order.
+QVector<Breach> unprintable(const FcfHeader& header);
+
 /// The texts of \p header that \p codec has no bytes for.
 QVector<Breach> notEncodable(const FcfHeader& header, const QTextCodec* codec);
 

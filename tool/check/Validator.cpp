@@ -72,12 +72,18 @@ Validator::Validator(const InputFile* file, Kind kind, QTextCodec* codec, Findin
 void Validator::validate(const HeaderPage& page) const
 {
     const FcfHeader& header = page.reading.header;
-    checkSizes(header, m_kind == Image ? payloadBytes(page) : header.binFileSize);
+    checkSizes(header, m_kind == Image ? page.payloadBytes : header.binFileSize);
     checkCodes(header);
     checkReservedWords(page.reading.reservedWords);
     checkTexts(page);
     checkFiller(page);
     checkAgainstWriter(page);
+    if (m_kind == Image && page.fillerBytes > 0)
+        m_findings
+            ->note(m_file->label(), QStringLiteral("payload"),
+                   QStringLiteral("ends here; %1 bytes of 0xFF follow, as in flash")
+                       .arg(page.fillerBytes))
+            .at(page.imageBytes());
     if (m_kind == Companion && m_file->size() > page.bytes)
         invalid(QStringLiteral("page"), page.bytes,
                 QStringLiteral("a companion ends with its header page"),
@@ -91,12 +97,6 @@ void Validator::validate(const HeaderPage& page) const
                        .arg(page.bytes)
                        .arg(FcfLayout::PageBytes))
             .at(FcfLayout::PageBytes);
-}
-
-/// 0 when even the header page is cut short.
-qint64 Validator::payloadBytes(const HeaderPage& page) const
-{
-    return qMax<qint64>(0, m_file->size() - page.bytes);
 }
 
 void Validator::checkSizes(const FcfHeader& header, qint64 bytes) const
@@ -169,7 +169,8 @@ void Validator::checkTexts(const HeaderPage& page) const
         invalid(breach.field, offsetOf(page, breach.field), breach.reason,
                 QStringLiteral("a text that a reader takes whole"), breach.value);
 
-    for (const TextRules::Breach& breach : TextRules::swallowedFunctions(header))
+    for (const TextRules::Breach& breach :
+         TextRules::swallowedFunctions(header) + TextRules::unprintable(header))
         m_findings->note(m_file->label(), breach.field, breach.reason)
             .at(offsetOf(page, breach.field));
 
@@ -227,13 +228,13 @@ void Validator::compareBinary(const HeaderPage& page, const InputFile& binary,
         checkSizes(page.reading.header, binary.size());
         return;
     }
-    if (payloadBytes(page) != binary.size())
+    if (page.payloadBytes != binary.size())
         invalid(QStringLiteral("payload"), page.bytes,
                 QStringLiteral("has not the length of %1").arg(shownText(binary.label())),
                 QStringLiteral("%1 bytes").arg(binary.size()),
-                QStringLiteral("%1 bytes").arg(payloadBytes(page)));
-    const auto difference =
-        m_findings->valueOf(FileCompare::compare(*m_file, page.bytes, binary, observe));
+                QStringLiteral("%1 bytes").arg(page.payloadBytes));
+    const auto difference = m_findings->valueOf(
+        FileCompare::compare({m_file, page.bytes, page.payloadBytes, nullptr}, binary, observe));
     if (difference && *difference)
         invalid(QStringLiteral("payload"), (*difference)->offset,
                 QStringLiteral("is not %1, of which this is offset %2")

@@ -46,7 +46,6 @@ private:
     void checkTexts(const HeaderPage& page) const;
     void checkFiller(const HeaderPage& page) const;
     void checkAgainstWriter(const HeaderPage& page) const;
-    qint64 payloadBytes(const HeaderPage& page) const;
     void invalid(const QString& field, qint64 offset, const QString& reason,
                  const QString& expected, const QString& found) const;
 

@@ -2,11 +2,13 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+
 namespace {
 
 constexpr char Guard = '\x01';
 
-std::string unguarded(const std::string& argument)
+std::string valueOf(const std::string& argument)
 {
     return !argument.empty() && argument.front() == Guard ? argument.substr(1) : argument;
 }
@@ -17,7 +19,7 @@ std::string unguarded(const std::string& argument)
 CLI::callback_t takeLast(std::string* value)
 {
     return [value](const CLI::results_t& results) {
-        *value = unguarded(results.back());
+        *value = valueOf(results.back());
         return true;
     };
 }
@@ -26,7 +28,7 @@ CLI::callback_t takeAll(std::vector<std::string>* values)
 {
     return [values](const CLI::results_t& results) {
         for (const std::string& result : results)
-            values->push_back(unguarded(result));
+            values->push_back(valueOf(result));
         return true;
     };
 }
@@ -38,6 +40,12 @@ std::string Arguments::guarded(const std::string& argument)
     const bool mistakable =
         !argument.empty() && (argument.front() == '[' || argument.front() == Guard);
     return mistakable ? Guard + argument : argument;
+}
+
+std::string Arguments::unguarded(std::string message)
+{
+    message.erase(std::remove(message.begin(), message.end(), Guard), message.end());
+    return message;
 }
 
 CLI::Option* Arguments::addOption(CLI::App* app, const char* name,

@@ -17,6 +17,9 @@ namespace Arguments {
 /// The functions below take the guard off again.
 std::string guarded(const std::string& argument);
 
+/// A message of the parser without the guards of the arguments in it.
+std::string unguarded(std::string message);
+
 /// Adds an option that takes one argument, whatever that looks like, and may be given once.
 CLI::Option* addOption(CLI::App* app, const char* name, std::optional<std::string>* value,
                        const char* type, const char* help);

@@ -12,6 +12,9 @@
 
 namespace {
 
+/// A slot is called so as well.
+const std::string SlotOption = "--config";
+constexpr char SlotNames[] = "--config,--slot";
 constexpr int TextsOfFunction = 4;
 /// Many times what a page has room for: enough to say by how much a text is too long.
 constexpr int LargestDescriptionFile = 256 * 1024;
@@ -115,7 +118,8 @@ void BuildOptions::declare(CLI::App* app)
             Arguments::addRepeatedOption(app, field.option, TextsOfFunction, &m_functions,
                                          field.type, field.help);
         else
-            Arguments::addOption(app, field.option, &m_given[field.name], field.type, field.help);
+            Arguments::addOption(app, field.option == SlotOption ? SlotNames : field.option,
+                                 &m_given[field.name], field.type, field.help);
     });
     Arguments::addOption(app, "--like", &m_like, "FILE",
                          "take what is not given from an image (.fcf), a companion (.txt) or a "

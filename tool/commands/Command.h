@@ -65,5 +65,7 @@ std::unique_ptr<Command> showCommand();
 std::unique_ptr<Command> verifyCommand();
 std::unique_ptr<Command> extractCommand();
 std::unique_ptr<Command> recipeCommand();
+std::unique_ptr<Command> diffCommand();
+std::unique_ptr<Command> digestCommand();
 
 #endif

@@ -2,6 +2,7 @@
 #include "tool/check/HeaderPage.h"
 #include "tool/check/Validator.h"
 #include "tool/commands/Arguments.h"
+#include "tool/commands/BesideFiles.h"
 #include "tool/commands/Command.h"
 #include "tool/commands/Outputs.h"
 #include "tool/files/Copy.h"
@@ -21,20 +22,22 @@ public:
 
 private:
     void guard(const QString& output, Task* task) const;
-    Status write(const InputFile& file, qint64 offset, const QString& output, Task* task) const;
+    Status write(const Region& payload, const QString& output, Task* task) const;
 
     std::string m_file;
     std::string m_output;
+    BesideFiles m_beside;
     bool m_force = false;
 };
 
 void ExtractCommand::declare(CLI::App* app)
 {
     Arguments::addOperand(app, "FCF", &m_file, "an image; - is standard input");
-    Arguments::addOperand(app, "--output", &m_output,
+    Arguments::addOperand(app, "-o,--output", &m_output,
                           "where the payload goes; - is standard output")
         ->type_name("FILE");
-    app->add_flag("--force", m_force, "replace an output that exists");
+    m_beside.declareSkipping(app);
+    app->add_flag("-f,--force", m_force, "replace an output that exists");
 }
 
 void ExtractCommand::run(Task* task)
@@ -48,26 +51,31 @@ void ExtractCommand::run(Task* task)
     if (!file)
         return;
     guard(*output, task);
-    const auto page =
+    auto page =
         task->findings.hasErrors()
             ? std::nullopt
             : task->findings.valueOf(HeaderPage::read(*file, task->codec, ExitCode::NotValid));
-    if (!page)
+    if (!page || !task->findings.accept(page->measure(*file)))
         return;
-    Validator(&*file, Validator::Image, task->codec, &task->findings).validate(*page);
+    const Validator validator(&*file, Validator::Image, task->codec, &task->findings);
+    validator.validate(*page);
+    m_beside.checkCompanion(validator, *file, *page, task);
+    m_beside.checkDigest(*file, *page, task);
     task->findings.dropNotes();
     if (task->findings.hasErrors() ||
-        !task->findings.accept(write(*file, page->bytes, *output, task)))
+        !task->findings.accept(
+            write({&*file, page->bytes, page->payloadBytes, nullptr}, *output, task)))
         return;
+    task->report.isInPlace = true;
     task->report.print(*output);
     task->report.result["payload"] = *output;
-    task->report.result["payloadBytes"] = file->size() - page->bytes;
+    task->report.result["payloadBytes"] = page->payloadBytes;
 }
 
 void ExtractCommand::guard(const QString& output, Task* task) const
 {
     const OutputGuard guard(&task->inputs, m_force, &task->findings);
-    guard.guardStandardOutput(task->environment.out);
+    guard.guardStandardOutput(task->environment, output == StandardStream);
     if (output != StandardStream)
         guard.guard(output);
     else if (task->report.json)
@@ -75,19 +83,17 @@ void ExtractCommand::guard(const QString& output, Task* task) const
                              QStringLiteral("takes the payload alone: --json needs a file"));
 }
 
-Status ExtractCommand::write(const InputFile& file, qint64 offset, const QString& output,
-                             Task* task) const
+Status ExtractCommand::write(const Region& payload, const QString& output, Task* task) const
 {
-    const CopyObserver progress = task->progress(QStringLiteral("extract"), file.size() - offset);
+    const CopyObserver progress = task->progress(QStringLiteral("extract"), payload.bytes);
     if (output == StandardStream)
-        return copyPayload(file, offset, task->environment.out, StandardOutputLabel,
-                           PayloadCopy::Unseen, progress);
+        return copyPayload(payload, task->environment.out, StandardOutputLabel, PayloadCopy::Unseen,
+                           progress);
     OutputFiles files(m_force ? OutputFiles::Replace : OutputFiles::Keep);
-    const auto payload = files.add(output);
-    if (!payload)
-        return tl::unexpected<Finding>(payload.error());
-    const Status status =
-        copyPayload(file, offset, *payload, output, PayloadCopy::Unseen, progress);
+    const auto file = files.add(output);
+    if (!file)
+        return tl::unexpected<Finding>(file.error());
+    const Status status = copyPayload(payload, *file, output, PayloadCopy::Unseen, progress);
     return status ? files.place() : status;
 }
 

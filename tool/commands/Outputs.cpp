@@ -2,6 +2,7 @@
 
 #include "tool/base/Text.h"
 #include "tool/check/Findings.h"
+#include "tool/console/Console.h"
 #include "tool/console/Report.h"
 #include "tool/files/Digest.h"
 #include "tool/files/InputFile.h"
@@ -11,6 +12,7 @@
 namespace {
 
 const QString BinaryEnding = QStringLiteral(".bin");
+const QString ContainerEnding = QStringLiteral(".bit");
 const QString ImageEnding = QStringLiteral(".fcf");
 const QString CompanionEnding = QStringLiteral(".txt");
 const QString OutputOption = QStringLiteral("--output");
@@ -65,10 +67,14 @@ void OutputGuard::guard(const QString& path) const
     }
 }
 
-void OutputGuard::guardStandardOutput(const QIODevice* out) const
+void OutputGuard::guardStandardOutput(const Environment& environment, bool getsBinary) const
 {
-    if (const ReadFile* const input = m_inputs->behind(out))
+    if (const ReadFile* const input = m_inputs->behind(environment.out))
         refuse(ExitCode::Refused, StandardOutputLabel, isInput(*input));
+    if (getsBinary && environment.outIsTerminal)
+        refuse(
+            ExitCode::Refused, StandardOutputLabel,
+            QStringLiteral("is a terminal, and gets no binary data: redirect it or name a file"));
 }
 
 void OutputGuard::guardUnwritten(const QString& path, const char* option) const
@@ -88,7 +94,11 @@ void OutputGuard::refuse(ExitCode exitCode, const QString& path, const QString& 
 
 Result<Outputs> Outputs::of(const InputFile& binary, const std::optional<QString>& output)
 {
-    const bool named = !binary.isStandardInput() && binary.path().endsWith(BinaryEnding);
+    const bool isContainer = binary.path().endsWith(ContainerEnding);
+    const bool named =
+        !binary.isStandardInput() && (binary.path().endsWith(BinaryEnding) || isContainer);
+    const QString path =
+        isContainer ? binary.path().chopped(ContainerEnding.size()) + BinaryEnding : binary.path();
     const bool toStandardOutput = output == StandardStream;
     Outputs outputs;
     if (output && !toStandardOutput) {
@@ -98,8 +108,8 @@ Result<Outputs> Outputs::of(const InputFile& binary, const std::optional<QString
         outputs.image = *output;
         outputs.companion = output->chopped(ImageEnding.size()) + CompanionEnding;
     } else if (named) {
-        outputs.image = renamed(binary.path(), ImageEnding);
-        outputs.companion = renamed(binary.path(), CompanionEnding);
+        outputs.image = renamed(path, ImageEnding);
+        outputs.companion = renamed(path, CompanionEnding);
     } else {
         return failure(ExitCode::Refused, binary.label(), OutputOption,
                        output ? QStringLiteral("gives no name for the header: only a BIN whose "

@@ -10,7 +10,7 @@
 class Findings;
 class InputFile;
 class Inputs;
-class QIODevice;
+struct Environment;
 
 /// Guards the outputs of a run: none is one of its inputs under any name or a folder, and none
 /// exists unless \p force is given. What is refused goes to \p findings. Owns nothing.
@@ -20,8 +20,8 @@ public:
 
     void guard(const QString& path) const;
 
-    /// Guards standard output, where that is a file.
-    void guardStandardOutput(const QIODevice* out) const;
+    /// Guards standard output: it may be no input, and if it gets binary data, no terminal.
+    void guardStandardOutput(const Environment& environment, bool getsBinary) const;
 
     /// Guards a file beside the outputs that is not written, on account of \p option: it must be no
     /// input, and is worth a warning.

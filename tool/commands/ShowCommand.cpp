@@ -2,8 +2,13 @@
 #include "fcf/FcfTarget.h"
 #include "tool/base/Text.h"
 #include "tool/build/BuildJson.h"
+#include "tool/check/Validator.h"
 #include "tool/commands/Arguments.h"
 #include "tool/commands/Command.h"
+
+#include <QJsonDocument>
+
+#include <CLI/CLI.hpp>
 
 namespace {
 
@@ -60,6 +65,7 @@ void list(const QString& label, const HeaderPage& page, Report* report)
         listing.line(
             indent, field.name,
             QStringLiteral("%1 %2").arg(header.*field.value).arg(meaningOf(field, header)));
+    listing.line(indent, "version", Version{header.versionMajor, header.versionMinor}.text());
     listing.texts(FcfLayout::HeaderTexts, indent, header);
     listing.line(indent, "functions", QString::number(header.functions.size()));
     for (const FcfFunction& function : header.functions) {
@@ -76,28 +82,86 @@ public:
     void declare(CLI::App* app) override
     {
         Arguments::addOperands(app, "FILE", &m_files, "images or companions; - is standard input");
+        Arguments::addOption(app, "--field", &m_field, "NAME",
+                             "print the value of this field alone, as \"version\"");
+        app->add_flag("--check", m_check, "end with 1 if a file is not valid");
     }
     void run(Task* task) override;
 
 private:
+    static bool showField(const QString& field, const QJsonObject& header, Task* task);
+    static bool check(FcfFile* fcf, Task* task);
+
     std::vector<std::string> m_files;
+    std::optional<std::string> m_field;
+    bool m_check = false;
 };
 
 void ShowCommand::run(Task* task)
 {
     QJsonArray shown;
+    const auto field = m_field ? task->text(*m_field, "--field") : std::nullopt;
+    if (m_field && !field)
+        return;
     for (const std::string& argument : m_files) {
         const std::optional<QString> path = task->path(argument, "FILE");
-        const auto fcf =
-            path ? task->openFcf(*path, FcfExactReader::MaximumBytes, "FILE") : std::nullopt;
+        const qint64 limit = m_check ? Validator::LargestFile : FcfExactReader::MaximumBytes;
+        auto fcf = path ? task->openFcf(*path, limit, "FILE") : std::nullopt;
         if (!fcf)
             continue;
-        list(fcf->file.label(), fcf->page, &task->report);
-        shown.append(QJsonObject{{"file", fcf->file.label()},
-                                 {"headerBytes", fcf->page.bytes},
-                                 {"header", BuildJson::header(fcf->page.reading.header)}});
+        QJsonObject header = BuildJson::header(fcf->page.reading.header);
+        QJsonObject object{{"file", fcf->file.label()}, {"headerBytes", fcf->page.bytes}};
+        if (field) {
+            if (!showField(*field, header, task))
+                return;
+            header = QJsonObject{{*field, header[*field]}};
+        } else {
+            list(fcf->file.label(), fcf->page, &task->report);
+        }
+        object["header"] = header;
+        if (m_check)
+            object["valid"] = check(&*fcf, task);
+        shown.append(object);
     }
     task->report.result["files"] = shown;
+}
+
+/// Prints the value of \p field alone. Returns false, with an error, if there is no such field.
+bool ShowCommand::showField(const QString& field, const QJsonObject& header, Task* task)
+{
+    const QJsonValue value = header[field];
+    if (value.isUndefined()) {
+        task->findings.error(ExitCode::Refused, QString(), QStringLiteral("--field"),
+                             QStringLiteral("\"%1\" is none of %2")
+                                 .arg(shownText(field), header.keys().join(QStringLiteral(", "))));
+        return false;
+    }
+    if (value.isArray())
+        task->report.print(QString::fromUtf8(
+            asPrintable(QJsonDocument(value.toArray()).toJson(QJsonDocument::Compact))));
+    else if (value.isDouble())
+        task->report.print(QString::number(value.toInt()));
+    else
+        for (const QString& line : value.toString().split(QLatin1Char('\n')))
+            task->report.print(shownText(line, ShowAll));
+    return true;
+}
+
+/// Returns whether the file is valid; what is wrong with it becomes an error.
+bool ShowCommand::check(FcfFile* fcf, Task* task)
+{
+    const int before = task->findings.list().size();
+    if (!task->findings.accept(fcf->page.measure(fcf->file)))
+        return false;
+    const bool isCompanion = fcf->page.payloadBytes == 0;
+    Validator(&fcf->file, isCompanion ? Validator::Companion : Validator::Image, task->codec,
+              &task->findings)
+        .validate(fcf->page);
+    const bool isValid = task->findings.exitCode(before) == ExitCode::Done;
+    if (!isValid)
+        task->report.print(QStringLiteral("%1: not valid; pelk-fcf verify says more")
+                               .arg(shownText(fcf->file.label())));
+    return isValid;
 }
 
 } // namespace

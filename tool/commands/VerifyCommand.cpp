@@ -1,6 +1,7 @@
 #include "tool/base/Text.h"
 #include "tool/check/Validator.h"
 #include "tool/commands/Arguments.h"
+#include "tool/commands/BesideFiles.h"
 #include "tool/commands/Command.h"
 #include "tool/files/Copy.h"
 #include "tool/files/Digest.h"
@@ -19,14 +20,11 @@ private:
     bool usageIsRight(Task* task) const;
     std::optional<Validator::Kind> kindOf(const QString& path, Task* task) const;
     void verify(const QString& path, Task* task, QJsonObject* result) const;
-    void compareCompanion(const Validator& validator, const HeaderPage& page, Task* task) const;
     bool compareBinary(const Validator& validator, const HeaderPage& page, Task* task) const;
-    bool checkDigest(const InputFile& file, Task* task) const;
 
     std::vector<std::string> m_files;
     std::optional<std::string> m_binary;
-    std::optional<std::string> m_companion;
-    std::optional<std::string> m_digest;
+    BesideFiles m_beside;
     std::optional<std::string> m_type;
 };
 
@@ -34,10 +32,7 @@ void VerifyCommand::declare(CLI::App* app)
 {
     Arguments::addOperands(app, "FILE", &m_files, "images or companions; - is standard input");
     Arguments::addOption(app, "--bin", &m_binary, "BIN", "the binary that the payload must be");
-    Arguments::addOption(app, "--companion", &m_companion, "TXT",
-                         "the companion that the header must be");
-    Arguments::addOption(app, "--digest", &m_digest, "FILE",
-                         "the image's SHA-256; without it, FILE.sha256 is taken if there is one");
+    m_beside.declareNaming(app);
     Arguments::addOption(app, "--type", &m_type, "image|companion",
                          "what FILE is, when its name does not end with .fcf or .txt");
 }
@@ -70,7 +65,7 @@ void VerifyCommand::run(Task* task)
 
 bool VerifyCommand::usageIsRight(Task* task) const
 {
-    if (m_files.size() == 1 || (!m_binary && !m_companion && !m_digest))
+    if (m_files.size() == 1 || (!m_binary && !m_beside.areNamed()))
         return true;
     task->findings.error(ExitCode::Refused, QString(), QStringLiteral("FILE"),
                          QStringLiteral("--bin, --companion and --digest are about one file"));
@@ -95,38 +90,30 @@ std::optional<Validator::Kind> VerifyCommand::kindOf(const QString& path, Task* 
 void VerifyCommand::verify(const QString& path, Task* task, QJsonObject* result) const
 {
     const std::optional<Validator::Kind> kind = kindOf(path, task);
-    if (kind == Validator::Companion && m_digest) {
+    if (kind == Validator::Companion && m_beside.hasNamedDigest()) {
         task->findings.error(ExitCode::Refused, path, QStringLiteral("--digest"),
                              QStringLiteral("is of an image; this is a companion"));
         return;
     }
-    const auto fcf = kind ? task->openFcf(path, Validator::LargestFile, "FILE") : std::nullopt;
-    if (!fcf)
+    auto fcf = kind ? task->openFcf(path, Validator::LargestFile, "FILE") : std::nullopt;
+    if (!fcf || !task->findings.accept(fcf->page.measure(fcf->file)))
         return;
     const InputFile& file = fcf->file;
     const HeaderPage& page = fcf->page;
     const Validator validator(&file, *kind, task->codec, &task->findings);
     validator.validate(page);
-    compareCompanion(validator, page, task);
+    m_beside.checkCompanion(validator, file, page, task);
     bool payloadIsKnown = compareBinary(validator, page, task);
     if (*kind == Validator::Companion)
         return;
-    payloadIsKnown = checkDigest(file, task) || payloadIsKnown;
+    payloadIsKnown = m_beside.checkDigest(file, page, task) || payloadIsKnown;
     (*result)["payloadCompared"] = payloadIsKnown;
+    (*result)["imageBytes"] = page.imageBytes();
+    (*result)["fillerBytes"] = page.fillerBytes;
     if (!payloadIsKnown)
         task->findings.note(file.label(), QStringLiteral("payload"),
                             QStringLiteral("the header holds no checksum of the payload, so only "
                                            "its length was checked; --bin or a digest tells more"));
-}
-
-void VerifyCommand::compareCompanion(const Validator& validator, const HeaderPage& page,
-                                     Task* task) const
-{
-    constexpr char option[] = "--companion";
-    const auto path = m_companion ? task->path(*m_companion, option) : std::nullopt;
-    const auto companion = path ? task->open(*path, Validator::LargestFile, option) : std::nullopt;
-    if (companion)
-        validator.compareCompanion(page, *companion);
 }
 
 /// Returns whether the payload is known to be right or wrong.
@@ -139,56 +126,6 @@ bool VerifyCommand::compareBinary(const Validator& validator, const HeaderPage& 
         validator.compareBinary(page, *binary,
                                 task->progress(QStringLiteral("verify"), binary->size()));
     return binary.has_value();
-}
-
-/// Returns whether the payload is known to be right or wrong.
-bool VerifyCommand::checkDigest(const InputFile& file, Task* task) const
-{
-    const QString field = QStringLiteral("digest");
-    std::optional<QString> path;
-    if (m_digest)
-        path = task->path(*m_digest, "--digest");
-    else if (!file.isStandardInput() &&
-             FileSystem::targetKindOf(Digest::pathFor(file.path())) == FileSystem::Kind::File)
-        path = Digest::pathFor(file.path());
-    const auto digestFile = path ? task->open(*path, Digest::MaximumBytes, "digest") : std::nullopt;
-    const auto lines = digestFile
-                           ? task->findings.valueOf(digestFile->bytesAt(0, Digest::MaximumBytes))
-                           : std::nullopt;
-    if (!lines)
-        return false;
-
-    const bool hasName = !file.isStandardInput();
-    const QList<QByteArray> expected =
-        Digest::find(*lines, hasName ? std::optional<QString>(file.path()) : std::nullopt);
-    // Without a name to look for, only a lone one can be meant.
-    if (expected.isEmpty() || (!hasName && expected.size() > 1)) {
-        task->findings
-            .error(ExitCode::NotValid, *path, field,
-                   QStringLiteral("holds no SHA-256 of \"%1\"").arg(shownText(file.label())))
-            .at(0)
-            .comparing(QStringLiteral("a line of sha256sum for that name"),
-                       QStringLiteral("none in %1 bytes").arg(lines->size()));
-        return false;
-    }
-    Digest::Hash hash;
-    const CopyObserver progress = task->progress(QStringLiteral("verify"), file.size());
-    const auto observe = [&](const char* data, qint64 bytes) {
-        hash.add(data, bytes);
-        progress(data, bytes);
-    };
-    if (!task->findings.accept(readAll(file, 0, file.size(), observe)))
-        return false;
-    const QByteArray found = hash.result();
-    for (const QByteArray& digest : expected) {
-        if (found != digest)
-            task->findings
-                .error(ExitCode::NotValid, file.label(), field,
-                       QStringLiteral("is not that of %1").arg(shownText(*path)))
-                .at(0)
-                .comparing(QString::fromLatin1(digest.toHex()), QString::fromLatin1(found.toHex()));
-    }
-    return true;
 }
 
 } // namespace

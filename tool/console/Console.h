@@ -18,6 +18,7 @@ struct Environment {
     QIODevice* in = nullptr;
     QIODevice* out = nullptr;
     QIODevice* err = nullptr;
+    bool outIsTerminal = false;
     /// Whether progress is welcome on `err`.
     bool errIsTerminal = false;
     /// The local time.

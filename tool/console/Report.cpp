@@ -28,12 +28,19 @@ int Report::finish(const Environment& environment, const Inputs& inputs, Finding
     }
     const QString reason = writeAll(environment.out, bytes.constData(), bytes.size());
     if (!reason.isEmpty())
-        findings->error(ExitCode::CannotAccess, StandardOutputLabel, QString(),
-                        QStringLiteral("cannot be written: %1").arg(reason));
+        findings->error(
+            ExitCode::CannotAccess, StandardOutputLabel, QString(),
+            QStringLiteral("cannot be written: %1%2")
+                .arg(reason, QLatin1String(isInPlace ? "; the files are in place" : "")));
     // When a message cannot be written there is nowhere left to say so.
     const QByteArray messages = encoded(text(*findings, false), environment.codec);
     writeAll(environment.err, messages.constData(), messages.size());
-    return static_cast<int>(findings->exitCode());
+    return exitCode(*findings);
+}
+
+int Report::exitCode(const Findings& findings) const
+{
+    return static_cast<int>(findings.hasErrors() ? findings.exitCode() : verdict);
 }
 
 bool Report::goesToOut(const Finding& finding) const
@@ -48,9 +55,9 @@ QByteArray Report::jsonBytes(const Findings& findings) const
     QJsonObject object = result;
     object["schema"] = SchemaVersion;
     object["command"] = m_command;
-    object["exitCode"] = static_cast<int>(findings.exitCode());
+    object["exitCode"] = exitCode(findings);
     object["findings"] = findings.toJson();
-    return QJsonDocument(object).toJson();
+    return asPrintable(QJsonDocument(object).toJson());
 }
 
 QString Report::text(const Findings& findings, bool toOut) const

@@ -1,6 +1,8 @@
 #ifndef TOOL_CONSOLE_REPORT_H
 #define TOOL_CONSOLE_REPORT_H
 
+#include "tool/base/Result.h"
+
 #include <QByteArray>
 #include <QJsonObject>
 #include <QString>
@@ -9,7 +11,6 @@
 class Findings;
 class Inputs;
 struct Environment;
-struct Finding;
 struct ReadFile;
 
 /// What a run of one command has to say.
@@ -33,6 +34,11 @@ public:
     /// Whether standard output is taken by something else, so that it gets no other result.
     bool outIsTaken = false;
 
+    /// What the run ends with if there are no errors.
+    ExitCode verdict = ExitCode::Done;
+    /// Whether the outputs are in place, whatever becomes of the result.
+    bool isInPlace = false;
+
     /// Keeps \p line for standard output, for people.
     void print(const QString& line) { m_lines.append(line); }
 
@@ -47,6 +53,7 @@ private:
     /// All of it that goes to standard output, or to standard error.
     QString text(const Findings& findings, bool toOut) const;
     QByteArray jsonBytes(const Findings& findings) const;
+    int exitCode(const Findings& findings) const;
 
     const char* m_command;
     QStringList m_lines;

@@ -18,21 +18,22 @@ tl::unexpected<Finding> unreadable(Finding error)
 
 /// Calls \p take for each part, until it returns an error.
 template <class Take>
-Status readParts(const InputFile& file, qint64 offset, qint64 bytes, Take take)
+Status readParts(const Region& region, Take take)
 {
-    QByteArray chunk(static_cast<int>(qMin<qint64>(ChunkBytes, bytes)), Qt::Uninitialized);
-    for (qint64 done = 0; done < bytes;) {
-        const auto count =
-            file.readAt(offset + done, chunk.data(), qMin<qint64>(chunk.size(), bytes - done));
-        if (!count)
-            return unreadable(count.error());
-        if (*count == 0)
-            return file.notRead(
-                QStringLiteral("the payload ends after %1 of %2 bytes").arg(done).arg(bytes),
+    for (qint64 done = 0; done < region.bytes;) {
+        const qint64 wanted = qMin<qint64>(ChunkBytes, region.bytes - done);
+        auto part = region.file->bytesAt(region.offset + done, wanted);
+        if (!part)
+            return unreadable(part.error());
+        done += part->size();
+        if (part->size() < wanted)
+            return region.file->notRead(
+                QStringLiteral("the payload ends after %1 of %2 bytes").arg(done).arg(region.bytes),
                 Payload);
-        if (const Status status = take(chunk.constData(), *count); !status)
+        if (region.transform)
+            region.transform(part->data(), part->size());
+        if (const Status status = take(part->constData(), part->size()); !status)
             return status;
-        done += *count;
     }
     return {};
 }
@@ -52,48 +53,69 @@ Status writeAll(QIODevice* sink, const QByteArray& bytes, const QString& label)
     return error.isEmpty() ? Status() : FileSystem::notWritten(label, error);
 }
 
-Status readAll(const InputFile& file, qint64 offset, qint64 bytes, const CopyObserver& observe)
+Result<QByteArray> Region::start(qint64 count) const
 {
-    return readParts(file, offset, bytes, [&observe](const char* data, qint64 count) {
+    auto taken = file->bytesAt(offset, qMin(count, bytes));
+    if (taken && transform)
+        transform(taken->data(), taken->size());
+    return taken;
+}
+
+Status readAll(const Region& region, const CopyObserver& observe)
+{
+    return readParts(region, [&observe](const char* data, qint64 count) {
         observe(data, count);
         return Status();
     });
 }
 
-Status copyPayload(const InputFile& file, qint64 offset, QIODevice* sink, const QString& label,
+Status copyPayload(const Region& region, QIODevice* sink, const QString& label,
                    PayloadCopy::Bytes use, const CopyObserver& observe)
 {
+    const InputFile& file = *region.file;
+    if (region.transform || region.offset + region.bytes < file.size()) {
+        const Status copied = readParts(region, [&](const char* data, qint64 count) {
+            const Status written =
+                writeAll(sink, QByteArray::fromRawData(data, static_cast<int>(count)), label);
+            if (written)
+                observe(data, count);
+            return written;
+        });
+        return copied ? file.checkUnchanged() : copied;
+    }
     QFile* const payload = file.device();
-    if (!payload->seek(offset))
+    if (!payload->seek(region.offset))
         return file.notRead(payload->errorString(), Payload);
-    PayloadCopy copy(payload, file.size() - offset, sink);
+    PayloadCopy copy(payload, region.bytes, sink);
     if (copy.run(use, observe))
-        return {};
+        return file.checkUnchanged();
     return copy.isPayloadAtFault() ? Status(file.notRead(copy.error(), Payload))
                                    : Status(FileSystem::notWritten(label, copy.error()));
 }
 
-Result<std::optional<FileCompare::Difference>> FileCompare::compare(const InputFile& file,
-                                                                    qint64 start,
-                                                                    const InputFile& model,
-                                                                    const CopyObserver& observe)
+Result<std::optional<FileCompare::Difference>>
+FileCompare::compare(const Region& region, const InputFile& model, const CopyObserver& observe)
 {
-    const qint64 bytes = qMin(file.size() - start, model.size());
-    for (qint64 done = 0; done < bytes; done += ChunkBytes) {
-        const qint64 wanted = qMin<qint64>(ChunkBytes, bytes - done);
-        const auto own = file.bytesAt(start + done, wanted);
-        if (!own)
-            return tl::unexpected<Finding>(own.error());
-        const auto other = model.bytesAt(done, wanted);
+    std::optional<Difference> difference;
+    qint64 done = 0;
+    Region common = region;
+    common.bytes = qMin(region.bytes, model.size());
+    const Status status = readParts(common, [&](const char* data, qint64 count) {
+        const auto other = model.bytesAt(done, count);
         if (!other)
-            return tl::unexpected<Finding>(other.error());
-        if (*own != *other) {
-            const int same = firstDifference(*own, *other);
-            return Difference{start + done + same, byteAt(*other, same), byteAt(*own, same)};
-        }
-        observe(own->constData(), wanted);
-    }
-    return std::nullopt;
+            return Status(tl::unexpected<Finding>(other.error()));
+        const QByteArray own = QByteArray::fromRawData(data, static_cast<int>(count));
+        const int same = firstDifference(own, *other);
+        if (!difference && own != *other)
+            difference =
+                Difference{region.offset + done + same, byteAt(*other, same), byteAt(own, same)};
+        done += count;
+        observe(data, count);
+        return Status();
+    });
+    if (!status)
+        return tl::unexpected<Finding>(status.error());
+    return difference;
 }
 
 int FileCompare::firstDifference(const QByteArray& one, const QByteArray& other)

@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 
+#include <functional>
 #include <optional>
 
 class InputFile;
@@ -20,14 +21,25 @@ QString writeAll(QIODevice* device, const char* data, qint64 bytes);
 /// Writes all of \p bytes to \p sink, an output that messages call \p label.
 Status writeAll(QIODevice* sink, const QByteArray& bytes, const QString& label);
 
-/// Reads \p bytes bytes of \p file from \p offset on, in parts, and calls \p observe for each. A
-/// file that ends before them is an error.
-Status readAll(const InputFile& file, qint64 offset, qint64 bytes, const CopyObserver& observe);
+/// A part of a file, in bytes, and what is done to it on the way. Owns nothing.
+struct Region {
+    const InputFile* file = nullptr;
+    qint64 offset = 0;
+    qint64 bytes = 0;
+    /// Changes a run of bytes in place, whole words of 32 bits but for the last run; may be empty.
+    std::function<void(char* data, qint64 bytes)> transform;
 
-/// Copies all of \p file from \p offset on to \p sink, which messages call \p label. A file that is
-/// no more as long as it was when it was opened is an error. \p observe gets the data of each part
-/// if \p use says so.
-Status copyPayload(const InputFile& file, qint64 offset, QIODevice* sink, const QString& label,
+    /// The first \p count bytes, or fewer at the end, as they are after the transformation.
+    Result<QByteArray> start(qint64 count) const;
+};
+
+/// Reads all of \p region, in parts, and calls \p observe for each. A file that ends before them
+/// is an error.
+Status readAll(const Region& region, const CopyObserver& observe);
+
+/// Copies all of \p region to \p sink, which messages call \p label. A file that was changed since
+/// it was opened is an error. \p observe gets the data of each part if \p use says so.
+Status copyPayload(const Region& region, QIODevice* sink, const QString& label,
                    PayloadCopy::Bytes use, const CopyObserver& observe);
 
 /// Finds the first byte in which two files differ.
@@ -41,10 +53,10 @@ struct Difference {
     QString found;
 };
 
-/// Compares \p file from \p start on with all of \p model, as far as both go. Calls \p observe for
+/// Compares \p region with all of \p model, as far as both go. Calls \p observe for
 /// each part.
-Result<std::optional<Difference>> compare(const InputFile& file, qint64 start,
-                                          const InputFile& model, const CopyObserver& observe);
+Result<std::optional<Difference>> compare(const Region& region, const InputFile& model,
+                                          const CopyObserver& observe);
 
 /// The first index at which the two differ; the end of the shorter one counts.
 int firstDifference(const QByteArray& one, const QByteArray& other);

@@ -103,3 +103,15 @@ QByteArray Digest::Hash::result()
                        nullptr);
     return digest;
 }
+
+Result<QByteArray> Digest::of(const Region& region, const CopyObserver& observe)
+{
+    Hash hash;
+    const Status status = readAll(region, [&](const char* data, qint64 bytes) {
+        hash.add(data, bytes);
+        observe(data, bytes);
+    });
+    if (!status)
+        return tl::unexpected<Finding>(status.error());
+    return hash.result();
+}

@@ -1,6 +1,8 @@
 #ifndef TOOL_FILES_DIGEST_H
 #define TOOL_FILES_DIGEST_H
 
+#include "tool/files/Copy.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QString>
@@ -40,6 +42,9 @@ private:
     struct Context;
     std::unique_ptr<Context> m_context;
 };
+
+/// The binary digest of all of \p region. Calls \p observe for each part.
+Result<QByteArray> of(const Region& region, const CopyObserver& observe);
 
 } // namespace Digest
 

@@ -59,6 +59,23 @@ std::optional<FileSystem::Identity> FileSystem::identityOf(int descriptor)
     return ::identityOf(status, failed == 0);
 }
 
+bool FileSystem::Version::operator==(const Version& other) const
+{
+    const auto isSame = [](const timespec& one, const timespec& two) {
+        return one.tv_sec == two.tv_sec && one.tv_nsec == two.tv_nsec;
+    };
+    return identity == other.identity && bytes == other.bytes && isSame(modified, other.modified) &&
+           isSame(changed, other.changed);
+}
+
+std::optional<FileSystem::Version> FileSystem::versionOf(int descriptor)
+{
+    Stat status;
+    if (::fstat(descriptor, &status) != 0)
+        return std::nullopt;
+    return Version{{status.st_dev, status.st_ino}, status.st_size, status.st_mtim, status.st_ctim};
+}
+
 bool FileSystem::isFile(int descriptor)
 {
     struct stat status;

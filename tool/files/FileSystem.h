@@ -7,6 +7,8 @@
 
 #include <optional>
 
+#include <ctime>
+
 #include <sys/types.h>
 
 /// What Qt does not offer of POSIX.
@@ -26,6 +28,19 @@ struct Identity {
 /// Of what \p path leads to; nothing when it leads nowhere.
 std::optional<Identity> identityOf(const QString& path);
 std::optional<Identity> identityOf(int descriptor);
+
+/// What cannot stay as it is when a file is written to.
+struct Version {
+    Identity identity;
+    off_t bytes;
+    timespec modified;
+    timespec changed;
+
+    bool operator==(const Version& other) const;
+};
+
+/// Of an open file.
+std::optional<Version> versionOf(int descriptor);
 
 /// Whether the open file is a regular file, and no device or stream.
 bool isFile(int descriptor);

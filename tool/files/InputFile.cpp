@@ -84,6 +84,14 @@ Result<qint64> InputFile::readAt(qint64 offset, char* data, qint64 bytes) const
     }
 }
 
+Status InputFile::checkUnchanged() const
+{
+    if (!m_version || (m_version == FileSystem::versionOf(m_file->handle()) &&
+                       m_version->identity == FileSystem::identityOf(m_path)))
+        return {};
+    return notRead(QStringLiteral("it was changed meanwhile"), QStringLiteral("payload"));
+}
+
 tl::unexpected<Finding> InputFile::notRead(const QString& reason, const QString& field) const
 {
     return failure(ExitCode::CannotAccess, m_label, field,
@@ -128,6 +136,7 @@ Result<InputFile> Inputs::open(const QString& path, qint64 limit, const QString&
                       : tl::unexpected<Finding>(status.error());
     }
     file.m_size = opened->size();
+    file.m_version = FileSystem::versionOf(opened->handle());
     file.m_file = std::move(opened);
     return file;
 }

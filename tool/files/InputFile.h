@@ -37,6 +37,9 @@ public:
     /// The open file, to be read from any position. It stays this object's.
     QFile* device() const { return m_file.get(); }
 
+    /// An error if the file was written to or replaced since it was opened.
+    Status checkUnchanged() const;
+
     /// The error that it cannot be read on account of \p reason.
     tl::unexpected<Finding> notRead(const QString& reason, const QString& field = {}) const;
 
@@ -47,6 +50,8 @@ private:
     QString m_label;
     std::unique_ptr<QFile> m_file;
     qint64 m_size = 0;
+    /// Of a file with a name: what changes with it.
+    std::optional<FileSystem::Version> m_version;
 };
 
 /// A file that a run reads, so that no output takes its place.

@@ -1,0 +1,192 @@
+#include "ToolFixture.h"
+
+#include <QCryptographicHash>
+#include <QJsonArray>
+#include <QtTest>
+
+/// What diff, digest, show --field and show --check give.
+class DiffTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void findsTwoCopiesTheSame();
+    void showsFieldsSideBySide();
+    void matchesFunctionsByTheirNames();
+    void findsTheFirstByteThatDiffers();
+    void comparesCompanions();
+    void takesNothingElseThanFcfFiles();
+    void printsDigestsAsSha256sumDoes();
+    void showsOneFieldAlone_data();
+    void showsOneFieldAlone();
+    void refusesAFieldThatIsNotThere();
+    void checksWhatItShows();
+
+private:
+    /// Makes "NAME.fcf" of a payload, with further options.
+    void make(const char* name, const QByteArray& payload, const Arguments& more = {});
+    Run diff(const Arguments& more = {})
+    {
+        return m_tool->run(Arguments{"diff", m_tool->argument("a.fcf"), m_tool->argument("b.fcf")} +
+                           more);
+    }
+
+    std::unique_ptr<ToolFixture> m_tool;
+};
+
+void DiffTest::init() { m_tool = std::make_unique<ToolFixture>(); }
+
+void DiffTest::make(const char* name, const QByteArray& payload, const Arguments& more)
+{
+    m_tool->write("x.bin", payload);
+    const Run run = m_tool->run(Arguments{"create", m_tool->argument("x.bin"), "--output",
+                                          m_tool->argument("x.fcf"), "--force"} +
+                                ToolFixture::described() + more);
+    QVERIFY2(run.code == 0, run.err);
+    m_tool->write(QString(name) + ".fcf", m_tool->read("x.fcf"));
+    m_tool->write(QString(name) + ".txt", m_tool->read("x.txt"));
+}
+
+void DiffTest::findsTwoCopiesTheSame()
+{
+    make("a", ToolFixture::payload(4000));
+    make("b", ToolFixture::payload(4000));
+    const Run run = diff();
+    QCOMPARE(run.code, 0);
+    QCOMPARE(run.out + run.err, QByteArray());
+    const QJsonObject json = diff({"--json"}).json();
+    QVERIFY(json["same"].toBool());
+    QVERIFY(json["payload"].isNull());
+    QCOMPARE(json["exitCode"].toInt(-1), 0);
+}
+
+void DiffTest::showsFieldsSideBySide()
+{
+    make("a", ToolFixture::payload(4000));
+    m_tool->environment.clock = [] { return QDateTime({2024, 5, 31}, {13, 46, 0}); };
+    make("b", ToolFixture::payload(4000));
+    const Run run = diff();
+    QCOMPARE(run.code, 1);
+    QCOMPARE(run.out, QByteArray("time                     \"13:45:00\" | \"13:46:00\"\n"));
+    const QJsonObject json = diff({"--json"}).json();
+    QCOMPARE(json["exitCode"].toInt(), 1);
+    QCOMPARE(json["fields"].toArray(),
+             QJsonArray({QJsonObject{{"field", "time"}, {"a", "13:45:00"}, {"b", "13:46:00"}}}));
+}
+
+void DiffTest::matchesFunctionsByTheirNames()
+{
+    make("a", ToolFixture::payload(4000),
+         {"--function", "fft", "Bob", "7", "x", "--function", "fir", "Cy", "8", "y"});
+    make("b", ToolFixture::payload(4000),
+         {"--function", "fir", "Cy", "9", "y", "--function", "%2", "Bob", "7", "x"});
+    const Run run = diff();
+    QCOMPARE(run.code, 1);
+    QVERIFY2(run.out.contains("functions[fir].ciNumber  \"8\" | \"9\"\n"), run.out);
+    QVERIFY2(run.out.contains("functions[fft]           \"x\" | -\n"), run.out);
+    QVERIFY2(run.out.contains("functions[%2]            - | \"x\"\n"), run.out);
+    QCOMPARE(run.out.count('\n'), 3);
+}
+
+void DiffTest::findsTheFirstByteThatDiffers()
+{
+    QByteArray payload = ToolFixture::payload(4000);
+    make("a", payload);
+    payload[100] = static_cast<char>(payload[100] ^ 1);
+    payload[3999] = static_cast<char>(payload[3999] ^ 1);
+    make("b", payload + "xy");
+    const Run run = diff({"--json"});
+    QCOMPARE(run.code, 1);
+    QCOMPARE(
+        run.json()["payload"].toObject(),
+        QJsonObject(
+            {{"firstOffset", 100}, {"differingBytes", 4}, {"bytesA", 4000}, {"bytesB", 4002}}));
+    QVERIFY(diff().out.contains("4 differ, the first at offset 100 of the payload\n"));
+}
+
+void DiffTest::comparesCompanions()
+{
+    make("a", ToolFixture::payload(4000));
+    make("b", ToolFixture::payload(3996) + "zzzz");
+    QCOMPARE(m_tool->run({"diff", m_tool->argument("a.txt"), m_tool->argument("b.txt")}).code, 0);
+    QCOMPARE(m_tool->run({"diff", m_tool->argument("a.fcf"), m_tool->argument("b.txt")}).code, 0);
+    QCOMPARE(diff().code, 1);
+}
+
+void DiffTest::takesNothingElseThanFcfFiles()
+{
+    make("a", ToolFixture::payload(4000));
+    m_tool->write("b.fcf", "bad");
+    QCOMPARE(diff().code, 2);
+    QCOMPARE(m_tool->run({"diff", m_tool->argument("a.fcf"), m_tool->argument("none")}).code, 3);
+}
+
+void DiffTest::printsDigestsAsSha256sumDoes()
+{
+    make("a", ToolFixture::payload(4000));
+    const QByteArray digest =
+        QCryptographicHash::hash(m_tool->read("a.fcf"), QCryptographicHash::Sha256).toHex();
+    QCOMPARE(m_tool->run({"digest", m_tool->argument("a.fcf")}).out, digest + "  a.fcf\n");
+    const QJsonObject json = m_tool->run({"digest", m_tool->argument("a.fcf"), "--json"}).json();
+    QCOMPARE(json["files"].toArray()[0].toObject()["sha256"].toString().toLatin1(), digest);
+    m_tool->write("b.fcf", "bad");
+    QCOMPARE(m_tool->run({"digest", m_tool->argument("b.fcf")}).code, 1);
+}
+
+void DiffTest::showsOneFieldAlone_data()
+{
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QByteArray>("shown");
+    QTest::newRow("a version") << "version" << QByteArray("1.0\n");
+    QTest::newRow("a number") << "binFileSize" << QByteArray("4000\n");
+    QTest::newRow("a target") << "device" << QByteArray("Interface_FPGA\n");
+    QTest::newRow("a text") << "author" << QByteArray("Ann\n");
+    QTest::newRow("functions") << "functions"
+                               << QByteArray("[{\"author\":\"Bob\",\"ciNumber\":\"7\","
+                                             "\"description\":\"x\",\"name\":\"fft\"}]\n");
+}
+
+void DiffTest::showsOneFieldAlone()
+{
+    QFETCH(QString, field);
+    QFETCH(QByteArray, shown);
+    make("a", ToolFixture::payload(4000), {"--function", "fft", "Bob", "7", "x"});
+    const Arguments show{"show", m_tool->argument("a.fcf"), "--field", field.toStdString()};
+    QCOMPARE(m_tool->run(show).out, shown);
+    const QJsonObject header = m_tool->run(show + Arguments{"--json"})
+                                   .json()["files"]
+                                   .toArray()[0]
+                                   .toObject()["header"]
+                                   .toObject();
+    QCOMPARE(header.keys(), QStringList(field));
+}
+
+void DiffTest::refusesAFieldThatIsNotThere()
+{
+    make("a", ToolFixture::payload(4000));
+    const Run run = m_tool->run({"show", m_tool->argument("a.fcf"), "--field", "autor"});
+    QCOMPARE(run.code, 2);
+    QVERIFY2(run.err.contains("--field: \"autor\" is none of author, "), run.err);
+}
+
+void DiffTest::checksWhatItShows()
+{
+    ForgedImage image;
+    m_tool->write("a.fcf", image.bytes());
+    const Arguments show{"show", m_tool->argument("a.fcf"), "--check"};
+    QCOMPARE(m_tool->run(show).code, 0);
+    image.numbers[8] = 11;
+    m_tool->write("a.fcf", image.bytes());
+    QCOMPARE(m_tool->run({"show", m_tool->argument("a.fcf")}).code, 0);
+    const Run run = m_tool->run(show);
+    QCOMPARE(run.code, 1);
+    QVERIFY2(run.out.contains("a.fcf: not valid; pelk-fcf verify says more\n"), run.out);
+    QVERIFY(!m_tool->run(show + Arguments{"--json"})
+                 .json()["files"]
+                 .toArray()[0]
+                 .toObject()["valid"]
+                 .toBool(true));
+}
+
+QTEST_GUILESS_MAIN(DiffTest)
+#include "DiffTest.moc"

@@ -1,0 +1,275 @@
+#include "ToolFixture.h"
+
+#include <QCryptographicHash>
+#include <QJsonArray>
+#include <QtTest>
+
+#include <QFile>
+
+/// Images on their way to and from a flash, and binaries as development tools write them.
+class FlashTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void padsAnImage_data();
+    void padsAnImage();
+    void refusesAPaddingThatCannotBe_data();
+    void refusesAPaddingThatCannotBe();
+    void takesAnImageThatWasReadBack_data();
+    void takesAnImageThatWasReadBack();
+    void takesNothingButFillerBehindAnImage();
+    void leavesOutTheHeaderOfAContainer();
+    void refusesAContainerOfAnotherLength();
+    void swapsWhatItIsToldTo_data();
+    void swapsWhatItIsToldTo();
+    void refusesASwapThatCannotBe();
+    void leavesUnchangedFilesUntouched();
+    void replacesWhatChanged_data();
+    void replacesWhatChanged();
+    void givesTheDigestAsJson();
+
+private:
+    static Run create(ToolFixture* tool, const QString& name, const Arguments& more = {})
+    {
+        return tool->run(Arguments{"create", tool->argument(name)} + ToolFixture::described() +
+                         more);
+    }
+    static QByteArray container(const QByteArray& payload);
+};
+
+void FlashTest::padsAnImage_data()
+{
+    QTest::addColumn<QString>("padTo");
+    QTest::addColumn<int>("bytes");
+    QTest::newRow("a page") << "page" << 3 * 2112;
+    QTest::newRow("a block") << "block" << 64 * 2112;
+    QTest::newRow("a number of bytes") << "10000" << 10000;
+    QTest::newRow("its own size") << "6116" << 6116;
+}
+
+void FlashTest::padsAnImage()
+{
+    QFETCH(QString, padTo);
+    QFETCH(int, bytes);
+    ToolFixture tool;
+    tool.makeImage();
+    const QByteArray image = tool.read("top.fcf");
+    QCOMPARE(image.size(), 6116);
+    const Run run =
+        create(&tool, "top.bin", {"--force", "--digest", "--pad-to", padTo.toStdString()});
+    QVERIFY2(run.code == 0, run.err);
+    QCOMPARE(tool.read("top.fcf"), image + QByteArray(bytes - image.size(), '\xff'));
+    const Run verified = tool.run({"verify", tool.argument("top.fcf"), "--require-digest", "--bin",
+                                   tool.argument("top.bin"), "--json"});
+    QCOMPARE(verified.code, 0);
+    const QJsonObject file = verified.json()["files"].toArray()[0].toObject();
+    QCOMPARE(file["imageBytes"].toInt(), image.size());
+    QCOMPARE(file["fillerBytes"].toInt(), bytes - image.size());
+}
+
+void FlashTest::refusesAPaddingThatCannotBe_data()
+{
+    QTest::addColumn<QString>("padTo");
+    QTest::addColumn<QByteArray>("message");
+    QTest::newRow("too few bytes") << "6115" << QByteArray("the image has 6116 bytes already");
+    QTest::newRow("another word") << "slot" << QByteArray("is neither page, block nor a number");
+    QTest::newRow("zero") << "0" << QByteArray("is neither page, block nor a number");
+}
+
+void FlashTest::refusesAPaddingThatCannotBe()
+{
+    QFETCH(QString, padTo);
+    QFETCH(QByteArray, message);
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(4000));
+    const Run run = create(&tool, "top.bin", {"--pad-to", padTo.toStdString()});
+    QCOMPARE(run.code, 2);
+    QVERIFY2(run.err.contains("--pad-to: ") && run.err.contains(message), run.err);
+    QCOMPARE(tool.names(), QStringList("top.bin"));
+}
+
+void FlashTest::takesAnImageThatWasReadBack_data()
+{
+    QTest::addColumn<int>("bytes");
+    QTest::newRow("to the end of a page") << 3 * 2112;
+    QTest::newRow("to the end of a block") << 64 * 2112;
+    QTest::newRow("to the end of a slot") << 3 * 64 * 2112;
+}
+
+void FlashTest::takesAnImageThatWasReadBack()
+{
+    QFETCH(int, bytes);
+    ToolFixture tool;
+    tool.makeImage();
+    QCOMPARE(create(&tool, "top.bin", {"--force", "--digest"}).code, 0);
+    const QByteArray image = tool.read("top.fcf");
+    tool.write("top.fcf", image + QByteArray(bytes - image.size(), '\xff'));
+    // The digest is of the image as it was written.
+    const Run run = tool.run({"verify", tool.argument("top.fcf"), "--require-digest", "--bin",
+                              tool.argument("top.bin")});
+    QVERIFY2(run.code == 0, run.out);
+    QVERIFY2(run.out.contains("payload at offset 6116: ends here; " +
+                              QByteArray::number(bytes - image.size()) + " bytes of 0xFF follow"),
+             run.out);
+    QCOMPARE(tool.run({"extract", tool.argument("top.fcf"), "--output", "-"}).out,
+             tool.read("top.bin"));
+}
+
+void FlashTest::takesNothingButFillerBehindAnImage()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    tool.write("top.fcf", tool.read("top.fcf") + QByteArray(100, '\xff') + "x");
+    const Run run = tool.run({"verify", tool.argument("top.fcf")});
+    QCOMPARE(run.code, 1);
+    QVERIFY2(run.out.contains("does not agree with a payload of 4101 bytes"), run.out);
+}
+
+/// As development tools write it.
+QByteArray FlashTest::container(const QByteArray& payload)
+{
+    const auto field = [](char key, const QByteArray& text) {
+        return key + QByteArray(1, '\0') + static_cast<char>(text.size() + 1) + text + '\0';
+    };
+    QByteArray bytes = QByteArray::fromHex("00090ff00ff00ff00ff0000001");
+    bytes += field('a', "top;UserID=0XFFFFFFFF") + field('b', "7k325tffg900") +
+             field('c', "2024/05/31") + field('d', "13:45:00") + 'e';
+    for (int shift = 24; shift >= 0; shift -= 8)
+        bytes += static_cast<char>(payload.size() >> shift);
+    return bytes + payload;
+}
+
+void FlashTest::leavesOutTheHeaderOfAContainer()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    const QByteArray image = tool.read("top.fcf");
+    tool.write("top.bit", container(tool.read("top.bin")));
+    const Run run = create(&tool, "top.bit", {"--force"});
+    QVERIFY2(run.code == 0, run.err);
+    QVERIFY2(run.err.contains("the header of its .bit container is left out: design "
+                              "top;UserID=0XFFFFFFFF, part 7k325tffg900, 2024/05/31 13:45:00"),
+             run.err);
+    QVERIFY(!run.err.contains("warning: "));
+    QCOMPARE(tool.read("top.fcf"), image);
+    const QJsonObject json = create(&tool, "top.bit", {"--force", "--json"}).json();
+    QCOMPARE(json["container"].toObject()["part"].toString(), QString("7k325tffg900"));
+    QCOMPARE(json["header"].toObject()["binFileSize"].toInt(), 4000);
+}
+
+void FlashTest::refusesAContainerOfAnotherLength()
+{
+    ToolFixture tool;
+    tool.write("top.bit", container(ToolFixture::payload(4000)).chopped(1));
+    const Run run = create(&tool, "top.bit");
+    QCOMPARE(run.code, 2);
+    QVERIFY2(run.err.contains("the container is of 4000 bytes, but 3999 follow its header"),
+             run.err);
+}
+
+void FlashTest::swapsWhatItIsToldTo_data()
+{
+    QTest::addColumn<QByteArray>("binary");
+    QTest::addColumn<QString>("swap");
+    QTest::newRow("bits") << QByteArray::fromHex("5599aa6680c00201") << "bits";
+    QTest::newRow("bytes") << QByteArray::fromHex("665599aa80400301") << "bytes";
+    QTest::newRow("halfwords") << QByteArray::fromHex("5566aa9940800103") << "halfwords";
+    QTest::newRow("bytes in halfwords")
+        << QByteArray::fromHex("99aa665503018040") << "bytes,halfwords";
+    QTest::newRow("bits and bytes") << QByteArray::fromHex("66aa99550102c080") << "bits,bytes";
+}
+
+void FlashTest::swapsWhatItIsToldTo()
+{
+    QFETCH(QByteArray, binary);
+    QFETCH(QString, swap);
+    ToolFixture tool;
+    tool.write("top.bin", binary);
+    const Run warned = create(&tool, "top.bin");
+    QVERIFY2(warned.err.contains("--swap " + swap.toUtf8() + " repairs it"), warned.err);
+    const Run run = create(&tool, "top.bin", {"--force", "--swap", swap.toStdString()});
+    QCOMPARE(run.code, 0);
+    QVERIFY2(!run.err.contains("warning: "), run.err);
+    QVERIFY2(run.err.contains("note: ") && run.err.contains("swapped: " + swap.toUtf8()), run.err);
+    QCOMPARE(tool.read("top.fcf").right(8), QByteArray::fromHex("aa99556601034080"));
+}
+
+void FlashTest::refusesASwapThatCannotBe()
+{
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(101));
+    QVERIFY(create(&tool, "top.bin", {"--swap", "bytes"})
+                .err.contains("--swap: needs whole words, but there are 101 bytes"));
+    QVERIFY(create(&tool, "top.bin", {"--swap", "words"})
+                .err.contains("--swap: \"words\" is none of bits, bytes and halfwords"));
+    QCOMPARE(tool.names(), QStringList("top.bin"));
+}
+
+void FlashTest::leavesUnchangedFilesUntouched()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    QCOMPARE(create(&tool, "top.bin", {"--if-changed", "--digest"}).code, 0);
+    const auto stamps = [&tool] {
+        QStringList all;
+        for (const char* const name : {"top.fcf", "top.txt", "top.fcf.sha256"})
+            all << QFileInfo(tool.path(name)).lastModified().toString(Qt::ISODateWithMs);
+        return all;
+    };
+    const QStringList before = stamps();
+    tool.environment.clock = [] { return QDateTime({2030, 1, 1}, {0, 0, 0}); };
+    QTest::qWait(20);
+    const Run run = create(&tool, "top.bin", {"--if-changed", "--digest"});
+    QCOMPARE(run.code, 0);
+    QVERIFY2(run.out.contains("top.fcf: unchanged\n"), run.out);
+    QCOMPARE(stamps(), before);
+    const QJsonObject json =
+        create(&tool, "top.bin", {"--if-changed", "--digest", "--json"}).json();
+    QVERIFY(!json["changed"].toBool(true));
+    QCOMPARE(json["header"].toObject()["time"].toString(), QString("13:45:00"));
+}
+
+void FlashTest::replacesWhatChanged_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QStringList>("options");
+    QTest::newRow("the binary") << "top.bin" << ToolFixture::payload(4001) << QStringList();
+    QTest::newRow("a byte of it") << "top.bin" << ToolFixture::payload(3999) + "!" << QStringList();
+    QTest::newRow("the companion") << "top.txt" << QByteArray("x") << QStringList();
+    QTest::newRow("the digest") << "top.fcf.sha256" << QByteArray("x") << QStringList();
+    QTest::newRow("the image") << "top.fcf" << QByteArray("x") << QStringList();
+    QTest::newRow("a function") << "other" << QByteArray()
+                                << QStringList{"--function", "a", "b", "c", "d"};
+    QTest::newRow("the padding") << "other" << QByteArray() << QStringList{"--pad-to", "page"};
+}
+
+void FlashTest::replacesWhatChanged()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, bytes);
+    QFETCH(QStringList, options);
+    ToolFixture tool;
+    tool.makeImage();
+    QCOMPARE(create(&tool, "top.bin", {"--force", "--digest"}).code, 0);
+    tool.write(name, bytes);
+    Arguments more{"--if-changed", "--digest"};
+    for (const QString& option : options)
+        more.push_back(option.toStdString());
+    const Run run = create(&tool, "top.bin", more);
+    QVERIFY2(run.code == 0, run.err);
+    QVERIFY2(!run.out.contains("unchanged"), run.out);
+    QCOMPARE(tool.verifyAll().code, 0);
+}
+
+void FlashTest::givesTheDigestAsJson()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    const QJsonObject json = create(&tool, "top.bin", {"--force", "--json"}).json();
+    QCOMPARE(json["sha256"].toString().toLatin1(),
+             QCryptographicHash::hash(tool.read("top.fcf"), QCryptographicHash::Sha256).toHex());
+}
+
+QTEST_GUILESS_MAIN(FlashTest)
+#include "FlashTest.moc"

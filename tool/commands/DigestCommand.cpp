@@ -1,0 +1,47 @@
+#include "tool/check/Validator.h"
+#include "tool/commands/Arguments.h"
+#include "tool/commands/Command.h"
+#include "tool/files/Digest.h"
+
+namespace {
+
+/// Prints the digests of images, as sha256sum does.
+class DigestCommand : public Command {
+public:
+    const char* name() const override { return "digest"; }
+    const char* summary() const override { return "Print the SHA-256 of images"; }
+    void declare(CLI::App* app) override
+    {
+        Arguments::addOperands(app, "FCF", &m_files, "images; - is standard input");
+    }
+    void run(Task* task) override;
+
+private:
+    std::vector<std::string> m_files;
+};
+
+void DigestCommand::run(Task* task)
+{
+    QJsonArray digests;
+    for (const std::string& argument : m_files) {
+        const std::optional<QString> path = task->path(argument, "FCF");
+        const auto fcf = path ? task->openFcf(*path, Validator::LargestFile, "FCF") : std::nullopt;
+        if (!fcf)
+            continue;
+        const InputFile& file = fcf->file;
+        const auto digest = task->findings.valueOf(
+            Digest::of({&file, 0, file.size(), nullptr},
+                       task->progress(QStringLiteral("digest"), file.size())));
+        if (!digest)
+            continue;
+        if (!task->report.json)
+            task->report.printRaw(Digest::line(*digest, file.path()));
+        digests.append(
+            QJsonObject{{"file", file.label()}, {"sha256", QString::fromLatin1(digest->toHex())}});
+    }
+    task->report.result["files"] = digests;
+}
+
+} // namespace
+
+std::unique_ptr<Command> digestCommand() { return std::make_unique<DigestCommand>(); }
