@@ -31,8 +31,9 @@ QStringList optionsOf(const QString& command)
     ToolFixture tool;
     const QString help = tool.run({command.toStdString(), "--help"}).out;
     QStringList options;
-    auto matches = QRegularExpression("^  (?:-[a-z],)?(--[a-z-]+)", QRegularExpression::MultilineOption)
-                       .globalMatch(help);
+    auto matches =
+        QRegularExpression("^  (?:-[a-z],)?(--[a-z-]+)", QRegularExpression::MultilineOption)
+            .globalMatch(help);
     while (matches.hasNext())
         options << matches.next().captured(1);
     options.sort();

@@ -106,12 +106,12 @@ Status HeaderPage::measure(const InputFile& file)
     if (said <= 0 || said >= payloadBytes)
         return {};
     bool isFiller = true;
-    const Status status =
-        readAll({&file, bytes + said, payloadBytes - said, nullptr},
-                [&isFiller](const char* data, qint64 count) {
-                    isFiller = isFiller &&
-                               std::all_of(data, data + count, [](char c) { return c == '\xff'; });
-                });
+    Status status = readAll({&file, bytes + said, payloadBytes - said, nullptr},
+                            [&isFiller](const char* data, qint64 count) {
+                                isFiller = isFiller && std::all_of(data, data + count, [](char c) {
+                                               return c == '\xff';
+                                           });
+                            });
     if (status && isFiller) {
         fillerBytes = payloadBytes - said;
         payloadBytes = said;

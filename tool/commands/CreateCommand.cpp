@@ -122,7 +122,7 @@ std::optional<Outputs> CreateCommand::plan(const InputFile& binary, Task* task) 
         // As JSON it is refused, and that is what goes there.
         task->report.outIsTaken = output == StandardStream && !task->report.json;
     }
-    const auto outputs = task->findings.valueOf(Outputs::of(binary, output));
+    auto outputs = task->findings.valueOf(Outputs::of(binary, output));
     if (outputs)
         guard(*outputs, task);
     return outputs;
@@ -242,7 +242,7 @@ void CreateCommand::readPadTo(qint64 imageBytes, Task* task)
     if (*text == QStringLiteral("page"))
         m_padToBytes = FcfLayout::PageBytes;
     else if (*text == QStringLiteral("block"))
-        m_padToBytes = FcfLayout::PageBytes * FcfLayout::BlockPages;
+        m_padToBytes = qint64(FcfLayout::PageBytes) * FcfLayout::BlockPages;
     else if (number && *number > 0)
         m_padToBytes = *number;
     else
@@ -277,7 +277,7 @@ bool CreateCommand::isUnchanged(FcfHeader* header, const Region& payload, const 
         return false;
     qint64 offset = page.size();
     bool isSame = true;
-    const Status status = readAll(payload, [&](const char* data, qint64 count) {
+    Status status = readAll(payload, [&](const char* data, qint64 count) {
         isSame = isSame && image->bytesAt(offset, count) ==
                                QByteArray::fromRawData(data, static_cast<int>(count));
         offset += count;

@@ -146,7 +146,7 @@ Status DiffCommand::comparePayloads(const FcfFile& a, const FcfFile& b, Task* ta
     qint64 count = qMax(a.page.payloadBytes, b.page.payloadBytes) - bytes;
     Status other;
     const CopyObserver progress = task->progress(QStringLiteral("diff"), bytes);
-    const Status status =
+    Status status =
         readAll({&a.file, a.page.bytes, bytes, nullptr}, [&](const char* data, qint64 size) {
             const auto theirs = b.file.bytesAt(b.page.bytes + done, size);
             if (!theirs || theirs->size() < size) {

@@ -93,7 +93,7 @@ Status ExtractCommand::write(const Region& payload, const QString& output, Task*
     const auto file = files.add(output);
     if (!file)
         return tl::unexpected<Finding>(file.error());
-    const Status status = copyPayload(payload, *file, output, PayloadCopy::Unseen, progress);
+    Status status = copyPayload(payload, *file, output, PayloadCopy::Unseen, progress);
     return status ? files.place() : status;
 }
 

@@ -32,7 +32,7 @@ Status readParts(const Region& region, Take take)
                 Payload);
         if (region.transform)
             region.transform(part->data(), part->size());
-        if (const Status status = take(part->constData(), part->size()); !status)
+        if (Status status = take(part->constData(), part->size()); !status)
             return status;
     }
     return {};
@@ -74,8 +74,8 @@ Status copyPayload(const Region& region, QIODevice* sink, const QString& label,
 {
     const InputFile& file = *region.file;
     if (region.transform || region.offset + region.bytes < file.size()) {
-        const Status copied = readParts(region, [&](const char* data, qint64 count) {
-            const Status written =
+        Status copied = readParts(region, [&](const char* data, qint64 count) {
+            Status written =
                 writeAll(sink, QByteArray::fromRawData(data, static_cast<int>(count)), label);
             if (written)
                 observe(data, count);
@@ -100,7 +100,7 @@ FileCompare::compare(const Region& region, const InputFile& model, const CopyObs
     qint64 done = 0;
     Region common = region;
     common.bytes = qMin(region.bytes, model.size());
-    const Status status = readParts(common, [&](const char* data, qint64 count) {
+    Status status = readParts(common, [&](const char* data, qint64 count) {
         const auto other = model.bytesAt(done, count);
         if (!other)
             return Status(tl::unexpected<Finding>(other.error()));

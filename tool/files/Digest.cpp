@@ -107,7 +107,7 @@ QByteArray Digest::Hash::result()
 Result<QByteArray> Digest::of(const Region& region, const CopyObserver& observe)
 {
     Hash hash;
-    const Status status = readAll(region, [&](const char* data, qint64 bytes) {
+    Status status = readAll(region, [&](const char* data, qint64 bytes) {
         hash.add(data, bytes);
         observe(data, bytes);
     });

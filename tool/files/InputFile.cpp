@@ -115,7 +115,7 @@ Result<InputFile> Inputs::open(const QString& path, qint64 limit, const QString&
         QIODevice* const in = std::exchange(m_in, nullptr);
         if (const auto* const stream = qobject_cast<const QFile*>(in))
             guard(*stream, file);
-        const Status status = spool(in, limit, field, &file);
+        Status status = spool(in, limit, field, &file);
         return status ? Result<InputFile>(std::move(file))
                       : tl::unexpected<Finding>(status.error());
     }
@@ -131,7 +131,7 @@ Result<InputFile> Inputs::open(const QString& path, qint64 limit, const QString&
     if (use == Guarded)
         guard(*opened, file);
     if (opened->isSequential()) {
-        const Status status = spool(opened.get(), limit, field, &file);
+        Status status = spool(opened.get(), limit, field, &file);
         return status ? Result<InputFile>(std::move(file))
                       : tl::unexpected<Finding>(status.error());
     }

@@ -77,7 +77,7 @@ Status OutputFiles::add(const QString& path, const QByteArray& bytes)
 
 Status OutputFiles::place()
 {
-    if (const Status status = complete(); !status)
+    if (Status status = complete(); !status)
         return status;
     const File& last = *m_files.front();
     // On a file system without locks two runs may mix their files.
@@ -89,7 +89,7 @@ Status OutputFiles::place()
             return FileSystem::alreadyExists((*file)->path);
     }
     for (auto file = m_files.rbegin(); file != m_files.rend(); ++file) {
-        if (const Status status = place(file->get()); !status) {
+        if (Status status = place(file->get()); !status) {
             rollBack();
             return status;
         }
