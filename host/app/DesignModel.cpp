@@ -46,7 +46,7 @@ DesignModel::DesignModel(QObject* parent) : QStandardItemModel(0, ColumnCount, p
     setHorizontalHeaderLabels({tr("Name"), tr("State"), tr("Version"), tr("Size"), tr("Changed")});
     horizontalHeaderItem(SizeColumn)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &DesignModel::followFolder);
-    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &DesignModel::refreshFromDisk);
+    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &DesignModel::followFile);
 }
 
 void DesignModel::addDesign(Design* design)
@@ -152,6 +152,14 @@ void DesignModel::refreshFromDisk()
         refreshDesign(designAt(index(row, NameColumn)));
         refreshRows(index(row, NameColumn));
     }
+}
+
+void DesignModel::followFile(const QString& path)
+{
+    // It may have gone with its folder, which another one may have replaced.
+    if (!QFileInfo::exists(path))
+        m_watcher.removePath(QFileInfo(path).absolutePath());
+    refreshFromDisk();
 }
 
 void DesignModel::followFolder(const QString& folder)

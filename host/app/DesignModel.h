@@ -62,6 +62,7 @@ signals:
     void rebuilt();
 
 private:
+    void followFile(const QString& path);
     void followFolder(const QString& folder);
     void rebuild(OrvanticCore::Design* design);
     void refreshDesign(OrvanticCore::Design* design);
