@@ -157,19 +157,28 @@ void DesignModel::refreshFromDisk()
 void DesignModel::followFile(const QString& path)
 {
     // It may have gone with its folder, which another one may have replaced.
-    if (!QFileInfo::exists(path))
-        m_watcher.removePath(QFileInfo(path).absolutePath());
+    if (!QFileInfo::exists(path)) {
+        const QString folder = QFileInfo(path).absolutePath();
+        forgetFoldersBelow(folder);
+        m_watcher.removePath(folder);
+    }
     refreshFromDisk();
 }
 
 void DesignModel::followFolder(const QString& folder)
 {
-    // A folder below may have been replaced, while the old one is still watched at its new place.
-    for (const QString& below : m_watcher.directories()) {
-        if (QFileInfo(below).absolutePath() == folder && below != folder)
-            m_watcher.removePath(below);
-    }
+    forgetFoldersBelow(folder);
     refreshFromDisk();
+}
+
+void DesignModel::forgetFoldersBelow(const QString& folder)
+{
+    // At any depth: the reports of a folder that is no longer watched are dropped, and one of them
+    // may have been that a folder in it was replaced.
+    for (const QString& watched : m_watcher.directories()) {
+        if (watched.startsWith(folder + '/'))
+            m_watcher.removePath(watched);
+    }
 }
 
 void DesignModel::rebuild(Design* design)

@@ -67,6 +67,9 @@ private:
     void rebuild(OrvanticCore::Design* design);
     void refreshDesign(OrvanticCore::Design* design);
     void refreshRows(const QModelIndex& parent);
+    /// Ends the watch of all folders below \p folder, since each may have been replaced while the
+    /// old one is still watched at its new place. watchFolders() watches them again.
+    void forgetFoldersBelow(const QString& folder);
     void watchFolders();
     QStringList foldersToWatch() const;
     QStringList filesToWatch() const;
