@@ -7,6 +7,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QTextBrowser>
 #include <QtTest>
@@ -59,6 +60,16 @@ QStringList offered(const HostFixture& host)
     return names;
 }
 
+/// Chooses a property from the menu; the editor adds it once events run.
+void choose(const HostFixture& host, const QString& name)
+{
+    QVERIFY(offered(host).contains(name));
+    for (QAction* action : host.child<QMenu>("AddPropertyMenu")->actions()) {
+        if (action->text() == name)
+            action->trigger();
+    }
+}
+
 QModelIndex cell(const HostFixture& host, int row, int column)
 {
     return host.child<QTreeView>("PropertyView")->model()->index(row, column);
@@ -90,6 +101,8 @@ private slots:
     void offersWhatProvidersAnnounce();
     void explainsTheCurrentProperty();
     void addsAPropertyFromTheMenuByKeys();
+    void addsNothingOnceAnotherDesignIsCurrent();
+    void addsNothingToADesignThatIsClosedMeanwhile();
     void editsValuesOfTheirTypes();
     void takesAnEmptyTextForNoValue();
     void keepsAPropertyWithoutValueUntilOneFits();
@@ -169,6 +182,34 @@ void PropertyEditorTest::addsAPropertyFromTheMenuByKeys()
     QTest::keyClicks(editor, "9");
     QTest::keyClick(editor, Qt::Key_Return);
     QTRY_COMPARE(design->designProperty("ZORV Pelk Config Number"), QVariant(9));
+}
+
+void PropertyEditorTest::addsNothingOnceAnotherDesignIsCurrent()
+{
+    HostFixture host;
+    const Provider provider;
+    Design* const chosen = host.openDesign("radar");
+    Design* const other = host.openDesign("sonar");
+    host.view()->setCurrentIndex(host.item("radar"));
+    choose(host, "Reviewer");
+    host.view()->setCurrentIndex(host.item("sonar"));
+    QCoreApplication::processEvents();
+    QCOMPARE(chosen->designProperties().count(), 3);
+    QCOMPARE(other->designProperties().count(), 3);
+}
+
+void PropertyEditorTest::addsNothingToADesignThatIsClosedMeanwhile()
+{
+    HostFixture host;
+    const Provider provider;
+    const QPointer<Design> closed = host.openDesign("radar");
+    host.view()->setCurrentIndex(host.item("radar"));
+    choose(host, "Reviewer");
+    host.action("File.CloseDesign")->trigger();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!closed);
+    QCoreApplication::processEvents();
+    QCOMPARE(cell(host, 0, 0), QModelIndex());
 }
 
 void PropertyEditorTest::editsValuesOfTheirTypes()
