@@ -61,7 +61,7 @@ bool isPrintable(char32_t character)
     case QChar::Separator_Paragraph:
         return false;
     default:
-        // What stands for bytes that are no text.
+        // What the codec puts in place of bytes that are no text.
         return character != QChar::ReplacementCharacter &&
                std::find(std::begin(Invisible), std::end(Invisible), character) ==
                    std::end(Invisible);

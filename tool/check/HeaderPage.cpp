@@ -26,7 +26,7 @@ bool hasReservedWord(const QByteArray& start)
     return false;
 }
 
-/// Why \p start, the first bytes of \p file, is no page, as far as \p reading tells.
+/// Why \p start, the first bytes of \p file, is no page, according to \p reading.
 Finding explained(const FcfExactReading& reading, const QByteArray& start, const InputFile& file,
                   const QTextCodec* codec, ExitCode exitCode)
 {

@@ -22,7 +22,7 @@ struct NamedText {
     QString value;
     /// Whether the value may go on over several lines.
     bool hasLines;
-    /// Whether the value stands where a reader looks for the end of the text.
+    /// Whether the value is where a reader looks for the end of the text.
     bool opensFunction;
 };
 

@@ -22,7 +22,7 @@ QByteArray escaped(QByteArray name)
 
 struct Line {
     QByteArray digest;
-    /// As it stands in the line, less the folders.
+    /// As written in the line, without folders.
     QByteArray name;
     bool isEscaped = false;
 };

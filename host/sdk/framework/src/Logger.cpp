@@ -18,7 +18,7 @@ Logger* Logger::instance()
 void Logger::logPriorityMessage(const QString& engine_name, Logger::MessageType message_type,
                                 const QVariant& message, const QVariant& msg1, const QVariant& msg2)
 {
-    // There are no engines to tell apart here: each message goes to all listeners.
+    // The stand-in has no engines: each message goes to all listeners.
     Q_UNUSED(engine_name)
 
     QStringList parts(message.toString());
