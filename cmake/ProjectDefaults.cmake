@@ -41,8 +41,7 @@ set(ZORV_TEST_ENVIRONMENT
 # that does not depend on the machine, and with settings of its own, also when started by hand.
 function(zorv_test name)
     cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
-    add_executable(${name} ${name}.cpp ${arg_SOURCES}
-        "${PROJECT_SOURCE_DIR}/tests/support/OwnEnvironment.cpp")
+    add_executable(${name} ${name}.cpp ${arg_SOURCES} $<TARGET_OBJECTS:own-environment>)
     zorv_target(${name})
     target_link_libraries(${name} PRIVATE Qt5::Test ${arg_LIBRARIES})
     add_test(NAME ${name} COMMAND ${name})
