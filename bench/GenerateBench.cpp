@@ -24,7 +24,7 @@
 namespace {
 
 /// What cat reads at a time.
-constexpr std::size_t CatBytes = 128 * 1024;
+constexpr std::size_t CatBytes = std::size_t(128) * 1024;
 
 void require(bool condition, const char* what)
 {

@@ -53,7 +53,7 @@ QString FcfLineSource::takeLine()
         m_bytes.at(end - 1) == '\r')
         --length;
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-    const QString line = m_codec->toUnicode(m_bytes.constData() + m_position, length, &state);
+    QString line = m_codec->toUnicode(m_bytes.constData() + m_position, length, &state);
     m_lineIsDecodable = state.invalidChars == 0 && state.remainingChars == 0;
     m_position = m_lineIsEnded ? end + 1 : end;
     return line;

@@ -17,7 +17,7 @@ namespace {
 /// What is read at a time: it stays in the processor's cache until it is written.
 const int PieceBytes = 256 * 1024;
 /// What the kernel copies at a time, so that a person sees the progress.
-const qint64 KernelPieceBytes = 4 * 1024 * 1024;
+const qint64 KernelPieceBytes = qint64(4) * 1024 * 1024;
 
 /// The file behind \p device if it is one that the kernel can copy from or to, else null.
 QFile* fileOf(QIODevice* device)

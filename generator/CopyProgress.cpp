@@ -6,7 +6,7 @@
 namespace {
 
 /// Smaller ones are copied before anyone could read a bar.
-const qint64 LeastBytes = 16 * 1024 * 1024;
+const qint64 LeastBytes = qint64(16) * 1024 * 1024;
 const int Whole = 100;
 
 } // namespace
