@@ -54,3 +54,8 @@ function(zorv_test_environment name)
     set_tests_properties(${name} PROPERTIES TIMEOUT 900 ENVIRONMENT
         "${ZORV_TEST_ENVIRONMENT};XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/${name}-settings")
 endfunction()
+
+# For a test with millions of allocations: to keep the whole stack of each takes a sanitizer hours.
+function(zorv_without_leak_check name)
+    set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT "ASAN_OPTIONS=detect_leaks=0")
+endfunction()
