@@ -25,8 +25,9 @@ QString OpenDesignDialog::choose(QWidget* parent)
 
 void OpenDesignDialog::accept()
 {
+    // A file dialog accepts no folder; being done with one does no more than that.
     if (DesignStorage::hasDescription(selectedFiles().value(0)))
-        QDialog::accept();
+        done(QDialog::Accepted);
     else
         QFileDialog::accept();
 }
