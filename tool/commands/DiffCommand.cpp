@@ -52,14 +52,16 @@ QJsonArray compare(const FcfHeader& headerA, const FcfHeader& headerB)
     QStringList names = own.keys() + other.keys();
     names.sort();
     names.removeDuplicates();
+    const auto description = [](const auto& functions, const QString& name) {
+        return functions.contains(name) ? functions[name]["description"] : QJsonValue();
+    };
     for (const QString& name : names) {
         const QString place = QStringLiteral("functions[%1]").arg(name);
         if (own.contains(name) && other.contains(name))
             compare(place + QLatin1Char('.'), own[name], other[name], &fields);
         else
-            fields.append(QJsonObject{{"field", place},
-                                      {"a", own.value(name)["description"]},
-                                      {"b", other.value(name)["description"]}});
+            fields.append(QJsonObject{
+                {"field", place}, {"a", description(own, name)}, {"b", description(other, name)}});
     }
     return fields;
 }
