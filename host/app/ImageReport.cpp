@@ -160,7 +160,7 @@ private:
     void addDigest()
     {
         QFile digest(m_file->fileName() + ".sha256");
-        if (!digest.open(QIODevice::ReadOnly))
+        if (!QFileInfo(digest).isFile() || !digest.open(QIODevice::ReadOnly))
             return;
         const QByteArray noted = digest.readLine(1024).split(' ').value(0).trimmed().toLower();
         QCryptographicHash hash(QCryptographicHash::Sha256);
@@ -185,7 +185,11 @@ ImageReport ImageReport::of(const QString& path)
 {
     QFile file(path);
     ImageReport report;
-    if (file.open(QIODevice::ReadOnly))
+    const QFileInfo info(file);
+    // To open a pipe would wait for another program, and the host with it.
+    if (info.exists() && !info.isFile())
+        report.findings << tr("This is not a file.");
+    else if (file.open(QIODevice::ReadOnly))
         report = Inspection(&file).report();
     else
         report.findings << tr("The file cannot be read: %1.").arg(file.errorString());
