@@ -320,7 +320,7 @@ void HostFilesTest::warnsOfAValueThatTheGeneratorDoesNotKnow()
     view->setCurrentIndex(view->model()->index(1, 1));
     QVERIFY(view->model()->setData(view->model()->index(1, 1), "Clock_Master_Device"));
     const QString help = host.child<QTextBrowser>("PropertyHelp")->toPlainText();
-    QVERIFY2(help.startsWith("\"Clock_Master_Device\" is no device of module GPM"),
+    QVERIFY2(help.startsWith("\"Clock_Master_Device\" is none of Interface_FPGA, "),
              qPrintable(help));
     QVERIFY(!view->model()->index(1, 1).data(Qt::DecorationRole).isNull());
     QVERIFY(view->model()->index(0, 1).data(Qt::DecorationRole).isNull());
