@@ -3,7 +3,11 @@
 
 #include <QWidget>
 
-class QVBoxLayout;
+#include <memory>
+
+namespace Ui {
+class StartPage;
+}
 
 /// What the window shows while no design is open: buttons for the first steps, and the designs
 /// opened last.
@@ -14,6 +18,7 @@ class StartPage : public QWidget {
 
 public:
     explicit StartPage(QWidget* parent = nullptr);
+    ~StartPage() override;
 
 signals:
     void newChosen();
@@ -24,7 +29,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    QVBoxLayout* m_recent;
+    std::unique_ptr<Ui::StartPage> m_ui;
 };
 
 #endif
