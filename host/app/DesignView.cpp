@@ -39,12 +39,6 @@ DesignView::DesignView(DesignModel* model, QWidget* parent) : QTreeView(parent),
             [this](const QModelIndex& index) { m_collapsed.remove(keyOf(index)); });
 }
 
-void DesignView::setMenuActions(const QList<QAction*>& forFiles, const QList<QAction*>& forDesigns)
-{
-    m_fileActions = forFiles;
-    m_designActions = forDesigns;
-}
-
 Design* DesignView::currentDesign() const
 {
     if (currentIndex().isValid() || m_model->rowCount() != 1)

@@ -22,7 +22,8 @@ public:
     explicit DesignView(DesignModel* model, QWidget* parent = nullptr);
 
     /// The host's own actions in the menus of files and folders, and of designs and nodes.
-    void setMenuActions(const QList<QAction*>& forFiles, const QList<QAction*>& forDesigns);
+    void setFileActions(const QList<QAction*>& actions) { m_fileActions = actions; }
+    void setDesignActions(const QList<QAction*>& actions) { m_designActions = actions; }
 
     /// The design of the current item; null when there is no current item and not exactly one
     /// design is open.

@@ -12,8 +12,10 @@ StartPage::StartPage(QWidget* parent) : QWidget(parent), m_ui(new Ui::StartPage)
     m_ui->setupUi(this);
     m_ui->StartNewButton->setIcon(style()->standardIcon(QStyle::SP_FileDialogNewFolder));
     m_ui->StartOpenButton->setIcon(style()->standardIcon(QStyle::SP_DialogOpenButton));
-    connect(m_ui->StartNewButton, &QPushButton::clicked, this, &StartPage::newChosen);
-    connect(m_ui->StartOpenButton, &QPushButton::clicked, this, &StartPage::openChosen);
+    connect(m_ui->StartNewButton, &QPushButton::clicked, this,
+            [this] { emit chosen("File.NewDesign"); });
+    connect(m_ui->StartOpenButton, &QPushButton::clicked, this,
+            [this] { emit chosen("File.OpenDesign"); });
 }
 
 StartPage::~StartPage() = default;

@@ -21,8 +21,8 @@ public:
     ~StartPage() override;
 
 signals:
-    void newChosen();
-    void openChosen();
+    /// The identifier of a command of the host.
+    void chosen(const QString& command);
     void recentChosen(const QString& folder);
 
 protected:
