@@ -131,17 +131,24 @@ void DesignRows::refresh(const Row& row, const Design& design)
 
 void DesignRows::refresh(const Row& row, const DesignFile& file)
 {
+    const QString state = FileState::words(file).join(", ");
+    const QString toolTip = FileState::toolTip(file);
+    QStandardItem* const stateItem = row.at(DesignModel::StateColumn);
+    QStandardItem* const versionItem = row.at(DesignModel::VersionColumn);
+    // Asked for twice a second: what is as it was is not painted again.
+    if (stateItem->text() == state && stateItem->toolTip() == toolTip &&
+        versionItem->text() == file.versionAssociation())
+        return;
     const QFileInfo info(file.filePath());
     row.first()->setIcon(info.exists() ? FileIcons::forFile(file.fileName())
                                        : FileIcons::forMissing());
-    row.at(DesignModel::StateColumn)->setText(FileState::words(file).join(", "));
-    row.at(DesignModel::VersionColumn)->setText(file.versionAssociation());
+    stateItem->setText(state);
+    versionItem->setText(file.versionAssociation());
     row.at(DesignModel::SizeColumn)
         ->setText(info.exists() ? QLocale().formattedDataSize(info.size()) : QString());
     row.at(DesignModel::SizeColumn)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     row.at(DesignModel::DateColumn)
         ->setText(info.exists() ? info.lastModified().toString("yyyy-MM-dd HH:mm") : QString());
-    const QString toolTip = FileState::toolTip(file);
     for (QStandardItem* item : row)
         item->setToolTip(toolTip);
     applyRoleData(row.first(), [&file](IDesignViewExtensions* extension, int role) {
@@ -152,8 +159,11 @@ void DesignRows::refresh(const Row& row, const DesignFile& file)
 void DesignRows::refresh(const Row& row, const DesignFolder& folder)
 {
     const bool exists = QDir(folder.folderPath()).exists();
+    const QString state = exists ? tr("Folder") : tr("Folder, Missing");
+    if (row.at(DesignModel::StateColumn)->text() == state)
+        return;
     row.first()->setIcon(exists ? FileIcons::forFolder() : FileIcons::forMissing());
-    row.at(DesignModel::StateColumn)->setText(exists ? tr("Folder") : tr("Folder, Missing"));
+    row.at(DesignModel::StateColumn)->setText(state);
 }
 
 void DesignRows::fill(QStandardItem* top, const Design& design)
