@@ -30,7 +30,8 @@ public:
     FcfExactReading::Outcome readText()
     {
         const QString rest = m_source->takeLine();
-        if (!rest.isEmpty()) {
+        // The start of a character that is cut off decodes to nothing.
+        if (!rest.isEmpty() || !m_source->lineIsDecodable()) {
             deviate(nullptr, -1, tr("a line feed"), rest);
             return FcfExactReading::Deviates;
         }

@@ -9,6 +9,8 @@
 
 #include <OrvanticCore/DesignManager.h>
 
+#include <QTextOption>
+
 namespace {
 
 /// Where each text of a function is among its entries of the flat list.
@@ -26,6 +28,21 @@ void setDefault(QTextEdit* field)
 {
     if (field->toPlainText().isEmpty())
         field->setPlainText(QLatin1String(DefaultText));
+}
+
+/// How the lines of \p text are broken: between words. In a text with an endless word, as a damaged
+/// file has, anywhere: the time to find that no break fits grows with the square of its length.
+QTextOption::WrapMode wrapModeFor(const QString& text)
+{
+    const int longestWord = 1000;
+    int start = 0;
+    for (int end = 0; end < text.size(); ++end) {
+        if (text.at(end).isSpace())
+            start = end + 1;
+        else if (end - start >= longestWord)
+            return QTextOption::WrapAnywhere;
+    }
+    return QTextOption::WrapAtWordBoundaryOrAnywhere;
 }
 
 } // namespace
@@ -65,6 +82,7 @@ void PelkFcfGenerator::editFunction(const FcfFunction& function)
     ui->EditFunctionName->setText(function.name);
     ui->AuthorFunctions->setText(function.author);
     ui->CiNumberEditBoxFunctions->setText(function.ciNumber);
+    ui->DescriptionMemoFunctions->setWordWrapMode(wrapModeFor(function.description));
     ui->DescriptionMemoFunctions->setPlainText(function.description);
 }
 

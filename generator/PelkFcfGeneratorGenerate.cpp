@@ -7,22 +7,15 @@
 #include "generator/CopyProgress.h"
 #include "generator/FcfOutput.h"
 #include "generator/GeneratorDialogs.h"
+#include "generator/GeneratorLog.h"
 
 #include "ui_PelkFcfGenerator.h"
-
-#include <QtilitiesLogging/Logger.h>
 
 #include <QFileInfo>
 
 using Qtilities::Logging::Logger;
 
 namespace {
-
-void logMessage(Logger::MessageType type, const QString& text)
-{
-    Logger::instance()->logPriorityMessage(QString(), type,
-                                           PelkFcfGenerator::tr("Pelk FCF Generator: ") + text);
-}
 
 /// \p path with every ".bin" replaced, in the names of folders too.
 QString withExtension(const QString& path, const char* extension)
@@ -135,7 +128,7 @@ void PelkFcfGenerator::showGenerated(const QStringList& files)
 {
     emit newFilesCreated(files);
     showStatus(tr("<font color='green'>Successfully generated output files.</font>"));
-    logMessage(Logger::Info, tr("Successfully generated output files."));
+    GeneratorLog::write(Logger::Info, tr("Successfully generated output files."));
 }
 
 void PelkFcfGenerator::showGenerationFailed()
@@ -152,12 +145,13 @@ void PelkFcfGenerator::reportFailure(FcfOutput* output)
     case FcfOutput::HeaderTooLarge:
         GeneratorDialogs::inform(tr("The file Size is too large please change some fields"));
         if (!output->removeFiles())
-            logMessage(Logger::Error,
-                       tr("\"%1\" cannot be deleted: %2.").arg(output->path(), output->reason()));
+            GeneratorLog::write(
+                Logger::Error,
+                tr("\"%1\" cannot be deleted: %2.").arg(output->path(), output->reason()));
         break;
     case FcfOutput::Failed:
-        logMessage(Logger::Error,
-                   tr("\"%1\" is not complete: %2.").arg(output->path(), output->reason()));
+        GeneratorLog::write(
+            Logger::Error, tr("\"%1\" is not complete: %2.").arg(output->path(), output->reason()));
         break;
     case FcfOutput::NoFailure:
         break;
@@ -170,7 +164,7 @@ void PelkFcfGenerator::warnOfOtherSize(const QString& binPath, qint64 payloadByt
     if (static_cast<qint32>(payloadBytes) == m_sizes.binFileSize)
         return;
     // The header has the size from when the binary was selected, even if that was another one.
-    logMessage(
+    GeneratorLog::write(
         Logger::Warning,
         tr("\"%1\" has %2 bytes, but the header says %3, as the binary was when it was last "
            "selected. Select it again and generate anew.")

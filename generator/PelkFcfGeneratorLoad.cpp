@@ -5,14 +5,18 @@
 #include "fcf/FcfLayout.h"
 #include "fcf/FcfReader.h"
 #include "generator/GeneratorDialogs.h"
+#include "generator/GeneratorLog.h"
 
 #include "ui_PelkFcfGenerator.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QTextBlock>
 #include <QTextCursor>
+
+using Qtilities::Logging::Logger;
 
 namespace {
 
@@ -32,6 +36,15 @@ void appendParagraphs(QTextEdit* memo, const QString& text)
         cursor.insertText(line);
     }
     cursor.endEditBlock();
+}
+
+/// The window itself says only that loading \p path has failed.
+void logLoadingFailed(const QString& path, const QString& reason)
+{
+    // No path was chosen where the dialog was cancelled.
+    if (!path.isEmpty())
+        GeneratorLog::write(Logger::Error,
+                            PelkFcfGenerator::tr("\"%1\" cannot be loaded: %2.").arg(path, reason));
 }
 
 } // namespace
@@ -82,8 +95,11 @@ bool PelkFcfGenerator::readConfigFile(QString filename)
 {
     functionsFieldSetNotEditable();
     QFile file(filename);
-    if (!file.open(QIODevice::ReadOnly)) {
+    // To open a pipe would wait for another program, and the host with it.
+    const bool isNoFile = QFileInfo(file).exists() && !QFileInfo(file).isFile();
+    if (isNoFile || !file.open(QIODevice::ReadOnly)) {
         showLoadingFailed();
+        logLoadingFailed(filename, isNoFile ? tr("it is not a file") : file.errorString());
         return false;
     }
     functions.clear();
@@ -100,6 +116,8 @@ bool PelkFcfGenerator::readConfigFile(QString filename)
     showTexts(reading);
     if (reading.outcome == FcfReading::EndedEarly) {
         showLoadingFailed();
+        logLoadingFailed(filename, tr("its text does not end within %1 bytes")
+                                       .arg(qMin<qint64>(file.size(), FcfReader::MaximumBytes)));
         return false;
     }
     showStatus(tr("<font color='green'>Loaded ") + ui->txtInputFile->text() +

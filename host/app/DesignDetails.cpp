@@ -1,63 +1,33 @@
 #include "host/app/DesignDetails.h"
 
-#include <QBoxLayout>
-#include <QFormLayout>
-#include <QLabel>
-#include <QPlainTextEdit>
+#include "ui_DesignDetails.h"
+
 #include <QSignalBlocker>
-#include <QSpinBox>
 
 using OrvanticCore::Design;
 
-namespace {
-
-/// The generator's fields take three digits.
-constexpr int MaximumVersion = 999;
-
-} // namespace
-
-DesignDetails::DesignDetails(QWidget* parent)
-    : QWidget(parent), m_type(new QLabel(this)), m_major(makeSpinBox("VersionMajor")),
-      m_minor(makeSpinBox("VersionMinor")), m_changes(new QPlainTextEdit(this))
+DesignDetails::DesignDetails(QWidget* parent) : QWidget(parent), m_ui(new Ui::DesignDetails)
 {
-    m_type->setObjectName("DesignTypeName");
-    m_changes->setObjectName("VersionChanges");
-    m_changes->setTabChangesFocus(true);
-    m_changes->setAccessibleName(tr("Changes in this version"));
-    // A file that is dropped here goes to the window, which adds it to the design.
-    m_changes->setAcceptDrops(false);
-    m_changes->setFixedHeight(fontMetrics().lineSpacing() * 4);
-    m_major->setAccessibleName(tr("Major version"));
-    m_minor->setAccessibleName(tr("Minor version"));
-
-    auto* const version = new QHBoxLayout;
-    version->addWidget(m_major);
-    version->addWidget(new QLabel(".", this));
-    version->addWidget(m_minor);
-    version->addStretch();
-    auto* const form = new QFormLayout(this);
-    form->setContentsMargins(0, 0, 0, 0);
-    form->addRow(tr("Type:"), m_type);
-    form->addRow(tr("&Version:"), version);
-    form->addRow(tr("&Changes:"), m_changes);
-    if (auto* const label = qobject_cast<QLabel*>(form->labelForField(version)))
-        label->setBuddy(m_major);
-
+    m_ui->setupUi(this);
+    m_ui->VersionChanges->setFixedHeight(fontMetrics().lineSpacing() * 4);
     // Each sets its own number only: the other one may be larger than its box can show.
     const auto valueChanged = QOverload<int>::of(&QSpinBox::valueChanged);
-    connect(m_major, valueChanged, this, &DesignDetails::takeMajor);
-    connect(m_minor, valueChanged, this, &DesignDetails::takeMinor);
-    connect(m_changes, &QPlainTextEdit::textChanged, this, &DesignDetails::takeChanges);
+    connect(m_ui->VersionMajor, valueChanged, this, [this](int number) {
+        if (m_design)
+            m_design->setVersion(number, m_design->versionMinor());
+    });
+    connect(m_ui->VersionMinor, valueChanged, this, [this](int number) {
+        if (m_design)
+            m_design->setVersion(m_design->versionMajor(), number);
+    });
+    connect(m_ui->VersionChanges, &QPlainTextEdit::textChanged, this, [this] {
+        if (m_design)
+            m_design->setVersionChanges(m_ui->VersionChanges->toPlainText());
+    });
     show();
 }
 
-QSpinBox* DesignDetails::makeSpinBox(const QString& name)
-{
-    auto* const box = new QSpinBox(this);
-    box->setObjectName(name);
-    box->setMaximum(MaximumVersion);
-    return box;
-}
+DesignDetails::~DesignDetails() = default;
 
 void DesignDetails::setDesign(Design* design)
 {
@@ -75,43 +45,25 @@ void DesignDetails::setDesign(Design* design)
 
 void DesignDetails::show()
 {
-    const QSignalBlocker majorBlocker(m_major);
-    const QSignalBlocker minorBlocker(m_minor);
-    const QSignalBlocker changesBlocker(m_changes);
-    m_type->setText(m_design ? m_design->typeName() : QString());
-    m_major->setValue(m_design ? m_design->versionMajor() : 0);
-    m_minor->setValue(m_design ? m_design->versionMinor() : 0);
+    const QSignalBlocker majorBlocker(m_ui->VersionMajor);
+    const QSignalBlocker minorBlocker(m_ui->VersionMinor);
+    const QSignalBlocker changesBlocker(m_ui->VersionChanges);
+    m_ui->DesignTypeName->setText(m_design ? m_design->typeName() : QString());
+    m_ui->VersionMajor->setValue(m_design ? m_design->versionMajor() : 0);
+    m_ui->VersionMinor->setValue(m_design ? m_design->versionMinor() : 0);
     const QString changes = m_design ? m_design->versionChanges() : QString();
     // Setting the same text would move the cursor of a user who is typing.
-    if (m_changes->toPlainText() != changes)
-        m_changes->setPlainText(changes);
+    if (m_ui->VersionChanges->toPlainText() != changes)
+        m_ui->VersionChanges->setPlainText(changes);
 
     const bool editable = m_design && !m_design->isLocked() && !m_design->isReadOnly();
-    m_major->setEnabled(editable);
-    m_minor->setEnabled(editable);
+    m_ui->VersionMajor->setEnabled(editable);
+    m_ui->VersionMinor->setEnabled(editable);
     // Read-only rather than disabled, so that it can be scrolled and copied.
-    m_changes->setReadOnly(!editable);
-    m_changes->setEnabled(m_design);
+    m_ui->VersionChanges->setReadOnly(!editable);
+    m_ui->VersionChanges->setEnabled(m_design);
     QPalette colours = palette();
     if (!editable)
         colours.setBrush(QPalette::Base, colours.window());
-    m_changes->setPalette(colours);
-}
-
-void DesignDetails::takeMajor(int number)
-{
-    if (m_design)
-        m_design->setVersion(number, m_design->versionMinor());
-}
-
-void DesignDetails::takeMinor(int number)
-{
-    if (m_design)
-        m_design->setVersion(m_design->versionMajor(), number);
-}
-
-void DesignDetails::takeChanges()
-{
-    if (m_design)
-        m_design->setVersionChanges(m_changes->toPlainText());
+    m_ui->VersionChanges->setPalette(colours);
 }

@@ -6,9 +6,11 @@
 #include <QPointer>
 #include <QWidget>
 
-class QLabel;
-class QPlainTextEdit;
-class QSpinBox;
+#include <memory>
+
+namespace Ui {
+class DesignDetails;
+}
 
 /// Shows and edits what a design says of itself: its type, its version, and what is new in that.
 ///
@@ -18,22 +20,16 @@ class DesignDetails : public QWidget {
 
 public:
     explicit DesignDetails(QWidget* parent = nullptr);
+    ~DesignDetails() override;
 
     /// \p design may be null, and stays its owner's.
     void setDesign(OrvanticCore::Design* design);
 
 private:
-    QSpinBox* makeSpinBox(const QString& name);
     void show();
-    void takeMajor(int number);
-    void takeMinor(int number);
-    void takeChanges();
 
+    std::unique_ptr<Ui::DesignDetails> m_ui;
     QPointer<OrvanticCore::Design> m_design;
-    QLabel* m_type;
-    QSpinBox* m_major;
-    QSpinBox* m_minor;
-    QPlainTextEdit* m_changes;
 };
 
 #endif

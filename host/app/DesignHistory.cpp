@@ -7,98 +7,66 @@
 #include <QtilitiesCoreGui/TreeNode.h>
 
 #include <QMap>
-#include <QStringList>
+#include <QPair>
 #include <QUndoStack>
-
-#include <algorithm>
-#include <memory>
+#include <QVariant>
 
 using OrvanticCore::Design;
 using OrvanticCore::DesignFile;
 using OrvanticCore::DesignFolder;
 using OrvanticCore::DesignProperty;
+using Qtilities::Core::QtilitiesCategory;
 
 namespace {
 
-struct FileRecord {
-    QString node;
-    bool isGenerated = false;
-    QString version;
+enum Kind { File, Folder, Property };
+/// The path of a file or a folder, the name of a property.
+using Key = QPair<Kind, QString>;
+/// What can be undone of a design: each item with what is noted about it.
+using Snapshot = QMap<Key, QVariantList>;
 
-    bool operator==(const FileRecord& other) const
-    {
-        return node == other.node && isGenerated == other.isGenerated && version == other.version;
-    }
-};
-
-bool isSame(const DesignProperty& left, const DesignProperty& right)
-{
-    return left.value == right.value && left.value.isValid() == right.value.isValid() &&
-           left.category == right.category;
-}
-
-struct Snapshot {
-    QMap<QString, FileRecord> files;
-    QStringList folders;
-    QMap<QString, DesignProperty> properties;
-};
+/// Of the levels of a category: a character that cannot be typed into one.
+const QString Separator(QChar::Null);
 
 Snapshot snapshotOf(const Design& design)
 {
-    Snapshot snapshot;
+    Snapshot items;
     for (const DesignFile* file : design.files())
-        snapshot.files[file->filePath()] = {file->customNode(), file->isGenerated(),
-                                            file->versionAssociation()};
+        items[{File, file->filePath()}] = {file->customNode(), file->isGenerated(),
+                                           file->versionAssociation()};
     for (const DesignFolder* folder : design.folders())
-        snapshot.folders << folder->folderPath();
+        items[{Folder, folder->folderPath()}] = {};
+    // An empty value and no value are equal, but not the same.
     for (const DesignProperty& property : design.designProperties())
-        snapshot.properties[property.name] = property;
-    return snapshot;
+        items[{Property, property.name}] = {property.value, property.value.isValid(),
+                                            property.category.toString(Separator)};
+    return items;
 }
 
-DesignFolder* folderAt(const Design& design, const QString& path)
+void remove(Design* design, const Key& key)
 {
-    for (DesignFolder* folder : design.folders()) {
-        if (folder->folderPath() == path)
-            return folder;
-    }
-    return nullptr;
-}
-
-void applyFiles(Design* design, const Snapshot& from, const Snapshot& to)
-{
-    for (const QString& path : from.files.keys()) {
-        if (!to.files.contains(path))
-            design->removeFile(design->fileAt(path));
-    }
-    for (const QString& path : to.files.keys()) {
-        const FileRecord wanted = to.files[path];
-        if (from.files.contains(path) && from.files[path] == wanted)
-            continue;
-        DesignFile* const file = design->restoreFile(path);
-        file->setCustomNode(wanted.node);
-        file->setIsGenerated(wanted.isGenerated);
-        file->setVersionAssociation(wanted.version);
-    }
-    for (const QString& path : from.folders) {
-        if (!to.folders.contains(path))
-            design->removeFolder(folderAt(*design, path));
-    }
-    for (const QString& path : to.folders) {
-        if (!from.folders.contains(path))
-            design->restoreFolder(path);
+    if (key.first == File)
+        design->removeFile(design->fileAt(key.second));
+    if (key.first == Property)
+        design->removeDesignProperty(key.second);
+    for (DesignFolder* folder : design->folders()) {
+        if (key == Key(Folder, folder->folderPath()))
+            design->removeFolder(folder);
     }
 }
 
-void applyProperties(Design* design, const Snapshot& from, const Snapshot& to)
+void restore(Design* design, const Key& key, const QVariantList& noted)
 {
-    for (const QString& name : from.properties.keys()) {
-        if (!to.properties.contains(name))
-            design->removeDesignProperty(name);
-    }
-    for (const DesignProperty& wanted : to.properties) {
-        if (!from.properties.contains(wanted.name) || !isSame(from.properties[wanted.name], wanted))
-            design->setDesignProperty(wanted.name, wanted.value, wanted.category);
+    if (key.first == File) {
+        DesignFile* const file = design->restoreFile(key.second);
+        file->setCustomNode(noted.at(0).toString());
+        file->setIsGenerated(noted.at(1).toBool());
+        file->setVersionAssociation(noted.at(2).toString());
+    } else if (key.first == Folder) {
+        design->restoreFolder(key.second);
+    } else {
+        design->setDesignProperty(key.second, noted.at(0),
+                                  QtilitiesCategory(noted.at(2).toString(), Separator));
     }
 }
 
@@ -108,16 +76,6 @@ public:
                   const Snapshot& after)
         : QUndoCommand(text), m_design(design), m_before(before), m_after(after)
     {
-    }
-
-    bool changesNothing() const
-    {
-        return m_before.files == m_after.files && m_before.folders == m_after.folders &&
-               std::equal(m_before.properties.begin(), m_before.properties.end(),
-                          m_after.properties.begin(), m_after.properties.end(),
-                          [](const DesignProperty& left, const DesignProperty& right) {
-                              return left.name == right.name && isSame(left, right);
-                          });
     }
 
     void undo() override { apply(m_after, m_before); }
@@ -133,8 +91,14 @@ private:
     void apply(const Snapshot& from, const Snapshot& to)
     {
         m_design->tree()->startProcessingCycle();
-        applyFiles(m_design, from, to);
-        applyProperties(m_design, from, to);
+        for (const Key& key : from.keys()) {
+            if (!to.contains(key))
+                remove(m_design, key);
+        }
+        for (const Key& key : to.keys()) {
+            if (!from.contains(key) || from[key] != to[key])
+                restore(m_design, key, to[key]);
+        }
         m_design->tree()->endProcessingCycle();
     }
 
@@ -157,8 +121,8 @@ void DesignHistory::record(Design* design, const QString& text, const std::funct
 {
     const Snapshot before = snapshotOf(*design);
     change();
+    const Snapshot after = snapshotOf(*design);
     QUndoStack* const history = of(design);
-    auto command = std::make_unique<ChangeCommand>(design, text, before, snapshotOf(*design));
-    if (history && !command->changesNothing())
-        history->push(command.release());
+    if (history && before != after)
+        history->push(new ChangeCommand(design, text, before, after));
 }

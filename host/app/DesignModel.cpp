@@ -8,18 +8,18 @@
 #include <OrvanticCore/DesignFolder.h>
 #include <OrvanticCore/DesignStructure.h>
 
-#include <QDir>
-#include <QFileInfo>
 #include <QMimeData>
 #include <QUrl>
-
-#include <algorithm>
 
 using OrvanticCore::Design;
 using OrvanticCore::DesignFile;
 using OrvanticCore::DesignFolder;
 
 namespace {
+
+/// Rather than a notification: it also works for network drives, and for folders that are moved,
+/// replaced or made later.
+constexpr int LookIntervalMs = 500;
 
 DesignRows::Row rowOf(const QStandardItemModel& model, const QModelIndex& index)
 {
@@ -29,24 +29,14 @@ DesignRows::Row rowOf(const QStandardItemModel& model, const QModelIndex& index)
     return row;
 }
 
-/// \p folder or, while it does not exist, the nearest existing one above it, which reports its
-/// creation.
-QString existingFolder(const QString& folder)
-{
-    QString existing = folder;
-    while (!QFileInfo(existing).isDir() && !QDir(existing).isRoot())
-        existing = QFileInfo(existing).absolutePath();
-    return existing;
-}
-
 } // namespace
 
 DesignModel::DesignModel(QObject* parent) : QStandardItemModel(0, ColumnCount, parent)
 {
     setHorizontalHeaderLabels({tr("Name"), tr("State"), tr("Version"), tr("Size"), tr("Changed")});
     horizontalHeaderItem(SizeColumn)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &DesignModel::followFolder);
-    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &DesignModel::followFile);
+    connect(&m_lookAtDisk, &QTimer::timeout, this, &DesignModel::refreshFromDisk);
+    m_lookAtDisk.start(LookIntervalMs);
 }
 
 void DesignModel::addDesign(Design* design)
@@ -54,7 +44,6 @@ void DesignModel::addDesign(Design* design)
     const DesignRows::Row row = DesignRows::forDesign(design);
     appendRow(row);
     DesignRows::fill(row.first(), *design);
-    watchFolders();
 
     connect(design, &Design::filesChanged, this, [this, design] { rebuild(design); });
     connect(design, &Design::modifiedChanged, this, [this, design] { refreshDesign(design); });
@@ -69,7 +58,6 @@ void DesignModel::removeDesign(Design* design)
 {
     disconnect(design, nullptr, this, nullptr);
     removeRow(indexOf(design).row());
-    watchFolders();
 }
 
 Design* DesignModel::designAt(const QModelIndex& index) const
@@ -77,17 +65,17 @@ Design* DesignModel::designAt(const QModelIndex& index) const
     QModelIndex top = index;
     while (top.parent().isValid())
         top = top.parent();
-    return DesignRows::designOf(top.siblingAtColumn(NameColumn).data(DesignRows::SubjectRole));
+    return DesignRows::subjectOf<Design>(top);
 }
 
 DesignFile* DesignModel::fileAt(const QModelIndex& index) const
 {
-    return DesignRows::fileOf(index.siblingAtColumn(NameColumn).data(DesignRows::SubjectRole));
+    return DesignRows::subjectOf<DesignFile>(index);
 }
 
 DesignFolder* DesignModel::folderAt(const QModelIndex& index) const
 {
-    return DesignRows::folderOf(index.siblingAtColumn(NameColumn).data(DesignRows::SubjectRole));
+    return DesignRows::subjectOf<DesignFolder>(index);
 }
 
 bool DesignModel::isNode(const QModelIndex& index) const
@@ -145,39 +133,10 @@ QModelIndex DesignModel::indexOf(const DesignFile* file) const
 
 void DesignModel::refreshFromDisk()
 {
-    // First, or changes in a folder that has just come back would be missed.
-    watchFolders();
     for (int row = 0; row < rowCount(); ++row) {
         DesignStorage::refreshReadOnly(designAt(index(row, NameColumn)));
         refreshDesign(designAt(index(row, NameColumn)));
         refreshRows(index(row, NameColumn));
-    }
-}
-
-void DesignModel::followFile(const QString& path)
-{
-    // It may have gone with its folder, which another one may have replaced.
-    if (!QFileInfo::exists(path)) {
-        const QString folder = QFileInfo(path).absolutePath();
-        forgetFoldersBelow(folder);
-        m_watcher.removePath(folder);
-    }
-    refreshFromDisk();
-}
-
-void DesignModel::followFolder(const QString& folder)
-{
-    forgetFoldersBelow(folder);
-    refreshFromDisk();
-}
-
-void DesignModel::forgetFoldersBelow(const QString& folder)
-{
-    // At any depth: the reports of a folder that is no longer watched are dropped, and one of them
-    // may have been that a folder in it was replaced.
-    for (const QString& watched : m_watcher.directories()) {
-        if (watched.startsWith(folder + '/'))
-            m_watcher.removePath(watched);
     }
 }
 
@@ -187,7 +146,6 @@ void DesignModel::rebuild(Design* design)
     QStandardItem* const top = itemFromIndex(indexOf(design));
     top->removeRows(0, top->rowCount());
     DesignRows::fill(top, *design);
-    watchFolders();
     emit rebuilt();
 }
 
@@ -205,67 +163,5 @@ void DesignModel::refreshRows(const QModelIndex& parent)
         else if (const DesignFolder* const folder = folderAt(child))
             DesignRows::refresh(rowOf(*this, child), *folder);
         refreshRows(child);
-    }
-}
-
-void DesignModel::watchFolders()
-{
-    QStringList folders;
-    // Again when one was made while the folder above it was not watched yet.
-    do {
-        folders = foldersToWatch();
-        watch(folders, m_watcher.directories());
-    } while (folders != foldersToWatch());
-    watch(filesToWatch(), m_watcher.files());
-}
-
-QStringList DesignModel::foldersToWatch() const
-{
-    QStringList folders;
-    for (int row = 0; row < rowCount(); ++row) {
-        const Design* const design = designAt(index(row, NameColumn));
-        folders << design->workingFolderPath();
-        for (const DesignFile* file : design->files())
-            folders << QFileInfo(file->filePath()).absolutePath();
-        for (const DesignFolder* folder : design->folders())
-            folders << QFileInfo(folder->folderPath()).absolutePath();
-    }
-    folders.removeDuplicates();
-    QStringList existing;
-    for (const QString& folder : folders) {
-        // A folder does not report its own move; the one above it does.
-        existing << existingFolder(folder) << existingFolder(QFileInfo(folder).absolutePath());
-    }
-    existing.removeDuplicates();
-    return existing;
-}
-
-QStringList DesignModel::filesToWatch() const
-{
-    // A file that is written in place is no change of its folder.
-    QStringList files;
-    for (int row = 0; row < rowCount(); ++row) {
-        const Design* const design = designAt(index(row, NameColumn));
-        files << DesignStorage::descriptionPath(design->workingFolderPath());
-        for (const DesignFile* file : design->files())
-            files << file->filePath();
-    }
-    files.removeDuplicates();
-    files.erase(std::remove_if(files.begin(), files.end(),
-                               [](const QString& file) { return !QFileInfo(file).isFile(); }),
-                files.end());
-    return files;
-}
-
-void DesignModel::watch(const QStringList& paths, const QStringList& watched)
-{
-    // Only the difference: removing a folder drops its reports that are under way.
-    for (const QString& path : watched) {
-        if (!paths.contains(path))
-            m_watcher.removePath(path);
-    }
-    for (const QString& path : paths) {
-        if (!watched.contains(path))
-            m_watcher.addPath(path);
     }
 }

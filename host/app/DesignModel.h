@@ -1,8 +1,8 @@
 #ifndef HOST_APP_DESIGNMODEL_H
 #define HOST_APP_DESIGNMODEL_H
 
-#include <QFileSystemWatcher>
 #include <QStandardItemModel>
+#include <QTimer>
 
 namespace OrvanticCore {
 class Design;
@@ -12,8 +12,7 @@ class DesignFolder;
 
 /// The open designs as a tree: under each design the nodes of its structure, under these the files.
 ///
-/// It follows the designs, and the folders of their files on the disk, also those that come up or
-/// come back later.
+/// It follows the designs, and looks at their files on the disk twice a second.
 class DesignModel : public QStandardItemModel {
     Q_OBJECT
 
@@ -62,20 +61,11 @@ signals:
     void rebuilt();
 
 private:
-    void followFile(const QString& path);
-    void followFolder(const QString& folder);
     void rebuild(OrvanticCore::Design* design);
     void refreshDesign(OrvanticCore::Design* design);
     void refreshRows(const QModelIndex& parent);
-    /// Ends the watch of all folders below \p folder, since each may have been replaced while the
-    /// old one is still watched at its new place. watchFolders() watches them again.
-    void forgetFoldersBelow(const QString& folder);
-    void watchFolders();
-    QStringList foldersToWatch() const;
-    QStringList filesToWatch() const;
-    void watch(const QStringList& paths, const QStringList& watched);
 
-    QFileSystemWatcher m_watcher;
+    QTimer m_lookAtDisk;
 };
 
 #endif

@@ -19,7 +19,6 @@
 #include <QFileInfo>
 #include <QLocale>
 #include <QMap>
-#include <QPointer>
 
 #include <algorithm>
 
@@ -46,17 +45,9 @@ DesignRows::Row makeRow(const QString& name, const QIcon& icon, const QString& k
     return row;
 }
 
-/// Guarded: a row may outlive its subject while a processing cycle delays the changes.
-template <class Subject>
-void setSubject(const DesignRows::Row& row, Subject* subject)
+void setSubject(const DesignRows::Row& row, QObject* subject)
 {
     row.first()->setData(QVariant::fromValue(QPointer<QObject>(subject)), DesignRows::SubjectRole);
-}
-
-template <class Subject>
-Subject* subjectOf(const QVariant& subject)
-{
-    return qobject_cast<Subject*>(subject.value<QPointer<QObject>>().data());
 }
 
 /// Lets extensions replace what the host itself shows in the first column.
@@ -131,17 +122,24 @@ void DesignRows::refresh(const Row& row, const Design& design)
 
 void DesignRows::refresh(const Row& row, const DesignFile& file)
 {
+    const QString state = FileState::words(file).join(", ");
+    const QString toolTip = FileState::toolTip(file);
+    QStandardItem* const stateItem = row.at(DesignModel::StateColumn);
+    QStandardItem* const versionItem = row.at(DesignModel::VersionColumn);
+    // Asked for twice a second: what is as it was is not painted again.
+    if (stateItem->text() == state && stateItem->toolTip() == toolTip &&
+        versionItem->text() == file.versionAssociation())
+        return;
     const QFileInfo info(file.filePath());
     row.first()->setIcon(info.exists() ? FileIcons::forFile(file.fileName())
                                        : FileIcons::forMissing());
-    row.at(DesignModel::StateColumn)->setText(FileState::words(file).join(", "));
-    row.at(DesignModel::VersionColumn)->setText(file.versionAssociation());
+    stateItem->setText(state);
+    versionItem->setText(file.versionAssociation());
     row.at(DesignModel::SizeColumn)
         ->setText(info.exists() ? QLocale().formattedDataSize(info.size()) : QString());
     row.at(DesignModel::SizeColumn)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     row.at(DesignModel::DateColumn)
         ->setText(info.exists() ? info.lastModified().toString("yyyy-MM-dd HH:mm") : QString());
-    const QString toolTip = FileState::toolTip(file);
     for (QStandardItem* item : row)
         item->setToolTip(toolTip);
     applyRoleData(row.first(), [&file](IDesignViewExtensions* extension, int role) {
@@ -152,8 +150,11 @@ void DesignRows::refresh(const Row& row, const DesignFile& file)
 void DesignRows::refresh(const Row& row, const DesignFolder& folder)
 {
     const bool exists = QDir(folder.folderPath()).exists();
+    const QString state = exists ? tr("Folder") : tr("Folder, Missing");
+    if (row.at(DesignModel::StateColumn)->text() == state)
+        return;
     row.first()->setIcon(exists ? FileIcons::forFolder() : FileIcons::forMissing());
-    row.at(DesignModel::StateColumn)->setText(exists ? tr("Folder") : tr("Folder, Missing"));
+    row.at(DesignModel::StateColumn)->setText(state);
 }
 
 void DesignRows::fill(QStandardItem* top, const Design& design)
@@ -186,15 +187,6 @@ QStringList DesignRows::nodeNames(const TreeNode* node)
         names << below->getName() << nodeNames(below);
     }
     return names;
-}
-
-Design* DesignRows::designOf(const QVariant& subject) { return subjectOf<Design>(subject); }
-
-DesignFile* DesignRows::fileOf(const QVariant& subject) { return subjectOf<DesignFile>(subject); }
-
-DesignFolder* DesignRows::folderOf(const QVariant& subject)
-{
-    return subjectOf<DesignFolder>(subject);
 }
 
 QString DesignRows::keyOf(const Design& design) { return design.workingFolderPath() + "::"; }

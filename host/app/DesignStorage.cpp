@@ -31,6 +31,9 @@ bool writeAll(QIODevice* device, const QByteArray& bytes)
     return true;
 }
 
+/// Of a description: many thousands of files. A larger one is none, and would take the memory.
+constexpr qint64 MaximumBytes = 16 * 1024 * 1024;
+
 /// Where a design keeps the bytes of its description as they were last seen on the disk.
 const char SeenProperty[] = "host.description";
 
@@ -59,6 +62,16 @@ bool DesignStorage::hasDescription(const QString& folder)
 std::unique_ptr<Design> DesignStorage::load(const QString& folder, QString* error)
 {
     const QString path = descriptionPath(folder);
+    const QFileInfo info(path);
+    // To open a pipe would wait for another program, and the host with it.
+    if (info.exists() && !info.isFile()) {
+        *error = fileProblem(path, tr("it is not a file"));
+        return nullptr;
+    }
+    if (info.size() > MaximumBytes) {
+        *error = fileProblem(path, tr("it is too large: %1 bytes").arg(info.size()));
+        return nullptr;
+    }
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         *error = fileProblem(path, file.errorString());
@@ -85,7 +98,7 @@ std::unique_ptr<Design> DesignStorage::load(const QString& folder, QString* erro
         design->setProperty(SeenProperty, bytes);
         return design;
     } catch (const JsonError& wrong) {
-        *error = fileProblem(path, QString("%1: %2").arg(wrong.place(), wrong.reason()));
+        *error = fileProblem(path, wrong.text());
         return nullptr;
     }
 }
@@ -117,8 +130,8 @@ bool DesignStorage::isChangedOnDisk(const Design& design)
     // In place of a description that is gone nothing can be lost.
     if (!QFileInfo(file).isFile())
         return false;
-    return !file.open(QIODevice::ReadOnly) ||
-           file.readAll() != design.property(SeenProperty).toByteArray();
+    const QByteArray seen = design.property(SeenProperty).toByteArray();
+    return file.size() != seen.size() || !file.open(QIODevice::ReadOnly) || file.readAll() != seen;
 }
 
 void DesignStorage::refreshReadOnly(Design* design)

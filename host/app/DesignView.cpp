@@ -29,33 +29,14 @@ DesignView::DesignView(DesignModel* model, QWidget* parent) : QTreeView(parent),
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setDragDropMode(QAbstractItemView::DragOnly);
     setTextElideMode(Qt::ElideMiddle);
-    // Names get the room that the other columns leave; see fitNames().
-    header()->setStretchLastSection(false);
-    header()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 6);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    header()->setSectionResizeMode(DesignModel::NameColumn, QHeaderView::Fixed);
 
     connect(model, &DesignModel::aboutToRebuild, this, &DesignView::rememberRows);
     connect(model, &DesignModel::rebuilt, this, &DesignView::restoreRows);
-    // Later: measuring lays the rows out, which must not happen while they change.
-    m_fitting.setSingleShot(true);
-    connect(&m_fitting, &QTimer::timeout, this, &DesignView::fitNames);
-    connect(header(), &QHeaderView::sectionResized, this, [this](int column) {
-        if (column != DesignModel::NameColumn)
-            m_fitting.start();
-    });
-    connect(model, &DesignModel::dataChanged, this, [this] { m_fitting.start(); });
-    connect(this, &QTreeView::expanded, this, [this] { m_fitting.start(); });
     connect(this, &QTreeView::collapsed, this,
             [this](const QModelIndex& index) { m_collapsed.insert(keyOf(index)); });
     connect(this, &QTreeView::expanded, this,
             [this](const QModelIndex& index) { m_collapsed.remove(keyOf(index)); });
-}
-
-void DesignView::setMenuActions(const QList<QAction*>& forFiles, const QList<QAction*>& forDesigns)
-{
-    m_fileActions = forFiles;
-    m_designActions = forDesigns;
 }
 
 Design* DesignView::currentDesign() const
@@ -162,23 +143,6 @@ QMenu* DesignView::makeMenu(const QModelIndex& index)
         menu->addSeparator();
     menu->addActions(ofDesign ? m_designActions : m_fileActions);
     return menu;
-}
-
-void DesignView::resizeEvent(QResizeEvent* event)
-{
-    QTreeView::resizeEvent(event);
-    m_fitting.start();
-}
-
-void DesignView::fitNames()
-{
-    int others = 0;
-    for (int column = DesignModel::NameColumn + 1; column < header()->count(); ++column)
-        others += header()->sectionSize(column);
-    // A view too narrow for all columns is scrolled: a name that is cut off is of no use.
-    header()->resizeSection(
-        DesignModel::NameColumn,
-        qMax(sizeHintForColumn(DesignModel::NameColumn), viewport()->width() - others));
 }
 
 void DesignView::rememberRows()

@@ -2,7 +2,6 @@
 #define HOST_APP_DESIGNVIEW_H
 
 #include <QSet>
-#include <QTimer>
 #include <QTreeView>
 
 class DesignModel;
@@ -23,7 +22,8 @@ public:
     explicit DesignView(DesignModel* model, QWidget* parent = nullptr);
 
     /// The host's own actions in the menus of files and folders, and of designs and nodes.
-    void setMenuActions(const QList<QAction*>& forFiles, const QList<QAction*>& forDesigns);
+    void setFileActions(const QList<QAction*>& actions) { m_fileActions = actions; }
+    void setDesignActions(const QList<QAction*>& actions) { m_designActions = actions; }
 
     /// The design of the current item; null when there is no current item and not exactly one
     /// design is open.
@@ -49,20 +49,17 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
-    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void showMenu(const QPoint& place);
     /// The middle of the current row, which is made visible.
     QPoint placeOfCurrent();
     QMenu* makeMenu(const QModelIndex& index);
-    void fitNames();
     void rememberRows();
     void restoreRows();
     QString keyOf(const QModelIndex& index) const;
 
     DesignModel* m_model;
-    QTimer m_fitting;
     QList<QAction*> m_fileActions;
     QList<QAction*> m_designActions;
     /// Keys of the rows that the user has folded.

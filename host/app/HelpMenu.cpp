@@ -1,39 +1,70 @@
 #include "host/app/HelpMenu.h"
 
+#include "host/app/Commands.h"
 #include "host/app/common/PlainMessageBox.h"
-#include "host/app/HelpWindow.h"
+#include "host/app/common/WindowPlace.h"
 #include "host/app/PluginList.h"
 
+#include <QAction>
 #include <QCoreApplication>
+#include <QDesktopServices>
 #include <QMainWindow>
 #include <QMenu>
+#include <QTextBrowser>
+#include <QToolBar>
 
-HelpMenu::HelpMenu(QMenu* menu, QMainWindow* window) : QObject(window), m_window(window)
+namespace {
+
+/// The guide is part of the program.
+const char FirstPage[] = "qrc:/guide/README.md";
+
+} // namespace
+
+HelpMenu::HelpMenu(QMainWindow* window) : QObject(window), m_window(window)
 {
-    QAction* const guide = addCommand(menu, "Help.Guide", tr("&Guide"), &HelpMenu::showGuide);
-    menu->addSeparator();
-    addCommand(menu, "Help.About", tr("&About Pelk Design Host"), &HelpMenu::showAbout);
-    addCommand(menu, "Help.AboutPlugins", tr("About &Plug-ins"), &HelpMenu::showAboutPlugins);
-    guide->setShortcut(QKeySequence::HelpContents);
+    QAction* const guide = Commands::add("Help.Guide", tr("&Guide"), QKeySequence::HelpContents,
+                                         this, [this] { showGuide(); });
     // Windows of plug-ins have no help of their own.
     guide->setShortcutContext(Qt::ApplicationShortcut);
-}
-
-QAction* HelpMenu::addCommand(QMenu* menu, const char* id, const QString& text,
-                              void (HelpMenu::*slot)())
-{
-    // Of this object: the menus of the action manager outlive the window.
-    auto* const action = new QAction(text, this);
-    action->setObjectName(id);
-    connect(action, &QAction::triggered, this, slot);
-    menu->addAction(action);
-    return action;
+    Commands::menu("Help")->addSeparator();
+    Commands::add("Help.About", tr("&About Pelk Design Host"), QKeySequence(), this,
+                  [this] { showAbout(); });
+    Commands::add("Help.AboutPlugins", tr("About &Plug-ins"), QKeySequence(), this,
+                  [this] { PluginList::showAbout(m_pluginFolders, m_window); });
 }
 
 void HelpMenu::showGuide()
 {
-    if (!m_guide)
-        m_guide = new HelpWindow(m_window);
+    if (!m_guide) {
+        m_guide = new QMainWindow(m_window);
+        m_guide->setObjectName("HelpWindow");
+        m_guide->setWindowTitle(tr("Guide"));
+        m_guide->setAttribute(Qt::WA_DeleteOnClose);
+        auto* const browser = new QTextBrowser(m_guide);
+        browser->setObjectName("HelpBrowser");
+        browser->setAccessibleName(tr("Guide"));
+        browser->setOpenLinks(false);
+        browser->document()->setDocumentMargin(m_window->fontMetrics().averageCharWidth() * 2);
+        browser->setSource(QUrl(FirstPage));
+        m_guide->setCentralWidget(browser);
+
+        QToolBar* const bar = m_guide->addToolBar(tr("Guide"));
+        bar->setMovable(false);
+        QAction* const back = bar->addAction(tr("Back"), browser, &QTextBrowser::backward);
+        back->setShortcut(QKeySequence::Back);
+        back->setEnabled(false);
+        bar->addAction(tr("Contents"), browser, [browser] { browser->setSource(QUrl(FirstPage)); });
+        connect(browser, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
+        // Pages that are not part of the program are shown by the desktop.
+        connect(browser, &QTextBrowser::anchorClicked, browser, [browser](const QUrl& link) {
+            const QUrl target = browser->source().resolved(link);
+            if (target.scheme() == "qrc")
+                browser->setSource(target);
+            else
+                QDesktopServices::openUrl(target);
+        });
+        resizeToScreen(m_guide, QSize(760, 640));
+    }
     m_guide->show();
     m_guide->raise();
     m_guide->activateWindow();
@@ -50,5 +81,3 @@ void HelpMenu::showAbout()
     box.setIconPixmap(m_window->windowIcon().pixmap(64));
     box.exec();
 }
-
-void HelpMenu::showAboutPlugins() { PluginList::showAbout(m_pluginFolders, m_window); }

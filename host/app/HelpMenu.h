@@ -5,30 +5,25 @@
 #include <QPointer>
 #include <QStringList>
 
-class HelpWindow;
-class QAction;
 class QMainWindow;
-class QMenu;
 
-/// The commands of the menu Help: the guide, and what host and plug-ins say of themselves.
+/// The commands of the menu Help: the guide, and what host and plug-ins report of themselves.
 class HelpMenu : public QObject {
     Q_OBJECT
 
 public:
-    /// \p menu and \p window stay their owners'.
-    HelpMenu(QMenu* menu, QMainWindow* window);
+    /// \p window stays its owner's. The menu "Help" must exist.
+    explicit HelpMenu(QMainWindow* window);
 
     void setPluginFolders(const QStringList& folders) { m_pluginFolders = folders; }
 
 private:
-    QAction* addCommand(QMenu* menu, const char* id, const QString& text, void (HelpMenu::*slot)());
     void showGuide();
     void showAbout();
-    void showAboutPlugins();
 
     QMainWindow* m_window;
     QStringList m_pluginFolders;
-    QPointer<HelpWindow> m_guide;
+    QPointer<QMainWindow> m_guide;
 };
 
 #endif

@@ -5,7 +5,6 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QMetaEnum>
-#include <QStandardItemModel>
 #include <QStyle>
 #include <QTime>
 
@@ -37,67 +36,53 @@ QString nameOf(Logger::MessageType type)
 
 } // namespace
 
-LogPane::LogPane(QWidget* parent)
-    : QTreeView(parent), m_messages(new QStandardItemModel(0, 3, this))
+LogPane::LogPane(QWidget* parent) : QTreeWidget(parent)
 {
     setObjectName("LogPane");
-    m_messages->setHorizontalHeaderLabels({tr("Time"), tr("Kind"), tr("Message")});
-    setModel(m_messages);
+    setAccessibleName(tr("Log"));
+    setHeaderLabels({tr("Time"), tr("Kind"), tr("Message")});
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setAlternatingRowColors(true);
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
     setAllColumnsShowFocus(true);
-    setColumnWidth(0, 90);
-    setColumnWidth(1, 100);
-    header()->setStretchLastSection(true);
-
     setSelectionMode(QAbstractItemView::ExtendedSelection);
-    setAccessibleName(tr("Log"));
-    addAction(tr("&Copy"), QKeySequence::Copy, &LogPane::copy);
-    addAction(tr("C&lear Log"), QKeySequence(), &LogPane::clear);
+    header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     setContextMenuPolicy(Qt::ActionsContextMenu);
-
+    QAction* const copyAction = addMenuAction(tr("&Copy"));
+    copyAction->setShortcut(QKeySequence::Copy);
+    copyAction->setShortcutContext(Qt::WidgetShortcut);
+    connect(copyAction, &QAction::triggered, this, &LogPane::copy);
+    connect(addMenuAction(tr("C&lear Log")), &QAction::triggered, this, &QTreeWidget::clear);
     connect(Logger::instance(), &Logger::newPriorityMessage, this, &LogPane::addMessage);
 }
 
-void LogPane::addAction(const QString& text, const QKeySequence& shortcut, void (LogPane::*slot)())
+QAction* LogPane::addMenuAction(const QString& text)
 {
     auto* const action = new QAction(text, this);
-    action->setShortcut(shortcut);
-    action->setShortcutContext(Qt::WidgetShortcut);
-    connect(action, &QAction::triggered, this, slot);
-    QWidget::addAction(action);
+    addAction(action);
+    return action;
 }
 
-QString LogPane::text() const
+void LogPane::copy()
 {
     QStringList lines;
-    for (int row = 0; row < m_messages->rowCount(); ++row) {
-        if (selectionModel()->hasSelection() &&
-            !selectionModel()->isRowSelected(row, QModelIndex()))
-            continue;
-        QStringList columns;
-        for (int column = 0; column < m_messages->columnCount(); ++column)
-            columns << m_messages->index(row, column).data().toString();
-        lines << columns.join('\t');
+    const bool all = selectedItems().isEmpty();
+    for (int row = 0; row < topLevelItemCount(); ++row) {
+        const QTreeWidgetItem* const item = topLevelItem(row);
+        if (all || item->isSelected())
+            lines << QStringList({item->text(0), item->text(1), item->text(2)}).join('\t');
     }
-    return lines.join('\n');
+    QApplication::clipboard()->setText(lines.join('\n'));
 }
-
-void LogPane::copy() { QApplication::clipboard()->setText(text()); }
-
-void LogPane::clear() { m_messages->removeRows(0, m_messages->rowCount()); }
 
 void LogPane::addMessage(Logger::MessageType type, const QString& text)
 {
-    if (m_messages->rowCount() == MaximumMessages)
-        m_messages->removeRow(0);
-
-    auto* const time = new QStandardItem(QTime::currentTime().toString("HH:mm:ss"));
-    auto* const kind = new QStandardItem(style()->standardIcon(symbolOf(type)), nameOf(type));
-    auto* const message = new QStandardItem(text);
-    message->setToolTip(text.toHtmlEscaped());
-    m_messages->appendRow({time, kind, message});
-    scrollToBottom();
+    if (topLevelItemCount() == MaximumMessages)
+        delete topLevelItem(0);
+    auto* const item =
+        new QTreeWidgetItem(this, {QTime::currentTime().toString("HH:mm:ss"), nameOf(type), text});
+    item->setIcon(1, style()->standardIcon(symbolOf(type)));
+    item->setToolTip(2, text.toHtmlEscaped());
+    scrollToItem(item);
 }

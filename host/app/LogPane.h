@@ -3,29 +3,20 @@
 
 #include <QtilitiesLogging/Logger.h>
 
-#include <QTreeView>
-
-class QStandardItemModel;
+#include <QTreeWidget>
 
 /// Lists the logger's priority messages, the newest last, each with its time and kind.
-class LogPane : public QTreeView {
+class LogPane : public QTreeWidget {
     Q_OBJECT
 
 public:
     explicit LogPane(QWidget* parent = nullptr);
 
-    /// The selected messages, or all when none is selected, a line each.
-    QString text() const;
-
-public slots:
-    void copy();
-    void clear();
-    void addMessage(Qtilities::Logging::Logger::MessageType type, const QString& text);
-
 private:
-    void addAction(const QString& text, const QKeySequence& shortcut, void (LogPane::*slot)());
-
-    QStandardItemModel* m_messages;
+    QAction* addMenuAction(const QString& text);
+    /// The selected messages, or all when none is selected, a line each.
+    void copy();
+    void addMessage(Qtilities::Logging::Logger::MessageType type, const QString& text);
 };
 
 #endif

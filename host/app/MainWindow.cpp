@@ -1,14 +1,15 @@
 #include "host/app/MainWindow.h"
 
+#include "host/app/Commands.h"
 #include "host/app/common/WindowPlace.h"
 #include "host/app/DesignCommands.h"
 #include "host/app/DesignDetails.h"
-#include "host/app/DesignFilters.h"
 #include "host/app/DesignModel.h"
 #include "host/app/DesignSession.h"
 #include "host/app/DesignView.h"
 #include "host/app/HelpMenu.h"
 #include "host/app/ImageInspector.h"
+#include "host/app/ItemCommands.h"
 #include "host/app/LogPane.h"
 #include "host/app/OpenDesigns.h"
 #include "host/app/PropertyEditor.h"
@@ -42,8 +43,6 @@
 
 using OrvanticCore::Design;
 using OrvanticCore::DesignManager;
-using Qtilities::CoreGui::ActionContainer;
-using Qtilities::CoreGui::Command;
 using Qtilities::CoreGui::QtilitiesApplication;
 
 namespace {
@@ -51,8 +50,6 @@ namespace {
 const QSize InitialSize(1160, 760);
 constexpr int PropertyWidth = 330;
 constexpr int LogHeight = 150;
-
-QMenu* menuNamed(const char* id) { return QtilitiesApplication::actionManager()->menu(id)->menu(); }
 
 } // namespace
 
@@ -115,8 +112,9 @@ void MainWindow::buildCentre()
     m_pages->addWidget(start);
     m_pages->addWidget(m_view);
     setCentralWidget(m_pages);
-    connect(start, &StartPage::newChosen, this, [this] { m_commands->newDesign(); });
-    connect(start, &StartPage::openChosen, this, [this] { m_commands->chooseDesign(); });
+    connect(start, &StartPage::chosen, this, [](const QString& command) {
+        QtilitiesApplication::actionManager()->command(command)->action()->trigger();
+    });
     connect(start, &StartPage::recentChosen, this, &MainWindow::openDesign);
 }
 
@@ -136,16 +134,13 @@ void MainWindow::buildMenus()
     const int iconSize = style()->pixelMetric(QStyle::PM_SmallIconSize);
     m_toolBar->setIconSize(QSize(iconSize, iconSize));
     m_toolBar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    m_commands = new DesignCommands(m_designs, m_session, m_model, m_view, this);
-    m_commands->addTo(m_toolBar);
-    m_help = new HelpMenu(menuNamed("Help"), this);
+    auto* const items = new ItemCommands(m_session, m_model, m_view, m_toolBar);
+    new DesignCommands(m_designs, m_session, m_view, items, m_toolBar, this);
+    connect(items, &ItemCommands::inspectionWanted, this, &MainWindow::inspect);
+    m_help = new HelpMenu(this);
 
-    ActionContainer* const file = actions->menu("File");
-    file->addSeparator();
-    Command* const quit =
-        actions->registerActionPlaceHolder("File.Quit", tr("&Quit"), QKeySequence("Ctrl+Q"));
-    connect(quit->action(), &QAction::triggered, this, &MainWindow::close);
-    file->addAction(quit);
+    Commands::menu("File")->addSeparator();
+    Commands::add("File.Quit", tr("&Quit"), QKeySequence("Ctrl+Q"), this, [this] { close(); });
 }
 
 QDockWidget* MainWindow::makeDock(const QString& name, const QString& title, QWidget* body)
@@ -171,22 +166,16 @@ void MainWindow::buildDocks()
     scrolled->setWidget(body);
     m_propertyDock = makeDock("PropertyDock", tr("Design Properties"), scrolled);
     m_inspectorDock = makeDock("InspectorDock", tr("Image"), new ImageInspector);
-    connect(m_commands, &DesignCommands::inspectionWanted, this, &MainWindow::inspect);
     m_logDock = makeDock("LogDock", tr("Log"), new LogPane);
     resetLayout();
 }
 
 void MainWindow::buildViewMenu()
 {
-    QMenu* const view = menuNamed("View");
+    QMenu* const view = Commands::menu("View");
     for (const QDockWidget* dock : {m_propertyDock, m_inspectorDock, m_logDock})
         view->addAction(dock->toggleViewAction());
     view->addAction(m_toolBar->toggleViewAction());
-    auto* const filters = new QMenu(tr("&Filters"), this);
-    view->addMenu(filters);
-    filters->setObjectName("FilterMenu");
-    filters->setToolTipsVisible(true);
-    new DesignFilters(m_model, m_view, filters);
     view->addSeparator();
     auto* const reset = new QAction(tr("&Reset Layout"), this);
     reset->setObjectName("View.ResetLayout");

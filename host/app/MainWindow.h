@@ -4,9 +4,7 @@
 #include <QMainWindow>
 #include <QStringList>
 
-class DesignCommands;
 class DesignDetails;
-class DesignFilters;
 class DesignModel;
 class DesignSession;
 class DesignView;
@@ -65,7 +63,6 @@ private:
     DesignModel* m_model;
     DesignView* m_view = nullptr;
     DesignSession* m_session = nullptr;
-    DesignCommands* m_commands = nullptr;
     DesignDetails* m_details = nullptr;
     PropertyEditor* m_properties = nullptr;
     HelpMenu* m_help = nullptr;

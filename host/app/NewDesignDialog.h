@@ -3,11 +3,11 @@
 
 #include <QDialog>
 
-class QComboBox;
-class QDialogButtonBox;
-class QLabel;
-class QLineEdit;
-class QSpinBox;
+#include <memory>
+
+namespace Ui {
+class NewDesignDialog;
+}
 
 /// Asks where a new design is to be made, and of which type and version.
 ///
@@ -17,6 +17,7 @@ class NewDesignDialog : public QDialog {
 
 public:
     explicit NewDesignDialog(const QString& folder, QWidget* parent = nullptr);
+    ~NewDesignDialog() override;
 
     /// An absolute path once the dialog is accepted.
     QString folder() const;
@@ -33,12 +34,7 @@ private:
     /// Lets only such a folder pass that has no design yet, and says why another does not.
     void check();
 
-    QLineEdit* m_folder;
-    QComboBox* m_type;
-    QSpinBox* m_major;
-    QSpinBox* m_minor;
-    QLabel* m_hint;
-    QDialogButtonBox* m_buttons;
+    std::unique_ptr<Ui::NewDesignDialog> m_ui;
 };
 
 #endif

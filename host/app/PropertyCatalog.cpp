@@ -1,9 +1,14 @@
 #include "host/app/PropertyCatalog.h"
 
+#include "fcf/FcfTarget.h"
+
+#include <OrvanticCore/Design.h>
+
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 
 #include <QSet>
 
+using OrvanticCore::Design;
 using Qtilities::Core::PropertySpecification;
 using Qtilities::Core::Interfaces::IAvailablePropertyProvider;
 using Qtilities::CoreGui::QtilitiesApplication;
@@ -35,4 +40,23 @@ PropertySpecification PropertyCatalog::find(const QObject* object, const QString
             return property;
     }
     return PropertySpecification();
+}
+
+QStringList PropertyCatalog::choices(const Design& design, const QString& property)
+{
+    const char moduleProperty[] = "ZORV Pelk Module";
+    QStringList values;
+    if (property == moduleProperty)
+        values = FcfTarget::modules();
+    if (property == "ZORV Pelk Device") {
+        values = FcfTarget::devicesOf(design.designProperty(moduleProperty).toString());
+        for (const QString& module : values.isEmpty() ? FcfTarget::modules() : QStringList())
+            values << FcfTarget::devicesOf(module);
+        values.removeDuplicates();
+    }
+    if (property == "ZORV Pelk Config Number") {
+        for (int number = FcfTarget::FirstSlot; number <= FcfTarget::LastSlot; ++number)
+            values << QString::number(number);
+    }
+    return values;
 }

@@ -2,83 +2,102 @@
 
 #include "host/app/DesignHistory.h"
 #include "host/app/PropertyCatalog.h"
-#include "host/app/PropertyDelegate.h"
 #include "host/app/PropertyModel.h"
+#include "ui_PropertyEditor.h"
 
 #include <QAction>
-#include <QBoxLayout>
-#include <QHeaderView>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QMenu>
-#include <QPushButton>
-#include <QTextBrowser>
-#include <QTreeView>
+#include <QStyledItemDelegate>
 
 using OrvanticCore::Design;
 using Qtilities::Core::PropertySpecification;
 using Qtilities::Core::QtilitiesCategory;
 
+namespace {
+
+/// Edits a value in a list that takes other texts too where there are choices, else in a line,
+/// whatever its type is: the model converts the text, and reports when it cannot.
+class ValueDelegate : public QStyledItemDelegate {
+public:
+    ValueDelegate(PropertyModel* model, QObject* parent)
+        : QStyledItemDelegate(parent), m_model(model)
+    {
+    }
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                          const QModelIndex& index) const override
+    {
+        auto* const line = new QLineEdit(parent);
+        QWidget* editor = line;
+        const QStringList choices = m_model->choicesAt(index);
+        if (!choices.isEmpty()) {
+            auto* const box = new QComboBox(parent);
+            box->setLineEdit(line);
+            box->setFrame(false);
+            box->setInsertPolicy(QComboBox::NoInsert);
+            box->addItems(choices);
+            // Completion would turn "GP" into "GPM" while "GP" is typed.
+            box->setCompleter(nullptr);
+            editor = box;
+        }
+        line->setFrame(false);
+        line->setAcceptDrops(false);
+        editor->setAccessibleName(m_model->nameAt(index));
+        return editor;
+    }
+
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::setEditorData(editor, index);
+        if (auto* const box = qobject_cast<QComboBox*>(editor)) {
+            const QString text = box->currentText();
+            box->setCurrentIndex(box->findText(text));
+            box->setEditText(text);
+            box->lineEdit()->selectAll();
+        }
+    }
+
+private:
+    PropertyModel* m_model;
+};
+
+} // namespace
+
 PropertyEditor::PropertyEditor(QWidget* parent)
-    : QWidget(parent), m_model(new PropertyModel(this)), m_view(buildView()),
-      m_menu(new QMenu(this)), m_add(new QPushButton(tr("&Add Property"), this)),
-      m_remove(new QPushButton(tr("&Remove"), this)), m_help(new QTextBrowser(this))
+    : QWidget(parent), m_ui(new Ui::PropertyEditor), m_model(new PropertyModel(this)),
+      m_menu(new QMenu(this))
 {
-    setObjectName("PropertyEditor");
+    m_ui->setupUi(this);
+    m_ui->PropertyView->setModel(m_model);
+    m_ui->PropertyView->setItemDelegate(new ValueDelegate(m_model, this));
+    m_ui->PropertyView->header()->setSectionResizeMode(PropertyModel::NameColumn,
+                                                       QHeaderView::ResizeToContents);
+    m_ui->PropertyHelp->viewport()->setAutoFillBackground(false);
     m_menu->setObjectName("AddPropertyMenu");
     m_menu->setToolTipsVisible(true);
-    m_add->setObjectName("AddPropertyButton");
-    m_add->setMenu(m_menu);
-    m_remove->setObjectName("RemovePropertyButton");
-    m_help->setObjectName("PropertyHelp");
-    m_help->setAccessibleName(tr("Help"));
-    m_help->setFrameShape(QFrame::NoFrame);
-    m_help->viewport()->setAutoFillBackground(false);
-    m_help->setTabChangesFocus(true);
-
-    auto* const buttons = new QHBoxLayout;
-    buttons->addWidget(m_add);
-    buttons->addWidget(m_remove);
-    buttons->addStretch();
-    auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_view, 1);
-    layout->addLayout(buttons);
-    layout->addWidget(m_help, 1);
+    m_ui->AddPropertyButton->setMenu(m_menu);
+    auto* const remove = new QAction(tr("Remove"), m_ui->PropertyView);
+    remove->setShortcut(QKeySequence::Delete);
+    remove->setShortcutContext(Qt::WidgetShortcut);
+    m_ui->PropertyView->addAction(remove);
 
     connect(m_menu, &QMenu::aboutToShow, this, &PropertyEditor::fillMenu);
     connect(m_menu, &QMenu::hovered, this,
-            [this](const QAction* action) { m_help->setHtml(action->toolTip()); });
-    connect(m_menu, &QMenu::aboutToHide, this, &PropertyEditor::showHelp);
-    connect(m_remove, &QPushButton::clicked, this, &PropertyEditor::removeCurrent);
-    connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QAction* action) { m_ui->PropertyHelp->setHtml(action->toolTip()); });
+    connect(m_menu, &QMenu::aboutToHide, this, &PropertyEditor::refresh);
+    connect(remove, &QAction::triggered, this, &PropertyEditor::removeCurrent);
+    connect(m_ui->RemovePropertyButton, &QPushButton::clicked, this,
+            &PropertyEditor::removeCurrent);
+    connect(m_ui->PropertyView->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &PropertyEditor::refresh);
-    connect(m_model, &QAbstractItemModel::modelReset, this, &PropertyEditor::refresh);
-    connect(m_model, &QAbstractItemModel::dataChanged, this, &PropertyEditor::showHelp);
-    connect(m_model, &PropertyModel::refused, this, &PropertyEditor::showRefusal);
+    connect(m_model, &QAbstractItemModel::dataChanged, this, &PropertyEditor::refresh);
+    connect(m_model, &PropertyModel::refused, this, &PropertyEditor::showHelp);
     refresh();
 }
 
-QTreeView* PropertyEditor::buildView()
-{
-    auto* const view = new QTreeView(this);
-    view->setObjectName("PropertyView");
-    view->setAccessibleName(tr("Properties"));
-    view->setModel(m_model);
-    view->setItemDelegate(new PropertyDelegate(m_model, view));
-    view->setRootIsDecorated(false);
-    view->setUniformRowHeights(true);
-    view->setAlternatingRowColors(true);
-    view->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::SelectedClicked |
-                          QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
-    view->header()->setStretchLastSection(true);
-    view->header()->setSectionResizeMode(PropertyModel::NameColumn, QHeaderView::ResizeToContents);
-
-    auto* const remove = new QAction(tr("Remove"), view);
-    remove->setShortcut(QKeySequence::Delete);
-    remove->setShortcutContext(Qt::WidgetShortcut);
-    connect(remove, &QAction::triggered, this, &PropertyEditor::removeCurrent);
-    view->addAction(remove);
-    return view;
-}
+PropertyEditor::~PropertyEditor() = default;
 
 void PropertyEditor::setDesign(Design* design)
 {
@@ -96,10 +115,11 @@ void PropertyEditor::setDesign(Design* design)
 void PropertyEditor::refresh()
 {
     const bool editable = m_design && !m_design->isLocked() && !m_design->isReadOnly();
-    m_view->setEnabled(m_design);
-    m_add->setEnabled(editable);
-    m_remove->setEnabled(editable && m_model->isRemovable(m_view->currentIndex().row()));
-    showHelp();
+    const QModelIndex current = m_ui->PropertyView->currentIndex();
+    m_ui->PropertyView->setEnabled(m_design);
+    m_ui->AddPropertyButton->setEnabled(editable);
+    m_ui->RemovePropertyButton->setEnabled(editable && m_model->isRemovable(current));
+    showHelp(m_model->warningAt(current));
 }
 
 void PropertyEditor::fillMenu()
@@ -129,32 +149,29 @@ void PropertyEditor::fillMenu()
 void PropertyEditor::addProperty(Design* design, const QString& name, const QVariant& value)
 {
     // The design may have been closed or locked since the choice.
-    if (!m_design || design != m_design || !m_add->isEnabled())
+    if (!m_design || design != m_design || !m_ui->AddPropertyButton->isEnabled())
         return;
     DesignHistory::record(m_design, tr("Add %1").arg(name),
                           [&] { m_design->setDesignProperty(name, value, QtilitiesCategory()); });
     const QModelIndex added = m_model->index(m_model->rowCount() - 1, PropertyModel::ValueColumn);
-    m_view->setFocus();
-    m_view->setCurrentIndex(added);
-    m_view->edit(added);
+    m_ui->PropertyView->setFocus();
+    m_ui->PropertyView->setCurrentIndex(added);
+    m_ui->PropertyView->edit(added);
 }
 
 void PropertyEditor::removeCurrent()
 {
-    const int row = m_view->currentIndex().row();
-    if (m_remove->isEnabled() && row >= 0)
-        DesignHistory::record(m_design, tr("Remove %1").arg(m_model->nameAt(row)),
-                              [&] { m_design->removeDesignProperty(m_model->nameAt(row)); });
+    const QString name = m_model->nameAt(m_ui->PropertyView->currentIndex());
+    if (m_ui->RemovePropertyButton->isEnabled())
+        DesignHistory::record(m_design, tr("Remove %1").arg(name),
+                              [&] { m_design->removeDesignProperty(name); });
 }
 
-void PropertyEditor::showHelp() { showText(m_model->warningAt(m_view->currentIndex().row())); }
-
-void PropertyEditor::showRefusal(const QString& reason) { showText(reason); }
-
-void PropertyEditor::showText(const QString& problem)
+void PropertyEditor::showHelp(const QString& problem)
 {
-    const QString description = m_model->descriptionAt(m_view->currentIndex().row());
-    m_help->setHtml(problem.isEmpty()
-                        ? description
-                        : QString("<p><b>%1</b></p>%2").arg(problem.toHtmlEscaped(), description));
+    const QString description = m_ui->PropertyView->currentIndex().data(Qt::ToolTipRole).toString();
+    m_ui->PropertyHelp->setHtml(
+        problem.isEmpty()
+            ? description
+            : QString("<p><b>%1</b></p>%2").arg(problem.toHtmlEscaped(), description));
 }

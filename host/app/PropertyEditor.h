@@ -6,11 +6,14 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <memory>
+
 class PropertyModel;
 class QMenu;
-class QPushButton;
-class QTextBrowser;
-class QTreeView;
+
+namespace Ui {
+class PropertyEditor;
+}
 
 /// Adds, edits and removes the properties of one design. What may be added is asked of the
 /// providers in the object pool each time.
@@ -22,28 +25,24 @@ class PropertyEditor : public QWidget {
 
 public:
     explicit PropertyEditor(QWidget* parent = nullptr);
+    ~PropertyEditor() override;
 
     /// \p design may be null, and stays its owner's.
     void setDesign(OrvanticCore::Design* design);
 
 private:
-    QTreeView* buildView();
     void refresh();
     void fillMenu();
     /// Adds nothing when \p design, for which the menu was made, is no longer the one shown.
     void addProperty(OrvanticCore::Design* design, const QString& name, const QVariant& value);
     void removeCurrent();
-    void showHelp();
-    void showRefusal(const QString& reason);
-    void showText(const QString& problem);
+    /// Shows the description of the current property, below \p problem unless that is empty.
+    void showHelp(const QString& problem);
 
+    std::unique_ptr<Ui::PropertyEditor> m_ui;
     QPointer<OrvanticCore::Design> m_design;
     PropertyModel* m_model;
-    QTreeView* m_view;
     QMenu* m_menu;
-    QPushButton* m_add;
-    QPushButton* m_remove;
-    QTextBrowser* m_help;
 };
 
 #endif

@@ -2,7 +2,6 @@
 
 #include "host/app/DesignHistory.h"
 #include "host/app/PropertyCatalog.h"
-#include "host/app/PropertyChoices.h"
 
 #include <QApplication>
 #include <QStyle>
@@ -11,7 +10,10 @@ using OrvanticCore::Design;
 using OrvanticCore::DesignProperty;
 using Qtilities::Core::PropertySpecification;
 
-PropertyModel::PropertyModel(QObject* parent) : QAbstractTableModel(parent) {}
+PropertyModel::PropertyModel(QObject* parent) : QStandardItemModel(0, ColumnCount, parent)
+{
+    setHorizontalHeaderLabels({tr("Property"), tr("Value")});
+}
 
 void PropertyModel::setDesign(Design* design)
 {
@@ -19,84 +21,77 @@ void PropertyModel::setDesign(Design* design)
         return;
     if (m_design)
         disconnect(m_design, nullptr, this, nullptr);
-    beginResetModel();
     m_design = design;
-    m_properties = design ? design->designProperties() : QList<DesignProperty>();
-    endResetModel();
     if (design)
-        connect(design, &Design::propertiesChanged, this, &PropertyModel::takeProperties);
+        connect(design, &Design::propertiesChanged, this, &PropertyModel::load);
+    setRowCount(0);
+    load();
 }
 
-QString PropertyModel::descriptionAt(int row) const
+void PropertyModel::load()
 {
-    return m_design && row >= 0 ? PropertyCatalog::find(m_design, nameAt(row)).d_description
-                                : QString();
+    const QList<DesignProperty> properties =
+        m_design ? m_design->designProperties() : QList<DesignProperty>();
+    bool hasSameNames = properties.count() == rowCount();
+    for (int row = 0; hasSameNames && row < rowCount(); ++row)
+        hasSameNames = properties.at(row).name == nameAt(index(row, NameColumn));
+    // Views keep their place when only values have changed.
+    if (!hasSameNames)
+        setRowCount(0);
+    setRowCount(properties.count());
+    for (int row = 0; row < rowCount(); ++row) {
+        const DesignProperty& property = properties.at(row);
+        const QModelIndex name = index(row, NameColumn);
+        const QModelIndex value = index(row, ValueColumn);
+        const QString description = PropertyCatalog::find(m_design, property.name).d_description;
+        QStandardItemModel::setData(name, property.name, Qt::EditRole);
+        QStandardItemModel::setData(name, description, Qt::ToolTipRole);
+        QStandardItemModel::setData(value, property.value, Qt::EditRole);
+        QStandardItemModel::setData(value, description, Qt::ToolTipRole);
+        const QIcon warning = QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
+        QStandardItemModel::setData(value, warningAt(value).isEmpty() ? QVariant() : warning,
+                                    Qt::DecorationRole);
+    }
 }
 
-QStringList PropertyModel::choicesAt(int row) const
+QStringList PropertyModel::choicesAt(const QModelIndex& index) const
 {
-    return m_design ? PropertyChoices::valuesOf(*m_design, nameAt(row)) : QStringList();
+    return m_design ? PropertyCatalog::choices(*m_design, nameAt(index)) : QStringList();
 }
 
-QString PropertyModel::warningAt(int row) const
+QString PropertyModel::warningAt(const QModelIndex& index) const
 {
-    return m_design && row >= 0
-               ? PropertyChoices::warning(*m_design, nameAt(row), m_properties.at(row).value)
-               : QString();
+    const QStringList known = choicesAt(index);
+    const QString value = index.siblingAtColumn(ValueColumn).data().toString();
+    if (known.isEmpty() || value.isEmpty() || known.contains(value))
+        return QString();
+    return tr("\"%1\" is none of %2: the generator keeps its own selection.")
+        .arg(value, known.join(", "));
 }
 
-bool PropertyModel::isRemovable(int row) const
+bool PropertyModel::isRemovable(const QModelIndex& index) const
 {
-    return m_design && row >= 0 && PropertyCatalog::find(m_design, nameAt(row)).d_removable;
+    return m_design && index.isValid() &&
+           PropertyCatalog::find(m_design, nameAt(index)).d_removable;
 }
 
-QString PropertyModel::nameAt(int row) const { return m_properties.at(row).name; }
-
-int PropertyModel::rowCount(const QModelIndex& parent) const
+QString PropertyModel::nameAt(const QModelIndex& index) const
 {
-    return parent.isValid() ? 0 : m_properties.count();
-}
-
-int PropertyModel::columnCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : ColumnCount;
-}
-
-QVariant PropertyModel::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
-        return QVariant();
-    const QStringList titles{tr("Property"), tr("Value")};
-    return titles.value(section);
-}
-
-QVariant PropertyModel::data(const QModelIndex& index, int role) const
-{
-    const DesignProperty& property = m_properties.at(index.row());
-    if (role == Qt::ToolTipRole)
-        return descriptionAt(index.row());
-    if (role == Qt::DecorationRole && index.column() == ValueColumn &&
-        !warningAt(index.row()).isEmpty())
-        return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
-    if (role != Qt::DisplayRole && role != Qt::EditRole)
-        return QVariant();
-    return index.column() == NameColumn ? property.name : property.value;
+    return index.siblingAtColumn(NameColumn).data().toString();
 }
 
 bool PropertyModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
     if (role != Qt::EditRole || !flags(index).testFlag(Qt::ItemIsEditable))
         return false;
-    const DesignProperty property = m_properties.at(index.row());
+    const DesignProperty property = m_design->designProperties().at(index.row());
     // Without a text there is no value, rather than an empty one.
     QVariant taken = value.toString().isEmpty() ? QVariant() : value;
     const PropertySpecification announced = PropertyCatalog::find(m_design, property.name);
     if (taken.isValid() && announced.isValid() && !taken.convert(int(announced.d_data_type))) {
-        emit refused(
-            announced.d_data_type == QVariant::Int
-                ? tr("\"%1\" is no whole number. The value is as before.").arg(value.toString())
-                : tr("\"%1\" is no value of this property. The value is as before.")
-                      .arg(value.toString()));
+        const QString kind = announced.d_data_type == QVariant::Int ? tr("whole number")
+                                                                    : tr("value of this property");
+        emit refused(tr("\"%1\" is no %2. The value is as before.").arg(value.toString(), kind));
         return false;
     }
     if (taken != property.value || taken.isValid() != property.value.isValid())
@@ -108,33 +103,8 @@ bool PropertyModel::setData(const QModelIndex& index, const QVariant& value, int
 
 Qt::ItemFlags PropertyModel::flags(const QModelIndex& index) const
 {
-    Qt::ItemFlags flags = QAbstractTableModel::flags(index);
-    if (m_design && index.column() == ValueColumn && !m_design->isLocked() &&
-        !m_design->isReadOnly() &&
-        !PropertyCatalog::find(m_design, nameAt(index.row())).d_read_only)
-        flags |= Qt::ItemIsEditable;
-    return flags;
-}
-
-void PropertyModel::takeProperties()
-{
-    const QList<DesignProperty> properties = m_design->designProperties();
-    if (hasSameNames(properties)) {
-        // Views keep their place when only values have changed.
-        m_properties = properties;
-        emit dataChanged(index(0, NameColumn), index(rowCount() - 1, ColumnCount - 1));
-        return;
-    }
-    beginResetModel();
-    m_properties = properties;
-    endResetModel();
-}
-
-bool PropertyModel::hasSameNames(const QList<DesignProperty>& properties) const
-{
-    return std::equal(properties.begin(), properties.end(), m_properties.begin(),
-                      m_properties.end(),
-                      [](const DesignProperty& left, const DesignProperty& right) {
-                          return left.name == right.name;
-                      });
+    const bool isEditable = m_design && index.column() == ValueColumn && !m_design->isLocked() &&
+                            !m_design->isReadOnly() &&
+                            !PropertyCatalog::find(m_design, nameAt(index)).d_read_only;
+    return QStandardItemModel::flags(index).setFlag(Qt::ItemIsEditable, isEditable);
 }

@@ -3,11 +3,12 @@
 
 #include <OrvanticCore/Design.h>
 
-#include <QAbstractTableModel>
 #include <QPointer>
+#include <QStandardItemModel>
 
-/// The properties of one design, to be edited in place.
-class PropertyModel : public QAbstractTableModel {
+/// The properties of one design, to be edited in place. Their tooltips are the descriptions from
+/// the properties' providers, as rich text.
+class PropertyModel : public QStandardItemModel {
     Q_OBJECT
 
 public:
@@ -18,19 +19,13 @@ public:
     /// \p design may be null, and stays its owner's.
     void setDesign(OrvanticCore::Design* design);
 
-    /// The description from the property's provider, as rich text; empty without a provider.
-    QString descriptionAt(int row) const;
     /// The values to choose from; none where any value will do.
-    QStringList choicesAt(int row) const;
-    /// Why the value is of no use to image generators; empty if it is.
-    QString warningAt(int row) const;
-    bool isRemovable(int row) const;
-    QString nameAt(int row) const;
+    QStringList choicesAt(const QModelIndex& index) const;
+    /// Why the value is of no use to image generators; empty if it is, or for an invalid index.
+    QString warningAt(const QModelIndex& index) const;
+    bool isRemovable(const QModelIndex& index) const;
+    QString nameAt(const QModelIndex& index) const;
 
-    int rowCount(const QModelIndex& parent = QModelIndex()) const override;
-    int columnCount(const QModelIndex& parent = QModelIndex()) const override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-    QVariant data(const QModelIndex& index, int role) const override;
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
@@ -39,11 +34,9 @@ signals:
     void refused(const QString& reason);
 
 private:
-    void takeProperties();
-    bool hasSameNames(const QList<OrvanticCore::DesignProperty>& properties) const;
+    void load();
 
     QPointer<OrvanticCore::Design> m_design;
-    QList<OrvanticCore::DesignProperty> m_properties;
 };
 
 #endif

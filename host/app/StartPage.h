@@ -3,7 +3,11 @@
 
 #include <QWidget>
 
-class QVBoxLayout;
+#include <memory>
+
+namespace Ui {
+class StartPage;
+}
 
 /// What the window shows while no design is open: buttons for the first steps, and the designs
 /// opened last.
@@ -14,17 +18,18 @@ class StartPage : public QWidget {
 
 public:
     explicit StartPage(QWidget* parent = nullptr);
+    ~StartPage() override;
 
 signals:
-    void newChosen();
-    void openChosen();
+    /// The identifier of a command of the host.
+    void chosen(const QString& command);
     void recentChosen(const QString& folder);
 
 protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    QVBoxLayout* m_recent;
+    std::unique_ptr<Ui::StartPage> m_ui;
 };
 
 #endif

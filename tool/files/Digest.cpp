@@ -1,10 +1,10 @@
 #include "tool/files/Digest.h"
 
-#include <openssl/evp.h>
-
 namespace {
 
 constexpr int HexDigits = 64;
+/// Less is not worth a thread.
+constexpr int BackgroundBytes = 512 * 1024;
 
 /// sha256sum marks a line in which a name is escaped with a backslash at its start.
 QByteArray escaped(QByteArray name)
@@ -69,31 +69,31 @@ QList<QByteArray> Digest::find(const QByteArray& lines, const std::optional<QStr
     return digests;
 }
 
-struct Digest::Hash::Context {
-    std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> digest{EVP_MD_CTX_new(),
-                                                                   &EVP_MD_CTX_free};
-};
-
-Digest::Hash::Hash() : m_context(std::make_unique<Context>())
-{
-    // It fails only where a library without this algorithm was installed.
-    if (EVP_DigestInit_ex(m_context->digest.get(), EVP_sha256(), nullptr) != 1)
-        qFatal("SHA-256 is not available");
-}
-
-Digest::Hash::~Hash() = default;
-
 void Digest::Hash::add(const char* data, qint64 bytes)
 {
-    EVP_DigestUpdate(m_context->digest.get(), data, static_cast<std::size_t>(bytes));
+    m_next.insert(m_next.end(), data, data + bytes);
+    if (m_next.size() < BackgroundBytes)
+        return;
+    if (m_work.valid())
+        m_work.get();
+    m_inWork.swap(m_next);
+    m_next.clear();
+    m_work = std::async(std::launch::async, [this] { hash(m_inWork); });
 }
 
 QByteArray Digest::Hash::result()
 {
-    QByteArray digest(EVP_MD_size(EVP_sha256()), Qt::Uninitialized);
-    EVP_DigestFinal_ex(m_context->digest.get(), reinterpret_cast<unsigned char*>(digest.data()),
-                       nullptr);
+    if (m_work.valid())
+        m_work.get();
+    hash(m_next);
+    QByteArray digest(SHA256_DIGEST_SIZE, Qt::Uninitialized);
+    nettle_sha256_digest(&m_state, SHA256_DIGEST_SIZE, reinterpret_cast<uint8_t*>(digest.data()));
     return digest;
+}
+
+void Digest::Hash::hash(const std::vector<char>& part)
+{
+    nettle_sha256_update(&m_state, part.size(), reinterpret_cast<const uint8_t*>(part.data()));
 }
 
 Result<QByteArray> Digest::of(const Region& region, const CopyObserver& observe)

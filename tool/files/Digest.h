@@ -7,8 +7,11 @@
 #include <QList>
 #include <QString>
 
-#include <memory>
+#include <nettle/sha2.h>
+
+#include <future>
 #include <optional>
+#include <vector>
 
 /// SHA-256 digests of images, in the files that sha256sum writes and checks.
 namespace Digest {
@@ -26,11 +29,11 @@ QByteArray line(const QByteArray& digest, const QString& imagePath);
 /// where an image has no name, for any.
 QList<QByteArray> find(const QByteArray& lines, const std::optional<QString>& imagePath);
 
-/// Takes the digest of bytes that come in parts.
+/// Takes the digest of bytes that come in parts. A second thread works on what came before, while
+/// the caller reads and writes what follows.
 class Hash {
 public:
-    Hash();
-    ~Hash();
+    Hash() { nettle_sha256_init(&m_state); }
     Hash(const Hash&) = delete;
     Hash& operator=(const Hash&) = delete;
 
@@ -39,8 +42,13 @@ public:
     QByteArray result();
 
 private:
-    struct Context;
-    std::unique_ptr<Context> m_context;
+    void hash(const std::vector<char>& part);
+
+    sha256_ctx m_state;
+    std::vector<char> m_next;
+    std::vector<char> m_inWork;
+    /// Uses both of the above, so it is the first to go.
+    std::future<void> m_work;
 };
 
 /// The binary digest of all of \p region. Calls \p observe for each part.

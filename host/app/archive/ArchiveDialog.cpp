@@ -1,8 +1,8 @@
 #include "host/app/archive/ArchiveDialog.h"
 
-#include "host/app/archive/ArchiveContents.h"
+#include "host/app/archive/ArchiveError.h"
+#include "host/app/archive/ArchiveExtensions.h"
 #include "host/app/archive/ArchiveJob.h"
-#include "host/app/archive/ArchiveMemory.h"
 #include "host/app/common/WindowPlace.h"
 #include "ui_ArchiveDialog.h"
 
@@ -14,6 +14,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLocale>
 #include <QPushButton>
 
 using OrvanticCore::IDesign;
@@ -22,11 +23,14 @@ using Qtilities::Core::Interfaces::IObjectManager;
 
 namespace {
 
-using Extension = ArchiveType::Extension;
+using Extension = OrvanticCore::Interfaces::IDesignArchiveExtension;
 
 const Extension::ArchiveItemFlags Everything =
     Extension::ArchiveItemFlags(Extension::SourceFiles) | Extension::DesignFolders |
     Extension::GeneratedFiles | Extension::ExternalFiles | Extension::DesignDescription;
+
+/// Of the list of contents on a small screen; otherwise there is more room.
+constexpr int LeastRows = 4;
 
 } // namespace
 
@@ -47,8 +51,8 @@ ArchiveDialog::~ArchiveDialog()
 {
     m_job.reset();
     leaveType();
-    for (const ArchiveType& type : m_types) {
-        if (Extension* const extension = type.extension())
+    for (int type = 0; type < m_ui->typeBox->count(); ++type) {
+        if (Extension* const extension = qobject_cast<Extension*>(extensionOf(type)))
             extension->setArchiveDialogWidget(nullptr);
     }
 }
@@ -58,8 +62,9 @@ void ArchiveDialog::buildForm()
     m_ui->setupUi(this);
     if (design())
         setWindowTitle(tr("Archive \"%1\"").arg(QDir(design()->workingFolderPath()).dirName()));
-    m_contents = new ArchiveContents(m_ui->content);
-    m_ui->contentLayout->addWidget(m_contents, m_ui->contentLayout->rowCount(), 0, 1, 2);
+    m_ui->contentsList->setMinimumHeight(fontMetrics().lineSpacing() * LeastRows);
+    m_ui->contentsList->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    m_ui->contentsList->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     m_archiveButton = m_ui->buttonBox->addButton(tr("&Archive"), QDialogButtonBox::AcceptRole);
     m_archiveButton->setObjectName("archiveButton");
     m_archiveButton->setDefault(true);
@@ -70,12 +75,18 @@ void ArchiveDialog::buildForm()
 
 void ArchiveDialog::loadTypes()
 {
-    m_types = archiveTypesFor(design());
-    for (const ArchiveType& type : m_types) {
-        if (Extension* const extension = type.extension())
-            extension->setArchiveDialogWidget(this);
-        m_ui->typeBox->addItem(type.name());
+    m_ui->typeBox->addItem(tr("Plain Archive"));
+    for (QObject* object : archiveExtensionsFor(design())) {
+        Extension* const extension = qobject_cast<Extension*>(object);
+        extension->setArchiveDialogWidget(this);
+        m_ui->typeBox->addItem(extension->archiveType(),
+                               QVariant::fromValue(QPointer<QObject>(object)));
     }
+}
+
+QObject* ArchiveDialog::extensionOf(int type) const
+{
+    return m_ui->typeBox->itemData(type).value<QPointer<QObject>>();
 }
 
 void ArchiveDialog::connectForm()
@@ -123,10 +134,9 @@ void ArchiveDialog::setIncludedItemsGroupboxVisible(bool visible)
     m_ui->includedItems->setVisible(visible);
 }
 
-void ArchiveDialog::changeType(int index)
+void ArchiveDialog::changeType()
 {
     leaveType();
-    m_current = static_cast<std::size_t>(index);
     enterType();
     fitHeight();
 }
@@ -138,8 +148,10 @@ void ArchiveDialog::enterType()
     setIncludedItemsGroupboxVisible(true);
     setIncludedItems(m_plainItems);
     QString path = m_plainDestination;
-    if (Extension* const extension = currentType().extension()) {
-        enterExtension(extension, currentType().object());
+    m_isPlain = m_ui->typeBox->currentIndex() == 0;
+    m_extension = extensionOf(m_ui->typeBox->currentIndex());
+    if (Extension* const extension = currentExtensionObject()) {
+        enterExtension(extension);
         const QString wanted = extension->destinationPathOnActivation();
         path = wanted.isEmpty() ? path : wanted;
     }
@@ -148,36 +160,34 @@ void ArchiveDialog::enterType()
     showContents();
 }
 
-void ArchiveDialog::recall()
-{
-    if (!design())
-        return;
-    const ArchiveMemory memory = ArchiveMemory::load(design()->workingFolderPath());
-    if (QFileInfo(memory.folder).isDir()) {
-        const QString name = QFileInfo(m_ui->destinationPath->text()).fileName();
-        showDestination(QDir::toNativeSeparators(QDir(memory.folder).filePath(name)));
-    }
-    for (int index = 0; index < m_ui->formatBox->count(); ++index) {
-        const auto format = static_cast<ArchiveFormat>(m_ui->formatBox->itemData(index).toInt());
-        if (ArchiveFormats::extension(format) == memory.extension)
-            m_ui->formatBox->setCurrentIndex(index);
-    }
-    const int type = m_ui->typeBox->findText(memory.type);
-    if (type >= 0)
-        m_ui->typeBox->setCurrentIndex(type);
-}
-
 void ArchiveDialog::showContents()
 {
-    if (design())
-        m_contents->show(plan());
-    else
-        m_contents->clear();
+    m_ui->contentsList->clear();
+    m_ui->contentsTotal->clear();
+    if (!design())
+        return;
+    qint64 total = 0;
+    int files = 0;
+    try {
+        for (const ArchiveMember& member : plan().members()) {
+            auto* const item = new QTreeWidgetItem(m_ui->contentsList, {member.name});
+            if (member.kind == ArchiveMember::Folder)
+                continue;
+            item->setText(1, QLocale().formattedDataSize(member.size()));
+            item->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
+            total += member.size();
+            ++files;
+        }
+        const QString count = files == 1 ? tr("1 file") : tr("%1 files").arg(files);
+        m_ui->contentsTotal->setText(tr("%1, %2").arg(count, QLocale().formattedDataSize(total)));
+    } catch (const ArchiveError& error) {
+        m_ui->contentsTotal->setText(error.text());
+    }
 }
 
-void ArchiveDialog::enterExtension(Extension* extension, QObject* object)
+void ArchiveDialog::enterExtension(Extension* extension)
 {
-    connect(object, SIGNAL(destinationPathChanged(QString)), this,
+    connect(m_extension, SIGNAL(destinationPathChanged(QString)), this,
             SLOT(followDestinationPath(QString)));
     setIncludedItems(extension->archiveDesignItems());
     extension->updateArchiveDialogWidget();
@@ -190,12 +200,12 @@ void ArchiveDialog::enterExtension(Extension* extension, QObject* object)
 
 void ArchiveDialog::leaveType()
 {
-    if (currentType().isPlain()) {
+    if (m_isPlain) {
         m_plainDestination = m_ui->destinationPath->text();
         m_plainItems = includedItems();
     }
-    if (QObject* const object = currentType().object())
-        disconnect(object, nullptr, this, nullptr);
+    if (m_extension)
+        disconnect(m_extension, nullptr, this, nullptr);
     if (m_extensionWidget) {
         m_ui->extensionLayout->removeWidget(m_extensionWidget);
         m_extensionWidget->hide();
@@ -216,19 +226,15 @@ void ArchiveDialog::handleObjectRemoved(QObject* object)
     // A form that is about to be gone leaves its place by itself.
     if (m_extensionWidget == object && !qobject_cast<Extension*>(object))
         m_extensionWidget = nullptr;
-    for (std::size_t index = m_types.size() - 1; index > 0; --index) {
-        const bool isDeleted = !m_types.at(index).object();
-        if (!isDeleted && m_types.at(index).object() != object)
+    for (int type = m_ui->typeBox->count() - 1; type > 0; --type) {
+        if (extensionOf(type) && extensionOf(type) != object)
             continue;
-        const int row = static_cast<int>(index);
-        if (m_current == index)
+        if (type == m_ui->typeBox->currentIndex())
             m_ui->typeBox->setCurrentIndex(0);
-        if (Extension* const extension = m_types.at(index).extension())
+        if (Extension* const extension = qobject_cast<Extension*>(extensionOf(type)))
             extension->setArchiveDialogWidget(nullptr);
-        m_types.erase(m_types.begin() + row);
         const QSignalBlocker blocker(m_ui->typeBox);
-        m_ui->typeBox->removeItem(row);
-        m_current = static_cast<std::size_t>(m_ui->typeBox->currentIndex());
+        m_ui->typeBox->removeItem(type);
     }
 }
 
@@ -258,7 +264,7 @@ void ArchiveDialog::browse()
 void ArchiveDialog::changeDestination(const QString& path)
 {
     showDestination(path);
-    if (Extension* const extension = currentType().extension())
+    if (Extension* const extension = currentExtensionObject())
         extension->handleDestinationPathChanged(path);
 }
 
@@ -285,7 +291,7 @@ ArchiveDestination ArchiveDialog::destination() const
 
 ArchiveDialog::Items ArchiveDialog::includedItems() const
 {
-    const Extension* const extension = currentType().extension();
+    const Extension* const extension = currentExtensionObject();
     if (extension && m_ui->includedItems->isHidden())
         return extension->archiveDesignItems();
     Items items;

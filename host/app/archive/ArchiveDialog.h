@@ -4,9 +4,9 @@
 #include "host/app/archive/ArchiveDestination.h"
 #include "host/app/archive/ArchiveFormat.h"
 #include "host/app/archive/ArchivePlan.h"
-#include "host/app/archive/ArchiveTypes.h"
 
 #include <OrvanticCore/DesignArchiveOutputParserDialog.h>
+#include <OrvanticCore/IDesignArchiveExtension.h>
 
 #include <QByteArray>
 #include <QMessageBox>
@@ -14,9 +14,7 @@
 
 #include <functional>
 #include <memory>
-#include <vector>
 
-class ArchiveContents;
 class ArchiveJob;
 class QPushButton;
 
@@ -64,19 +62,24 @@ private Q_SLOTS:
     void followDestinationPath(const QString& path);
 
 private:
-    using Items = ArchiveType::Extension::ArchiveItemFlags;
+    using Extension = OrvanticCore::Interfaces::IDesignArchiveExtension;
+    using Items = Extension::ArchiveItemFlags;
 
     void buildForm();
     void loadTypes();
+    /// The extension of an entry in the list of types; null for the plain archive, and when it was
+    /// deleted.
+    QObject* extensionOf(int type) const;
+    Extension* currentExtensionObject() const { return qobject_cast<Extension*>(m_extension); }
     void connectForm();
 
     /// Chooses what was chosen for the last archive.
     void recall();
     void remember() const;
     void showContents();
-    void changeType(int index);
+    void changeType();
     void enterType();
-    void enterExtension(ArchiveType::Extension* extension, QObject* object);
+    void enterExtension(Extension* extension);
     void leaveType();
     /// Resizes the dialog to the controls of the chosen type.
     void fitHeight();
@@ -89,7 +92,6 @@ private:
     void changeDestination(const QString& path);
     void showDestination(const QString& path);
 
-    const ArchiveType& currentType() const { return m_types.at(m_current); }
     ArchiveFormat currentFormat() const;
     /// For use at once: it does not notice when the design is deleted.
     ArchiveDestination destination() const;
@@ -107,14 +109,13 @@ private:
 
     std::unique_ptr<Ui::ArchiveDialog> m_ui;
     QPushButton* m_archiveButton = nullptr;
-    ArchiveContents* m_contents = nullptr;
     QString m_archivePath;
     OrvanticCore::IDesign* m_design;
     QPointer<QObject> m_designObject;
     Description m_description;
-    std::vector<ArchiveType> m_types;
-    /// The place of the chosen one among them.
-    std::size_t m_current = 0;
+    /// Of the chosen type.
+    bool m_isPlain = true;
+    QPointer<QObject> m_extension;
     QPointer<QWidget> m_extensionWidget;
     /// What the user left for the plain archive, while another type is chosen.
     QString m_plainDestination;

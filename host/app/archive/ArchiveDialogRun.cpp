@@ -3,10 +3,10 @@
 #include "host/app/archive/ArchiveDialog.h"
 
 #include "host/app/archive/ArchiveJob.h"
-#include "host/app/archive/ArchiveMemory.h"
 #include "host/app/common/PlainMessageBox.h"
 #include "ui_ArchiveDialog.h"
 
+#include <OrvanticCore/DesignManager.h>
 #include <OrvanticCore/IDesign.h>
 
 #include <QtilitiesLogging/Logger.h>
@@ -15,14 +15,26 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QPushButton>
+#include <QSettings>
 #include <QUrl>
 
+using OrvanticCore::DesignManager;
 using OrvanticCore::IDesign;
 using Qtilities::Logging::Logger;
 
 namespace {
 
-using Extension = ArchiveType::Extension;
+using Extension = OrvanticCore::Interfaces::IDesignArchiveExtension;
+
+const char TypeKey[] = "ArchiveDialog/type";
+const char FormatKey[] = "ArchiveDialog/format";
+
+/// Of the folder of the last plain archive. A slash in a design's path would begin a group.
+QString folderKey(const IDesign& design)
+{
+    return "ArchiveDialog/folders/" +
+           QString::fromLatin1(QUrl::toPercentEncoding(design.workingFolderPath()));
+}
 
 void logInfo(const QString& text)
 {
@@ -46,7 +58,7 @@ void ArchiveDialog::archive()
     if (!design())
         return;
 
-    const Extension* const extension = currentType().extension();
+    const Extension* const extension = currentExtensionObject();
     if (extension && extension->archiveIncludeInstaller())
         logInfo(tr("The archive gets no installer: this host has none."));
     m_job = std::make_unique<ArchiveJob>(ArchiveJob::Order{
@@ -127,19 +139,31 @@ void ArchiveDialog::updateState()
     m_archiveButton->setEnabled(!running && design() && !m_ui->destinationPath->text().isEmpty());
 }
 
+void ArchiveDialog::recall()
+{
+    if (!design())
+        return;
+    const QSettings settings(DesignManager::instance()->settingsFilePath(), QSettings::IniFormat);
+    const QString folder = settings.value(folderKey(*design())).toString();
+    if (QFileInfo(folder).isDir()) {
+        const QString name = QFileInfo(m_ui->destinationPath->text()).fileName();
+        showDestination(QDir::toNativeSeparators(QDir(folder).filePath(name)));
+    }
+    const int format = m_ui->formatBox->findText(settings.value(FormatKey).toString());
+    m_ui->formatBox->setCurrentIndex(qMax(0, format));
+    const int type = m_ui->typeBox->findText(settings.value(TypeKey).toString());
+    m_ui->typeBox->setCurrentIndex(qMax(0, type));
+}
+
 void ArchiveDialog::remember() const
 {
     if (!design())
         return;
-    const QString folder = QFileInfo(m_archivePath).absolutePath();
-    const QString usual =
-        QFileInfo(destination().filePath(destination().proposal(currentFormat()))).absolutePath();
-    ArchiveMemory memory = ArchiveMemory::load(design()->workingFolderPath());
-    memory.type = currentType().name();
-    memory.extension = currentExtension();
-    if (currentType().isPlain())
-        memory.folder = folder == usual ? QString() : folder;
-    memory.save(design()->workingFolderPath());
+    QSettings settings(DesignManager::instance()->settingsFilePath(), QSettings::IniFormat);
+    settings.setValue(TypeKey, m_ui->typeBox->currentText());
+    settings.setValue(FormatKey, m_ui->formatBox->currentText());
+    if (m_isPlain)
+        settings.setValue(folderKey(*design()), QFileInfo(m_archivePath).absolutePath());
 }
 
 void archiveDesign(IDesign* design, const ArchiveDialog::Description& description, QWidget* parent)

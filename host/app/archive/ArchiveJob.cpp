@@ -53,12 +53,6 @@ private:
     QStringList m_missing;
 };
 
-qint64 sizeOf(const ArchiveMember& member)
-{
-    return member.kind == ArchiveMember::File ? QFileInfo(member.source).size()
-                                              : member.text.size();
-}
-
 } // namespace
 
 ArchiveJob::ArchiveJob(const Order& order, QObject* parent) : QThread(parent), m_order(order)
@@ -115,7 +109,7 @@ void ArchiveJob::write(QIODevice* device, const std::vector<ArchiveMember>& memb
 {
     qint64 total = 0;
     for (const ArchiveMember& member : members)
-        total += sizeOf(member);
+        total += member.size();
 
     qint64 done = 0;
     ArchiveWriter writer(device, QDir::toNativeSeparators(m_order.destination), m_order.format);

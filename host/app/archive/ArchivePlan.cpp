@@ -41,6 +41,8 @@ IDesignArchiveExtension::ArchiveItemFlag kindOf(const DesignFile& file, const QS
 
 } // namespace
 
+qint64 ArchiveMember::size() const { return kind == File ? QFileInfo(source).size() : text.size(); }
+
 /// The members found so far, by the bytes of their names.
 class ArchivePlan::Listing {
 public:

@@ -25,6 +25,9 @@ struct ArchiveMember {
     QString source;
     /// The content of a Text.
     QByteArray text;
+
+    /// Of its content, in bytes. That of a File is looked up on the disk.
+    qint64 size() const;
 };
 
 /// What of a design goes into an archive.

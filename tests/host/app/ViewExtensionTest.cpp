@@ -55,32 +55,12 @@ public:
         return type_name == "Firmware Design" ? QIcon(icon) : QIcon();
     }
 
-    bool defaultFilterState(const QString& filter) override { return filter == "No Images"; }
-    QString filterDescription(const QString& filter) override { return "Hides: " + filter; }
-    QStringList designItemFilters() override { return {"No Images", "No Binaries"}; }
-    bool filterLinkedItem(AbstractDesignLinkedItem* item, const QString& filter) override
-    {
-        const auto* const file = dynamic_cast<DesignFile*>(item);
-        return file && file->suffix() == (filter == "No Images" ? "fcf" : "bin");
-    }
-    QStringList designFileNodeFilters() override { return {"No Nodes"}; }
-    bool filterDesignFileNode(TreeNode*, const QString& filter) override
-    {
-        return filter == "No Nodes";
-    }
-
     QAction ofFile;
     QAction ofDesign;
     QMenu belowFile;
     QMenu belowDesign;
     QPixmap icon;
 };
-
-bool isHidden(const HostFixture& host, const QString& name)
-{
-    const QModelIndex index = host.item(name);
-    return host.view()->isRowHidden(index.row(), index.parent());
-}
 
 } // namespace
 
@@ -91,7 +71,6 @@ class ViewExtensionTest : public QObject {
 private slots:
     void showsToolsOfTheCurrentItem();
     void showsDataAndIconsOfExtensions();
-    void hidesWhatFiltersHide();
 };
 
 void ViewExtensionTest::showsToolsOfTheCurrentItem()
@@ -120,33 +99,6 @@ void ViewExtensionTest::showsDataAndIconsOfExtensions()
     QVERIFY(host.item("[Bit-stream Files]").isValid());
     const auto icon = host.item("radar").data(Qt::DecorationRole).value<QIcon>();
     QCOMPARE(icon.pixmap(16, 16).toImage().pixelColor(8, 8), QColor(Qt::magenta));
-}
-
-void ViewExtensionTest::hidesWhatFiltersHide()
-{
-    HostFixture host;
-    Extension extension;
-    OrvanticCore::Design* const design = host.openDesign("radar");
-    QVERIFY(design->restoreFile(host.writeFile("radar/top.fcf", "image")));
-    QTRY_VERIFY(isHidden(host, "top.fcf"));
-    QVERIFY(!isHidden(host, "top.bin"));
-
-    auto* const filters = host.child<QMenu>("FilterMenu");
-    emit filters->aboutToShow();
-    QStringList names;
-    for (const QAction* action : filters->actions()) {
-        names << action->text();
-        QCOMPARE(action->toolTip(), "Hides: " + action->text());
-        QCOMPARE(action->isChecked(), action->text() == "No Images");
-    }
-    QCOMPARE(names, QStringList({"No Images", "No Binaries", "No Nodes"}));
-
-    filters->actions().at(0)->trigger();
-    QVERIFY(!isHidden(host, "top.fcf"));
-    filters->actions().at(1)->trigger();
-    QVERIFY(isHidden(host, "top.bin"));
-    filters->actions().at(2)->trigger();
-    QVERIFY(isHidden(host, "[Bit-stream Files]"));
 }
 
 int main(int argc, char** argv)

@@ -122,8 +122,9 @@ public:
         return QIcon();
     }
 
-    /// The filters that the user may switch, by name: whether one is on at first, what is said of
-    /// it, which there are, and whether it hides a given item.
+    /// The filters that the user may switch, by name: whether one is on at first, its description,
+    /// which filters there are, and whether one hides a given item. The reference host has no
+    /// filters, and does not call these six.
     virtual bool defaultFilterState(const QString& filter)
     {
         Q_UNUSED(filter)
