@@ -3,7 +3,6 @@
 #include "fcf/FcfLayout.h"
 #include "tool/base/Text.h"
 #include "tool/check/Checker.h"
-#include "tool/commands/Arguments.h"
 #include "tool/commands/Command.h"
 
 #include <CLI/CLI.hpp>

@@ -1,7 +1,6 @@
 #include "tool/base/Text.h"
 #include "tool/check/HeaderPage.h"
 #include "tool/check/Validator.h"
-#include "tool/commands/Arguments.h"
 #include "tool/commands/BesideFiles.h"
 #include "tool/commands/Command.h"
 #include "tool/commands/Outputs.h"
