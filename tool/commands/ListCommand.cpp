@@ -80,7 +80,9 @@ void ListCommand::run(Task* task)
     task->report.findingsAreResults = !m_csv;
     for (const std::string& argument : m_paths) {
         const std::optional<QString> path = task->path(argument, "PATH");
-        if (path)
+        if (path == StandardStream)
+            task->refuse("PATH", "standard input cannot be listed; show reads it");
+        else if (path)
             list(QFileInfo(*path), task);
     }
     if (m_isEmpty)
