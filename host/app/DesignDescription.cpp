@@ -100,25 +100,25 @@ QJsonObject writeStructure(const DesignStructure& structure)
 
 void readVersion(const JsonNode& description, Design* design)
 {
-    const JsonNode version = description.entry("version");
+    const JsonNode version = description["version"];
     version.expectEntries({"major", "minor", "changes"});
-    design->setVersion(version.entry("major").number(0, MaximumNumber),
-                       version.entry("minor").number(0, MaximumNumber));
-    design->setVersionChanges(version.textOr("changes", QString()));
+    design->setVersion(version["major"].number(0, MaximumNumber),
+                       version["minor"].number(0, MaximumNumber));
+    design->setVersionChanges(version["changes"].optionalText());
 }
 
 void readFile(const JsonNode& node, Design* design)
 {
     node.expectEntries({"path", "node", "generated", "version"});
-    const JsonNode path = node.entry("path");
+    const JsonNode path = node["path"];
     if (path.text().isEmpty())
         path.fail(tr("a path is expected"));
     if (design->fileAt(path.text()))
         path.fail(tr("\"%1\" is listed twice").arg(path.text()));
     DesignFile* const file = design->restoreFile(path.text());
-    file->setCustomNode(node.textOr("node", QString()));
-    file->setIsGenerated(node.flagOr("generated", false));
-    file->setVersionAssociation(node.textOr("version", QString()));
+    file->setCustomNode(node["node"].optionalText());
+    file->setIsGenerated(node["generated"].optionalFlag());
+    file->setVersionAssociation(node["version"].optionalText());
 }
 
 QVariant readValue(const JsonNode& node)
@@ -137,18 +137,18 @@ void readProperty(const JsonNode& node, Design* design)
 {
     node.expectEntries({"name", "value", "category"});
     QStringList levels;
-    for (const JsonNode& level : node.listOrNone("category"))
+    for (const JsonNode& level : node["category"].optionalList())
         levels << level.text();
     // Joined by a character that cannot be typed into a level.
     const QString separator(QChar::Null);
-    const JsonNode name = node.entry("name");
+    const JsonNode name = node["name"];
     if (name.text().isEmpty())
         name.fail(tr("a name is expected"));
     for (const DesignProperty& property : design->designProperties()) {
         if (property.name == name.text())
             name.fail(tr("\"%1\" is listed twice").arg(name.text()));
     }
-    design->setDesignProperty(name.text(), readValue(node.entry("value")),
+    design->setDesignProperty(name.text(), readValue(node["value"]),
                               QtilitiesCategory(levels.join(separator), separator));
 }
 
@@ -166,7 +166,7 @@ void readNodes(const std::vector<JsonNode>& nodes, TreeNode* parent)
 {
     for (const JsonNode& node : nodes) {
         node.expectEntries({"name", "nodes"});
-        readNodes(node.listOrNone("nodes"), parent->addNode(node.entry("name").text()));
+        readNodes(node["nodes"].optionalList(), parent->addNode(node["name"].text()));
     }
 }
 
@@ -174,13 +174,13 @@ std::unique_ptr<DesignStructure> readStructure(const JsonNode& node)
 {
     node.expectEntries({"nodes", "associations", "unassignedNode"});
     auto structure = std::make_unique<DesignStructure>();
-    readNodes(node.listOrNone("nodes"), structure->rootNode());
-    for (const JsonNode& rule : node.listOrNone("associations")) {
+    readNodes(node["nodes"].optionalList(), structure->rootNode());
+    for (const JsonNode& rule : node["associations"].optionalList()) {
         rule.expectEntries({"pattern", "node", "workingFolder"});
-        structure->addFileAssociation(rule.entry("pattern").text(), rule.textOr("node", QString()),
-                                      rule.textOr("workingFolder", QString()));
+        structure->addFileAssociation(rule["pattern"].text(), rule["node"].optionalText(),
+                                      rule["workingFolder"].optionalText());
     }
-    structure->setUnassignedFileAssociationsNode(node.textOr("unassignedNode", QString()));
+    structure->setUnassignedFileAssociationsNode(node["unassignedNode"].optionalText());
     return structure;
 }
 
@@ -217,7 +217,7 @@ QJsonObject DesignDescription::write(const Design& design)
 std::unique_ptr<Design> DesignDescription::read(const JsonNode& description, const QString& folder)
 {
     // The format comes first: a newer one may have entries that are not known here.
-    const JsonNode format = description.entry("format");
+    const JsonNode format = description["format"];
     const int number = format.number(1, MaximumNumber);
     if (number > Format)
         format.fail(tr("format %1 is newer than format %2, the newest that can be read")
@@ -226,17 +226,17 @@ std::unique_ptr<Design> DesignDescription::read(const JsonNode& description, con
     description.expectEntries(
         {"format", "type", "locked", "version", "files", "folders", "properties", "structure"});
 
-    auto design = std::make_unique<Design>(folder, description.entry("type").text());
+    auto design = std::make_unique<Design>(folder, description["type"].text());
     readVersion(description, design.get());
-    for (const JsonNode& file : description.listOrNone("files"))
+    for (const JsonNode& file : description["files"].optionalList())
         readFile(file, design.get());
-    for (const JsonNode& path : description.listOrNone("folders"))
+    for (const JsonNode& path : description["folders"].optionalList())
         readFolder(path, design.get());
-    for (const JsonNode& property : description.listOrNone("properties"))
+    for (const JsonNode& property : description["properties"].optionalList())
         readProperty(property, design.get());
-    if (description.hasEntry("structure"))
-        design->setStructure(readStructure(description.entry("structure")).release());
-    design->setLocked(description.flagOr("locked", false));
+    if (!description["structure"].isMissing())
+        design->setStructure(readStructure(description["structure"]).release());
+    design->setLocked(description["locked"].optionalFlag());
     design->setModified(false);
     return design;
 }

@@ -65,17 +65,17 @@ Design* DesignModel::designAt(const QModelIndex& index) const
     QModelIndex top = index;
     while (top.parent().isValid())
         top = top.parent();
-    return DesignRows::designOf(top.siblingAtColumn(NameColumn).data(DesignRows::SubjectRole));
+    return DesignRows::subjectOf<Design>(top);
 }
 
 DesignFile* DesignModel::fileAt(const QModelIndex& index) const
 {
-    return DesignRows::fileOf(index.siblingAtColumn(NameColumn).data(DesignRows::SubjectRole));
+    return DesignRows::subjectOf<DesignFile>(index);
 }
 
 DesignFolder* DesignModel::folderAt(const QModelIndex& index) const
 {
-    return DesignRows::folderOf(index.siblingAtColumn(NameColumn).data(DesignRows::SubjectRole));
+    return DesignRows::subjectOf<DesignFolder>(index);
 }
 
 bool DesignModel::isNode(const QModelIndex& index) const

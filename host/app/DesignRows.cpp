@@ -19,7 +19,6 @@
 #include <QFileInfo>
 #include <QLocale>
 #include <QMap>
-#include <QPointer>
 
 #include <algorithm>
 
@@ -46,17 +45,9 @@ DesignRows::Row makeRow(const QString& name, const QIcon& icon, const QString& k
     return row;
 }
 
-/// Guarded: a row may outlive its subject while a processing cycle delays the changes.
-template <class Subject>
-void setSubject(const DesignRows::Row& row, Subject* subject)
+void setSubject(const DesignRows::Row& row, QObject* subject)
 {
     row.first()->setData(QVariant::fromValue(QPointer<QObject>(subject)), DesignRows::SubjectRole);
-}
-
-template <class Subject>
-Subject* subjectOf(const QVariant& subject)
-{
-    return qobject_cast<Subject*>(subject.value<QPointer<QObject>>().data());
 }
 
 /// Lets extensions replace what the host itself shows in the first column.
@@ -196,15 +187,6 @@ QStringList DesignRows::nodeNames(const TreeNode* node)
         names << below->getName() << nodeNames(below);
     }
     return names;
-}
-
-Design* DesignRows::designOf(const QVariant& subject) { return subjectOf<Design>(subject); }
-
-DesignFile* DesignRows::fileOf(const QVariant& subject) { return subjectOf<DesignFile>(subject); }
-
-DesignFolder* DesignRows::folderOf(const QVariant& subject)
-{
-    return subjectOf<DesignFolder>(subject);
 }
 
 QString DesignRows::keyOf(const Design& design) { return design.workingFolderPath() + "::"; }

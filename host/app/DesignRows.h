@@ -2,6 +2,7 @@
 #define HOST_APP_DESIGNROWS_H
 
 #include <QList>
+#include <QPointer>
 #include <QStandardItem>
 
 namespace OrvanticCore {
@@ -32,12 +33,16 @@ void fill(QStandardItem* top, const OrvanticCore::Design& design);
 /// The names of the nodes below \p node, from the top.
 QStringList nodeNames(const Qtilities::CoreGui::TreeNode* node);
 
-OrvanticCore::Design* designOf(const QVariant& subject);
-OrvanticCore::DesignFile* fileOf(const QVariant& subject);
-OrvanticCore::DesignFolder* folderOf(const QVariant& subject);
-
-/// The role under which a row keeps its subject.
+/// The role under which a row keeps its subject. Guarded: a row may outlive its subject while a
+/// processing cycle delays the changes.
 constexpr int SubjectRole = Qt::UserRole + 2;
+
+template <class Subject>
+Subject* subjectOf(const QModelIndex& index)
+{
+    const QVariant subject = index.siblingAtColumn(0).data(SubjectRole);
+    return qobject_cast<Subject*>(subject.value<QPointer<QObject>>().data());
+}
 
 QString keyOf(const OrvanticCore::Design& design);
 QString keyOf(const OrvanticCore::DesignFile& file);

@@ -98,7 +98,7 @@ std::unique_ptr<Design> DesignStorage::load(const QString& folder, QString* erro
         design->setProperty(SeenProperty, bytes);
         return design;
     } catch (const JsonError& wrong) {
-        *error = fileProblem(path, QString("%1: %2").arg(wrong.place(), wrong.reason()));
+        *error = fileProblem(path, wrong.text());
         return nullptr;
     }
 }

@@ -3,7 +3,6 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QJsonValue>
 #include <QString>
 #include <QStringList>
 
@@ -13,47 +12,44 @@
 /// What is wrong with a description, and at which place in it.
 class JsonError : public std::runtime_error {
 public:
-    JsonError(const QString& place, const QString& reason);
+    explicit JsonError(const QString& text) : std::runtime_error(text.toStdString()) {}
 
-    QString place() const { return m_place; }
-    QString reason() const { return m_reason; }
-
-private:
-    QString m_place;
-    QString m_reason;
+    QString text() const { return QString::fromUtf8(what()); }
 };
 
 /// A value in a JSON document that knows its place in it, such as "files[2].path". Every access
 /// that does not find what it expects throws a JsonError.
 class JsonNode {
 public:
-    explicit JsonNode(const QJsonValue& value, const QString& place = QString());
+    explicit JsonNode(const QJsonValue& value, const QString& place = QString())
+        : m_value(value), m_place(place)
+    {
+    }
 
-    QString place() const { return m_place; }
     const QJsonValue& value() const { return m_value; }
+    bool isMissing() const { return m_value.isUndefined(); }
 
-    /// The entry \p name of an object; throws when it is missing.
-    JsonNode entry(const QString& name) const;
-    bool hasEntry(const QString& name) const;
+    /// The entry \p name of an object, which may be missing.
+    JsonNode operator[](const QString& name) const;
 
     /// Throws when the value is no object, or has an entry that is not among \p names.
     void expectEntries(const QStringList& names) const;
 
     QString text() const;
+    /// Empty for a missing entry.
+    QString optionalText() const { return isMissing() ? QString() : text(); }
     /// A whole number from \p least to \p most.
     int number(int least, int most) const;
-    bool flag() const;
-    std::vector<JsonNode> list() const;
-
-    /// The entry's text or flag, or the default for an object without it.
-    QString textOr(const QString& name, const QString& fallback) const;
-    bool flagOr(const QString& name, bool fallback) const;
-    /// The entry's list, empty for an object without it.
-    std::vector<JsonNode> listOrNone(const QString& name) const;
+    /// False for a missing entry.
+    bool optionalFlag() const;
+    /// Empty for a missing entry.
+    std::vector<JsonNode> optionalList() const;
 
     [[noreturn]] void fail(const QString& reason) const;
 
 private:
+    void expect(bool found, const QString& reason) const;
+
     QJsonValue m_value;
     QString m_place;
 };

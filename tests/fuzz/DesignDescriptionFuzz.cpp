@@ -30,7 +30,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     try {
         written = rewritten(description);
     } catch (const JsonError& error) {
-        require(!error.reason().isEmpty(), "refused without a reason");
+        require(!error.text().isEmpty(), "refused without a reason");
         return 0;
     }
     try {

@@ -28,7 +28,7 @@ private slots:
     void listsAHeaderForPeople();
     void listsAHeaderForPrograms();
     void listsSeveralFilesAndGoesOnAfterABadOne();
-    void listsCodesThatStandForNothing();
+    void listsAnUnknownTarget();
     void letsNoTextAtTheTerminal();
     void neverReadsThePayload();
     void readsFromStandardInput();
@@ -56,18 +56,19 @@ void InspectTest::listsAHeaderForPeople()
     QCOMPARE(run.err, QByteArray());
     const QByteArray expected = tool.path("top.fcf").toUtf8() +
                                 ": header page of 2112 bytes\n"
+                                "  target         DFE, Interface_FPGA, flash slot 1\n"
+                                "  version        1.0\n"
                                 "  totalPages     3 pages\n"
                                 "  totalBlocks    0 blocks\n"
-                                "  totalSize      6112 bytes\n"
+                                "  totalSize      6112 bytes (5.97 KiB)\n"
                                 "  binPages       2 pages\n"
                                 "  binBlocks      0 blocks\n"
-                                "  binFileSize    4000 bytes\n"
-                                "  moduleCode     1 DFE\n"
-                                "  deviceCode     1 Interface_FPGA\n"
-                                "  configNumber   1 slot\n"
-                                "  versionMajor   1 number\n"
-                                "  versionMinor   0 number\n"
-                                "  version        1.0\n"
+                                "  binFileSize    4000 bytes (3.91 KiB)\n"
+                                "  moduleCode     1\n"
+                                "  deviceCode     1\n"
+                                "  configNumber   1\n"
+                                "  versionMajor   1\n"
+                                "  versionMinor   0\n"
                                 "  fileName       top.fcf\n"
                                 "  ciNumber       42\n"
                                 "  author         Ann\n"
@@ -140,7 +141,7 @@ void InspectTest::listsSeveralFilesAndGoesOnAfterABadOne()
     QCOMPARE(tool.run({"show", tool.argument("bad.fcf")}).code, 1);
 }
 
-void InspectTest::listsCodesThatStandForNothing()
+void InspectTest::listsAnUnknownTarget()
 {
     ToolFixture tool;
     ForgedImage image;
@@ -148,7 +149,7 @@ void InspectTest::listsCodesThatStandForNothing()
     tool.write("top.fcf", image.bytes());
     const Run run = tool.run({"show", tool.argument("top.fcf")});
     QCOMPARE(run.code, 0);
-    QVERIFY(run.out.contains("  moduleCode     5 unknown\n"));
+    QVERIFY(run.out.contains("  target         unknown\n"));
 }
 
 void InspectTest::letsNoTextAtTheTerminal()
@@ -257,7 +258,7 @@ void InspectTest::givesNoRecipeForAnUnknownTarget()
     const Run run = tool.run({"recipe", tool.argument("top.fcf")});
     QCOMPARE(run.code, 1);
     QCOMPARE(run.out, QByteArray());
-    QVERIFY(run.err.contains("moduleCode: 1 with device code 16 stands for no target"));
+    QVERIFY(run.err.contains("moduleCode: 1 with device code 16 is of no known target"));
 }
 
 void InspectTest::extractsThePayload()

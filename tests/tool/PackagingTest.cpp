@@ -10,7 +10,8 @@
 
 namespace {
 
-const QStringList Commands = {"create", "show", "verify", "extract", "recipe", "diff", "digest"};
+const QStringList Commands = {"create",  "show",   "list", "verify",
+                              "extract", "recipe", "diff", "digest"};
 const QStringList Shells = {"bash", "zsh", "fish"};
 
 /// A shell takes some tenths of a second; one that hangs is not waited for.
@@ -184,7 +185,9 @@ void PackagingTest::completes_data()
         QStringList words;
         QStringList expected;
     } rows[] = {
-        {"commands", {""}, {"create", "diff", "digest", "extract", "recipe", "show", "verify"}},
+        {"commands",
+         {""},
+         {"create", "diff", "digest", "extract", "list", "recipe", "show", "verify"}},
         {"begun command", {"e"}, {"extract"}},
         {"options of no command", {"--"}, {"--help", "--version"}},
         {"modules", {"create", "--module", "D"}, {"DFE", "DFE2"}},
@@ -201,6 +204,8 @@ void PackagingTest::completes_data()
         {"binaries behind all options", {"create", "--", "two"}, {"two words.bin"}},
         {"binaries to compare with", {"verify", "--bin", "two"}, {"two words.bin"}},
         {"images", {"extract", "two"}, {"two words.fcf"}},
+        {"images to list", {"list", "two"}, {"two words.fcf"}},
+        {"swaps", {"verify", "--swap", "b"}, {"bits", "bytes"}},
         {"recipes", {"create", "--like", "two"}, {"two words.fcf", "two words.json"}},
     };
     QTest::addColumn<QString>("shell");

@@ -5,6 +5,7 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QRegularExpression>
 #include <QSet>
 
 #include <limits>
@@ -14,6 +15,7 @@ namespace {
 
 constexpr int RecipeVersion = 2;
 const QString RecipeKey = QStringLiteral("recipe");
+const QString DescriptionFileKey = QStringLiteral("descriptionFile");
 
 template <class Record, int Count>
 void addTexts(const FcfLayout::TextField<Record> (&fields)[Count], const Record& record,
@@ -48,49 +50,25 @@ QJsonObject asJson(const Build& build)
     return object;
 }
 
-/// Behind the closing quotation mark of the string that starts at \p start.
-int endOfString(const QByteArray& json, int start)
-{
-    int end = start + 1;
-    while (end < json.size() && json.at(end) != '"')
-        end += json.at(end) == '\\' ? 2 : 1;
-    return qMin(end + 1, json.size());
-}
-
-bool isName(const QByteArray& json, int behindString)
-{
-    while (behindString < json.size() && QByteArray(" \t\r\n").contains(json.at(behindString)))
-        ++behindString;
-    return behindString < json.size() && json.at(behindString) == ':';
-}
-
-/// The same name can be written with different escapes.
-QString unescaped(const QByteArray& string)
-{
-    return QJsonDocument::fromJson('[' + string + ']').array().at(0).toString();
-}
-
 /// The first name that one object of \p json, which must be valid, gives twice. A parser keeps just
 /// one of the two values.
-std::optional<QString> repeatedName(const QByteArray& json)
+std::optional<QString> repeatedName(const QString& json)
 {
+    static const QRegularExpression token(QStringLiteral(R"([{}]|("(?:[^"\\]++|\\.)*+")(\s*:)?)"));
     std::vector<QSet<QString>> names;
-    for (int position = 0; position < json.size(); ++position) {
-        const char character = json.at(position);
-        if (character == '{' || character == '[') {
+    for (auto tokens = token.globalMatch(json); tokens.hasNext();) {
+        const QRegularExpressionMatch match = tokens.next();
+        if (match.capturedRef() == QLatin1String("{")) {
             names.emplace_back();
-        } else if ((character == '}' || character == ']') && !names.empty()) {
+        } else if (match.capturedRef() == QLatin1String("}")) {
             names.pop_back();
-        } else if (character == '"') {
-            const int end = endOfString(json, position);
-            const QByteArray string = json.mid(position, end - position);
-            position = end - 1;
-            if (names.empty() || !isName(json, end))
-                continue;
-            const QString name = unescaped(string);
+        } else if (match.capturedLength(2) > 0) {
+            // The same name can be written with different escapes.
+            const QByteArray string = '[' + match.captured(1).toUtf8() + ']';
+            const QString name = QJsonDocument::fromJson(string).array().at(0).toString();
             if (names.back().contains(name))
                 return name;
-            names.back().insert(name);
+            names.back() << name;
         }
     }
     return std::nullopt;
@@ -236,7 +214,7 @@ tl::expected<Build, QList<Finding>> BuildJson::readRecipe(const QByteArray& json
                                    .arg(parseError.offset));
         return tl::make_unexpected(reader.errors);
     }
-    if (const auto repeated = repeatedName(json))
+    if (const auto repeated = repeatedName(QString::fromUtf8(json)))
         reader.fail(*repeated, QStringLiteral("is given twice"));
     QJsonObject object = document.object();
     checkRecipeVersion(object.take(RecipeKey), &reader);
@@ -248,6 +226,13 @@ tl::expected<Build, QList<Finding>> BuildJson::readRecipe(const QByteArray& json
         if (!value.isUndefined())
             reader.read(value, QLatin1String(field.name), &(build.*field.value));
     });
+    const QJsonValue file = object.take(DescriptionFileKey);
+    if (!file.isUndefined())
+        reader.read(file, DescriptionFileKey, &build.descriptionFile);
+    if (build.description && build.descriptionFile)
+        reader.fail(DescriptionFileKey, QStringLiteral("is given, and a description as well"));
+    // It names the schema to editors.
+    object.remove(QStringLiteral("$schema"));
     reader.refuseRest(object, QString());
     if (!reader.errors.isEmpty())
         return tl::make_unexpected(reader.errors);

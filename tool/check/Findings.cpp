@@ -1,6 +1,8 @@
 #include "tool/check/Findings.h"
 
 #include <algorithm>
+#include <iterator>
+#include <numeric>
 
 namespace {
 
@@ -72,14 +74,17 @@ void Findings::dropNotes()
 
 ExitCode Findings::exitCode(int first) const
 {
-    for (const ExitCode code : Precedence) {
-        const bool occurs =
-            std::any_of(m_list.begin() + first, m_list.end(),
-                        [code](const Finding& finding) { return finding.exitCode == code; });
-        if (occurs)
-            return code;
-    }
-    return ExitCode::Done;
+    return std::accumulate(
+        m_list.begin() + first, m_list.end(), ExitCode::Done,
+        [](ExitCode code, const Finding& finding) { return weightier(code, finding.exitCode); });
+}
+
+ExitCode Findings::weightier(ExitCode one, ExitCode other)
+{
+    const auto rank = [](ExitCode code) {
+        return std::find(std::begin(Precedence), std::end(Precedence), code);
+    };
+    return rank(one) < rank(other) ? one : other;
 }
 
 QJsonArray Findings::toJson() const

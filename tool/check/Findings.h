@@ -45,6 +45,7 @@ public:
     /// run: a refusal before a file that cannot be accessed, that before an output that exists,
     /// that before a file that is not valid.
     ExitCode exitCode(int first = 0) const;
+    static ExitCode weightier(ExitCode one, ExitCode other);
     QJsonArray toJson() const;
 
 private:

@@ -8,6 +8,7 @@
 
 #include <QBuffer>
 #include <QTextCodec>
+#include <QVector>
 
 #include <algorithm>
 
@@ -76,9 +77,48 @@ Finding explained(const FcfExactReading& reading, const QByteArray& start, const
         .comparing(reading.expected, reading.found);
 }
 
+FcfExactReading parsed(QByteArray start, QTextCodec* codec)
+{
+    QBuffer device(&start);
+    device.open(QIODevice::ReadOnly);
+    return FcfExactReader::read(&device, codec);
+}
+
+bool isDecodable(const QByteArray& bytes, const QTextCodec* codec)
+{
+    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
+    codec->toUnicode(bytes.constData(), bytes.size(), &state);
+    return state.invalidChars == 0 && state.remainingChars == 0;
+}
+
+constexpr int LongestCharacter = 4;
+/// Four characters, as in \xff, in place of one byte.
+constexpr int EscapeGrowth = 3;
+
+/// \p start with an escape in place of each byte that \p codec cannot decode, and where they are.
+QByteArray withEscapes(const QByteArray& start, const QTextCodec* codec, QVector<int>* escapes)
+{
+    QByteArray escaped = start.left(FcfLayout::PreambleBytes);
+    for (int at = escaped.size(); at < start.size();) {
+        int length = 1;
+        while (length <= LongestCharacter && !isDecodable(start.mid(at, length), codec))
+            ++length;
+        if (length > LongestCharacter) {
+            length = 1;
+            *escapes << escaped.size();
+            escaped += "\\x" + start.mid(at, 1).toHex();
+        } else {
+            escaped += start.mid(at, length);
+        }
+        at += length;
+    }
+    return escaped;
+}
+
 } // namespace
 
-Result<HeaderPage> HeaderPage::read(const InputFile& file, QTextCodec* codec, ExitCode exitCode)
+Result<HeaderPage> HeaderPage::read(const InputFile& file, QTextCodec* codec, ExitCode exitCode,
+                                    Bytes bytes)
 {
     auto start = file.bytesAt(0, qMin<qint64>(file.size(), FcfLayout::PageBytes));
     // Few pages are longer.
@@ -87,13 +127,22 @@ Result<HeaderPage> HeaderPage::read(const InputFile& file, QTextCodec* codec, Ex
         start = file.bytesAt(0, FcfExactReader::MaximumBytes);
     if (!start)
         return tl::unexpected<Finding>(start.error());
-    QBuffer device(&*start);
-    device.open(QIODevice::ReadOnly);
     HeaderPage page;
-    page.reading = FcfExactReader::read(&device, codec);
-    if (page.reading.outcome != FcfExactReading::Complete)
-        return tl::unexpected<Finding>(explained(page.reading, *start, file, codec, exitCode));
-    const int textEnd = page.reading.textEnd;
+    page.reading = parsed(*start, codec);
+    int textEnd = page.reading.textEnd;
+    if (page.reading.outcome != FcfExactReading::Complete) {
+        page.flaw = explained(page.reading, *start, file, codec, exitCode);
+        QVector<int> escapes;
+        if (bytes == Escaped)
+            page.reading = parsed(withEscapes(*start, codec, &escapes), codec);
+        if (page.reading.outcome != FcfExactReading::Complete)
+            return tl::unexpected<Finding>(*page.flaw);
+        textEnd = page.reading.textEnd;
+        textEnd -=
+            EscapeGrowth *
+            static_cast<int>(std::count_if(escapes.begin(), escapes.end(),
+                                           [textEnd](int place) { return place < textEnd; }));
+    }
     page.bytes = textEnd + FcfWriter(codec).fillerFor(textEnd).size();
     return page;
 }
@@ -105,16 +154,12 @@ Status HeaderPage::measure(const InputFile& file)
     const qint64 said = reading.header.binFileSize;
     if (said <= 0 || said >= payloadBytes)
         return {};
-    bool isFiller = true;
-    Status status = readAll({&file, bytes + said, payloadBytes - said, nullptr},
-                            [&isFiller](const char* data, qint64 count) {
-                                isFiller = isFiller && std::all_of(data, data + count, [](char c) {
-                                               return c == '\xff';
-                                           });
-                            });
-    if (status && isFiller) {
+    const auto isFiller = Filler::isIn({&file, bytes + said, payloadBytes - said, nullptr});
+    if (!isFiller)
+        return tl::unexpected<Finding>(isFiller.error());
+    if (*isFiller) {
         fillerBytes = payloadBytes - said;
         payloadBytes = said;
     }
-    return status;
+    return {};
 }

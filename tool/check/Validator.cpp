@@ -14,6 +14,9 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 QString hex(quint32 word)
@@ -33,24 +36,16 @@ const FcfLayout::NumberField& numberOf(qint32 FcfHeader::*value)
     Q_UNREACHABLE();
 }
 
-QStringList allModuleCodes()
-{
-    QStringList codes;
-    for (const auto& target : FcfTarget::Targets)
-        codes << QString::number(target.moduleCode);
-    codes.removeDuplicates();
-    return codes;
-}
-
-/// The device codes that go with \p moduleCode, for messages.
-QString deviceCodesOf(qint32 moduleCode)
+/// The codes of all modules, or of the devices of the module \p moduleCode, for messages.
+QStringList codes(std::optional<qint32> moduleCode = std::nullopt)
 {
     QStringList codes;
     for (const auto& target : FcfTarget::Targets) {
-        if (target.moduleCode == moduleCode)
-            codes << QString::number(target.deviceCode);
+        if (!moduleCode || target.moduleCode == moduleCode)
+            codes << QString::number(moduleCode ? target.deviceCode : target.moduleCode);
     }
-    return codes.join(QStringLiteral(", "));
+    codes.removeDuplicates();
+    return codes;
 }
 
 qint64 offsetOf(const HeaderPage& page, const QString& field)
@@ -102,12 +97,11 @@ void Validator::validate(const HeaderPage& page) const
 void Validator::checkSizes(const FcfHeader& header, qint64 bytes) const
 {
     if (bytes <= 0 || bytes > Checker::LargestBinary) {
-        invalid(QStringLiteral("binFileSize"), numberOf(&FcfHeader::binFileSize).offset,
-                QStringLiteral("the payload has %1 bytes, and a size field can tell 1 to %2")
+        invalid(&FcfHeader::binFileSize, header,
+                QStringLiteral("the payload has %1 bytes, and a size field can be 1 to %2")
                     .arg(bytes)
                     .arg(Checker::LargestBinary),
-                bytes == header.binFileSize ? QStringLiteral("1 or more") : QString::number(bytes),
-                QString::number(header.binFileSize));
+                bytes == header.binFileSize ? QStringLiteral("1 or more") : QString::number(bytes));
         return;
     }
     FcfHeader sizes;
@@ -116,39 +110,33 @@ void Validator::checkSizes(const FcfHeader& header, qint64 bytes) const
                                          &FcfHeader::totalSize,  &FcfHeader::binPages,
                                          &FcfHeader::binBlocks,  &FcfHeader::binFileSize};
     for (const auto field : fields) {
-        const FcfLayout::NumberField& number = numberOf(field);
         if (header.*field != sizes.*field)
-            invalid(QLatin1String(number.name), number.offset,
+            invalid(field, header,
                     QStringLiteral("does not agree with a payload of %1 bytes").arg(bytes),
-                    QString::number(sizes.*field), QString::number(header.*field));
+                    QString::number(sizes.*field));
     }
 }
 
 void Validator::checkCodes(const FcfHeader& header) const
 {
-    const FcfLayout::NumberField& module = numberOf(&FcfHeader::moduleCode);
-    const FcfLayout::NumberField& device = numberOf(&FcfHeader::deviceCode);
-    const QStringList moduleCodes = allModuleCodes();
-    if (!moduleCodes.contains(QString::number(header.moduleCode)))
-        invalid(QLatin1String(module.name), module.offset, QStringLiteral("stands for no module"),
-                moduleCodes.join(QStringLiteral(" or ")), QString::number(header.moduleCode));
+    const bool isModule = std::any_of(
+        std::begin(FcfTarget::Targets), std::end(FcfTarget::Targets),
+        [&header](const auto& target) { return target.moduleCode == header.moduleCode; });
+    if (!isModule)
+        invalid(&FcfHeader::moduleCode, header, QStringLiteral("is the code of no module"),
+                codes().join(QStringLiteral(" or ")));
     else if (!FcfTarget::find(header.moduleCode, header.deviceCode))
-        invalid(QLatin1String(device.name), device.offset,
-                QStringLiteral("stands for no device of the module"),
-                QStringLiteral("one of %1").arg(deviceCodesOf(header.moduleCode)),
-                QString::number(header.deviceCode));
+        invalid(&FcfHeader::deviceCode, header,
+                QStringLiteral("is the code of no device of the module"),
+                QStringLiteral("one of ") + codes(header.moduleCode).join(QStringLiteral(", ")));
 
     for (const auto version : {&FcfHeader::versionMajor, &FcfHeader::versionMinor}) {
-        const FcfLayout::NumberField& number = numberOf(version);
         if (header.*version < 0)
-            invalid(QLatin1String(number.name), number.offset, QStringLiteral("is negative"),
-                    QStringLiteral("0 or more"), QString::number(header.*version));
+            invalid(version, header, QStringLiteral("is negative"), QStringLiteral("0 or more"));
     }
-    const FcfLayout::NumberField& slot = numberOf(&FcfHeader::configNumber);
     if (header.configNumber < FcfTarget::FirstSlot || header.configNumber > FcfTarget::LastSlot)
-        invalid(QLatin1String(slot.name), slot.offset, QStringLiteral("is no flash slot"),
-                QStringLiteral("%1 to %2").arg(FcfTarget::FirstSlot).arg(FcfTarget::LastSlot),
-                QString::number(header.configNumber));
+        invalid(&FcfHeader::configNumber, header, QStringLiteral("is no flash slot"),
+                QStringLiteral("%1 to %2").arg(FcfTarget::FirstSlot).arg(FcfTarget::LastSlot));
 }
 
 void Validator::checkReservedWords(const QVector<quint32>& words) const
@@ -221,26 +209,27 @@ void Validator::checkAgainstWriter(const HeaderPage& page) const
                 written.mid(textStart), *found);
 }
 
-void Validator::compareBinary(const HeaderPage& page, const InputFile& binary,
+void Validator::compareBinary(const HeaderPage& page, const Region& binary,
                               const CopyObserver& observe) const
 {
     if (m_kind == Companion) {
-        checkSizes(page.reading.header, binary.size());
+        checkSizes(page.reading.header, binary.bytes);
         return;
     }
-    if (page.payloadBytes != binary.size())
-        invalid(QStringLiteral("payload"), page.bytes,
-                QStringLiteral("has not the length of %1").arg(shownText(binary.label())),
-                QStringLiteral("%1 bytes").arg(binary.size()),
+    const QString payload = QStringLiteral("payload");
+    const QString label = shownText(binary.file->label());
+    if (page.payloadBytes != binary.bytes)
+        invalid(payload, page.bytes, QStringLiteral("has not the length of %1").arg(label),
+                QStringLiteral("%1 bytes").arg(binary.bytes),
                 QStringLiteral("%1 bytes").arg(page.payloadBytes));
     const auto difference = m_findings->valueOf(
         FileCompare::compare({m_file, page.bytes, page.payloadBytes, nullptr}, binary, observe));
-    if (difference && *difference)
-        invalid(QStringLiteral("payload"), (*difference)->offset,
+    if (difference && difference->count > 0)
+        invalid(payload, page.bytes + difference->offset,
                 QStringLiteral("is not %1, of which this is offset %2")
-                    .arg(shownText(binary.label()))
-                    .arg((*difference)->offset - page.bytes),
-                (*difference)->expected, (*difference)->found);
+                    .arg(label)
+                    .arg(binary.offset + difference->offset),
+                difference->expected, difference->found);
 }
 
 void Validator::compareCompanion(const HeaderPage& page, const InputFile& companion) const
@@ -266,6 +255,14 @@ std::optional<QByteArray> Validator::bytesAt(const InputFile& file, qint64 offse
                                              qint64 bytes) const
 {
     return m_findings->valueOf(file.bytesAt(offset, bytes));
+}
+
+void Validator::invalid(qint32 FcfHeader::*number, const FcfHeader& header, const QString& reason,
+                        const QString& expected) const
+{
+    const FcfLayout::NumberField& field = numberOf(number);
+    invalid(QLatin1String(field.name), field.offset, reason, expected,
+            QString::number(header.*number));
 }
 
 void Validator::invalid(const QString& field, qint64 offset, const QString& reason,

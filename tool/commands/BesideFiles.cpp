@@ -7,17 +7,14 @@
 #include "tool/files/Copy.h"
 #include "tool/files/Digest.h"
 
+#include <QFileInfo>
+
 #include <CLI/CLI.hpp>
 
 namespace {
 
 const QString Field = QStringLiteral("digest");
 const QString ImageEnding = QStringLiteral(".fcf");
-
-bool isFile(const QString& path)
-{
-    return FileSystem::targetKindOf(path) == FileSystem::Kind::File;
-}
 
 /// Adds the error that \p lines, of the file \p path, have no digest of \p image.
 void refuseLines(const InputFile& image, const QByteArray& lines, const QString& path, Task* task)
@@ -57,7 +54,7 @@ void BesideFiles::checkCompanion(const Validator& validator, const InputFile& fi
         path = task->path(*m_companion, "--companion");
     else if (!m_noCompanion && file.path().endsWith(ImageEnding))
         path = file.path().chopped(ImageEnding.size()) + QStringLiteral(".txt");
-    if (!path || (!m_companion && !isFile(*path)))
+    if (!path || (!m_companion && !QFileInfo(*path).isFile()))
         return;
     if (const auto companion = task->open(*path, Validator::LargestFile, "--companion"))
         validator.compareCompanion(page, *companion);
@@ -68,7 +65,7 @@ std::optional<QString> BesideFiles::digestPath(const InputFile& image, Task* tas
     if (m_digest)
         return task->path(*m_digest, "--digest");
     const QString path = Digest::pathFor(image.path());
-    if (!m_noDigest && !image.isStandardInput() && isFile(path))
+    if (!m_noDigest && !image.isStandardInput() && QFileInfo(path).isFile())
         return path;
     if (m_requireDigest)
         task->findings.error(ExitCode::NotValid, image.label(), Field,

@@ -1,10 +1,14 @@
 #include "tool/commands/BuildOptions.h"
 
+#include "fcf/FcfTarget.h"
 #include "tool/base/Text.h"
 #include "tool/build/BuildJson.h"
 #include "tool/check/HeaderPage.h"
 #include "tool/commands/Arguments.h"
 #include "tool/commands/Command.h"
+
+#include <QDir>
+#include <QFileInfo>
 
 #include <CLI/CLI.hpp>
 
@@ -43,6 +47,16 @@ std::optional<QString> textOfFile(const QString& path, const char* option, Task*
     if (text->startsWith(QChar::ByteOrderMark))
         text->remove(0, 1);
     return text->replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+}
+
+/// The build of the recipe at \p path, with the text of the file that it names.
+Build withDescription(Build build, const QString& path, Task* task)
+{
+    if (!build.descriptionFile)
+        return build;
+    const QString file = QFileInfo(path).dir().filePath(*build.descriptionFile);
+    build.description = textOfFile(file, "descriptionFile", task);
+    return build;
 }
 
 /// Reads the arguments of one option each into a build.
@@ -119,8 +133,15 @@ void BuildOptions::declare(CLI::App* app)
                                          field.type, field.help);
         else
             Arguments::addOption(app, field.option == SlotOption ? SlotNames : field.option,
-                                 &m_given[field.name], field.type, field.help);
+                                 &m_given[field.name], field.type, field.help)
+                ->group(field.isRequired ? "Required, unless --like gives it" : "Options");
     });
+    std::string footer = "Modules and their devices:\n";
+    for (const QString& module : FcfTarget::modules())
+        footer += QStringLiteral("  %1: %2\n")
+                      .arg(module, FcfTarget::devicesOf(module).join(QStringLiteral(", ")))
+                      .toStdString();
+    app->footer(footer + '\n');
     Arguments::addOption(app, "--like", &m_like, "FILE",
                          "take what is not given from an image (.fcf), a companion (.txt) or a "
                          "recipe (.json; - is a recipe on standard input)");
@@ -170,7 +191,7 @@ std::optional<Build> BuildOptions::like(Task* task) const
             return std::nullopt;
         const auto build = BuildJson::readRecipe(*json, InputFile::labelOf(*path));
         if (build)
-            return *build;
+            return withDescription(*build, *path, task);
         for (const Finding& error : build.error())
             task->findings.add(error);
         return std::nullopt;

@@ -15,9 +15,7 @@ namespace {
 /// Takes the payload out of a valid image.
 class ExtractCommand : public Command {
 public:
-    const char* name() const override { return "extract"; }
-    const char* summary() const override { return "Take the payload out of an image"; }
-    void declare(CLI::App* app) override;
+    explicit ExtractCommand(CLI::App* parent);
     void run(Task* task) override;
 
 private:
@@ -30,9 +28,10 @@ private:
     bool m_force = false;
 };
 
-void ExtractCommand::declare(CLI::App* app)
+ExtractCommand::ExtractCommand(CLI::App* parent)
+    : Command(parent, "extract", "Take the payload out of an image")
 {
-    Arguments::addOperand(app, "FCF", &m_file, "an image; - is standard input");
+    Arguments::addOperand(app, "FILE", &m_file, "an image; - is standard input");
     Arguments::addOperand(app, "-o,--output", &m_output,
                           "where the payload goes; - is standard output")
         ->type_name("FILE");
@@ -42,42 +41,35 @@ void ExtractCommand::declare(CLI::App* app)
 
 void ExtractCommand::run(Task* task)
 {
-    const std::optional<QString> path = task->path(m_file, "FCF");
     const std::optional<QString> output = task->path(m_output, "--output");
     // As JSON it is refused, and that is what goes there.
     task->report.outIsTaken = output == StandardStream && !task->report.json;
-    const auto file =
-        path && output ? task->open(*path, Validator::LargestFile, "FCF") : std::nullopt;
-    if (!file)
+    const auto fcf = output ? task->openFcf(m_file, Task::Whole) : std::nullopt;
+    if (output)
+        guard(*output, task);
+    if (!fcf || task->findings.hasErrors())
         return;
-    guard(*output, task);
-    auto page =
-        task->findings.hasErrors()
-            ? std::nullopt
-            : task->findings.valueOf(HeaderPage::read(*file, task->codec, ExitCode::NotValid));
-    if (!page || !task->findings.accept(page->measure(*file)))
-        return;
-    const Validator validator(&*file, Validator::Image, task->codec, &task->findings);
-    validator.validate(*page);
-    m_beside.checkCompanion(validator, *file, *page, task);
-    m_beside.checkDigest(*file, *page, task);
+    const auto& [file, page] = *fcf;
+    const Validator validator(&file, Validator::Image, task->codec, &task->findings);
+    validator.validate(page);
+    m_beside.checkCompanion(validator, file, page, task);
+    m_beside.checkDigest(file, page, task);
     task->findings.dropNotes();
     if (task->findings.hasErrors() ||
         !task->findings.accept(
-            write({&*file, page->bytes, page->payloadBytes, nullptr}, *output, task)))
+            write({&file, page.bytes, page.payloadBytes, nullptr}, *output, task)))
         return;
     task->report.isInPlace = true;
     task->report.print(*output);
     task->report.result["payload"] = *output;
-    task->report.result["payloadBytes"] = page->payloadBytes;
+    task->report.result["payloadBytes"] = page.payloadBytes;
 }
 
 void ExtractCommand::guard(const QString& output, Task* task) const
 {
-    const OutputGuard guard(&task->inputs, m_force, &task->findings);
-    guard.guardStandardOutput(task->environment, output == StandardStream);
+    OutputGuard::guardStandardOutput(output == StandardStream, task);
     if (output != StandardStream)
-        guard.guard(output);
+        OutputGuard::guard(output, m_force, task);
     else if (task->report.json)
         task->findings.error(ExitCode::Refused, StandardOutputLabel, QStringLiteral("--output"),
                              QStringLiteral("takes the payload alone: --json needs a file"));
@@ -99,4 +91,7 @@ Status ExtractCommand::write(const Region& payload, const QString& output, Task*
 
 } // namespace
 
-std::unique_ptr<Command> extractCommand() { return std::make_unique<ExtractCommand>(); }
+std::unique_ptr<Command> extractCommand(CLI::App* parent)
+{
+    return std::make_unique<ExtractCommand>(parent);
+}

@@ -4,10 +4,13 @@
 #include "tool/files/InputFile.h"
 
 #include <algorithm>
+#include <functional>
+#include <numeric>
 
 namespace {
 
 constexpr int ChunkBytes = 1024 * 1024;
+constexpr char FillerByte = '\xff';
 const QString Payload = QStringLiteral("payload");
 
 tl::unexpected<Finding> unreadable(Finding error)
@@ -40,22 +43,23 @@ Status readParts(const Region& region, Take take)
 
 } // namespace
 
-QString writeAll(QIODevice* device, const char* data, qint64 bytes)
+FileSystem::OrReason<void> writeAll(QIODevice* device, const char* data, qint64 bytes)
 {
     QString error;
-    FcfWriter::writeAll(device, QByteArray::fromRawData(data, static_cast<int>(bytes)), &error);
-    return error;
+    if (FcfWriter::writeAll(device, QByteArray::fromRawData(data, static_cast<int>(bytes)), &error))
+        return {};
+    return tl::make_unexpected(error);
 }
 
 Status writeAll(QIODevice* sink, const QByteArray& bytes, const QString& label)
 {
-    const QString error = writeAll(sink, bytes.constData(), bytes.size());
-    return error.isEmpty() ? Status() : FileSystem::notWritten(label, error);
+    const auto written = writeAll(sink, bytes.constData(), bytes.size());
+    return written ? Status() : FileSystem::notWritten(label, written.error());
 }
 
-Result<QByteArray> Region::start(qint64 count) const
+Result<QByteArray> Region::bytesAt(qint64 position, qint64 count) const
 {
-    auto taken = file->bytesAt(offset, qMin(count, bytes));
+    auto taken = file->bytesAt(offset + position, qMin(count, bytes - position));
     if (taken && transform)
         transform(taken->data(), taken->size());
     return taken;
@@ -93,29 +97,57 @@ Status copyPayload(const Region& region, QIODevice* sink, const QString& label,
                                    : Status(FileSystem::notWritten(label, copy.error()));
 }
 
-Result<std::optional<FileCompare::Difference>>
-FileCompare::compare(const Region& region, const InputFile& model, const CopyObserver& observe)
+Status Filler::write(QIODevice* sink, qint64 bytes, const QString& label,
+                     const CopyObserver& observe)
 {
-    std::optional<Difference> difference;
+    const QByteArray chunk(static_cast<int>(qMin<qint64>(bytes, ChunkBytes)), FillerByte);
+    for (qint64 left = bytes; left > 0; left -= chunk.size()) {
+        const QByteArray part = chunk.left(static_cast<int>(qMin<qint64>(left, chunk.size())));
+        if (Status status = writeAll(sink, part, label); !status)
+            return status;
+        observe(part.constData(), part.size());
+    }
+    return {};
+}
+
+Result<bool> Filler::isIn(const Region& region)
+{
+    bool isFiller = true;
+    Status status = readAll(region, [&isFiller](const char* data, qint64 count) {
+        isFiller = isFiller &&
+                   std::all_of(data, data + count, [](char byte) { return byte == FillerByte; });
+    });
+    return status ? Result<bool>(isFiller) : tl::unexpected<Finding>(status.error());
+}
+
+Result<FileCompare::Difference> FileCompare::compare(const Region& region, const Region& model,
+                                                     const CopyObserver& observe)
+{
+    Difference difference;
     qint64 done = 0;
     Region common = region;
-    common.bytes = qMin(region.bytes, model.size());
+    common.bytes = qMin(region.bytes, model.bytes);
     Status status = readParts(common, [&](const char* data, qint64 count) {
         const auto other = model.bytesAt(done, count);
         if (!other)
             return Status(tl::unexpected<Finding>(other.error()));
+        if (other->size() < count)
+            return Status(model.file->notRead(QStringLiteral("it ends early")));
         const QByteArray own = QByteArray::fromRawData(data, static_cast<int>(count));
-        const int same = firstDifference(own, *other);
-        if (!difference && own != *other)
-            difference =
-                Difference{region.offset + done + same, byteAt(*other, same), byteAt(own, same)};
+        if (difference.count == 0 && own != *other) {
+            const int same = firstDifference(own, *other);
+            difference.offset = done + same;
+            difference.expected = byteAt(*other, same);
+            difference.found = byteAt(own, same);
+        }
+        if (own != *other)
+            difference.count += std::inner_product(own.begin(), own.end(), other->begin(),
+                                                   qint64(0), std::plus<>(), std::not_equal_to<>());
         done += count;
         observe(data, count);
         return Status();
     });
-    if (!status)
-        return tl::unexpected<Finding>(status.error());
-    return difference;
+    return status ? Result<Difference>(difference) : tl::unexpected<Finding>(status.error());
 }
 
 int FileCompare::firstDifference(const QByteArray& one, const QByteArray& other)

@@ -1,18 +1,10 @@
 #include "tool/files/Digest.h"
 
-#include <QFile>
-#include <QFileInfo>
-
 namespace {
 
 constexpr int HexDigits = 64;
 /// Less is not worth a thread.
 constexpr int BackgroundBytes = 512 * 1024;
-
-QByteArray encodedName(const QString& path)
-{
-    return QFile::encodeName(QFileInfo(path).fileName());
-}
 
 /// sha256sum marks a line in which a name is escaped with a backslash at its start.
 QByteArray escaped(QByteArray name)
@@ -58,8 +50,8 @@ QString Digest::pathFor(const QString& imagePath) { return imagePath + QStringLi
 
 QByteArray Digest::line(const QByteArray& digest, const QString& imagePath)
 {
-    const QByteArray name = escaped(encodedName(imagePath));
-    const QByteArray start = name == encodedName(imagePath) ? "" : "\\";
+    const QByteArray name = escaped(FileSystem::nameOf(imagePath));
+    const QByteArray start = name == FileSystem::nameOf(imagePath) ? "" : "\\";
     return start + digest.toHex() + "  " + name + '\n';
 }
 
@@ -70,7 +62,7 @@ QList<QByteArray> Digest::find(const QByteArray& lines, const std::optional<QStr
         const std::optional<Line> line = parsed(text);
         if (!line)
             continue;
-        const QByteArray name = imagePath ? encodedName(*imagePath) : QByteArray();
+        const QByteArray name = imagePath ? FileSystem::nameOf(*imagePath) : QByteArray();
         if (!imagePath || line->name == (line->isEscaped ? escaped(name) : name))
             digests << line->digest;
     }

@@ -89,7 +89,8 @@ public:
 
 private:
     void guard(const QFile& file, const InputFile& input);
-    Status spool(QIODevice* stream, qint64 limit, const QString& field, InputFile* file) const;
+    Result<InputFile> spool(QIODevice* stream, qint64 limit, const QString& field,
+                            InputFile file) const;
 
     QIODevice* m_in;
     Observers m_observers;

@@ -176,15 +176,14 @@ void DesignStorageTest::refusesADamagedDescription_data()
         << QByteArray("{\"\xc3\xa9\xc3\xa9\": x}") << "line 1, column 8";
     QTest::newRow("cut off") << start << "line 1, column ";
     QTest::newRow("a list") << QByteArray("[]") << "the outermost object: an object is expected";
-    QTest::newRow("no format") << QByteArray("{}")
-                               << "the outermost object: the entry \"format\" is missing";
+    QTest::newRow("no format") << QByteArray("{}") << "format: the entry is missing";
     QTest::newRow("a newer format")
         << QByteArray(R"({"format": 2, "novelty": true})")
         << "format: format 2 is newer than format 1, the newest that can be read";
     QTest::newRow("half a format")
         << QByteArray(R"({"format": 1.5})") << "format: a whole number from 1 to 2147483647";
     QTest::newRow("no version") << QByteArray(R"({"format": 1, "type": "T"})")
-                                << "the outermost object: the entry \"version\" is missing";
+                                << "version: the entry is missing";
     QTest::newRow("a negative version")
         << QByteArray(R"({"format": 1, "type": "T", "version": {"major": 1, "minor": -1}})")
         << "version.minor: a whole number from 0 to";
@@ -193,7 +192,7 @@ void DesignStorageTest::refusesADamagedDescription_data()
     QTest::newRow("files that are no list") << start + R"("files": 1})"
                                             << "files: a list is expected";
     QTest::newRow("a file without a path") << start + R"("files": [{"path": "a"}, {}]})"
-                                           << "files[1]: the entry \"path\" is missing";
+                                           << "files[1].path: the entry is missing";
     QTest::newRow("a file with an empty path") << start + R"("files": [{"path": ""}]})"
                                                << "files[0].path: a path is expected";
     QTest::newRow("a file listed twice") << start + R"("files": [{"path": "a"}, {"path": "./a"}]})"
@@ -212,7 +211,7 @@ void DesignStorageTest::refusesADamagedDescription_data()
         << start + R"("files": [{"path": "a", "generated": "yes"}]})"
         << "files[0].generated: true or false is expected";
     QTest::newRow("a property without a value") << start + R"("properties": [{"name": "a"}]})"
-                                                << "properties[0]: the entry \"value\" is missing";
+                                                << "properties[0].value: the entry is missing";
     QTest::newRow("a property with a list as value")
         << start + R"("properties": [{"name": "a", "value": []}]})"
         << "properties[0].value: a text is expected";
@@ -221,7 +220,7 @@ void DesignStorageTest::refusesADamagedDescription_data()
         << "structure.nodes[0].nodes[0].name: a text is expected";
     QTest::newRow("a rule without a pattern")
         << start + R"("structure": {"associations": [{"node": "a"}]}})"
-        << "structure.associations[0]: the entry \"pattern\" is missing";
+        << "structure.associations[0].pattern: the entry is missing";
 }
 
 void DesignStorageTest::refusesADamagedDescription()

@@ -1,6 +1,9 @@
-#include "tool/build/Stamp.h"
+#include "tool/commands/Stamp.h"
 
+#include "fcf/FcfHeader.h"
 #include "tool/base/Text.h"
+#include "tool/commands/Arguments.h"
+#include "tool/commands/Command.h"
 
 #include <QRegularExpression>
 
@@ -13,9 +16,8 @@ constexpr int TimeStart = 11;
 /// The last second of the year 9999, so that a date keeps its form.
 constexpr qint64 LastSecond = 253402300799;
 
-} // namespace
-
-Result<QDateTime> Stamp::given(const QString& text)
+/// What --date-time says.
+Result<QDateTime> given(const QString& text)
 {
     // In UTC, which has every time of day: a local clock that is put forward leaves some out.
     const QDate date = QDate::fromString(text.left(DatePattern.size()), DatePattern);
@@ -32,7 +34,8 @@ Result<QDateTime> Stamp::given(const QString& text)
                        .arg(shownText(text)));
 }
 
-Result<QDateTime> Stamp::sourceDate(const QByteArray& value)
+/// What SOURCE_DATE_EPOCH says, in UTC.
+Result<QDateTime> sourceDate(const QByteArray& value)
 {
     const QString text = QString::fromLatin1(value);
     static const QRegularExpression digits(QStringLiteral("^[0-9]{1,12}\\z"));
@@ -45,12 +48,31 @@ Result<QDateTime> Stamp::sourceDate(const QByteArray& value)
             .arg(shownText(text)));
 }
 
-Result<Stamp::DateFormat> Stamp::dateFormat(const QString& text)
+} // namespace
+
+void Stamp::declare(CLI::App* app)
 {
-    if (text == QStringLiteral("locale"))
-        return DateFormat::Locale;
-    if (text == QStringLiteral("iso"))
-        return DateFormat::Iso;
-    return failure(ExitCode::Refused, QString(), QStringLiteral("--date-format"),
-                   QStringLiteral("\"%1\" is neither \"locale\" nor \"iso\"").arg(shownText(text)));
+    Arguments::addOption(app, "--date-time", &m_dateTime, "YYYY-MM-DDTHH:MM:SS",
+                         "the date and time in the header (default: SOURCE_DATE_EPOCH in UTC, or "
+                         "without that the clock)");
+    Arguments::addOption(app, "--date-format", &m_dateFormat, "locale|iso",
+                         "how the date is written (default: locale)");
+}
+
+void Stamp::apply(FcfHeader* header, Task* task) const
+{
+    Findings& findings = task->findings;
+    QDateTime moment = task->environment.clock();
+    if (const auto& source = task->environment.sourceDateEpoch)
+        moment = findings.valueOf(sourceDate(*source)).value_or(moment);
+    if (const auto text = m_dateTime ? task->text(*m_dateTime, "--date-time") : std::nullopt)
+        moment = findings.valueOf(given(*text)).value_or(moment);
+    header->stamp(moment);
+    const auto format = m_dateFormat ? task->text(*m_dateFormat, "--date-format") : std::nullopt;
+    if (format == QStringLiteral("iso"))
+        header->date = moment.date().toString(Qt::ISODate);
+    else if (format && format != QStringLiteral("locale"))
+        findings.error(
+            ExitCode::Refused, QString(), QStringLiteral("--date-format"),
+            QStringLiteral("\"%1\" is neither \"locale\" nor \"iso\"").arg(shownText(*format)));
 }
