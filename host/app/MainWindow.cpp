@@ -3,7 +3,7 @@
 #include "host/app/Commands.h"
 #include "host/app/common/WindowPlace.h"
 #include "host/app/DesignCommands.h"
-#include "host/app/DesignDetails.h"
+#include "host/app/DesignEditor.h"
 #include "host/app/DesignModel.h"
 #include "host/app/DesignSession.h"
 #include "host/app/DesignView.h"
@@ -12,7 +12,6 @@
 #include "host/app/ItemCommands.h"
 #include "host/app/LogPane.h"
 #include "host/app/OpenDesigns.h"
-#include "host/app/PropertyEditor.h"
 #include "host/app/StartPage.h"
 #include "host/app/ViewExtensions.h"
 
@@ -144,28 +143,21 @@ void MainWindow::buildMenus()
     Commands::add("File.Quit", tr("&Quit"), QKeySequence("Ctrl+Q"), this, [this] { close(); });
 }
 
-QDockWidget* MainWindow::makeDock(const QString& name, const QString& title, QWidget* body)
-{
-    auto* const dock = new QDockWidget(title, this);
-    dock->setObjectName(name);
-    dock->setWidget(body);
-    return dock;
-}
-
 void MainWindow::buildDocks()
 {
-    auto* const body = new QWidget;
-    m_details = new DesignDetails(body);
-    m_properties = new PropertyEditor(body);
-    auto* const layout = new QVBoxLayout(body);
-    layout->addWidget(m_details);
-    layout->addWidget(m_properties, 1);
+    const auto makeDock = [this](const char* name, const QString& title, QWidget* body) {
+        auto* const dock = new QDockWidget(title, this);
+        dock->setObjectName(name);
+        dock->setWidget(body);
+        return dock;
+    };
+    m_editor = new DesignEditor;
     // A small screen, or a large font, has no room for all of it.
     auto* const scrolled = new QScrollArea;
     scrolled->setFocusPolicy(Qt::NoFocus);
     scrolled->setFrameShape(QFrame::NoFrame);
     scrolled->setWidgetResizable(true);
-    scrolled->setWidget(body);
+    scrolled->setWidget(m_editor);
     m_propertyDock = makeDock("PropertyDock", tr("Design Properties"), scrolled);
     m_inspectorDock = makeDock("InspectorDock", tr("Image"), new ImageInspector);
     m_logDock = makeDock("LogDock", tr("Log"), new LogPane);
@@ -220,8 +212,7 @@ void MainWindow::showCurrentDesign()
 {
     Design* const design = m_view->currentDesign();
     m_pages->setCurrentWidget(m_model->rowCount() > 0 ? m_view : m_pages->widget(0));
-    m_details->setDesign(design);
-    m_properties->setDesign(design);
+    m_editor->setDesign(design);
     setWindowTitle(design ? tr("%1[*] - Pelk Design Host").arg(design->name())
                           : tr("Pelk Design Host"));
     setWindowModified(design && design->isModified());
