@@ -11,7 +11,6 @@
 #include "host/app/ImageInspector.h"
 #include "host/app/ItemCommands.h"
 #include "host/app/LogPane.h"
-#include "host/app/OpenDesigns.h"
 #include "host/app/StartPage.h"
 #include "host/app/ViewExtensions.h"
 
@@ -54,8 +53,7 @@ constexpr int LogHeight = 8;
 } // namespace
 
 MainWindow::MainWindow(QWidget* parent)
-    : QMainWindow(parent), m_designs(new OpenDesigns(this)), m_model(new DesignModel(this)),
-      m_session(new DesignSession(m_designs, this))
+    : QMainWindow(parent), m_model(new DesignModel(this)), m_session(new DesignSession(this))
 {
     // A static library's resources are not there by themselves.
     Q_INIT_RESOURCE(host);
@@ -135,7 +133,7 @@ void MainWindow::buildMenus()
     m_toolBar->setIconSize(QSize(iconSize, iconSize));
     m_toolBar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     auto* const items = new ItemCommands(m_session, m_model, m_view, m_toolBar);
-    new DesignCommands(m_designs, m_session, m_view, items, m_toolBar, this);
+    new DesignCommands(m_session, m_view, items, m_toolBar, this);
     connect(items, &ItemCommands::inspectionWanted, this, &MainWindow::inspect);
     m_help = new HelpMenu(this);
 
@@ -189,7 +187,7 @@ void MainWindow::buildStatusBar()
 
 void MainWindow::connectDesigns()
 {
-    connect(m_designs, &OpenDesigns::opened, this, [this](Design* design) {
+    connect(m_session, &DesignSession::opened, this, [this](Design* design) {
         m_model->addDesign(design);
         connect(design, &Design::filesRefreshed, this,
                 [this](const QList<OrvanticCore::DesignFile*>& files) {
@@ -200,7 +198,7 @@ void MainWindow::connectDesigns()
         connect(design, &Design::modifiedChanged, this, &MainWindow::showCurrentDesign);
         showCurrentDesign();
     });
-    connect(m_designs, &OpenDesigns::aboutToClose, this, [this](Design* design) {
+    connect(m_session, &DesignSession::aboutToClose, this, [this](Design* design) {
         m_model->removeDesign(design);
         showCurrentDesign();
     });

@@ -9,7 +9,6 @@ class DesignModel;
 class DesignSession;
 class DesignView;
 class HelpMenu;
-class OpenDesigns;
 class QDockWidget;
 class QLabel;
 class QStackedWidget;
@@ -57,7 +56,6 @@ private:
     void saveLayout() const;
     void showCurrentDesign();
 
-    OpenDesigns* m_designs;
     DesignModel* m_model;
     DesignView* m_view = nullptr;
     DesignSession* m_session = nullptr;
