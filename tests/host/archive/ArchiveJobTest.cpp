@@ -1,13 +1,15 @@
-#include "tests/host/archive/ArchivedDesign.h"
-#include "tests/host/archive/Unpacked.h"
+#include "host/archive/ArchivedDesign.h"
+#include "host/archive/Unpacked.h"
 
 #include "host/app/archive/ArchiveJob.h"
-#include "tests/support/FullDisk.h"
+#include "support/FullDisk.h"
 
 #include <OrvanticCore/DesignFile.h>
 
 #include <QDir>
 #include <QtTest>
+
+#include <sys/stat.h>
 
 class ArchiveJobTest : public QObject {
     Q_OBJECT
@@ -30,6 +32,7 @@ private slots:
     void leavesNothingWhenItIsDeleted();
     void refusesAnArchiveOfNothing();
     void refusesAFolderAsDestination();
+    void refusesALinkToWhatIsNoFile();
     void tellsItsProgress();
 
 private:
@@ -249,6 +252,18 @@ void ArchiveJobTest::refusesAFolderAsDestination()
     QCOMPARE(outcome, ArchiveJob::Failed);
     QVERIFY2(error.startsWith(bench->path("constraints") + ": "), qPrintable(error));
     QVERIFY(QFileInfo::exists(bench->path("constraints/pins.xdc")));
+}
+
+void ArchiveJobTest::refusesALinkToWhatIsNoFile()
+{
+    // A pipe in place of a device of the system, which an administrator could replace.
+    const QString pipe = bench->path("pipe");
+    QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    QVERIFY(QFile::link(pipe, bench->path("link.zip")));
+    run(order(bench->path("link.zip")));
+    QCOMPARE(outcome, ArchiveJob::Failed);
+    QVERIFY2(error.endsWith("It is not a file."), qPrintable(error));
+    QVERIFY(QFileInfo::exists(pipe) && !QFileInfo(pipe).isFile());
 }
 
 void ArchiveJobTest::tellsItsProgress()
