@@ -89,24 +89,23 @@ void ItemCommands::refreshExtensions()
     m_ofFile.clear();
     if (!m_separator)
         m_separator = menu->addSeparator();
-    QList<QAction*> actions;
-    if (design && !m_model->folderAt(current))
-        actions = ViewExtensions::menuActions(file, design, m_view->objectName());
-    m_separator->setVisible(!actions.isEmpty());
-    for (QAction* action : actions) {
-        menu->addAction(action);
-        m_toolBar->addAction(action);
+    QList<QAction*> inMenu;
+    QList<QAction*> onToolBar;
+    if (design && !m_model->folderAt(current)) {
+        const QString view = m_view->objectName();
+        inMenu = ViewExtensions::actions(ViewExtensions::Menu, file, design, view);
+        onToolBar = ViewExtensions::actions(ViewExtensions::ToolBar, file, design, view);
+    }
+    m_separator->setVisible(!inMenu.isEmpty());
+    menu->addActions(inMenu);
+    m_toolBar->addActions(inMenu + onToolBar);
+    for (QAction* action : inMenu + onToolBar)
         m_shown << action;
+    for (QAction* action : inMenu) {
         if (file)
             m_ofFile << action;
         connect(action, &QAction::triggered, this, &ItemCommands::logWhyNothingIsFilledIn,
                 Qt::UniqueConnection);
-    }
-    if (design && !m_model->folderAt(current)) {
-        for (QAction* action : ViewExtensions::toolBarActions(file, design, m_view->objectName())) {
-            m_toolBar->addAction(action);
-            m_shown << action;
-        }
     }
 }
 
