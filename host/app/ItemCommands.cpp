@@ -3,6 +3,7 @@
 #include "host/app/Commands.h"
 #include "host/app/DesignHistory.h"
 #include "host/app/DesignModel.h"
+#include "host/app/DesignRows.h"
 #include "host/app/DesignSession.h"
 #include "host/app/DesignView.h"
 #include "host/app/ViewExtensions.h"
@@ -11,6 +12,7 @@
 #include <OrvanticCore/DesignFile.h>
 #include <OrvanticCore/DesignFolder.h>
 #include <OrvanticCore/DesignManager.h>
+#include <OrvanticCore/DesignStructure.h>
 
 #include <QtilitiesCoreGui/TreeNode.h>
 #include <QtilitiesLogging/Logger.h>
@@ -113,7 +115,9 @@ void ItemCommands::fillMoveMenu()
 {
     m_moveMenu->clear();
     const Design* const design = m_view->currentDesign();
-    for (const QString& node : design ? DesignModel::nodesOf(design) : QStringList()) {
+    const bool hasNodes = design && design->structure();
+    for (const QString& node :
+         hasNodes ? DesignRows::nodeNames(design->structure()->rootNode()) : QStringList()) {
         QAction* const action = m_moveMenu->addAction(QString(node).replace("&", "&&"));
         connect(action, &QAction::triggered, this, [this, node] { moveSelected(node); });
     }
