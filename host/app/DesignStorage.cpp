@@ -3,6 +3,7 @@
 #include "host/app/common/FileProblem.h"
 #include "host/app/DesignDescription.h"
 #include "host/app/JsonNode.h"
+#include "tool/files/Copy.h"
 
 #include <OrvanticCore/Design.h>
 
@@ -17,19 +18,6 @@ using OrvanticCore::Design;
 namespace {
 
 QString tr(const char* text) { return QCoreApplication::translate("DesignStorage", text); }
-
-/// Continues after a short write, which does not report its cause.
-bool writeAll(QIODevice* device, const QByteArray& bytes)
-{
-    qint64 written = 0;
-    while (written < bytes.size()) {
-        const qint64 count = device->write(bytes.constData() + written, bytes.size() - written);
-        if (count <= 0)
-            return false;
-        written += count;
-    }
-    return true;
-}
 
 /// Of a description: many thousands of files. A larger one is none, and would take the memory.
 constexpr qint64 MaximumBytes = 16 * 1024 * 1024;
@@ -120,9 +108,11 @@ bool DesignStorage::save(Design* design, QString* error)
     }
     QSaveFile file(path);
     // Unbuffered: QSaveFile would not notice when the last of its buffer cannot be written.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(&file, bytes) ||
-        !file.commit()) {
-        *error = fileProblem(path, file.errorString());
+    const bool isOpen = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+    const QString problem =
+        isOpen ? writeAll(&file, bytes.constData(), bytes.size()) : file.errorString();
+    if (!problem.isEmpty() || !file.commit()) {
+        *error = fileProblem(path, problem.isEmpty() ? file.errorString() : problem);
         return false;
     }
     design->setProperty(SeenProperty, bytes);

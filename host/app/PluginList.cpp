@@ -37,34 +37,31 @@ QStringList librariesIn(const QString& folder)
     return libraries;
 }
 
-QString descriptionOf(const IPlugin& plugin)
-{
-    const auto version = plugin.pluginVersionInformation().version();
-    QStringList lines{plugin.pluginDescription(),      plugin.pluginPublisher(),
-                      plugin.pluginPublisherWebsite(), plugin.pluginPublisherContact(),
-                      plugin.pluginCopyright(),        plugin.pluginLicense()};
-    lines.removeAll(QString());
-    for (QString& line : lines)
-        line = line.toHtmlEscaped();
-    return QString("<h3>%1 %2.%3.%4</h3><p>%5</p>")
-        .arg(plugin.pluginName().toHtmlEscaped())
-        .arg(version.versionMajor())
-        .arg(version.versionMinor())
-        .arg(version.versionRevision())
-        .arg(lines.join("<br>"));
-}
-
 /// What the library at \p path reports of itself. The host has loaded it already, and starts
 /// nothing here.
 QString describe(const QString& path)
 {
     QPluginLoader loader(path);
     const auto* const plugin = qobject_cast<IPlugin*>(loader.instance());
-    const QString place = QDir::toNativeSeparators(path).toHtmlEscaped();
+    const QString place = QDir::toNativeSeparators(path);
     if (!plugin)
         return tr("<h3>%1</h3><p>This library is no plug-in that can be loaded. %2</p>")
-            .arg(place, loader.errorString().toHtmlEscaped());
-    return descriptionOf(*plugin) + "<p><small>" + place + "</small></p>";
+            .arg(place.toHtmlEscaped(), loader.errorString().toHtmlEscaped());
+    const auto version = plugin->pluginVersionInformation().version();
+    QStringList lines{plugin->pluginDescription(),
+                      plugin->pluginPublisher(),
+                      plugin->pluginPublisherWebsite(),
+                      plugin->pluginPublisherContact(),
+                      plugin->pluginCopyright(),
+                      plugin->pluginLicense(),
+                      place};
+    lines.removeAll(QString());
+    return QString("<h3>%1 %2.%3.%4</h3><p>%5</p>")
+        .arg(plugin->pluginName().toHtmlEscaped())
+        .arg(version.versionMajor())
+        .arg(version.versionMinor())
+        .arg(version.versionRevision())
+        .arg(lines.join('\n').toHtmlEscaped().replace('\n', "<br>"));
 }
 
 } // namespace
