@@ -125,7 +125,7 @@ bool PelkFcfGenerator::checkFunction()
 {
     if (ui->EditFunctionName->text().isEmpty()) {
         GeneratorDialogs::inform(
-            tr("Please enter a Function Name before uploading Function field is empty"));
+            this, tr("Please enter a Function Name before uploading Function field is empty"));
         ui->EditFunctionName->setFocus();
         // A warning, not a refusal: the function is added without a name.
         return false;
@@ -143,7 +143,7 @@ bool PelkFcfGenerator::checkFunction()
         return false;
 
     const QMessageBox::StandardButton answer = GeneratorDialogs::ask(
-        tr("The Function already exists, click Yes to override it and No to cancel"),
+        this, tr("The Function already exists, click Yes to override it and No to cancel"),
         QMessageBox::No);
     if (answer != QMessageBox::No) {
         const int first = index * EntryCount;
@@ -181,8 +181,8 @@ void PelkFcfGenerator::btnRemove_clicked()
     // The index goes into the build's author whatever the answer; users know the window so.
     ui->AuthoEditBox->setText(QString::number(index));
     const QMessageBox::StandardButton answer = GeneratorDialogs::ask(
-        tr("Are you sure you want to remove the function?, click Yes to remove it and No to "
-           "cancel"));
+        this, tr("Are you sure you want to remove the function?, click Yes to remove it and No to "
+                 "cancel"));
     if (answer != QMessageBox::Yes)
         return;
 
@@ -206,6 +206,6 @@ void PelkFcfGenerator::DescriptionMemoExit()
     ui->DescriptionMemo->setPlainText(description.left(FcfLayout::FormDescriptionLength));
     ui->DescriptionMemo->setFocus();
     GeneratorDialogs::inform(
-        tr("The Description can not be more 1000 characters long The description is "
-           "too long"));
+        this, tr("The Description can not be more 1000 characters long The description is "
+                 "too long"));
 }

@@ -5,6 +5,7 @@
 #include "fcf/FcfTarget.h"
 #include "fcf/FcfWriter.h"
 #include "generator/CopyProgress.h"
+#include "generator/DeletionHold.h"
 #include "generator/FcfOutput.h"
 #include "generator/GeneratorDialogs.h"
 #include "generator/GeneratorLog.h"
@@ -37,15 +38,15 @@ bool PelkFcfGenerator::updateConfigData()
     deviceCode = FcfTarget::deviceCode(getModule(), getDevice(), deviceCode);
 
     if (ui->txtInputFile->text().isEmpty()) {
-        GeneratorDialogs::inform(tr("Please select a bin file first"));
+        GeneratorDialogs::inform(this, tr("Please select a bin file first"));
         return false;
     }
     if (ui->AuthoEditBox->text().isEmpty()) {
-        GeneratorDialogs::inform(tr("Please enter the author 's name"));
+        GeneratorDialogs::inform(this, tr("Please enter the author 's name"));
         return false;
     }
     if (ui->CiNumEditBox->text().isEmpty()) {
-        GeneratorDialogs::inform(tr("Please enter a CI number"));
+        GeneratorDialogs::inform(this, tr("Please enter a CI number"));
         return false;
     }
     saveTofile(ui->txtInputFile->text());
@@ -59,7 +60,8 @@ void PelkFcfGenerator::saveTofile(QString binPath)
 
     const bool overwriting = QFileInfo(imagePath).exists();
     if (overwriting &&
-        GeneratorDialogs::ask(tr("A fcf file already exists at path:<br><br>") + imagePath +
+        GeneratorDialogs::ask(this,
+                              tr("A fcf file already exists at path:<br><br>") + imagePath +
                                   tr("<br><br>Do you want to overwrite it?"),
                               QMessageBox::No) != QMessageBox::Yes) {
         showGenerationFailed();
@@ -126,6 +128,8 @@ void PelkFcfGenerator::showTotals()
 
 void PelkFcfGenerator::showGenerated(const QStringList& files)
 {
+    // Who takes the files may let events run, and the user close the window in one of them.
+    const DeletionHold hold(this);
     emit newFilesCreated(files);
     showStatus(tr("<font color='green'>Successfully generated output files.</font>"));
     GeneratorLog::write(Logger::Info, tr("Successfully generated output files."));
@@ -140,10 +144,10 @@ void PelkFcfGenerator::reportFailure(FcfOutput* output)
 {
     switch (output->outcome()) {
     case FcfOutput::CannotOpen:
-        GeneratorDialogs::inform(tr("can't open ") + output->path());
+        GeneratorDialogs::inform(this, tr("can't open ") + output->path());
         break;
     case FcfOutput::HeaderTooLarge:
-        GeneratorDialogs::inform(tr("The file Size is too large please change some fields"));
+        GeneratorDialogs::inform(this, tr("The file Size is too large please change some fields"));
         if (!output->removeFiles())
             GeneratorLog::write(
                 Logger::Error,

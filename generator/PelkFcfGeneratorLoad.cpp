@@ -4,6 +4,7 @@
 
 #include "fcf/FcfLayout.h"
 #include "fcf/FcfReader.h"
+#include "generator/DeletionHold.h"
 #include "generator/GeneratorDialogs.h"
 #include "generator/GeneratorLog.h"
 
@@ -51,6 +52,7 @@ void logLoadingFailed(const QString& path, const QString& reason)
 
 void PelkFcfGenerator::openFileDialog()
 {
+    const DeletionHold hold(this);
     const QString path =
         QFileDialog::getOpenFileName(this, tr("Select Bin File"), ui->txtInputFile->text(),
                                      tr("Xilinx Binary Configuration Files (*.bin)"));
@@ -65,6 +67,7 @@ void PelkFcfGenerator::openFileDialog()
 
 void PelkFcfGenerator::fileOpenAccept()
 {
+    const DeletionHold hold(this);
     ui->FunctionComboBox->clear();
     ui->btnRemove->setEnabled(false);
     clearScreen();
@@ -109,8 +112,8 @@ bool PelkFcfGenerator::readConfigFile(QString filename)
     showNumbers(reading.header);
     if (reading.outcome == FcfReading::NoFilenameLine) {
         GeneratorDialogs::inform(
-            tr("please select a correct text file,the selected file is not compartable "
-               "with this programme "));
+            this, tr("please select a correct text file,the selected file is not compartable "
+                     "with this programme "));
         return false;
     }
     showTexts(reading);

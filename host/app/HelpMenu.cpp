@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QImage>
 #include <QMainWindow>
 #include <QMenu>
 #include <QTextBrowser>
@@ -17,6 +18,23 @@ namespace {
 
 /// The guide is part of the program.
 const char FirstPage[] = "qrc:/guide/README.md";
+
+/// Shows pictures no wider than a page, and fine on a fine screen.
+class GuideBrowser : public QTextBrowser {
+public:
+    using QTextBrowser::QTextBrowser;
+
+    QVariant loadResource(int type, const QUrl& name) override
+    {
+        constexpr double PageWidth = 680;
+        const QVariant resource = QTextBrowser::loadResource(type, name);
+        if (type != QTextDocument::ImageResource)
+            return resource;
+        QImage image = QImage::fromData(resource.toByteArray());
+        image.setDevicePixelRatio(qMax(1.0, image.width() / PageWidth));
+        return image;
+    }
+};
 
 } // namespace
 
@@ -40,7 +58,7 @@ void HelpMenu::showGuide()
         m_guide->setObjectName("HelpWindow");
         m_guide->setWindowTitle(tr("Guide"));
         m_guide->setAttribute(Qt::WA_DeleteOnClose);
-        auto* const browser = new QTextBrowser(m_guide);
+        auto* const browser = new GuideBrowser(m_guide);
         browser->setObjectName("HelpBrowser");
         browser->setAccessibleName(tr("Guide"));
         browser->setOpenLinks(false);

@@ -7,7 +7,7 @@
 #include <QTextBrowser>
 
 ImageInspector::ImageInspector(QWidget* parent)
-    : QWidget(parent), m_view(new QTextBrowser(this)), m_copy(new QPushButton(tr("&Copy"), this))
+    : QWidget(parent), m_view(new QTextBrowser(this)), m_copy(new QPushButton(tr("Cop&y"), this))
 {
     m_view->setObjectName("ImageReport");
     m_view->setAccessibleName(tr("Image"));

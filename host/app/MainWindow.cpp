@@ -48,8 +48,9 @@ using Qtilities::CoreGui::QtilitiesApplication;
 namespace {
 
 const QSize InitialSize(1160, 760);
-constexpr int PropertyWidth = 330;
-constexpr int LogHeight = 150;
+/// In characters and lines.
+constexpr int PropertyWidth = 50;
+constexpr int LogHeight = 8;
 
 } // namespace
 
@@ -161,6 +162,7 @@ void MainWindow::buildDocks()
     layout->addWidget(m_properties, 1);
     // A small screen, or a large font, has no room for all of it.
     auto* const scrolled = new QScrollArea;
+    scrolled->setFocusPolicy(Qt::NoFocus);
     scrolled->setFrameShape(QFrame::NoFrame);
     scrolled->setWidgetResizable(true);
     scrolled->setWidget(body);
@@ -251,8 +253,9 @@ void MainWindow::resetLayout()
     m_propertyDock->show();
     m_logDock->show();
     m_toolBar->show();
-    resizeDocks({m_propertyDock}, {PropertyWidth}, Qt::Horizontal);
-    resizeDocks({m_logDock}, {LogHeight}, Qt::Vertical);
+    resizeDocks({m_propertyDock}, {PropertyWidth * fontMetrics().averageCharWidth()},
+                Qt::Horizontal);
+    resizeDocks({m_logDock}, {LogHeight * fontMetrics().lineSpacing()}, Qt::Vertical);
 }
 
 void MainWindow::saveLayout() const

@@ -4,23 +4,8 @@
 
 #include <QCoreApplication>
 #include <QTextStream>
-#include <QTimer>
 
-bool EndToEndPlugin::initialize(const QStringList&, QStringList* error_strings)
-{
-    const bool configured = !qEnvironmentVariableIsEmpty("PELK_E2E_DESIGN");
-    if (!configured)
-        error_strings->append("PELK_E2E_DESIGN names no design");
-    return configured;
-}
-
-bool EndToEndPlugin::initializeDependencies(QStringList*)
-{
-    QTimer::singleShot(0, this, &EndToEndPlugin::runScenario);
-    return true;
-}
-
-void EndToEndPlugin::runScenario()
+void EndToEndPlugin::run()
 {
     Scenario scenario(qEnvironmentVariable("PELK_E2E_DESIGN"),
                       qEnvironmentVariable("PELK_E2E_SCREENSHOT"));

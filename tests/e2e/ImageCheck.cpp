@@ -2,7 +2,7 @@
 
 #include "e2e/UserActions.h"
 
-#include "tests/support/PlainFcf.h"
+#include "support/PlainFcf.h"
 
 #include <QFileInfo>
 

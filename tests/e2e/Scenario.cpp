@@ -3,6 +3,7 @@
 #include "e2e/GeneratorSteps.h"
 #include "e2e/ImageCheck.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
@@ -13,7 +14,9 @@
 #include <QLineEdit>
 #include <QPixmap>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QScreen>
+#include <QStyle>
 #include <QTreeView>
 #include <QtTest>
 
@@ -72,13 +75,20 @@ void Scenario::run()
 void Scenario::runAfterRestart()
 {
     m_host = UserActions::window("MainWindow");
+    const QString style = QApplication::style()->objectName();
+    require(style == "windows", "The style is " + style + " in place of windows.");
+    const QStringList log = UserActions::column(find<QTreeView>(m_host, "LogPane"), 2);
+    require(!log.filter(QRegularExpression("^Cannot load plug-in \".*/broken\\.so\": .")).isEmpty(),
+            "The log does not name the broken library: " + log.join("; "));
     withArchiveDialog([](QWidget* dialog) {
         UserActions::select(dialog, "typeBox", "VKT Config Package");
         const QString type = find<QComboBox>(dialog, "cmbPackageType")->currentText();
         require(type == "7030 (Software)", "The package type is " + type + " after a restart.");
         dialog->close();
     });
-    addToReport("Restarted", "  The package type is still 7030 (Software).\n");
+    addToReport("Restarted",
+                "  The package type is still 7030 (Software).\n"
+                "  The style is the one asked for, and a broken library is reported.\n");
 }
 
 void Scenario::makeImageFromToolsMenu()

@@ -3,7 +3,7 @@
 
 #include "e2e/UserActions.h"
 
-#include "tests/support/ModalAnswer.h"
+#include "support/ModalAnswer.h"
 
 #include <functional>
 

@@ -1,5 +1,5 @@
-#include "tests/generator/GeneratorDriver.h"
-#include "tests/generator/GeneratorTest.h"
+#include "generator/GeneratorDriver.h"
+#include "generator/GeneratorTest.h"
 
 #include <QMimeData>
 #include <QProgressBar>

@@ -1,9 +1,10 @@
-#include "tests/pictures/PicturePlugin.h"
+#include "pictures/PicturePlugin.h"
 
-#include <QtilitiesCoreGui/QtilitiesApplication.h>
+#include "host/app/FormRules.h"
 
 #include <QApplication>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDir>
 #include <QFont>
 #include <QLineEdit>
@@ -18,8 +19,6 @@
 #include <QToolButton>
 #include <QTreeView>
 #include <QtTest>
-
-using Qtilities::CoreGui::QtilitiesApplication;
 
 namespace {
 
@@ -74,64 +73,109 @@ void makeFunction(QWidget* generator, const QString& name, const QString& text)
     generator->findChild<QPushButton*>("UploadFunctionButton")->click();
 }
 
-void createFcf(QWidget* host)
+void fillFunctions(QWidget* generator)
 {
-    auto* const view = host->findChild<QTreeView*>("MainDesignWidget");
-    view->setCurrentIndex(itemNamed(view, "top.bin"));
-    view->setFocus();
-    QTest::keyClick(view, Qt::Key_Return);
-}
-
-} // namespace
-
-bool PicturePlugin::initialize(const QStringList&, QStringList* error_strings)
-{
-    m_folder = qEnvironmentVariable("PELK_PICTURES");
-    if (m_folder.isEmpty())
-        error_strings->append("PELK_PICTURES names no folder");
-    if (qEnvironmentVariableIsSet("PELK_PICTURES_DARK"))
-        useDarkColours();
-    QFont font = QApplication::font();
-    font.setPointSizeF(font.pointSizeF() *
-                       qEnvironmentVariable("PELK_PICTURES_FONT", "1").toDouble());
-    QApplication::setFont(font);
-    return !m_folder.isEmpty();
-}
-
-bool PicturePlugin::initializeDependencies(QStringList*)
-{
-    QTimer::singleShot(0, this, &PicturePlugin::takeAll);
-    return true;
-}
-
-void PicturePlugin::takeAll()
-{
-    m_host = windowNamed("MainWindow");
-    settle();
-    savePicture("host");
-    takeSideBySide();
-    takeDialogs();
-    QCoreApplication::exit(0);
-}
-
-void PicturePlugin::takeSideBySide()
-{
-    // An image first, so that the design has files of every kind.
-    createFcf(m_host);
-    windowNamed("PelkFcfGenerator")->findChild<QPushButton*>("GenerateButton")->click();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    createFcf(m_host);
-    QWidget* const generator = windowNamed("PelkFcfGenerator");
-    settle();
-    savePicture("generator-folded");
     auto* const panel = generator->findChild<QWidget*>("widgetFunctionDetailsHolder");
     panel->findChild<QToolButton*>("arrow")->click();
     generator->findChild<QLineEdit*>("AuthoEditBox")->setText("R. Vos");
     makeFunction(generator, "Doppler bank", "64 channels");
     makeFunction(generator, "Pulse compression", "Matched filter, 1024 taps");
     generator->findChild<QComboBox*>("FunctionComboBox")->setCurrentIndex(1);
+}
+
+} // namespace
+
+PicturePlugin::PicturePlugin()
+    : DriverPlugin("PELK_PICTURES"), m_folder(qEnvironmentVariable("PELK_PICTURES"))
+{
+    if (qEnvironmentVariableIsSet("PELK_PICTURES_DARK"))
+        useDarkColours();
+    QFont font = QApplication::font();
+    font.setPointSizeF(font.pointSizeF() *
+                       qEnvironmentVariable("PELK_PICTURES_FONT", "1").toDouble());
+    QApplication::setFont(font);
+}
+
+void PicturePlugin::run()
+{
+    m_host = windowNamed("MainWindow");
+    m_view = m_host->findChild<QTreeView*>("MainDesignWidget");
     settle();
-    savePicture("generator");
+    saveScreen("host");
+    // An image first, so that the design has files of every kind.
+    const QWidget* const generator = openGenerator();
+    generator->findChild<QLineEdit*>("AuthoEditBox")->setText("R. Vos");
+    generator->findChild<QPushButton*>("GenerateButton")->click();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    if (qEnvironmentVariableIsSet("PELK_PICTURES_GUIDE")) {
+        takeGuide();
+    } else {
+        takeSideBySide();
+        takeDialogs();
+    }
+    QCoreApplication::exit(m_exitCode);
+}
+
+QWidget* PicturePlugin::openGenerator()
+{
+    m_view->setCurrentIndex(itemNamed(m_view, "top.bin"));
+    m_view->setFocus();
+    QTest::keyClick(m_view, Qt::Key_Return);
+    QWidget* const generator = windowNamed("PelkFcfGenerator");
+    settle();
+    return generator;
+}
+
+void PicturePlugin::takeGuide()
+{
+    m_host->setGeometry(8, 8, 1000, 700);
+    settle();
+    m_view->setCurrentIndex(itemNamed(m_view, "top.fcf"));
+    const QPoint place = m_view->visualRect(itemNamed(m_view, "top.bin")).center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, place,
+                            m_view->viewport()->mapToGlobal(place));
+    QCoreApplication::sendEvent(m_view->viewport(), &event);
+    settle();
+    saveWindow("guide-design", m_host);
+    if (QWidget* const menu = QApplication::activePopupWidget())
+        menu->close();
+
+    m_view->setCurrentIndex(itemNamed(m_view, "top.fcf"));
+    trigger(m_host, "Inspect Image");
+    settle();
+    saveWindow("guide-inspector", m_host);
+
+    QWidget* generator = openGenerator();
+    fillFunctions(generator);
+    generator->setGeometry(8, 8, 760, 800);
+    settle();
+    saveWindow("guide-generator", generator);
+    generator->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    m_view->setCurrentIndex(itemNamed(m_view, "top.txt"));
+    QTest::keyClick(m_view, Qt::Key_Return);
+    generator = windowNamed("PelkFcfGenerator");
+    generator->setGeometry(8, 8, 760, 560);
+    settle();
+    saveWindow("guide-loaded", generator);
+    generator->close();
+
+    withDialog("Archive Design...", [this](QWidget* dialog) {
+        dialog->findChild<QComboBox*>("typeBox")->setCurrentIndex(1);
+        dialog->setGeometry(8, 8, 640, 560);
+        settle();
+        saveWindow("guide-package", dialog);
+    });
+}
+
+void PicturePlugin::takeSideBySide()
+{
+    QWidget* const generator = openGenerator();
+    saveScreen("generator-folded");
+    fillFunctions(generator);
+    settle();
+    saveScreen("generator");
 
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     const int margin = 8;
@@ -142,35 +186,54 @@ void PicturePlugin::takeSideBySide()
                             screen.height() - title - margin);
         generator->setGeometry(screen.width() - width - margin, title, width,
                                screen.height() - title - margin);
-        auto* const view = m_host->findChild<QTreeView*>("MainDesignWidget");
-        view->setCurrentIndex(itemNamed(view, "top.fcf"));
+        m_view->setCurrentIndex(itemNamed(m_view, "top.fcf"));
         settle();
-        savePicture("side-by-side");
+        saveScreen("side-by-side");
     }
     generator->close();
 }
 
 void PicturePlugin::takeDialogs()
 {
-    for (const char* name :
-         {"New Design...", "Archive Design...", "About Plug-ins", "Inspect Image"}) {
-        QTimer::singleShot(500, this, [this, name] {
-            savePicture(QString(name).remove(' ').remove('.').remove('-'));
-            if (QWidget* const dialog = QApplication::activeModalWidget())
-                dialog->close();
+    for (const char* name : {"New Design...", "Archive Design...", "About Plug-ins"})
+        withDialog(name, [this, name](const QWidget*) {
+            saveScreen(QString(name).remove(' ').remove('.').remove('-'));
         });
-        trigger(m_host, name);
-        settle();
-        settle();
-    }
+    m_view->setCurrentIndex(itemNamed(m_view, "top.fcf"));
+    trigger(m_host, "Inspect Image");
+    settle();
+    saveScreen("InspectImage");
     trigger(m_host, "Guide");
     settle();
-    savePicture("guide");
+    saveScreen("guide");
 }
 
-void PicturePlugin::savePicture(const QString& name)
+void PicturePlugin::withDialog(const QString& entry, const std::function<void(QWidget*)>& look)
+{
+    QTimer::singleShot(500, this, [look] {
+        QWidget* const dialog = QApplication::activeModalWidget();
+        look(dialog);
+        dialog->close();
+    });
+    trigger(m_host, entry);
+}
+
+void PicturePlugin::saveScreen(const QString& name) const
 {
     const QPixmap screen = QGuiApplication::primaryScreen()->grabWindow(0);
     if (!screen.save(QDir(m_folder).filePath(name + ".png")))
+        qFatal("cannot save the picture %s", qPrintable(name));
+}
+
+void PicturePlugin::saveWindow(const QString& name, const QWidget* window)
+{
+    for (const QString& problem : FormRules::cutOff(window)) {
+        qWarning("%s: %s", qPrintable(name), qPrintable(problem));
+        m_exitCode = 1;
+    }
+    const QRect part = window->geometry();
+    const QPixmap picture = QGuiApplication::primaryScreen()->grabWindow(
+        0, part.x(), part.y(), part.width(), part.height());
+    if (!picture.save(QDir(m_folder).filePath(name + ".png")))
         qFatal("cannot save the picture %s", qPrintable(name));
 }

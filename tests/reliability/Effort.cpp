@@ -29,7 +29,7 @@ Effort::Effort()
     if (!references.open(QIODevice::WriteOnly | QIODevice::Unbuffered) ||
         references.write("5") != 1)
         qFatal("the peak of memory cannot be set back");
-    m_residentBefore = memory("VmRSS");
+    m_residentBefore = residentBytes();
     m_readBefore = numberIn("/proc/self/io", "rchar");
     m_clockBefore = std::clock();
 }
@@ -49,3 +49,5 @@ qint64 Effort::peakBytes() const
     return memory("VmHWM") - m_residentBefore;
 #endif
 }
+
+qint64 Effort::residentBytes() { return memory("VmRSS"); }

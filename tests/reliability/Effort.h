@@ -19,6 +19,9 @@ public:
     /// with a sanitizer, which keeps memory back for reasons of its own.
     qint64 peakBytes() const;
 
+    /// Bytes of memory that the process has now.
+    static qint64 residentBytes();
+
 private:
     std::clock_t m_clockBefore;
     qint64 m_readBefore;

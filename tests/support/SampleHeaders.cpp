@@ -1,4 +1,4 @@
-#include "tests/support/SampleHeaders.h"
+#include "support/SampleHeaders.h"
 
 FcfHeader headerWithoutFunctions()
 {

@@ -29,6 +29,8 @@ private slots:
     void listsAHeaderForPrograms();
     void listsSeveralFilesAndGoesOnAfterABadOne();
     void listsAnUnknownTarget();
+    void showsAByteThatIsNoTextAsAnEscape();
+    void tellsAllThatCreateTakes();
     void letsNoTextAtTheTerminal();
     void neverReadsThePayload();
     void readsFromStandardInput();
@@ -150,6 +152,40 @@ void InspectTest::listsAnUnknownTarget()
     const Run run = tool.run({"show", tool.argument("top.fcf")});
     QCOMPARE(run.code, 0);
     QVERIFY(run.out.contains("  target         unknown\n"));
+}
+
+void InspectTest::showsAByteThatIsNoTextAsAnEscape()
+{
+    ToolFixture tool;
+    ForgedImage image;
+    image.text.replace("Ann", "A\xff\xc3n");
+    tool.write("top.fcf", image.bytes());
+    const std::string path = tool.argument("top.fcf");
+    Run run = tool.run({"show", path});
+    QCOMPARE(run.code, 0);
+    QVERIFY2(run.out.contains("  author         A\\xff\\xc3n\n"), run.out);
+    QVERIFY2(run.out.contains("    description    Spectrum\n"), run.out);
+    QVERIFY2(run.out.contains(": header page of " + QByteArray::number(image.page().size()) + ' '),
+             run.out);
+    QVERIFY2(run.err.startsWith("pelk-fcf: warning: ") && run.err.contains("author at offset"),
+             run.err);
+    QCOMPARE(tool.run({"show", path, "--field", "author"}).out, QByteArray("A\\xff\\xc3n\n"));
+    run = tool.run({"show", path, "--check", "--json"});
+    QCOMPARE(run.code, 1);
+    QVERIFY(!run.json()["files"].toArray()[0].toObject()["valid"].toBool(true));
+    QCOMPARE(tool.run({"verify", path}).code, 1);
+}
+
+void InspectTest::tellsAllThatCreateTakes()
+{
+    const QByteArray help = ToolFixture().run({"create", "--help"}).out;
+    for (const char* const part :
+         {"Required, unless --like gives it:\n  --author", "(default: locale)",
+          "DFE2: Processing_FPGA\n", "GPM: Interface_FPGA, Processing_FPGA_1",
+          "(default: BIN with .fcf in place of .bin)"})
+        QVERIFY2(help.contains(part), part);
+    QCOMPARE(help.count("Exit codes:"), 1);
+    QVERIFY(help.endsWith('\n'));
 }
 
 void InspectTest::letsNoTextAtTheTerminal()

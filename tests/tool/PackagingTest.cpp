@@ -148,7 +148,8 @@ void PackagingTest::installsEverythingThatBelongsToTheTool()
           "share/zsh/site-functions/_pelk-fcf", "share/fish/vendor_completions.d/pelk-fcf.fish",
           "share/mime/packages/pelk-fcf.xml", "share/doc/pelk-fcf/fcf-format.md",
           "share/doc/pelk-fcf/fcf.ksy", "share/doc/pelk-fcf/fcf.hexpat",
-          "share/doc/pelk-fcf/pelk-fcf.md"})
+          "share/doc/pelk-fcf/pelk-fcf.md", "share/pelk-fcf/schemas/recipe.schema.json",
+          "share/pelk-fcf/schemas/result.schema.json"})
         QVERIFY2(QFile::exists(installed(name)), name);
 }
 

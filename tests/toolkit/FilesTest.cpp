@@ -1,7 +1,7 @@
 #include "support/Golden.h"
 #include "support/ModalAnswer.h"
-#include "tests/toolkit/Host.h"
-#include "tests/toolkit/Tests.h"
+#include "toolkit/Host.h"
+#include "toolkit/Tests.h"
 
 #include <QAction>
 #include <QCheckBox>

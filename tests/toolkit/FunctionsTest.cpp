@@ -1,6 +1,6 @@
 #include "support/ModalAnswer.h"
-#include "tests/toolkit/Host.h"
-#include "tests/toolkit/Tests.h"
+#include "toolkit/Host.h"
+#include "toolkit/Tests.h"
 
 #include <OrvanticCore/DesignManager.h>
 

@@ -1,4 +1,4 @@
-#include "tests/toolkit/Host.h"
+#include "toolkit/Host.h"
 
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 #include <QtilitiesExtensionSystem/ExtensionSystemCore.h>

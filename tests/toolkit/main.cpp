@@ -1,5 +1,5 @@
-#include "tests/toolkit/Host.h"
-#include "tests/toolkit/Tests.h"
+#include "toolkit/Host.h"
+#include "toolkit/Tests.h"
 
 #include <OrvanticCore/DesignManager.h>
 #include <QtilitiesCoreGui/QtilitiesApplication.h>

@@ -14,8 +14,8 @@
 namespace {
 
 constexpr int RecipeVersion = 2;
-const QString RecipeKey = QStringLiteral("recipe");
-const QString DescriptionFileKey = QStringLiteral("descriptionFile");
+const QString RecipeKey = "recipe";
+const QString DescriptionFileKey = "descriptionFile";
 
 template <class Record, int Count>
 void addTexts(const FcfLayout::TextField<Record> (&fields)[Count], const Record& record,
@@ -91,7 +91,7 @@ public:
         if (value.isString())
             *text = value.toString();
         else
-            fail(name, QStringLiteral("is not a text"));
+            fail(name, "is not a text");
     }
 
     void read(const QJsonValue& value, const QString& name, std::optional<qint32>* number)
@@ -102,7 +102,7 @@ public:
         if (value.isDouble() && fits && given == static_cast<qint32>(given))
             *number = static_cast<qint32>(given);
         else
-            fail(name, QStringLiteral("is not a whole number of 32 bits"));
+            fail(name, "is not a whole number of 32 bits");
     }
 
     void read(const QJsonValue& value, const QString& name, std::optional<Version>* version)
@@ -110,11 +110,11 @@ public:
         if (value.isString()) {
             *version = Version::of(value.toString());
             if (!*version)
-                fail(name, QStringLiteral("is not two numbers like \"1.12\""));
+                fail(name, "is not two numbers like \"1.12\"");
             return;
         }
         if (!value.isObject()) {
-            fail(name, QStringLiteral("is not a text like \"1.12\""));
+            fail(name, "is not a text like \"1.12\"");
             return;
         }
         QJsonObject object = value.toObject();
@@ -130,7 +130,7 @@ public:
               std::optional<QVector<FcfFunction>>* functions)
     {
         if (!value.isArray()) {
-            fail(name, QStringLiteral("is not a list"));
+            fail(name, "is not a list");
             return;
         }
         functions->emplace();
@@ -140,14 +140,14 @@ public:
             if (function.isObject())
                 (*functions)->append(readFunction(function.toObject(), place + QLatin1Char('.')));
             else
-                fail(place, QStringLiteral("is not an object"));
+                fail(place, "is not an object");
         }
     }
 
     void refuseRest(const QJsonObject& object, const QString& place)
     {
         for (const QString& name : object.keys())
-            fail(place + name, QStringLiteral("is not known in a recipe"));
+            fail(place + name, "is not known in a recipe");
     }
 
 private:
@@ -170,7 +170,7 @@ private:
         const QString name = place + QLatin1String(key);
         const QJsonValue taken = object->take(QLatin1String(key));
         if (taken.isUndefined())
-            fail(name, QStringLiteral("is missing"));
+            fail(name, "is missing");
         else
             read(taken, name, value);
     }
@@ -181,7 +181,7 @@ private:
 void checkRecipeVersion(const QJsonValue& value, RecipeReader* reader)
 {
     if (value.isUndefined()) {
-        reader->fail(RecipeKey, QStringLiteral("is missing: this is not a recipe"));
+        reader->fail(RecipeKey, "is missing: this is not a recipe");
         return;
     }
     std::optional<qint32> version;
@@ -215,7 +215,7 @@ tl::expected<Build, QList<Finding>> BuildJson::readRecipe(const QByteArray& json
         return tl::make_unexpected(reader.errors);
     }
     if (const auto repeated = repeatedName(QString::fromUtf8(json)))
-        reader.fail(*repeated, QStringLiteral("is given twice"));
+        reader.fail(*repeated, "is given twice");
     QJsonObject object = document.object();
     checkRecipeVersion(object.take(RecipeKey), &reader);
     // Of something else altogether, or of a later version, the rest is not worth a word.
@@ -230,9 +230,9 @@ tl::expected<Build, QList<Finding>> BuildJson::readRecipe(const QByteArray& json
     if (!file.isUndefined())
         reader.read(file, DescriptionFileKey, &build.descriptionFile);
     if (build.description && build.descriptionFile)
-        reader.fail(DescriptionFileKey, QStringLiteral("is given, and a description as well"));
+        reader.fail(DescriptionFileKey, "is given, and a description as well");
     // It names the schema to editors.
-    object.remove(QStringLiteral("$schema"));
+    object.remove("$schema");
     reader.refuseRest(object, QString());
     if (!reader.errors.isEmpty())
         return tl::make_unexpected(reader.errors);

@@ -14,7 +14,7 @@ namespace {
 
 QString quotedList(const QStringList& names)
 {
-    return QLatin1Char('"') + names.join(QStringLiteral("\", \"")) + QLatin1Char('"');
+    return QLatin1Char('"') + names.join("\", \"") + QLatin1Char('"');
 }
 
 bool isBlank(const QString& text) { return text.trimmed().isEmpty(); }
@@ -58,20 +58,18 @@ void Checker::checkBuild(const Build& build) const
 
     const qint32 slot = build.configNumber.value_or(FcfTarget::FirstSlot);
     if (slot < FcfTarget::FirstSlot || slot > FcfTarget::LastSlot)
-        refuse(QStringLiteral("configNumber"), QStringLiteral("%1 is no slot from %2 to %3")
-                                                   .arg(slot)
-                                                   .arg(FcfTarget::FirstSlot)
-                                                   .arg(FcfTarget::LastSlot));
+        refuse("configNumber", QStringLiteral("%1 is no slot from %2 to %3")
+                                   .arg(slot)
+                                   .arg(FcfTarget::FirstSlot)
+                                   .arg(FcfTarget::LastSlot));
     const Version version = build.version.value_or(Version());
     if (version.major < 0 || version.minor < 0)
-        refuse(QStringLiteral("version"),
-               QStringLiteral("%1 has a negative number").arg(version.text()));
+        refuse("version", QStringLiteral("%1 has a negative number").arg(version.text()));
 
     int index = 0;
     for (const FcfFunction& function : build.functions.value_or(QVector<FcfFunction>())) {
         if (function.name.isEmpty())
-            m_findings->warning(m_file, TextRules::fieldName("name", index),
-                                QStringLiteral("is empty"));
+            m_findings->warning(m_file, TextRules::fieldName("name", index), "is empty");
         ++index;
     }
 }
@@ -81,20 +79,19 @@ void Checker::checkTarget(const QString& module, const QString& device) const
     const QStringList modules = FcfTarget::modules();
     const QStringList devices = FcfTarget::devicesOf(module);
     if (!isBlank(module) && !modules.contains(module))
-        refuse(QStringLiteral("module"),
+        refuse("module",
                QStringLiteral("\"%1\" is none of %2").arg(shownText(module), quotedList(modules)));
     else if (!isBlank(module) && !isBlank(device) && !devices.contains(device))
-        refuse(QStringLiteral("device"),
-               QStringLiteral("\"%1\" is no device of module %2, which has %3")
-                   .arg(shownText(device), module, quotedList(devices)));
+        refuse("device", QStringLiteral("\"%1\" is no device of module %2, which has %3")
+                             .arg(shownText(device), module, quotedList(devices)));
 }
 
 void Checker::checkBinarySize(qint64 bytes) const
 {
     if (bytes == 0)
-        refuse(QStringLiteral("binFileSize"), QStringLiteral("the binary is empty"));
+        refuse("binFileSize", "the binary is empty");
     else if (bytes > LargestBinary)
-        refuse(QStringLiteral("binFileSize"),
+        refuse("binFileSize",
                QStringLiteral("the binary is too large: a size field holds no more than %1 bytes "
                               "and a header page")
                    .arg(LargestBinary));
@@ -110,22 +107,21 @@ void Checker::checkTexts(const FcfHeader& header, QTextCodec* codec) const
         return;
 
     if (codec->mibEnum() != MibOfUtf8)
-        m_findings->warning(m_file, QStringLiteral("text"),
+        m_findings->warning(m_file, "text",
                             QStringLiteral("this locale writes texts in %1, but the target "
                                            "reads UTF-8")
                                 .arg(QString::fromLatin1(codec->name())));
     const int excess = FcfWriter(codec).compose(header).size() - FcfLayout::PageBytes;
     if (excess > 0)
-        refuse(QStringLiteral("text"),
-               QStringLiteral("the header text is too long by %1 bytes; the largest "
-                              "fields are %2")
-                   .arg(QString::number(excess), TextRules::largestTexts(header, codec)));
+        refuse("text", QStringLiteral("the header text is too long by %1 bytes; the largest "
+                                      "fields are %2")
+                           .arg(QString::number(excess), TextRules::largestTexts(header, codec)));
     // A reader has its limits too.
     if (excess > 0)
         return;
     if (header.description.size() > FcfLayout::FormDescriptionLength)
         m_findings->warning(
-            m_file, QStringLiteral("description"),
+            m_file, "description",
             QStringLiteral("has %1 characters: the generator window cuts it behind %2")
                 .arg(header.description.size())
                 .arg(FcfLayout::FormDescriptionLength));

@@ -29,31 +29,22 @@ bool Findings::accept(const Status& status)
 Finding& Findings::error(ExitCode exitCode, const QString& file, const QString& field,
                          const QString& reason)
 {
-    Finding& finding = add(Finding::Error, file, field, reason);
-    finding.exitCode = exitCode;
-    return finding;
+    add(failure(exitCode, file, field, reason).value());
+    return m_list.last();
 }
 
 Finding& Findings::warning(const QString& file, const QString& field, const QString& reason)
 {
-    return add(Finding::Warning, file, field, reason);
+    Finding& finding = error(ExitCode::Done, file, field, reason);
+    finding.severity = Finding::Warning;
+    return finding;
 }
 
 Finding& Findings::note(const QString& file, const QString& field, const QString& reason)
 {
-    return add(Finding::Note, file, field, reason);
-}
-
-Finding& Findings::add(Finding::Severity severity, const QString& file, const QString& field,
-                       const QString& reason)
-{
-    Finding finding;
-    finding.severity = severity;
-    finding.file = file;
-    finding.field = field;
-    finding.reason = reason;
-    add(finding);
-    return m_list.last();
+    Finding& finding = error(ExitCode::Done, file, field, reason);
+    finding.severity = Finding::Note;
+    return finding;
 }
 
 void Findings::promoteWarnings()

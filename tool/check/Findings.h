@@ -49,9 +49,6 @@ public:
     QJsonArray toJson() const;
 
 private:
-    Finding& add(Finding::Severity severity, const QString& file, const QString& field,
-                 const QString& reason);
-
     QString m_subject;
     QList<Finding> m_list;
 };

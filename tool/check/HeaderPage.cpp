@@ -14,65 +14,64 @@
 
 namespace {
 
-const QString End = QStringLiteral("the end");
+const QString End = "the end";
 
-bool hasReservedWord(const QByteArray& start)
+/// What \p start, which is no page, is in place of one; empty if it looks like a page.
+QString otherContent(const QByteArray& start)
 {
-    const QByteArray word(FcfLayout::WordBytes, '\xff');
+    if (start.size() <= FcfLayout::PreambleBytes)
+        return QString();
+    if (start.count('\xff') == start.size())
+        return "it is erased flash, 0xFF from its start";
+    if (start.count('\0') == start.size())
+        return "it has nothing but zeros at its start";
     const int offset = FcfLayout::NumberCount * FcfLayout::WordBytes;
-    for (int index = 0; index < FcfLayout::ReservedWordCount; ++index) {
-        if (start.mid(offset + index * FcfLayout::WordBytes, FcfLayout::WordBytes) == word)
-            return true;
+    const QByteArray word(FcfLayout::WordBytes, '\xff');
+    for (int at = offset; at < FcfLayout::PreambleBytes; at += FcfLayout::WordBytes) {
+        if (start.mid(at, FcfLayout::WordBytes) == word)
+            return QString();
     }
-    return false;
+    return start.at(FcfLayout::PreambleBytes) == '\n'
+               ? QString()
+               : "neither the reserved words nor the beginning of the text are there";
 }
 
 /// Why \p start, the first bytes of \p file, is no page, according to \p reading.
 Finding explained(const FcfExactReading& reading, const QByteArray& start, const InputFile& file,
                   const QTextCodec* codec, ExitCode exitCode)
 {
+    const QString text = "text";
     const auto error = [&](const QString& field, const QString& reason) {
         return failure(exitCode, file.label(), field, reason).value();
     };
     const QString keyword = QLatin1String(FcfLayout::FirstLineKeyword);
-    const QString text = QStringLiteral("text");
-    if (start.size() > FcfLayout::PreambleBytes && start.count('\xff') == start.size())
-        return error(text,
-                     QStringLiteral("is no FCF file: it is erased flash, 0xFF from its start"));
-    if (start.size() > FcfLayout::PreambleBytes && start.count('\0') == start.size())
-        return error(text, QStringLiteral("is no FCF file: it has nothing but zeros at its start"));
-    if (start.size() > FcfLayout::PreambleBytes && start.at(FcfLayout::PreambleBytes) != '\n' &&
-        !hasReservedWord(start))
-        return error(text, QStringLiteral("is no FCF file: neither the reserved words nor the "
-                                          "beginning of the text are there"));
+    const QString other = otherContent(start);
+    if (!other.isEmpty())
+        return error(text, "is no FCF file: " + other);
     switch (reading.outcome) {
     case FcfExactReading::NoText:
-        return error(QStringLiteral("text"),
-                     QStringLiteral("is no FCF header page: it ends before the text"))
+        return error(text, "is no FCF header page: it ends before the text")
             .at(qMin<qint64>(file.size(), FcfLayout::PreambleBytes))
             .comparing(keyword, End);
     case FcfExactReading::NoFilenameLine:
-        return error(QStringLiteral("fileName"),
+        return error("fileName",
                      QStringLiteral("is no FCF header page: its text does not begin with \"%1\"")
                          .arg(keyword))
             .at(FcfLayout::PreambleBytes + 1)
             .comparing(keyword,
                        codec->toUnicode(start.mid(FcfLayout::PreambleBytes + 1, keyword.size())));
     case FcfExactReading::EndedEarly:
-        return error(QStringLiteral("text"),
-                     QStringLiteral("is no whole FCF header page: its text does not end"))
+        return error(text, "is no whole FCF header page: its text does not end")
             .at(qMin<qint64>(file.size(), FcfExactReader::MaximumBytes))
-            .comparing(QLatin1String(FcfLayout::TextEnd), file.size() > FcfExactReader::MaximumBytes
-                                                              ? QStringLiteral("more text")
-                                                              : End);
+            .comparing(QLatin1String(FcfLayout::TextEnd),
+                       file.size() > FcfExactReader::MaximumBytes ? "more text" : End);
     case FcfExactReading::Deviates:
     case FcfExactReading::Complete:
         break;
     }
     const FcfSpan& deviation = reading.deviation;
-    return error(deviation.field ? TextRules::fieldName(deviation.field, deviation.function)
-                                 : QStringLiteral("text"),
-                 QStringLiteral("is not what an FCF header page has here"))
+    return error(deviation.field ? TextRules::fieldName(deviation.field, deviation.function) : text,
+                 "is not what an FCF header page has here")
         .at(deviation.offset)
         .comparing(reading.expected, reading.found);
 }
@@ -154,12 +153,9 @@ Status HeaderPage::measure(const InputFile& file)
     const qint64 said = reading.header.binFileSize;
     if (said <= 0 || said >= payloadBytes)
         return {};
-    const auto isFiller = Filler::isIn({&file, bytes + said, payloadBytes - said, nullptr});
-    if (!isFiller)
-        return tl::unexpected<Finding>(isFiller.error());
-    if (*isFiller) {
-        fillerBytes = payloadBytes - said;
-        payloadBytes = said;
-    }
-    return {};
+    return Filler::isIn({&file, bytes + said, payloadBytes - said, nullptr})
+        .map([this, said](bool isFiller) {
+            fillerBytes = isFiller ? payloadBytes - said : 0;
+            payloadBytes -= fillerBytes;
+        });
 }

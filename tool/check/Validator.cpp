@@ -75,18 +75,17 @@ void Validator::validate(const HeaderPage& page) const
     checkAgainstWriter(page);
     if (m_kind == Image && page.fillerBytes > 0)
         m_findings
-            ->note(m_file->label(), QStringLiteral("payload"),
+            ->note(m_file->label(), "payload",
                    QStringLiteral("ends here; %1 bytes of 0xFF follow, as in flash")
                        .arg(page.fillerBytes))
             .at(page.imageBytes());
     if (m_kind == Companion && m_file->size() > page.bytes)
-        invalid(QStringLiteral("page"), page.bytes,
-                QStringLiteral("a companion ends with its header page"),
+        invalid("page", page.bytes, "a companion ends with its header page",
                 QStringLiteral("%1 bytes").arg(page.bytes),
                 QStringLiteral("%1 bytes").arg(m_file->size()));
     if (page.bytes > FcfLayout::PageBytes && page.reading.textEnd <= FcfLayout::PageBytes)
         m_findings
-            ->note(m_file->label(), QStringLiteral("page"),
+            ->note(m_file->label(), "page",
                    QStringLiteral("the header page has %1 bytes, as its last filler unit goes "
                                   "beyond %2")
                        .arg(page.bytes)
@@ -101,7 +100,7 @@ void Validator::checkSizes(const FcfHeader& header, qint64 bytes) const
                 QStringLiteral("the payload has %1 bytes, and a size field can be 1 to %2")
                     .arg(bytes)
                     .arg(Checker::LargestBinary),
-                bytes == header.binFileSize ? QStringLiteral("1 or more") : QString::number(bytes));
+                bytes == header.binFileSize ? "1 or more" : QString::number(bytes));
         return;
     }
     FcfHeader sizes;
@@ -123,19 +122,17 @@ void Validator::checkCodes(const FcfHeader& header) const
         std::begin(FcfTarget::Targets), std::end(FcfTarget::Targets),
         [&header](const auto& target) { return target.moduleCode == header.moduleCode; });
     if (!isModule)
-        invalid(&FcfHeader::moduleCode, header, QStringLiteral("is the code of no module"),
-                codes().join(QStringLiteral(" or ")));
+        invalid(&FcfHeader::moduleCode, header, "is the code of no module", codes().join(" or "));
     else if (!FcfTarget::find(header.moduleCode, header.deviceCode))
-        invalid(&FcfHeader::deviceCode, header,
-                QStringLiteral("is the code of no device of the module"),
-                QStringLiteral("one of ") + codes(header.moduleCode).join(QStringLiteral(", ")));
+        invalid(&FcfHeader::deviceCode, header, "is the code of no device of the module",
+                "one of " + codes(header.moduleCode).join(", "));
 
     for (const auto version : {&FcfHeader::versionMajor, &FcfHeader::versionMinor}) {
         if (header.*version < 0)
-            invalid(version, header, QStringLiteral("is negative"), QStringLiteral("0 or more"));
+            invalid(version, header, "is negative", "0 or more");
     }
     if (header.configNumber < FcfTarget::FirstSlot || header.configNumber > FcfTarget::LastSlot)
-        invalid(&FcfHeader::configNumber, header, QStringLiteral("is no flash slot"),
+        invalid(&FcfHeader::configNumber, header, "is no flash slot",
                 QStringLiteral("%1 to %2").arg(FcfTarget::FirstSlot).arg(FcfTarget::LastSlot));
 }
 
@@ -144,9 +141,8 @@ void Validator::checkReservedWords(const QVector<quint32>& words) const
     int offset = FcfLayout::NumberCount * FcfLayout::WordBytes;
     for (int index = 0; index < words.size(); ++index, offset += FcfLayout::WordBytes) {
         if (words.at(index) != FcfLayout::ReservedWord)
-            invalid(QStringLiteral("reserved[%1]").arg(index), offset,
-                    QStringLiteral("is no reserved word"), hex(FcfLayout::ReservedWord),
-                    hex(words.at(index)));
+            invalid(QStringLiteral("reserved[%1]").arg(index), offset, "is no reserved word",
+                    hex(FcfLayout::ReservedWord), hex(words.at(index)));
     }
 }
 
@@ -155,25 +151,22 @@ void Validator::checkTexts(const HeaderPage& page) const
     const FcfHeader& header = page.reading.header;
     for (const TextRules::Breach& breach : TextRules::brokenRecords(header))
         invalid(breach.field, offsetOf(page, breach.field), breach.reason,
-                QStringLiteral("a text that a reader takes whole"), breach.value);
+                "a text that a reader takes whole", breach.value);
 
     for (const TextRules::Breach& breach :
          TextRules::swallowedFunctions(header) + TextRules::unprintable(header))
         m_findings->note(m_file->label(), breach.field, breach.reason)
             .at(offsetOf(page, breach.field));
 
-    static const QRegularExpression time(
-        QStringLiteral("^([01][0-9]|2[0-3]):[0-5][0-9]:[0-5][0-9]\\z"));
-    const QString timeField = QStringLiteral("time");
+    static const QRegularExpression time("^([01][0-9]|2[0-3]):[0-5][0-9]:[0-5][0-9]\\z");
+    const QString timeField = "time";
     if (!time.match(header.time).hasMatch())
-        invalid(timeField, offsetOf(page, timeField), QStringLiteral("is no time of day"),
-                QStringLiteral("HH:MM:SS"), header.time);
+        invalid(timeField, offsetOf(page, timeField), "is no time of day", "HH:MM:SS", header.time);
 
     const QString name = QFileInfo(m_file->path()).fileName();
-    const QString nameField = QStringLiteral("fileName");
+    const QString nameField = "fileName";
     if (m_kind == Image && !m_file->isStandardInput() && header.fileName != name)
-        m_findings
-            ->note(m_file->label(), nameField, QStringLiteral("the file has another name by now"))
+        m_findings->note(m_file->label(), nameField, "the file has another name by now")
             .at(offsetOf(page, nameField))
             .comparing(name, header.fileName);
 }
@@ -182,8 +175,7 @@ void Validator::checkFiller(const HeaderPage& page) const
 {
     const int textEnd = page.reading.textEnd;
     if (textEnd > FcfLayout::PageBytes) {
-        invalid(QStringLiteral("text"), FcfLayout::PageBytes,
-                QStringLiteral("the text does not fit in the header page"),
+        invalid("text", FcfLayout::PageBytes, "the text does not fit in the header page",
                 QStringLiteral("%1 bytes").arg(FcfLayout::PageBytes),
                 QStringLiteral("%1 bytes").arg(textEnd));
         return;
@@ -191,8 +183,7 @@ void Validator::checkFiller(const HeaderPage& page) const
     const QByteArray filler = FcfWriter(m_codec).fillerFor(textEnd);
     const auto found = bytesAt(*m_file, textEnd, filler.size());
     if (found)
-        compare(QStringLiteral("filler"), textEnd,
-                QStringLiteral("is not what fills a header page"), filler, *found);
+        compare("filler", textEnd, "is not what fills a header page", filler, *found);
 }
 
 /// Catches what no single check above is about, such as blanks that a writer leaves out.
@@ -204,8 +195,7 @@ void Validator::checkAgainstWriter(const HeaderPage& page) const
     const QByteArray written = FcfWriter(m_codec).compose(page.reading.header);
     const auto found = bytesAt(*m_file, textStart, page.reading.textEnd - textStart);
     if (found)
-        compare(QStringLiteral("text"), textStart,
-                QStringLiteral("is not what a writer writes for the same texts"),
+        compare("text", textStart, "is not what a writer writes for the same texts",
                 written.mid(textStart), *found);
 }
 
@@ -216,7 +206,7 @@ void Validator::compareBinary(const HeaderPage& page, const Region& binary,
         checkSizes(page.reading.header, binary.bytes);
         return;
     }
-    const QString payload = QStringLiteral("payload");
+    const QString payload = "payload";
     const QString label = shownText(binary.file->label());
     if (page.payloadBytes != binary.bytes)
         invalid(payload, page.bytes, QStringLiteral("has not the length of %1").arg(label),
@@ -237,7 +227,7 @@ void Validator::compareCompanion(const HeaderPage& page, const InputFile& compan
     const auto own = bytesAt(*m_file, 0, page.bytes);
     const auto other = bytesAt(companion, 0, page.bytes + 1);
     if (own && other)
-        compare(QStringLiteral("header"), 0,
+        compare("header", 0,
                 QStringLiteral("is not the companion %1").arg(shownText(companion.label())), *other,
                 *own);
 }

@@ -10,7 +10,7 @@
 
 namespace {
 
-const QString Field = QStringLiteral("payload");
+const QString Field = "payload";
 
 } // namespace
 
@@ -56,8 +56,8 @@ std::optional<InputFile> BinaryInput::open(Task* task)
     readContainer(*file, *start, task);
     const qint64 bytes = payload(*file).bytes;
     if (bytes % FcfLayout::WordBytes != 0 && PayloadKind::needsWholeWords(m_swaps))
-        refuse(QStringLiteral("--swap"),
-               QStringLiteral("needs whole words, but there are %1 bytes").arg(bytes), task);
+        refuse("--swap", QStringLiteral("needs whole words, but there are %1 bytes").arg(bytes),
+               task);
     return file;
 }
 
@@ -102,8 +102,8 @@ void BinaryInput::readSwap(Task* task)
         return;
     const auto swaps = PayloadKind::swapsOf(*text);
     if (!swaps) {
-        task->findings.error(
-            ExitCode::Refused, QString(), QStringLiteral("--swap"),
+        task->refuse(
+            "--swap",
             QStringLiteral("\"%1\" is none of bits, bytes and halfwords").arg(shownText(*text)));
         return;
     }
@@ -121,7 +121,7 @@ void BinaryInput::check(const InputFile& file, Task* task) const
         return;
     const QString complaint = PayloadKind::complaint(*start);
     if (PayloadKind::isImage(*start))
-        refuse(Field, QStringLiteral("is an FCF image already: extract it first"), task);
+        refuse(Field, "is an FCF image already: extract it first", task);
     else if (!complaint.isEmpty())
         task->findings.warning(file.label(), Field, complaint);
     if (region.bytes % FcfLayout::WordBytes != 0 && !PayloadKind::needsWholeWords(m_swaps))

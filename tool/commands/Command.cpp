@@ -34,6 +34,19 @@ std::optional<InputFile> Task::open(const QString& path, qint64 limit, const cha
     return findings.valueOf(inputs.open(path, limit, QLatin1String(field)));
 }
 
+std::optional<QByteArray> Task::bytesOf(const QString& path, qint64 limit, const char* field)
+{
+    return findings.valueOf(
+        inputs.open(path, limit, QLatin1String(field)).and_then([limit](const InputFile& file) {
+            return file.bytesAt(0, limit);
+        }));
+}
+
+void Task::refuse(const char* option, const QString& reason)
+{
+    findings.error(ExitCode::Refused, QString(), QLatin1String(option), reason);
+}
+
 std::optional<FcfFile> Task::openFcf(const std::string& argument, Reach reach, ExitCode ifBad,
                                      HeaderPage::Bytes bytes)
 {

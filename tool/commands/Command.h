@@ -33,6 +33,10 @@ struct Task {
     std::optional<QString> path(const std::string& argument, const char* option);
     /// As Inputs::open().
     std::optional<InputFile> open(const QString& path, qint64 limit, const char* field);
+    /// Up to \p limit bytes of the file at \p path.
+    std::optional<QByteArray> bytesOf(const QString& path, qint64 limit, const char* field);
+    /// Adds the error that the argument of \p option is refused.
+    void refuse(const char* option, const QString& reason);
     /// The image or companion that the operand FILE names. Of a whole one the payload is measured.
     enum Reach { PageOnly, Whole };
     std::optional<FcfFile> openFcf(const std::string& argument, Reach reach,
@@ -61,15 +65,16 @@ public:
     CLI::App* const app;
 };
 
-using CommandFactory = std::unique_ptr<Command> (*)(CLI::App* parent);
+using CommandPointer = std::unique_ptr<Command>;
+using CommandFactory = CommandPointer (*)(CLI::App* parent);
 
-std::unique_ptr<Command> createCommand(CLI::App* parent);
-std::unique_ptr<Command> showCommand(CLI::App* parent);
-std::unique_ptr<Command> listCommand(CLI::App* parent);
-std::unique_ptr<Command> verifyCommand(CLI::App* parent);
-std::unique_ptr<Command> extractCommand(CLI::App* parent);
-std::unique_ptr<Command> recipeCommand(CLI::App* parent);
-std::unique_ptr<Command> diffCommand(CLI::App* parent);
-std::unique_ptr<Command> digestCommand(CLI::App* parent);
+CommandPointer createCommand(CLI::App* parent);
+CommandPointer showCommand(CLI::App* parent);
+CommandPointer listCommand(CLI::App* parent);
+CommandPointer verifyCommand(CLI::App* parent);
+CommandPointer extractCommand(CLI::App* parent);
+CommandPointer recipeCommand(CLI::App* parent);
+CommandPointer diffCommand(CLI::App* parent);
+CommandPointer digestCommand(CLI::App* parent);
 
 #endif

@@ -40,7 +40,7 @@ Result<qint64> fillerBytes(const std::optional<std::string>& padTo, qint64 image
     const qint32 bytes = wholeNumber(text).value_or(0);
     if (bytes > 0 && bytes >= imageBytes)
         return bytes - imageBytes;
-    return failure(ExitCode::Refused, QString(), QStringLiteral("--pad-to"),
+    return failure(ExitCode::Refused, QString(), "--pad-to",
                    bytes > 0 ? QStringLiteral("the image has %1 bytes already").arg(imageBytes)
                              : QStringLiteral("\"%1\" is neither page, block nor a number of bytes")
                                    .arg(shownText(text)));
@@ -122,10 +122,9 @@ void CreateCommand::run(Task* task)
         return;
     }
     QByteArray digest;
-    const Status written =
-        image.write(m_force || m_ifChanged ? OutputFiles::Replace : OutputFiles::Keep,
-                    task->environment.out, task->progress(QStringLiteral("create"), payload.bytes),
-                    task->report.json ? &digest : nullptr);
+    const Status written = image.write(
+        m_force || m_ifChanged ? OutputFiles::Replace : OutputFiles::Keep, task->environment.out,
+        task->progress("create", payload.bytes), task->report.json ? &digest : nullptr);
     if (task->findings.accept(written) && !outputs->toStandardOutput())
         report(composed, image, digest, true, task);
 }
@@ -152,13 +151,12 @@ void CreateCommand::guard(const Outputs& outputs, Task* task) const
     OutputGuard::guardStandardOutput(outputs.toStandardOutput(), task);
     if (outputs.toStandardOutput()) {
         const auto refuse = [task](const QString& reason) {
-            task->findings.error(ExitCode::Refused, StandardOutputLabel, QStringLiteral("--output"),
-                                 reason);
+            task->findings.error(ExitCode::Refused, StandardOutputLabel, "--output", reason);
         };
         if (!m_noCompanion)
-            refuse(QStringLiteral("takes the image alone: give --no-companion as well"));
+            refuse("takes the image alone: give --no-companion as well");
         if (m_digest || task->report.json)
-            refuse(QStringLiteral("takes the image alone: --digest and --json need a file"));
+            refuse("takes the image alone: --digest and --json need a file");
         return;
     }
     OutputGuard::guard(outputs.image, isReplaced, task);
@@ -192,9 +190,10 @@ std::optional<QByteArray> CreateCommand::digestIfUnchanged(FcfHeader* header, Im
     if (!m_ifChanged)
         return std::nullopt;
     Inputs inputs(nullptr, nullptr);
-    const auto file = inputs.open(image.outputs.image, Validator::LargestFile, QString());
-    const auto old = file ? HeaderPage::read(*file, codec, ExitCode::NotValid)
-                          : Result<HeaderPage>(tl::unexpected<Finding>(file.error()));
+    const auto old = inputs.open(image.outputs.image, Validator::LargestFile, QString())
+                         .and_then([codec](const InputFile& file) {
+                             return HeaderPage::read(file, codec, ExitCode::NotValid);
+                         });
     if (!old)
         return std::nullopt;
     FcfHeader same = *header;
@@ -233,7 +232,4 @@ void CreateCommand::report(const FcfHeader& header, const ImageFiles& image,
 
 } // namespace
 
-std::unique_ptr<Command> createCommand(CLI::App* parent)
-{
-    return std::make_unique<CreateCommand>(parent);
-}
+CommandPointer createCommand(CLI::App* app) { return std::make_unique<CreateCommand>(app); }

@@ -13,7 +13,7 @@ constexpr int NameWidth = 24;
 QString shownValue(const QJsonValue& value)
 {
     if (value.isUndefined() || value.isNull())
-        return QStringLiteral("-");
+        return "-";
     return value.isString() ? QStringLiteral("\"%1\"").arg(shownText(value.toString()))
                             : QString::number(value.toInt());
 }
@@ -52,14 +52,16 @@ QJsonArray compare(const FcfHeader& headerA, const FcfHeader& headerB)
     QStringList names = own.keys() + other.keys();
     names.sort();
     names.removeDuplicates();
+    const auto description = [](const auto& functions, const QString& name) {
+        return functions.contains(name) ? functions[name]["description"] : QJsonValue();
+    };
     for (const QString& name : names) {
         const QString place = QStringLiteral("functions[%1]").arg(name);
         if (own.contains(name) && other.contains(name))
             compare(place + QLatin1Char('.'), own[name], other[name], &fields);
         else
-            fields.append(QJsonObject{{"field", place},
-                                      {"a", own.value(name)["description"]},
-                                      {"b", other.value(name)["description"]}});
+            fields.append(QJsonObject{
+                {"field", place}, {"a", description(own, name)}, {"b", description(other, name)}});
     }
     return fields;
 }
@@ -70,10 +72,9 @@ Result<QJsonObject> comparePayloads(const FcfFile& a, const FcfFile& b, const Ta
     const qint64 bytes = qMin(a.page.payloadBytes, b.page.payloadBytes);
     if (bytes == 0)
         return QJsonObject();
-    const auto difference =
-        FileCompare::compare({&a.file, a.page.bytes, a.page.payloadBytes, nullptr},
-                             {&b.file, b.page.bytes, b.page.payloadBytes, nullptr},
-                             task.progress(QStringLiteral("diff"), bytes));
+    const auto difference = FileCompare::compare(
+        {&a.file, a.page.bytes, a.page.payloadBytes, nullptr},
+        {&b.file, b.page.bytes, b.page.payloadBytes, nullptr}, task.progress("diff", bytes));
     if (!difference)
         return tl::unexpected<Finding>(difference.error());
     const qint64 more = qMax(a.page.payloadBytes, b.page.payloadBytes) - bytes;
@@ -91,19 +92,20 @@ public:
     explicit DiffCommand(CLI::App* parent)
         : Command(parent, "diff", "Say how two images or companions differ")
     {
-        Arguments::addOperand(app, "A", &m_files[0], "an image or a companion (required)");
-        Arguments::addOperand(app, "B", &m_files[1], "what to compare it with (required)");
+        Arguments::addOption(app, "A", &m_a, "", "an image or a companion (required)")->required();
+        Arguments::addOption(app, "B", &m_b, "", "what to compare it with (required)")->required();
     }
     void run(Task* task) override;
 
 private:
-    std::string m_files[2];
+    std::optional<std::string> m_a;
+    std::optional<std::string> m_b;
 };
 
 void DiffCommand::run(Task* task)
 {
-    const auto a = task->openFcf(m_files[0], Task::Whole, ExitCode::Refused);
-    const auto b = task->openFcf(m_files[1], Task::Whole, ExitCode::Refused);
+    const auto a = task->openFcf(*m_a, Task::Whole, ExitCode::Refused);
+    const auto b = task->openFcf(*m_b, Task::Whole, ExitCode::Refused);
     const auto payload =
         a && b ? task->findings.valueOf(comparePayloads(*a, *b, *task)) : std::nullopt;
     if (!payload)
@@ -124,7 +126,7 @@ void DiffCommand::run(Task* task)
     if (!payload->isEmpty())
         task->report.print(QStringLiteral("%1 %2 bytes | %3 bytes; %4 differ, the first at offset "
                                           "%5 of the payload")
-                               .arg(QStringLiteral("payload"), -NameWidth)
+                               .arg("payload", -NameWidth)
                                .arg(number("bytesA"))
                                .arg(number("bytesB"))
                                .arg(number("differingBytes"))
@@ -133,7 +135,4 @@ void DiffCommand::run(Task* task)
 
 } // namespace
 
-std::unique_ptr<Command> diffCommand(CLI::App* parent)
-{
-    return std::make_unique<DiffCommand>(parent);
-}
+CommandPointer diffCommand(CLI::App* app) { return std::make_unique<DiffCommand>(app); }

@@ -10,7 +10,7 @@ public:
     explicit DigestCommand(CLI::App* parent)
         : Command(parent, "digest", "Print the SHA-256 of images")
     {
-        Arguments::addOperands(app, "FILE", &m_files, "images; - is standard input");
+        Arguments::addOperands(app, "FILE", &m_files, "images; - is standard input (required)");
     }
     void run(Task* task) override;
 
@@ -27,8 +27,7 @@ void DigestCommand::run(Task* task)
             continue;
         const InputFile& file = fcf->file;
         const auto digest = task->findings.valueOf(
-            Digest::of({&file, 0, file.size(), nullptr},
-                       task->progress(QStringLiteral("digest"), file.size())));
+            Digest::of({&file, 0, file.size(), nullptr}, task->progress("digest", file.size())));
         if (!digest)
             continue;
         if (!task->report.json)
@@ -41,7 +40,4 @@ void DigestCommand::run(Task* task)
 
 } // namespace
 
-std::unique_ptr<Command> digestCommand(CLI::App* parent)
-{
-    return std::make_unique<DigestCommand>(parent);
-}
+CommandPointer digestCommand(CLI::App* app) { return std::make_unique<DigestCommand>(app); }

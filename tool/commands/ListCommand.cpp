@@ -90,7 +90,7 @@ void ListCommand::run(Task* task)
         task->report.result["files"] = QJsonArray();
     for (auto slot = m_slots.cbegin(); slot != m_slots.cend(); ++slot) {
         if (slot->count > 1)
-            task->findings.error(ExitCode::NotValid, slot->first, QStringLiteral("configNumber"),
+            task->findings.error(ExitCode::NotValid, slot->first, "configNumber",
                                  QStringLiteral("%1 is that of %2 images, among them %3")
                                      .arg(slot.key())
                                      .arg(slot->count)
@@ -103,11 +103,9 @@ void ListCommand::listFolder(const QString& path, Task* task)
 {
     const QDir folder(path);
     if (!folder.isReadable())
-        task->findings.error(ExitCode::CannotAccess, path, QStringLiteral("PATH"),
-                             QStringLiteral("the folder cannot be read"));
-    for (const QFileInfo& entry :
-         folder.entryInfoList({QStringLiteral("*.fcf")},
-                              QDir::AllDirs | QDir::Files | QDir::NoDotAndDotDot, QDir::Name)) {
+        task->findings.error(ExitCode::CannotAccess, path, "PATH", "the folder cannot be read");
+    for (const QFileInfo& entry : folder.entryInfoList(
+             {"*.fcf"}, QDir::AllDirs | QDir::Files | QDir::NoDotAndDotDot, QDir::Name)) {
         // A link to a folder may lead back here.
         if (entry.isDir() && !entry.isSymLink())
             listFolder(entry.filePath(), task);
@@ -138,8 +136,7 @@ void ListCommand::listImage(const QString& path, Task* task)
     for (const Finding& finding : one.findings.list()) {
         if (finding.severity == Finding::Error && !row.contains("reason"))
             row["reason"] =
-                (code == ExitCode::NotValid ? finding.field + QStringLiteral(": ") : QString()) +
-                finding.reason;
+                (code == ExitCode::NotValid ? finding.field + ": " : QString()) + finding.reason;
     }
     task->report.verdict = Findings::weightier(task->report.verdict, code);
     print(row, task);
@@ -194,9 +191,7 @@ QByteArray ListCommand::digest(const FcfFile& fcf, Task* task) const
             .value_or(QByteArray());
     if (m_digest)
         BesideFiles().checkDigest(fcf.file, fcf.page, task);
-    const auto file = task->open(path, Digest::MaximumBytes, "digest");
-    const auto lines =
-        file ? task->findings.valueOf(file->bytesAt(0, Digest::MaximumBytes)) : std::nullopt;
+    const auto lines = task->bytesOf(path, Digest::MaximumBytes, "digest");
     return Digest::find(lines.value_or(QByteArray()), std::nullopt).value(0);
 }
 
@@ -222,21 +217,20 @@ void ListCommand::print(const QJsonObject& row, Task* task)
 
 QByteArray ListCommand::line(const QJsonObject& row, const Task& task) const
 {
-    static const QRegularExpression special(QStringLiteral("[,\"]"));
+    static const QRegularExpression special("[,\"]");
     QStringList cells;
     for (const Column& column : Columns) {
         const QJsonValue value = row[column.name];
         QString text = value.isDouble() ? QString::number(value.toVariant().toLongLong())
                                         : shownText(value.toString(), LongestText);
         if (m_csv && text.contains(special))
-            text = QLatin1Char('"') + text.replace(QLatin1Char('"'), QStringLiteral("\"\"")) +
-                   QLatin1Char('"');
+            text = QLatin1Char('"') + text.replace(QLatin1Char('"'), "\"\"") + QLatin1Char('"');
         if (!m_csv && column.width > 0)
-            text = (text.isEmpty() ? QStringLiteral("-") : text)
+            text = (text.isEmpty() ? "-" : text)
                        .leftJustified(column.width, QLatin1Char(' '), text.size() == DigestDigits);
         cells << text;
     }
-    const QString line = cells.join(m_csv ? QStringLiteral(",") : QStringLiteral("  "));
+    const QString line = cells.join(m_csv ? "," : "  ");
     return encoded(m_csv ? line : line.trimmed(), task.codec);
 }
 
@@ -249,7 +243,4 @@ void ListCommand::stop(const Finding& finding, Task* task)
 
 } // namespace
 
-std::unique_ptr<Command> listCommand(CLI::App* parent)
-{
-    return std::make_unique<ListCommand>(parent);
-}
+CommandPointer listCommand(CLI::App* app) { return std::make_unique<ListCommand>(app); }

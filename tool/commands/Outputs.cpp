@@ -8,11 +8,11 @@
 
 namespace {
 
-const QString BinaryEnding = QStringLiteral(".bin");
-const QString ContainerEnding = QStringLiteral(".bit");
-const QString ImageEnding = QStringLiteral(".fcf");
-const QString CompanionEnding = QStringLiteral(".txt");
-const QString OutputOption = QStringLiteral("--output");
+const QString BinaryEnding = ".bin";
+const QString ContainerEnding = ".bit";
+const QString ImageEnding = ".fcf";
+const QString CompanionEnding = ".txt";
+const QString OutputOption = "--output";
 
 QString nameOf(const QString& path) { return QFileInfo(path).fileName(); }
 
@@ -41,9 +41,9 @@ void OutputGuard::guard(const QString& path, bool isReplaced, Task* task)
     if (!FileSystem::exists(path))
         task->findings.accept(FileSystem::checkPlaceOf(path));
     else if (info.isDir() && !info.isSymLink())
-        refuse(path, QStringLiteral("is a folder"), task);
+        refuse(path, "is a folder", task);
     else if (info.exists() && !info.isDir() && !info.isFile())
-        refuse(path, QStringLiteral("is not a file"), task);
+        refuse(path, "is not a file", task);
     else if (!isReplaced)
         task->findings.add(FileSystem::alreadyExists(path).value());
 }
@@ -54,8 +54,7 @@ void OutputGuard::guardStandardOutput(bool getsBinary, Task* task)
         refuse(StandardOutputLabel, isInput(*input), task);
     if (getsBinary && task->environment.outIsTerminal)
         refuse(StandardOutputLabel,
-               QStringLiteral("is a terminal, and gets no binary data: redirect it or name a file"),
-               task);
+               "is a terminal, and gets no binary data: redirect it or name a file", task);
 }
 
 void OutputGuard::guardUnwritten(const QString& path, const char* option, Task* task)
@@ -63,10 +62,9 @@ void OutputGuard::guardUnwritten(const QString& path, const char* option, Task* 
     if (const ReadFile* const input = task->inputs.find(FileSystem::identityOf(path)))
         refuse(path, isInput(*input), task);
     else if (FileSystem::exists(path))
-        task->findings.warning(
-            path, QLatin1String(option),
-            QStringLiteral("exists, is not written, and so will not belong to the "
-                           "new image"));
+        task->findings.warning(path, QLatin1String(option),
+                               "exists, is not written, and so will not belong to the "
+                               "new image");
 }
 
 Result<Outputs> Outputs::of(const InputFile& binary, const std::optional<QString>& output)
@@ -81,7 +79,7 @@ Result<Outputs> Outputs::of(const InputFile& binary, const std::optional<QString
     if (output && !toStandardOutput) {
         if (!output->endsWith(ImageEnding))
             return failure(ExitCode::Refused, *output, OutputOption,
-                           QStringLiteral("the name of an image ends with .fcf"));
+                           "the name of an image ends with .fcf");
         outputs.image = *output;
         outputs.companion = output->chopped(ImageEnding.size()) + CompanionEnding;
     } else if (named) {
@@ -89,10 +87,10 @@ Result<Outputs> Outputs::of(const InputFile& binary, const std::optional<QString
         outputs.companion = renamed(path, CompanionEnding);
     } else {
         return failure(ExitCode::Refused, binary.label(), OutputOption,
-                       output ? QStringLiteral("gives no name for the header: only a BIN whose "
-                                               "name ends with .bin does")
-                              : QStringLiteral("is missing: only a name that ends with .bin gives "
-                                               "the image's name"));
+                       output ? "gives no name for the header: only a BIN whose "
+                                "name ends with .bin does"
+                              : "is missing: only a name that ends with .bin gives "
+                                "the image's name");
     }
     outputs.digest = Digest::pathFor(outputs.image);
     outputs.imageName = nameOf(outputs.image);

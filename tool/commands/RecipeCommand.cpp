@@ -4,6 +4,8 @@
 
 #include <QJsonDocument>
 
+#include <CLI/CLI.hpp>
+
 namespace {
 
 /// Writes the recipe of an image or a companion, which create takes.
@@ -12,17 +14,19 @@ public:
     explicit RecipeCommand(CLI::App* parent)
         : Command(parent, "recipe", "Write the recipe that create --like takes")
     {
-        Arguments::addOperand(app, "FILE", &m_file, "an image or a companion; - is standard input");
+        Arguments::addOption(app, "FILE", &m_file, "",
+                             "an image or a companion; - is standard input (required)")
+            ->required();
     }
     void run(Task* task) override;
 
 private:
-    std::string m_file;
+    std::optional<std::string> m_file;
 };
 
 void RecipeCommand::run(Task* task)
 {
-    const auto fcf = task->openFcf(m_file, Task::PageOnly);
+    const auto fcf = task->openFcf(*m_file, Task::PageOnly);
     if (!fcf)
         return;
     const FcfHeader& header = fcf->page.reading.header;
@@ -32,7 +36,7 @@ void RecipeCommand::run(Task* task)
     else if (build.module)
         task->report.printRaw(BuildJson::recipe(build));
     else
-        task->findings.error(ExitCode::NotValid, fcf->file.label(), QStringLiteral("moduleCode"),
+        task->findings.error(ExitCode::NotValid, fcf->file.label(), "moduleCode",
                              QStringLiteral("%1 with device code %2 is of no known target")
                                  .arg(header.moduleCode)
                                  .arg(header.deviceCode));
@@ -40,7 +44,4 @@ void RecipeCommand::run(Task* task)
 
 } // namespace
 
-std::unique_ptr<Command> recipeCommand(CLI::App* parent)
-{
-    return std::make_unique<RecipeCommand>(parent);
-}
+CommandPointer recipeCommand(CLI::App* app) { return std::make_unique<RecipeCommand>(app); }

@@ -32,7 +32,7 @@ void print(const QString& indent, const char* name, const QString& value, Report
 /// A number as people read it.
 QString shownNumber(qint32 value, QString unit)
 {
-    const bool isLarge = unit == QStringLiteral("bytes") && value >= Kibibyte;
+    const bool isLarge = unit == "bytes" && value >= Kibibyte;
     if (value == 1 && unit.endsWith(QLatin1Char('s')))
         unit.chop(1);
     const QString number = QString::number(value) + QLatin1Char(' ') + unit;
@@ -44,7 +44,7 @@ QString shownTarget(const FcfHeader& header)
 {
     const auto* const target = FcfTarget::find(header.moduleCode, header.deviceCode);
     if (!target)
-        return QStringLiteral("unknown");
+        return "unknown";
     return QStringLiteral("%1, %2, flash slot %3")
         .arg(QLatin1String(target->module), QLatin1String(target->device))
         .arg(header.configNumber);
@@ -53,7 +53,7 @@ QString shownTarget(const FcfHeader& header)
 void list(const QString& label, const HeaderPage& page, Report* report)
 {
     const FcfHeader& header = page.reading.header;
-    const QString indent = QStringLiteral("  ");
+    const QString indent = "  ";
     report->print(
         QStringLiteral("%1: header page of %2 bytes").arg(shownText(label)).arg(page.bytes));
     print(indent, "target", shownTarget(header), report);
@@ -81,7 +81,8 @@ public:
     explicit ShowCommand(CLI::App* parent)
         : Command(parent, "show", "List the header of images and companions")
     {
-        Arguments::addOperands(app, "FILE", &m_files, "images or companions; - is standard input");
+        Arguments::addOperands(app, "FILE", &m_files,
+                               "images or companions; - is standard input (required)");
         Arguments::addOption(app, "--field", &m_field, "NAME",
                              "print the value of this field alone, as \"version\" (default: all)");
         app->add_flag("--check", m_check, "end with 1 if a file is not valid");
@@ -135,9 +136,9 @@ bool ShowCommand::showField(const QString& field, const QJsonObject& header, Tas
 {
     const QJsonValue value = header[field];
     if (value.isUndefined()) {
-        task->findings.error(ExitCode::Refused, QString(), QStringLiteral("--field"),
-                             QStringLiteral("\"%1\" is none of %2")
-                                 .arg(shownText(field), header.keys().join(QStringLiteral(", "))));
+        task->refuse(
+            "--field",
+            QStringLiteral("\"%1\" is none of %2").arg(shownText(field), header.keys().join(", ")));
         return false;
     }
     if (value.isArray())
@@ -170,7 +171,4 @@ bool ShowCommand::check(const FcfFile& fcf, Task* task)
 
 } // namespace
 
-std::unique_ptr<Command> showCommand(CLI::App* parent)
-{
-    return std::make_unique<ShowCommand>(parent);
-}
+CommandPointer showCommand(CLI::App* app) { return std::make_unique<ShowCommand>(app); }

@@ -9,8 +9,8 @@
 
 namespace {
 
-const QString DatePattern = QStringLiteral("yyyy-MM-dd");
-const QString TimePattern = QStringLiteral("HH:mm:ss");
+const QString DatePattern = "yyyy-MM-dd";
+const QString TimePattern = "HH:mm:ss";
 /// Behind the date and a T.
 constexpr int TimeStart = 11;
 /// The last second of the year 9999, so that a date keeps its form.
@@ -24,12 +24,11 @@ Result<QDateTime> given(const QString& text)
     const QTime time = QTime::fromString(text.mid(TimeStart, TimePattern.size()), TimePattern);
     // An offset from UTC, as version control systems write it, says nothing about the time of day.
     // Qt would take signs, letters and less than there must be.
-    static const QRegularExpression digits(
-        QStringLiteral("^[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}"
-                       "(Z|[+-][0-9]{2}:[0-9]{2})?\\z"));
+    static const QRegularExpression digits("^[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}"
+                                           "(Z|[+-][0-9]{2}:[0-9]{2})?\\z");
     if (digits.match(text).hasMatch() && date.isValid() && time.isValid())
         return QDateTime(date, time, Qt::UTC);
-    return failure(ExitCode::Refused, QString(), QStringLiteral("--date-time"),
+    return failure(ExitCode::Refused, QString(), "--date-time",
                    QStringLiteral("\"%1\" is not a date and time like 2024-05-31T13:45:00")
                        .arg(shownText(text)));
 }
@@ -38,12 +37,12 @@ Result<QDateTime> given(const QString& text)
 Result<QDateTime> sourceDate(const QByteArray& value)
 {
     const QString text = QString::fromLatin1(value);
-    static const QRegularExpression digits(QStringLiteral("^[0-9]{1,12}\\z"));
+    static const QRegularExpression digits("^[0-9]{1,12}\\z");
     const qint64 seconds = text.toLongLong();
     if (digits.match(text).hasMatch() && seconds <= LastSecond)
         return QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC);
     return failure(
-        ExitCode::Refused, QString(), QStringLiteral("SOURCE_DATE_EPOCH"),
+        ExitCode::Refused, QString(), "SOURCE_DATE_EPOCH",
         QStringLiteral("\"%1\" is not a number of seconds since 1970, up to the year 9999")
             .arg(shownText(text)));
 }
@@ -69,10 +68,10 @@ void Stamp::apply(FcfHeader* header, Task* task) const
         moment = findings.valueOf(given(*text)).value_or(moment);
     header->stamp(moment);
     const auto format = m_dateFormat ? task->text(*m_dateFormat, "--date-format") : std::nullopt;
-    if (format == QStringLiteral("iso"))
+    if (format == "iso")
         header->date = moment.date().toString(Qt::ISODate);
-    else if (format && format != QStringLiteral("locale"))
-        findings.error(
-            ExitCode::Refused, QString(), QStringLiteral("--date-format"),
+    else if (format && format != "locale")
+        task->refuse(
+            "--date-format",
             QStringLiteral("\"%1\" is neither \"locale\" nor \"iso\"").arg(shownText(*format)));
 }

@@ -29,7 +29,8 @@ private:
 VerifyCommand::VerifyCommand(CLI::App* parent)
     : Command(parent, "verify", "Say whether images and companions are valid")
 {
-    Arguments::addOperands(app, "FILE", &m_files, "images or companions; - is standard input");
+    Arguments::addOperands(app, "FILE", &m_files,
+                           "images or companions; - is standard input (required)");
     m_binary.declareOption(app);
     m_beside.declareNaming(app);
     Arguments::addOption(app, "--type", &m_type, "image|companion",
@@ -56,8 +57,7 @@ void VerifyCommand::run(Task* task)
         results.append(result);
         if (isKnown)
             task->report.print(QStringLiteral("%1: %2").arg(
-                shownText(label),
-                verdict == ExitCode::Done ? QStringLiteral("valid") : QStringLiteral("not valid")));
+                shownText(label), verdict == ExitCode::Done ? "valid" : "not valid"));
     }
     task->report.result["files"] = results;
 }
@@ -66,8 +66,7 @@ bool VerifyCommand::usageIsRight(Task* task) const
 {
     if (m_files.size() == 1 || (!m_binary.isGiven() && !m_beside.areNamed()))
         return true;
-    task->findings.error(ExitCode::Refused, QString(), QStringLiteral("FILE"),
-                         QStringLiteral("--bin, --companion and --digest are about one file"));
+    task->refuse("FILE", "--bin, --companion and --digest are about one file");
     return false;
 }
 
@@ -75,14 +74,13 @@ bool VerifyCommand::usageIsRight(Task* task) const
 /// cut off behind its header looks just like a companion.
 std::optional<Validator::Kind> VerifyCommand::kindOf(const QString& path, Task* task) const
 {
-    if (m_type == "image" || (!m_type && path.endsWith(QStringLiteral(".fcf"))))
+    if (m_type == "image" || (!m_type && path.endsWith(".fcf")))
         return Validator::Image;
-    if (m_type == "companion" || (!m_type && path.endsWith(QStringLiteral(".txt"))))
+    if (m_type == "companion" || (!m_type && path.endsWith(".txt")))
         return Validator::Companion;
-    task->findings.error(
-        ExitCode::Refused, path, QStringLiteral("--type"),
-        m_type ? QStringLiteral("is neither \"image\" nor \"companion\"")
-               : QStringLiteral("is missing: the name ends with neither .fcf nor .txt"));
+    task->findings.error(ExitCode::Refused, path, "--type",
+                         m_type ? "is neither \"image\" nor \"companion\""
+                                : "is missing: the name ends with neither .fcf nor .txt");
     return std::nullopt;
 }
 
@@ -91,8 +89,8 @@ void VerifyCommand::verify(const std::string& argument, const QString& path, Tas
 {
     const std::optional<Validator::Kind> kind = kindOf(path, task);
     if (kind == Validator::Companion && m_beside.hasNamedDigest()) {
-        task->findings.error(ExitCode::Refused, path, QStringLiteral("--digest"),
-                             QStringLiteral("is of an image; this is a companion"));
+        task->findings.error(ExitCode::Refused, path, "--digest",
+                             "is of an image; this is a companion");
         return;
     }
     const auto fcf = kind ? task->openFcf(argument, Task::Whole) : std::nullopt;
@@ -105,7 +103,7 @@ void VerifyCommand::verify(const std::string& argument, const QString& path, Tas
     const auto binary = m_binary.isGiven() ? m_binary.open(task) : std::nullopt;
     if (binary)
         validator.compareBinary(page, m_binary.payload(*binary),
-                                task->progress(QStringLiteral("verify"), binary->size()));
+                                task->progress("verify", binary->size()));
     if (*kind == Validator::Companion)
         return;
     const bool payloadIsKnown = m_beside.checkDigest(file, page, task) || binary;
@@ -113,15 +111,11 @@ void VerifyCommand::verify(const std::string& argument, const QString& path, Tas
     (*result)["imageBytes"] = page.imageBytes();
     (*result)["fillerBytes"] = page.fillerBytes;
     if (!payloadIsKnown)
-        task->findings.note(
-            file.label(), QStringLiteral("payload"),
-            QStringLiteral("the header holds no checksum of the payload, so only its "
-                           "length was checked; --bin or a digest checks more"));
+        task->findings.note(file.label(), "payload",
+                            "the header holds no checksum of the payload, so only its "
+                            "length was checked; --bin or a digest checks more");
 }
 
 } // namespace
 
-std::unique_ptr<Command> verifyCommand(CLI::App* parent)
-{
-    return std::make_unique<VerifyCommand>(parent);
-}
+CommandPointer verifyCommand(CLI::App* app) { return std::make_unique<VerifyCommand>(app); }

@@ -76,8 +76,7 @@ QString Report::text(const Findings& findings, bool toOut) const
     QString text;
     for (const Finding& finding : findings.list()) {
         if (goesToOut(finding) == toOut)
-            text += (toOut ? QString() : QStringLiteral("pelk-fcf: ")) + finding.text() +
-                    QLatin1Char('\n');
+            text += (toOut ? QString() : "pelk-fcf: ") + finding.text() + QLatin1Char('\n');
     }
     for (const QString& line : toOut && !json ? m_lines : QStringList())
         text += line + QLatin1Char('\n');

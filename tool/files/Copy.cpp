@@ -11,7 +11,7 @@ namespace {
 
 constexpr int ChunkBytes = 1024 * 1024;
 constexpr char FillerByte = '\xff';
-const QString Payload = QStringLiteral("payload");
+const QString Payload = "payload";
 
 tl::unexpected<Finding> unreadable(Finding error)
 {
@@ -113,11 +113,13 @@ Status Filler::write(QIODevice* sink, qint64 bytes, const QString& label,
 Result<bool> Filler::isIn(const Region& region)
 {
     bool isFiller = true;
-    Status status = readAll(region, [&isFiller](const char* data, qint64 count) {
-        isFiller = isFiller &&
-                   std::all_of(data, data + count, [](char byte) { return byte == FillerByte; });
-    });
-    return status ? Result<bool>(isFiller) : tl::unexpected<Finding>(status.error());
+    return readAll(region,
+                   [&isFiller](const char* data, qint64 count) {
+                       isFiller = isFiller && std::all_of(data, data + count, [](char byte) {
+                                      return byte == FillerByte;
+                                  });
+                   })
+        .map([&isFiller] { return isFiller; });
 }
 
 Result<FileCompare::Difference> FileCompare::compare(const Region& region, const Region& model,
@@ -127,27 +129,30 @@ Result<FileCompare::Difference> FileCompare::compare(const Region& region, const
     qint64 done = 0;
     Region common = region;
     common.bytes = qMin(region.bytes, model.bytes);
-    Status status = readParts(common, [&](const char* data, qint64 count) {
-        const auto other = model.bytesAt(done, count);
-        if (!other)
-            return Status(tl::unexpected<Finding>(other.error()));
-        if (other->size() < count)
-            return Status(model.file->notRead(QStringLiteral("it ends early")));
-        const QByteArray own = QByteArray::fromRawData(data, static_cast<int>(count));
-        if (difference.count == 0 && own != *other) {
-            const int same = firstDifference(own, *other);
-            difference.offset = done + same;
-            difference.expected = byteAt(*other, same);
-            difference.found = byteAt(own, same);
-        }
-        if (own != *other)
-            difference.count += std::inner_product(own.begin(), own.end(), other->begin(),
-                                                   qint64(0), std::plus<>(), std::not_equal_to<>());
-        done += count;
-        observe(data, count);
-        return Status();
-    });
-    return status ? Result<Difference>(difference) : tl::unexpected<Finding>(status.error());
+    return readParts(common,
+                     [&](const char* data, qint64 count) {
+                         const auto other = model.bytesAt(done, count);
+                         if (!other)
+                             return Status(tl::unexpected<Finding>(other.error()));
+                         if (other->size() < count)
+                             return Status(model.file->notRead("it ends early"));
+                         const QByteArray own =
+                             QByteArray::fromRawData(data, static_cast<int>(count));
+                         if (difference.count == 0 && own != *other) {
+                             const int same = firstDifference(own, *other);
+                             difference.offset = done + same;
+                             difference.expected = byteAt(*other, same);
+                             difference.found = byteAt(own, same);
+                         }
+                         if (own != *other)
+                             difference.count += std::inner_product(
+                                 own.begin(), own.end(), other->begin(), qint64(0), std::plus<>(),
+                                 std::not_equal_to<>());
+                         done += count;
+                         observe(data, count);
+                         return Status();
+                     })
+        .map([&difference] { return difference; });
 }
 
 int FileCompare::firstDifference(const QByteArray& one, const QByteArray& other)
@@ -159,6 +164,6 @@ int FileCompare::firstDifference(const QByteArray& one, const QByteArray& other)
 QString FileCompare::byteAt(const QByteArray& bytes, int index)
 {
     if (index >= bytes.size())
-        return QStringLiteral("the end");
+        return "the end";
     return QStringLiteral("0x%1").arg(static_cast<uchar>(bytes.at(index)), 2, 16, QLatin1Char('0'));
 }

@@ -46,7 +46,7 @@ std::optional<Line> parsed(QByteArray text)
 
 } // namespace
 
-QString Digest::pathFor(const QString& imagePath) { return imagePath + QStringLiteral(".sha256"); }
+QString Digest::pathFor(const QString& imagePath) { return imagePath + ".sha256"; }
 
 QByteArray Digest::line(const QByteArray& digest, const QString& imagePath)
 {
@@ -99,11 +99,10 @@ void Digest::Hash::hash(const std::vector<char>& part)
 Result<QByteArray> Digest::of(const Region& region, const CopyObserver& observe)
 {
     Hash hash;
-    Status status = readAll(region, [&](const char* data, qint64 bytes) {
-        hash.add(data, bytes);
-        observe(data, bytes);
-    });
-    if (!status)
-        return tl::unexpected<Finding>(status.error());
-    return hash.result();
+    return readAll(region,
+                   [&](const char* data, qint64 bytes) {
+                       hash.add(data, bytes);
+                       observe(data, bytes);
+                   })
+        .map([&hash] { return hash.result(); });
 }

@@ -13,7 +13,7 @@
 
 namespace {
 
-const QString OutputOption = QStringLiteral("--output");
+const QString OutputOption = "--output";
 
 using Stat = struct stat;
 
@@ -100,5 +100,5 @@ tl::unexpected<Finding> FileSystem::notWritten(const QString& path, const QStrin
 tl::unexpected<Finding> FileSystem::alreadyExists(const QString& path)
 {
     return failure(ExitCode::OutputExists, path, OutputOption,
-                   QStringLiteral("exists already; --force replaces it"));
+                   "exists already; --force replaces it");
 }

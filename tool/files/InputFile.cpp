@@ -51,7 +51,7 @@ FileSystem::OrReason<qint64> readStream(QIODevice* stream, char* data, qint64 by
 
 QString InputFile::labelOf(const QString& path)
 {
-    return path == StandardStream ? QStringLiteral("standard input") : path;
+    return path == StandardStream ? "standard input" : path;
 }
 
 bool InputFile::isStandardInput() const { return m_path == StandardStream; }
@@ -61,26 +61,18 @@ Result<QByteArray> InputFile::bytesAt(qint64 offset, qint64 bytes) const
     QByteArray taken(static_cast<int>(bytes), Qt::Uninitialized);
     int count = 0;
     while (count < taken.size()) {
-        const auto more = readAt(offset + count, taken.data() + count, taken.size() - count);
-        if (!more)
-            return tl::unexpected<Finding>(more.error());
-        if (*more == 0)
+        const ssize_t more =
+            ::pread(m_file->handle(), taken.data() + count,
+                    static_cast<std::size_t>(taken.size() - count), offset + count);
+        if (more < 0 && errno == EINTR)
+            continue;
+        if (more < 0)
+            return notRead(FileSystem::reason());
+        if (more == 0)
             break;
-        count += static_cast<int>(*more);
+        count += static_cast<int>(more);
     }
     return taken.left(count);
-}
-
-Result<qint64> InputFile::readAt(qint64 offset, char* data, qint64 bytes) const
-{
-    for (;;) {
-        const ssize_t count =
-            ::pread(m_file->handle(), data, static_cast<std::size_t>(bytes), offset);
-        if (count >= 0)
-            return count;
-        if (errno != EINTR)
-            return notRead(FileSystem::reason());
-    }
 }
 
 Status InputFile::checkUnchanged() const
@@ -88,7 +80,7 @@ Status InputFile::checkUnchanged() const
     if (!m_version || (m_version == FileSystem::versionOf(m_file->handle()) &&
                        FileSystem::identityOf(m_file->handle()) == FileSystem::identityOf(m_path)))
         return {};
-    return notRead(QStringLiteral("it was changed meanwhile"), QStringLiteral("payload"));
+    return notRead("it was changed meanwhile", "payload");
 }
 
 tl::unexpected<Finding> InputFile::notRead(const QString& reason, const QString& field) const
@@ -109,17 +101,16 @@ Result<InputFile> Inputs::open(const QString& path, qint64 limit, const QString&
     file.m_label = InputFile::labelOf(path);
     if (file.isStandardInput()) {
         if (!m_in)
-            return failure(ExitCode::Refused, file.m_label, field,
-                           QStringLiteral("it can be read only once"));
+            return failure(ExitCode::Refused, file.m_label, field, "it can be read only once");
         QIODevice* const in = std::exchange(m_in, nullptr);
         if (const auto* const stream = qobject_cast<const QFile*>(in))
             guard(*stream, file);
         return spool(in, limit, field, std::move(file));
     }
     if (QFileInfo(path).isDir())
-        return file.notRead(QStringLiteral("it is a folder"), field);
+        return file.notRead("it is a folder", field);
     if (FileSystem::isDevice(path))
-        return file.notRead(QStringLiteral("it is a device"), field);
+        return file.notRead("it is a device", field);
     auto opened = std::make_unique<QFile>(path);
     if (!opened->open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return file.notRead(opened->errorString(), field);

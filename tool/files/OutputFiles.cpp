@@ -32,8 +32,7 @@ std::optional<mode_t> modeOf(int folder, const QByteArray& name)
 
 bool exists(int folder, const QByteArray& name)
 {
-    struct stat status;
-    return ::fstatat(folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+    return ::faccessat(folder, name.constData(), F_OK, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
 /// What became of a system call for \p path that returned \p returned.
@@ -80,14 +79,15 @@ Result<QFile*> OutputFiles::add(const QString& path)
 
 Status OutputFiles::add(const QString& path, const QByteArray& bytes)
 {
-    const auto file = add(path);
-    return file ? writeAll(*file, bytes, path) : Status(tl::unexpected<Finding>(file.error()));
+    return add(path).and_then([&](QFile* file) { return writeAll(file, bytes, path); });
 }
 
 Status OutputFiles::place()
 {
-    if (Status status = complete(); !status)
-        return status;
+    for (const auto& file : m_files) {
+        if (Status status = outcome(::fsync(file->device.handle()), file->path); !status)
+            return status;
+    }
     // On a file system without locks two runs may mix their files.
     while (::flock(m_folder, LOCK_EX) != 0 && errno == EINTR) {
     }
@@ -105,15 +105,6 @@ Status OutputFiles::place()
     // Some file systems keep names on the disk at all times, and have no such call.
     const int synced = ::fsync(m_folder);
     return synced != 0 && errno == EINVAL ? Status() : outcome(synced, m_files.front()->path);
-}
-
-Status OutputFiles::complete()
-{
-    for (const auto& file : m_files) {
-        if (Status status = outcome(::fsync(file->device.handle()), file->path); !status)
-            return status;
-    }
-    return {};
 }
 
 Status OutputFiles::place(File* file)

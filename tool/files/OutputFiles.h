@@ -44,7 +44,6 @@ private:
         bool isNew = false;
     };
 
-    Status complete();
     Status place(File* file);
     Status placeNew(const File& file) const;
     Status replace(File* file) const;

@@ -1,4 +1,4 @@
-#include "tests/host/app/HostFixture.h"
+#include "host/app/HostFixture.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>

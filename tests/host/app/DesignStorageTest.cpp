@@ -1,5 +1,5 @@
 #include "host/app/DesignStorage.h"
-#include "tests/support/FullDisk.h"
+#include "support/FullDisk.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>

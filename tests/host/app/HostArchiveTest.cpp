@@ -1,6 +1,6 @@
-#include "tests/host/app/HostFixture.h"
+#include "host/app/HostFixture.h"
 
-#include "tests/host/archive/Unpacked.h"
+#include "host/archive/Unpacked.h"
 
 #include <OrvanticCore/Design.h>
 

@@ -1,4 +1,4 @@
-#include "tests/host/app/HostFixture.h"
+#include "host/app/HostFixture.h"
 
 #include "host/app/PluginList.h"
 
@@ -9,10 +9,13 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDialogButtonBox>
+#include <QDir>
+#include <QDockWidget>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <QToolBar>
 #include <QtTest>
@@ -61,6 +64,9 @@ private slots:
     void copiesAndClearsTheLog();
     void reportsAMissingPluginFolder();
     void showsTheGuideAndWhatPluginsSay();
+    void showsThePicturesOfTheGuide();
+    void saysWhatItIs();
+    void putsItsDocksBackWhereTheyWere();
     void fitsTheScreen();
 };
 
@@ -328,6 +334,61 @@ void HostCommandsTest::showsTheGuideAndWhatPluginsSay()
     QVERIFY(HostFixture::choose(host.menu("Help"), "About Plug-ins"));
     QVERIFY2(text.startsWith("ZORV VKT Plugin "), qPrintable(text));
     QVERIFY(text.contains("configuration packages"));
+}
+
+void HostCommandsTest::showsThePicturesOfTheGuide()
+{
+    HostFixture host;
+    host.action("Help.Guide")->trigger();
+    auto* const guide = host.child<QTextBrowser>("HelpBrowser");
+    const QDir pages(":/guide");
+    int pictures = 0;
+    for (const QString& page : pages.entryList({"*.md"})) {
+        guide->setSource(QUrl("qrc:/guide/" + page));
+        for (QTextBlock block = guide->document()->begin(); block.isValid(); block = block.next()) {
+            for (auto part = block.begin(); !part.atEnd(); ++part) {
+                const QTextImageFormat format = part.fragment().charFormat().toImageFormat();
+                if (!format.isValid())
+                    continue;
+                const auto image =
+                    guide->loadResource(QTextDocument::ImageResource, QUrl(format.name()))
+                        .value<QImage>();
+                QVERIFY2(!image.isNull(), qPrintable(format.name()));
+                QVERIFY(image.width() / image.devicePixelRatio() < guide->viewport()->width());
+                ++pictures;
+            }
+        }
+    }
+    QCOMPARE(pictures, QDir(":/guide/images").entryList().count());
+}
+
+void HostCommandsTest::saysWhatItIs()
+{
+    HostFixture host;
+    host.dialogs().click(QMessageBox::Ok);
+    QVERIFY(HostFixture::choose(host.menu("Help"), "About Pelk Design Host"));
+    QVERIFY(host.dialogs().allGiven());
+    const QString text = host.dialogs().texts().value(0);
+    QVERIFY2(text.startsWith("Pelk Design Host"), qPrintable(text));
+    QVERIFY(text.contains(qVersion()));
+}
+
+void HostCommandsTest::putsItsDocksBackWhereTheyWere()
+{
+    HostFixture host;
+    auto* const log = host.child<QDockWidget>("LogDock");
+    auto* const properties = host.child<QDockWidget>("PropertyDock");
+    log->setFloating(true);
+    properties->close();
+    host.child<QToolBar>("ToolBar")->hide();
+    host.window()->addDockWidget(Qt::LeftDockWidgetArea, properties);
+    QVERIFY(HostFixture::choose(host.menu("View"), "Reset Layout"));
+    QVERIFY(!log->isFloating());
+    QVERIFY(log->isVisible());
+    QVERIFY(properties->isVisible());
+    QVERIFY(host.child<QToolBar>("ToolBar")->isVisible());
+    QCOMPARE(host.window()->dockWidgetArea(log), Qt::BottomDockWidgetArea);
+    QCOMPARE(host.window()->dockWidgetArea(properties), Qt::RightDockWidgetArea);
 }
 
 void HostCommandsTest::fitsTheScreen()

@@ -2,7 +2,7 @@
 #define TESTS_HOST_APP_HOSTFIXTURE_H
 
 #include "host/app/MainWindow.h"
-#include "tests/support/ModalAnswer.h"
+#include "support/ModalAnswer.h"
 
 #include <QMenu>
 #include <QScopedPointer>

@@ -1,7 +1,10 @@
-#include "tests/host/app/HostFixture.h"
+#include "host/app/FormRules.h"
+#include "host/app/HostFixture.h"
 
 #include <QtilitiesLogging/Logger.h>
 
+#include <QComboBox>
+#include <QDockWidget>
 #include <QMenuBar>
 #include <QtTest>
 
@@ -17,7 +20,19 @@ private slots:
     void showsMarkupInMessagesAsItIs();
     void providesTheIconsOfThePlugin();
     void closesThePluginsWindowsWithItsOwn();
+    void letsKeyboardAndScreenReaderWorkInEveryWindow();
 };
+
+namespace {
+
+void appendProblems(QStringList* problems, const QWidget* window)
+{
+    for (const QString& problem : FormRules::nameless(window) + FormRules::ambiguous(window) +
+                                      FormRules::outOfOrder(window) + FormRules::cutOff(window))
+        *problems << window->windowTitle() + ": " + problem;
+}
+
+} // namespace
 
 void HostFrameTest::showsTheMenusOfTheActionManager()
 {
@@ -80,6 +95,53 @@ void HostFrameTest::closesThePluginsWindowsWithItsOwn()
     QTRY_VERIFY(HostFixture::generator());
     QVERIFY(host.closeWindow());
     QTRY_VERIFY(!HostFixture::generator());
+}
+
+void HostFrameTest::letsKeyboardAndScreenReaderWorkInEveryWindow()
+{
+    HostFixture host;
+    QStringList problems;
+    int seen = 0;
+    appendProblems(&problems, host.window());
+    host.openDesign("radar");
+    host.window()->inspect(host.writeFile("top.fcf", "no image"));
+    appendProblems(&problems, host.window());
+    host.child<QDockWidget>("PropertyDock")->raise();
+    QCoreApplication::processEvents();
+    appendProblems(&problems, host.window());
+
+    for (const char* id : {"File.NewDesign", "Help.About", "Help.AboutPlugins"}) {
+        host.dialogs().leaveTo([&](QWidget* dialog) {
+            ++seen;
+            appendProblems(&problems, dialog);
+            dialog->close();
+        });
+        host.action(id)->trigger();
+    }
+    host.dialogs().leaveTo([&](QWidget* dialog) {
+        ++seen;
+        appendProblems(&problems, dialog);
+        dialog->findChild<QComboBox*>("typeBox")->setCurrentIndex(1);
+        QCoreApplication::processEvents();
+        appendProblems(&problems, dialog);
+        const auto* const form = dialog->findChild<QWidget*>("ZORV_ArchiveConfigExtension");
+        for (const QString& problem : FormRules::unexplained(dialog)) {
+            if (form->isVisible() && !problem.contains("Box\"") && !problem.contains("Path\""))
+                problems << problem;
+        }
+        dialog->close();
+    });
+    host.action("File.ArchiveDesign")->trigger();
+    QCOMPARE(seen, 4);
+
+    host.action("Help.Guide")->trigger();
+    appendProblems(&problems, host.child<QMainWindow>("HelpWindow"));
+    QMenu* const tools = host.menu("Tools");
+    QVERIFY(HostFixture::choose(tools, "Pelk FCF Generator"));
+    QTRY_VERIFY(HostFixture::generator());
+    appendProblems(&problems, HostFixture::generator());
+    problems << FormRules::unexplained(HostFixture::generator());
+    QVERIFY2(problems.isEmpty(), qPrintable(problems.join("\n")));
 }
 
 int main(int argc, char** argv)

@@ -1,5 +1,5 @@
-#include "tests/host/app/HostFixture.h"
-#include "tests/support/FolderOpener.h"
+#include "host/app/HostFixture.h"
+#include "support/FolderOpener.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>

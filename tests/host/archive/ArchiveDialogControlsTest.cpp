@@ -1,8 +1,8 @@
-#include "tests/host/archive/ArchivedDesign.h"
-#include "tests/host/archive/NotingExtension.h"
+#include "host/archive/ArchivedDesign.h"
+#include "host/archive/NotingExtension.h"
 
 #include "host/app/archive/ArchiveDialog.h"
-#include "tests/support/ModalAnswer.h"
+#include "support/ModalAnswer.h"
 
 #include <OrvanticCore/DesignManager.h>
 #include <OrvanticCore/DesignStructure.h>

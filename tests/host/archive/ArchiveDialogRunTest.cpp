@@ -1,10 +1,10 @@
-#include "tests/host/archive/ArchivedDesign.h"
-#include "tests/host/archive/NotingExtension.h"
-#include "tests/host/archive/Unpacked.h"
+#include "host/archive/ArchivedDesign.h"
+#include "host/archive/NotingExtension.h"
+#include "host/archive/Unpacked.h"
 
 #include "host/app/archive/ArchiveDialog.h"
-#include "tests/support/FolderOpener.h"
-#include "tests/support/ModalAnswer.h"
+#include "support/FolderOpener.h"
+#include "support/ModalAnswer.h"
 
 #include <OrvanticCore/DesignFile.h>
 #include <OrvanticCore/DesignManager.h>

@@ -1,4 +1,4 @@
-#include "tests/host/archive/NotingExtension.h"
+#include "host/archive/NotingExtension.h"
 
 #include "host/app/archive/ArchiveExtensions.h"
 

@@ -1,8 +1,8 @@
-#include "tests/host/archive/ArchivedDesign.h"
-#include "tests/host/archive/Unpacked.h"
+#include "host/archive/ArchivedDesign.h"
+#include "host/archive/Unpacked.h"
 
 #include "host/app/archive/ArchiveJob.h"
-#include "tests/support/FullDisk.h"
+#include "support/FullDisk.h"
 
 #include <OrvanticCore/DesignFile.h>
 

@@ -1,4 +1,4 @@
-#include "tests/host/archive/ArchivedDesign.h"
+#include "host/archive/ArchivedDesign.h"
 
 #include "host/app/archive/ArchiveError.h"
 #include "host/app/archive/ArchivePlan.h"

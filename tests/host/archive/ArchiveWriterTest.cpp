@@ -1,10 +1,10 @@
-#include "tests/host/archive/ArchivedDesign.h"
-#include "tests/host/archive/Unpacked.h"
+#include "host/archive/ArchivedDesign.h"
+#include "host/archive/Unpacked.h"
 
 #include "host/app/archive/ArchiveError.h"
 #include "host/app/archive/ArchivePlan.h"
 #include "host/app/archive/ArchiveWriter.h"
-#include "tests/support/StubbornDevices.h"
+#include "support/StubbornDevices.h"
 
 #include <QBuffer>
 #include <QtTest>

@@ -1,4 +1,4 @@
-#include "tests/host/archive/ArchivedDesign.h"
+#include "host/archive/ArchivedDesign.h"
 
 #include <OrvanticCore/DesignFile.h>
 

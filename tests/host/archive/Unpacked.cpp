@@ -1,6 +1,6 @@
-#include "tests/host/archive/Unpacked.h"
+#include "host/archive/Unpacked.h"
 
-#include "tests/host/archive/ArchivedDesign.h"
+#include "host/archive/ArchivedDesign.h"
 
 #include <QDir>
 #include <QDirIterator>
