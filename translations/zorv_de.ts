@@ -116,72 +116,36 @@
         <translation>Autor</translation>
     </message>
     <message>
-        <source>Who made the build; at most 20 characters</source>
-        <translation>Wer den Build gemacht hat; höchstens 20 Zeichen</translation>
-    </message>
-    <message>
         <source>Version:</source>
         <translation>Version:</translation>
-    </message>
-    <message>
-        <source>Major version number</source>
-        <translation>Hauptversionsnummer</translation>
     </message>
     <message>
         <source>.</source>
         <translation>.</translation>
     </message>
     <message>
-        <source>Minor version number</source>
-        <translation>Nebenversionsnummer</translation>
-    </message>
-    <message>
         <source>CI Number</source>
         <translation>CI-Nummer</translation>
-    </message>
-    <message>
-        <source>Configuration item number of the build</source>
-        <translation>Nummer des Konfigurationselements (CI) des Builds</translation>
     </message>
     <message>
         <source>Description</source>
         <translation>Beschreibung</translation>
     </message>
     <message>
-        <source>What the build is; at most 1000 characters</source>
-        <translation>Was der Build ist; höchstens 1000 Zeichen</translation>
-    </message>
-    <message>
         <source>Module:</source>
         <translation>Modul:</translation>
-    </message>
-    <message>
-        <source>Module that the image is for</source>
-        <translation>Modul, für das das Image ist</translation>
     </message>
     <message>
         <source>Device:</source>
         <translation>Baustein:</translation>
     </message>
     <message>
-        <source>Device of the module</source>
-        <translation>Baustein des Moduls</translation>
-    </message>
-    <message>
         <source>Config NO:</source>
         <translation>Konfig.-Nr.:</translation>
     </message>
     <message>
-        <source>Flash slot of the device</source>
-        <translation>Flash-Slot des Bausteins</translation>
-    </message>
-    <message>
         <source>Function List:</source>
         <translation>Funktionsliste:</translation>
-    </message>
-    <message>
-        <source>Functions in the build</source>
-        <translation>Funktionen im Build</translation>
     </message>
     <message>
         <source>Unlock the fields below after a load</source>
@@ -204,10 +168,6 @@
         <translation>Funktionsname</translation>
     </message>
     <message>
-        <source>Name of the function; one that is listed already is overwritten</source>
-        <translation>Name der Funktion; eine bereits aufgeführte wird überschrieben</translation>
-    </message>
-    <message>
         <source>Empty the fields for another function</source>
         <translation>Felder für eine weitere Funktion leeren</translation>
     </message>
@@ -228,10 +188,6 @@
         <translation>Funktionsautor</translation>
     </message>
     <message>
-        <source>Who wrote the function</source>
-        <translation>Wer die Funktion geschrieben hat</translation>
-    </message>
-    <message>
         <source>Enter the name of the current user</source>
         <translation>Namen des aktuellen Benutzers eintragen</translation>
     </message>
@@ -244,16 +200,8 @@
         <translation>Funktionsbeschreibung:</translation>
     </message>
     <message>
-        <source>What the function does</source>
-        <translation>Was die Funktion tut</translation>
-    </message>
-    <message>
         <source>Function CI Number:</source>
         <translation>CI-Nummer der Funktion:</translation>
-    </message>
-    <message>
-        <source>Configuration item number of the function</source>
-        <translation>Nummer des Konfigurationselements (CI) der Funktion</translation>
     </message>
     <message>
         <source>Generated File Size:</source>
@@ -463,6 +411,66 @@
         <source> Blocks</source>
         <translation> Blöcke</translation>
     </message>
+    <message>
+        <source>Who made the build; a line of the header with at most 20 characters</source>
+        <translation>Wer den Build gemacht hat; eine Zeile des Kopfes mit höchstens 20 Zeichen</translation>
+    </message>
+    <message>
+        <source>Major version</source>
+        <translation>Hauptversion</translation>
+    </message>
+    <message>
+        <source>Major version of the build in the header; what is not a whole number is written as 0</source>
+        <translation>Hauptversion des Builds im Kopf; was keine ganze Zahl ist, wird als 0 geschrieben</translation>
+    </message>
+    <message>
+        <source>Minor version</source>
+        <translation>Nebenversion</translation>
+    </message>
+    <message>
+        <source>Minor version of the build in the header; what is not a whole number is written as 0</source>
+        <translation>Nebenversion des Builds im Kopf; was keine ganze Zahl ist, wird als 0 geschrieben</translation>
+    </message>
+    <message>
+        <source>Configuration item number of the build, a line of the header</source>
+        <translation>Nummer des Konfigurationselements (CI) des Builds, eine Zeile des Kopfes</translation>
+    </message>
+    <message>
+        <source>What the build is; lines of the header with at most 1000 characters</source>
+        <translation>Was der Build ist; Zeilen des Kopfes mit höchstens 1000 Zeichen</translation>
+    </message>
+    <message>
+        <source>Module that the image is for; the header contains its code</source>
+        <translation>Modul, für das das Image ist; im Kopf steht sein Code</translation>
+    </message>
+    <message>
+        <source>Device of the module; the header contains its code</source>
+        <translation>Baustein des Moduls; im Kopf steht sein Code</translation>
+    </message>
+    <message>
+        <source>Flash slot of the device; the header contains its number</source>
+        <translation>Flash-Slot des Bausteins; im Kopf steht seine Nummer</translation>
+    </message>
+    <message>
+        <source>Functions in the build; the header contains all of them</source>
+        <translation>Funktionen im Build; im Kopf stehen alle</translation>
+    </message>
+    <message>
+        <source>Name of the function in the header; one that is listed already is overwritten</source>
+        <translation>Name der Funktion im Kopf; eine bereits aufgeführte wird überschrieben</translation>
+    </message>
+    <message>
+        <source>Who wrote the function; a line of the header</source>
+        <translation>Wer die Funktion geschrieben hat; eine Zeile des Kopfes</translation>
+    </message>
+    <message>
+        <source>What the function does; lines of the header</source>
+        <translation>Was die Funktion tut; Zeilen des Kopfes</translation>
+    </message>
+    <message>
+        <source>Configuration item number of the function, a line of the header</source>
+        <translation>Nummer des Konfigurationselements (CI) der Funktion, eine Zeile des Kopfes</translation>
+    </message>
 </context>
 <context>
     <name>ZORV_ArchiveConfigExtension</name>
@@ -497,6 +505,38 @@
     <message>
         <source>Revision:</source>
         <translation>Revision:</translation>
+    </message>
+    <message>
+        <source>The code of the project in the package&apos;s name, after the number of the package type</source>
+        <translation>Der Code des Projekts im Namen des Pakets, nach der Nummer des Pakettyps</translation>
+    </message>
+    <message>
+        <source>The name of the package begins with 7010 for firmware and 7030 for software, and contains FW or SW</source>
+        <translation>Der Name des Pakets beginnt mit 7010 für Firmware und 7030 für Software und enthält FW oder SW</translation>
+    </message>
+    <message>
+        <source>The code of the design type in the package&apos;s name, such as ELEC</source>
+        <translation>Der Code des Designtyps im Namen des Pakets, etwa ELEC</translation>
+    </message>
+    <message>
+        <source>The number of the package in its name, with two digits</source>
+        <translation>Die Nummer des Pakets in seinem Namen, zweistellig</translation>
+    </message>
+    <message>
+        <source>The first number at the end of the package&apos;s name, from the version of the design at first</source>
+        <translation>Die erste Zahl am Ende des Paketnamens, zunächst aus der Version des Designs</translation>
+    </message>
+    <message>
+        <source>Major revision</source>
+        <translation>Hauptrevision</translation>
+    </message>
+    <message>
+        <source>The second number at the end of the package&apos;s name, from the version of the design at first</source>
+        <translation>Die zweite Zahl am Ende des Paketnamens, zunächst aus der Version des Designs</translation>
+    </message>
+    <message>
+        <source>Minor revision</source>
+        <translation>Nebenrevision</translation>
     </message>
 </context>
 <context>

@@ -30,7 +30,7 @@ using Qtilities::CoreGui::TreeNode;
 
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("DesignModel", text); }
+QString tr(const char* text) { return QCoreApplication::translate("DesignRows", text); }
 
 DesignRows::Row makeRow(const QString& name, const QIcon& icon, const QString& key)
 {
