@@ -7,7 +7,6 @@
 #include "host/app/DesignStorage.h"
 #include "host/app/DesignView.h"
 #include "host/app/ItemCommands.h"
-#include "host/app/OpenDesigns.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignManager.h>
@@ -44,8 +43,8 @@ protected:
 
 } // namespace
 
-DesignCommands::DesignCommands(OpenDesigns* designs, DesignSession* session, DesignView* view,
-                               ItemCommands* items, QToolBar* toolBar, QWidget* window)
+DesignCommands::DesignCommands(DesignSession* session, DesignView* view, ItemCommands* items,
+                               QToolBar* toolBar, QWidget* window)
     : QObject(window), m_session(session), m_view(view), m_items(items), m_window(window),
       m_history(new QUndoGroup(this))
 {
@@ -65,7 +64,7 @@ DesignCommands::DesignCommands(OpenDesigns* designs, DesignSession* session, Des
     connect(view, &DesignView::currentItemChanged, this, &DesignCommands::refresh);
     // The view reports the current item before the last design has left the model.
     connect(view->model(), &QAbstractItemModel::rowsRemoved, this, &DesignCommands::refresh);
-    connect(designs, &OpenDesigns::opened, this, [this](const Design* design) {
+    connect(session, &DesignSession::opened, this, [this](const Design* design) {
         m_history->addStack(DesignHistory::of(design));
         connect(design, &Design::stateChanged, this, &DesignCommands::refresh);
         connect(design, &Design::modifiedChanged, this, &DesignCommands::refresh);

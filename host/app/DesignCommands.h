@@ -6,7 +6,6 @@
 class DesignSession;
 class DesignView;
 class ItemCommands;
-class OpenDesigns;
 class QAction;
 class QMenu;
 class QToolBar;
@@ -26,8 +25,8 @@ public:
     /// Everything stays its owner's and outlives the commands, which are added to the menus
     /// "File", "Edit" and "Design", which must exist, and to \p toolBar. \p window is the parent of
     /// dialogs.
-    DesignCommands(OpenDesigns* designs, DesignSession* session, DesignView* view,
-                   ItemCommands* items, QToolBar* toolBar, QWidget* window);
+    DesignCommands(DesignSession* session, DesignView* view, ItemCommands* items, QToolBar* toolBar,
+                   QWidget* window);
 
 private:
     void addFileCommands();

@@ -3,7 +3,6 @@
 #include "host/app/DesignModel.h"
 #include "host/app/DesignStorage.h"
 #include "host/app/FileIcons.h"
-#include "host/app/FileState.h"
 #include "host/app/ViewExtensions.h"
 
 #include <OrvanticCore/Design.h>
@@ -25,6 +24,7 @@
 using OrvanticCore::Design;
 using OrvanticCore::DesignFile;
 using OrvanticCore::DesignFolder;
+using OrvanticCore::IDesign;
 using OrvanticCore::Interfaces::IDesignViewExtensions;
 using Qtilities::CoreGui::TreeNode;
 
@@ -62,6 +62,56 @@ void applyRoleData(QStandardItem* item, const Ask& ask)
                 item->setData(data, role);
         }
     }
+}
+
+/// Why a generated file should be made again; empty for one that is up to date, missing, or not
+/// generated. Its source is the binary of the same name in the same folder.
+QStringList reasonsOutdated(const DesignFile& file)
+{
+    QStringList reasons;
+    const QFileInfo info(file.filePath());
+    if (!file.isGenerated() || !info.exists())
+        return reasons;
+    const QFileInfo source(info.dir().filePath(info.completeBaseName() + ".bin"));
+    if (source.exists() && source != info && source.lastModified() > info.lastModified())
+        reasons << tr("%1 has changed since").arg(source.fileName());
+    const IDesign* const design = file.design();
+    const QString made = file.versionAssociation();
+    if (design && !made.isEmpty() && made != design->versionString("."))
+        reasons
+            << tr("made for version %1, the design is at %2").arg(made, design->versionString("."));
+    return reasons;
+}
+
+/// The words of the column State: "Generated", "Outdated", "Missing".
+QStringList stateOf(const DesignFile& file)
+{
+    QStringList words;
+    if (file.isGenerated())
+        words << tr("Generated");
+    if (!reasonsOutdated(file).isEmpty())
+        words << tr("Outdated");
+    if (!file.exists())
+        words << tr("Missing");
+    return words;
+}
+
+/// Path, size, date and reasons, as rich text.
+QString toolTipOf(const DesignFile& file)
+{
+    const QFileInfo info(file.filePath());
+    QStringList lines{QDir::toNativeSeparators(file.filePath()).toHtmlEscaped()};
+    if (!info.exists())
+        lines << tr("There is no such file on the disk.");
+    else
+        lines << tr("%1, changed %2")
+                     .arg(QLocale().formattedDataSize(info.size()),
+                          QLocale().toString(info.lastModified(), QLocale::ShortFormat));
+    const QStringList reasons = reasonsOutdated(file);
+    if (!reasons.isEmpty())
+        lines << tr("<b>Outdated</b>: %1. Generate it again.")
+                     .arg(reasons.join("; ").toHtmlEscaped());
+    return "<p style='white-space:pre'>" + lines.join("<br>") + "</p>";
 }
 
 DesignRows::Row makeFileRow(DesignFile* file)
@@ -122,8 +172,8 @@ void DesignRows::refresh(const Row& row, const Design& design)
 
 void DesignRows::refresh(const Row& row, const DesignFile& file)
 {
-    const QString state = FileState::words(file).join(", ");
-    const QString toolTip = FileState::toolTip(file);
+    const QString state = stateOf(file).join(", ");
+    const QString toolTip = toolTipOf(file);
     QStandardItem* const stateItem = row.at(DesignModel::StateColumn);
     QStandardItem* const versionItem = row.at(DesignModel::VersionColumn);
     // Asked for twice a second: what is as it was is not painted again.

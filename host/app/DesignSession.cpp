@@ -5,11 +5,11 @@
 #include "host/app/DesignHistory.h"
 #include "host/app/DesignStorage.h"
 #include "host/app/NewDesignDialog.h"
-#include "host/app/OpenDesigns.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
 #include <OrvanticCore/DesignManager.h>
+#include <OrvanticCore/DesignStructure.h>
 
 #include <QtilitiesCoreGui/TreeNode.h>
 #include <QtilitiesLogging/Logger.h>
@@ -23,6 +23,7 @@
 using OrvanticCore::Design;
 using OrvanticCore::DesignFile;
 using OrvanticCore::DesignManager;
+using OrvanticCore::DesignStructure;
 using Qtilities::Logging::Logger;
 
 namespace {
@@ -52,12 +53,25 @@ QString designFolderOf(const QString& path)
     return DesignStorage::descriptionPath(folder) == info.absoluteFilePath() ? folder : QString();
 }
 
+/// Where the files of a new design go until its structure is edited.
+DesignStructure* initialStructure()
+{
+    auto* const structure = new DesignStructure;
+    for (const char* node : {"Source Files", "Bit-stream Files", "Other Files"})
+        structure->rootNode()->addNode(node);
+    for (const char* pattern : {"*.vhd", "*.v", "*.xdc"})
+        structure->addFileAssociation(pattern, "Source Files");
+    for (const char* pattern : {"*.bit", "*.bin"})
+        structure->addFileAssociation(pattern, "Bit-stream Files");
+    structure->setUnassignedFileAssociationsNode("Other Files");
+    return structure;
+}
+
 } // namespace
 
-DesignSession::DesignSession(OpenDesigns* designs, QWidget* window)
-    : QObject(window), m_designs(designs), m_window(window)
-{
-}
+DesignSession::DesignSession(QWidget* window) : QObject(window), m_window(window) {}
+
+DesignSession::~DesignSession() { qDeleteAll(m_designs); }
 
 Design* DesignSession::open(const QString& path)
 {
@@ -78,7 +92,7 @@ Design* DesignSession::open(const QString& path)
         return make(folder);
     }
     QString error;
-    Design* const design = m_designs->open(folder, &error);
+    Design* const design = load(folder, &error);
     if (!design) {
         showError("CannotOpenBox", tr("Cannot open the design.\n\n%1").arg(error));
         return nullptr;
@@ -94,8 +108,8 @@ Design* DesignSession::make(const QString& folder)
     if (dialog.exec() != QDialog::Accepted)
         return nullptr;
     QString error;
-    Design* const design = m_designs->create(dialog.folder(), dialog.typeName(),
-                                             dialog.versionMajor(), dialog.versionMinor(), &error);
+    Design* const design = create(dialog.folder(), dialog.typeName(), dialog.versionMajor(),
+                                  dialog.versionMinor(), &error);
     if (!design) {
         showError("CannotSaveBox", tr("Cannot make the design.\n\n%1").arg(error));
         return nullptr;
@@ -103,6 +117,44 @@ Design* DesignSession::make(const QString& folder)
     rememberRecent(design->workingFolderPath());
     emit chosen(design);
     return design;
+}
+
+Design* DesignSession::load(const QString& folder, QString* error)
+{
+    const QString wanted = QDir(folder).canonicalPath();
+    for (Design* design : m_designs) {
+        if (!wanted.isEmpty() && QDir(design->workingFolderPath()).canonicalPath() == wanted)
+            return design;
+    }
+    std::unique_ptr<Design> loaded = DesignStorage::load(folder, error);
+    return loaded ? take(std::move(loaded)) : nullptr;
+}
+
+Design* DesignSession::take(std::unique_ptr<Design> loaded)
+{
+    Design* const design = loaded.release();
+    DesignHistory::attach(design);
+    m_designs.append(design);
+    DesignManager::instance()->addDesign(design);
+    emit opened(design);
+    return design;
+}
+
+Design* DesignSession::create(const QString& folder, const QString& typeName, int versionMajor,
+                              int versionMinor, QString* error)
+{
+    if (DesignStorage::hasDescription(folder)) {
+        *error = tr("There is a design in %1 already.").arg(QDir::toNativeSeparators(folder));
+        return nullptr;
+    }
+    if (!QDir().mkpath(folder)) {
+        *error = tr("Cannot make the folder %1.").arg(QDir::toNativeSeparators(folder));
+        return nullptr;
+    }
+    Design design(folder, typeName);
+    design.setVersion(versionMajor, versionMinor);
+    design.setStructure(initialStructure());
+    return DesignStorage::save(&design, error) ? load(folder, error) : nullptr;
 }
 
 void DesignSession::addPaths(const QStringList& paths, Design* design, const QString& node)
@@ -177,7 +229,14 @@ bool DesignSession::save(Design* design)
 void DesignSession::close(Design* design)
 {
     if (mayClose(design))
-        m_designs->close(design);
+        drop(design);
+}
+
+void DesignSession::drop(Design* design)
+{
+    emit aboutToClose(design);
+    m_designs.removeOne(design);
+    delete design;
 }
 
 void DesignSession::reload(Design* design)
@@ -189,16 +248,18 @@ void DesignSession::reload(Design* design)
                                     QMessageBox::No) != QMessageBox::Yes)
         return;
     QString error;
-    if (const Design* const fresh = m_designs->reload(design, &error))
-        emit chosen(fresh);
-    else
+    std::unique_ptr<Design> loaded = DesignStorage::load(design->workingFolderPath(), &error);
+    if (!loaded) {
         showError("CannotOpenBox", tr("Cannot open the design.\n\n%1").arg(error));
+        return;
+    }
+    drop(design);
+    emit chosen(take(std::move(loaded)));
 }
 
 bool DesignSession::mayCloseAll()
 {
-    const QList<Design*> designs = m_designs->designs();
-    return std::all_of(designs.begin(), designs.end(),
+    return std::all_of(m_designs.begin(), m_designs.end(),
                        [this](Design* design) { return mayClose(design); });
 }
 
@@ -236,7 +297,7 @@ void DesignSession::restoreLast()
         QSettings(settingsPath(), QSettings::IniFormat).value(LastKey).toStringList();
     for (const QString& folder : folders) {
         QString error;
-        if (const Design* const design = m_designs->open(folder, &error))
+        if (const Design* const design = load(folder, &error))
             emit chosen(design);
         else
             Logger::instance()->logPriorityMessage(
@@ -248,7 +309,7 @@ void DesignSession::restoreLast()
 void DesignSession::rememberOpen() const
 {
     QStringList folders;
-    for (const Design* design : m_designs->designs())
+    for (const Design* design : m_designs)
         folders << design->workingFolderPath();
     QSettings(settingsPath(), QSettings::IniFormat).setValue(LastKey, folders);
 }

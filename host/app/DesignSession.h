@@ -5,7 +5,8 @@
 #include <QObject>
 #include <QStringList>
 
-class OpenDesigns;
+#include <memory>
+
 class QWidget;
 
 namespace OrvanticCore {
@@ -13,7 +14,8 @@ class Design;
 }
 
 /// Opens, makes, changes, saves and closes designs, with the questions and messages that belong to
-/// it.
+/// it. The open designs belong to the session, and are listed in the design manager in the order in
+/// which they were opened.
 ///
 /// For drivers, the object names of its boxes: "NoDesignBox", "SaveChangesBox", "ChangedOnDiskBox",
 /// "ReloadBox", "CannotOpenBox", "CannotSaveBox", "CannotAddBox".
@@ -21,12 +23,23 @@ class DesignSession : public QObject {
     Q_OBJECT
 
 public:
-    /// Both stay their owner's and outlive the session. \p window is the parent of boxes.
-    DesignSession(OpenDesigns* designs, QWidget* window);
+    /// \p window is the parent of the session and of its boxes.
+    explicit DesignSession(QWidget* window);
+    /// Closes all designs, saved or not.
+    ~DesignSession() override;
 
     /// Opens the design in the folder, or the one of the description, at \p path. Offers to make a
     /// new one in a folder without. Returns null when there is none to show.
     OrvanticCore::Design* open(const QString& path);
+
+    /// Opens the design in \p folder, unless it is open, without questions. Returns null with the
+    /// reason in \p error.
+    OrvanticCore::Design* load(const QString& folder, QString* error);
+
+    /// Makes \p folder when there is none, writes the description of a new design into it and opens
+    /// that. Returns null with the reason in \p error, also when a design is there already.
+    OrvanticCore::Design* create(const QString& folder, const QString& typeName, int versionMajor,
+                                 int versionMinor, QString* error);
 
     /// Asks for place, type and version of a new design and makes it. Null when nothing is made.
     OrvanticCore::Design* make(const QString& folder);
@@ -56,10 +69,14 @@ public:
     void showError(const QString& name, const QString& text);
 
 signals:
+    void opened(OrvanticCore::Design* design);
+    void aboutToClose(OrvanticCore::Design* design);
     /// A design was opened or made, and is to be shown.
     void chosen(const OrvanticCore::Design* design);
 
 private:
+    OrvanticCore::Design* take(std::unique_ptr<OrvanticCore::Design> loaded);
+    void drop(OrvanticCore::Design* design);
     bool mayReplace(const OrvanticCore::Design& design);
     bool mayClose(OrvanticCore::Design* design);
     void addTo(OrvanticCore::Design* design, const QStringList& paths, const QString& node);
@@ -67,7 +84,7 @@ private:
     int ask(const QString& name, const QString& text, QMessageBox::StandardButtons buttons,
             QMessageBox::StandardButton defaultButton = QMessageBox::NoButton);
 
-    OpenDesigns* m_designs;
+    QList<OrvanticCore::Design*> m_designs;
     QWidget* m_window;
 };
 

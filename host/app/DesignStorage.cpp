@@ -114,6 +114,12 @@ bool DesignStorage::save(Design* design, QString* error)
 {
     const QString path = descriptionPath(design->workingFolderPath());
     const QByteArray bytes = text(*design);
+    const QFileInfo present(path);
+    // Through a link, a device of the system would be replaced.
+    if (present.exists() && !present.isFile()) {
+        *error = fileProblem(path, tr("it is not a file"));
+        return false;
+    }
     QSaveFile file(path);
     // Unbuffered: QSaveFile would not notice when the last of its buffer cannot be written.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(&file, bytes) ||

@@ -1,6 +1,7 @@
 #include "host/app/DesignView.h"
 
 #include "host/app/DesignModel.h"
+#include "host/app/DesignRows.h"
 #include "host/app/ViewExtensions.h"
 
 #include <OrvanticCore/Design.h>
@@ -53,27 +54,21 @@ void DesignView::setCurrentDesign(const Design* design)
     setCurrentIndex(index);
 }
 
-QList<DesignFile*> DesignView::selectedFiles() const
+template <class Subject>
+QList<Subject*> DesignView::selected() const
 {
-    QList<DesignFile*> files;
+    QList<Subject*> subjects;
     for (const QModelIndex& index : selectionModel()->selectedRows()) {
-        DesignFile* const file = m_model->fileAt(index);
-        if (file && m_model->designAt(index) == currentDesign())
-            files << file;
+        auto* const subject = DesignRows::subjectOf<Subject>(index);
+        if (subject && m_model->designAt(index) == currentDesign())
+            subjects << subject;
     }
-    return files;
+    return subjects;
 }
 
-QList<DesignFolder*> DesignView::selectedFolders() const
-{
-    QList<DesignFolder*> folders;
-    for (const QModelIndex& index : selectionModel()->selectedRows()) {
-        DesignFolder* const folder = m_model->folderAt(index);
-        if (folder && m_model->designAt(index) == currentDesign())
-            folders << folder;
-    }
-    return folders;
-}
+QList<DesignFile*> DesignView::selectedFiles() const { return selected<DesignFile>(); }
+
+QList<DesignFolder*> DesignView::selectedFolders() const { return selected<DesignFolder>(); }
 
 QModelIndex DesignView::itemAt(const QPoint& place) const
 {

@@ -51,6 +51,8 @@ protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
+    template <class Subject>
+    QList<Subject*> selected() const;
     void showMenu(const QPoint& place);
     /// The middle of the current row, which is made visible.
     QPoint placeOfCurrent();

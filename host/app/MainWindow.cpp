@@ -3,7 +3,7 @@
 #include "host/app/Commands.h"
 #include "host/app/common/WindowPlace.h"
 #include "host/app/DesignCommands.h"
-#include "host/app/DesignDetails.h"
+#include "host/app/DesignEditor.h"
 #include "host/app/DesignModel.h"
 #include "host/app/DesignSession.h"
 #include "host/app/DesignView.h"
@@ -11,8 +11,6 @@
 #include "host/app/ImageInspector.h"
 #include "host/app/ItemCommands.h"
 #include "host/app/LogPane.h"
-#include "host/app/OpenDesigns.h"
-#include "host/app/PropertyEditor.h"
 #include "host/app/StartPage.h"
 #include "host/app/ViewExtensions.h"
 
@@ -55,8 +53,7 @@ constexpr int LogHeight = 8;
 } // namespace
 
 MainWindow::MainWindow(QWidget* parent)
-    : QMainWindow(parent), m_designs(new OpenDesigns(this)), m_model(new DesignModel(this)),
-      m_session(new DesignSession(m_designs, this))
+    : QMainWindow(parent), m_model(new DesignModel(this)), m_session(new DesignSession(this))
 {
     // A static library's resources are not there by themselves.
     Q_INIT_RESOURCE(host);
@@ -136,7 +133,7 @@ void MainWindow::buildMenus()
     m_toolBar->setIconSize(QSize(iconSize, iconSize));
     m_toolBar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     auto* const items = new ItemCommands(m_session, m_model, m_view, m_toolBar);
-    new DesignCommands(m_designs, m_session, m_view, items, m_toolBar, this);
+    new DesignCommands(m_session, m_view, items, m_toolBar, this);
     connect(items, &ItemCommands::inspectionWanted, this, &MainWindow::inspect);
     m_help = new HelpMenu(this);
 
@@ -144,28 +141,21 @@ void MainWindow::buildMenus()
     Commands::add("File.Quit", tr("&Quit"), QKeySequence("Ctrl+Q"), this, [this] { close(); });
 }
 
-QDockWidget* MainWindow::makeDock(const QString& name, const QString& title, QWidget* body)
-{
-    auto* const dock = new QDockWidget(title, this);
-    dock->setObjectName(name);
-    dock->setWidget(body);
-    return dock;
-}
-
 void MainWindow::buildDocks()
 {
-    auto* const body = new QWidget;
-    m_details = new DesignDetails(body);
-    m_properties = new PropertyEditor(body);
-    auto* const layout = new QVBoxLayout(body);
-    layout->addWidget(m_details);
-    layout->addWidget(m_properties, 1);
+    const auto makeDock = [this](const char* name, const QString& title, QWidget* body) {
+        auto* const dock = new QDockWidget(title, this);
+        dock->setObjectName(name);
+        dock->setWidget(body);
+        return dock;
+    };
+    m_editor = new DesignEditor;
     // A small screen, or a large font, has no room for all of it.
     auto* const scrolled = new QScrollArea;
     scrolled->setFocusPolicy(Qt::NoFocus);
     scrolled->setFrameShape(QFrame::NoFrame);
     scrolled->setWidgetResizable(true);
-    scrolled->setWidget(body);
+    scrolled->setWidget(m_editor);
     m_propertyDock = makeDock("PropertyDock", tr("Design Properties"), scrolled);
     m_inspectorDock = makeDock("InspectorDock", tr("Image"), new ImageInspector);
     m_logDock = makeDock("LogDock", tr("Log"), new LogPane);
@@ -197,7 +187,7 @@ void MainWindow::buildStatusBar()
 
 void MainWindow::connectDesigns()
 {
-    connect(m_designs, &OpenDesigns::opened, this, [this](Design* design) {
+    connect(m_session, &DesignSession::opened, this, [this](Design* design) {
         m_model->addDesign(design);
         connect(design, &Design::filesRefreshed, this,
                 [this](const QList<OrvanticCore::DesignFile*>& files) {
@@ -208,7 +198,7 @@ void MainWindow::connectDesigns()
         connect(design, &Design::modifiedChanged, this, &MainWindow::showCurrentDesign);
         showCurrentDesign();
     });
-    connect(m_designs, &OpenDesigns::aboutToClose, this, [this](Design* design) {
+    connect(m_session, &DesignSession::aboutToClose, this, [this](Design* design) {
         m_model->removeDesign(design);
         showCurrentDesign();
     });
@@ -220,8 +210,7 @@ void MainWindow::showCurrentDesign()
 {
     Design* const design = m_view->currentDesign();
     m_pages->setCurrentWidget(m_model->rowCount() > 0 ? m_view : m_pages->widget(0));
-    m_details->setDesign(design);
-    m_properties->setDesign(design);
+    m_editor->setDesign(design);
     setWindowTitle(design ? tr("%1[*] - Pelk Design Host").arg(design->name())
                           : tr("Pelk Design Host"));
     setWindowModified(design && design->isModified());

@@ -4,13 +4,11 @@
 #include <QMainWindow>
 #include <QStringList>
 
-class DesignDetails;
+class DesignEditor;
 class DesignModel;
 class DesignSession;
 class DesignView;
 class HelpMenu;
-class OpenDesigns;
-class PropertyEditor;
 class QDockWidget;
 class QLabel;
 class QStackedWidget;
@@ -50,7 +48,6 @@ private:
     void buildCentre();
     void buildMenus();
     void buildDocks();
-    QDockWidget* makeDock(const QString& name, const QString& title, QWidget* body);
     void buildViewMenu();
     void buildStatusBar();
     void connectDesigns();
@@ -59,12 +56,10 @@ private:
     void saveLayout() const;
     void showCurrentDesign();
 
-    OpenDesigns* m_designs;
     DesignModel* m_model;
     DesignView* m_view = nullptr;
     DesignSession* m_session = nullptr;
-    DesignDetails* m_details = nullptr;
-    PropertyEditor* m_properties = nullptr;
+    DesignEditor* m_editor = nullptr;
     HelpMenu* m_help = nullptr;
     QStackedWidget* m_pages = nullptr;
     QLabel* m_path = nullptr;

@@ -92,6 +92,8 @@ private slots:
     void opensNoDesignWithoutAFile_data() { addPlaces(); }
     void opensNoDesignWithoutAFile();
     void opensNoDesignOfOneGibibyte();
+    void savesADesignInPlaceOfWhatIsThere_data();
+    void savesADesignInPlaceOfWhatIsThere();
     void archivesNothingButAFile_data() { addPlaces(); }
     void archivesNothingButAFile();
 
@@ -334,6 +336,34 @@ void FaultyFilesTest::opensNoDesignOfOneGibibyte()
     QString error;
     QVERIFY(!DesignStorage::load(m_driver->path(""), &error));
     QVERIFY2(error.endsWith("it is too large: 1073741824 bytes"), qPrintable(error));
+}
+
+void FaultyFilesTest::savesADesignInPlaceOfWhatIsThere_data()
+{
+    QTest::addColumn<Place>("place");
+    QTest::addColumn<bool>("isSaved");
+    QTest::newRow("nothing") << Place(placeNothing) << true;
+    QTest::newRow("a pipe") << Place(placePipe) << false;
+    QTest::newRow("a link to a pipe") << Place(placeLinkToPipe) << false;
+    QTest::newRow("a folder") << Place(placeFolder) << false;
+    QTest::newRow("a link to nothing") << Place(placeLinkToNothing) << true;
+}
+
+void FaultyFilesTest::savesADesignInPlaceOfWhatIsThere()
+{
+    QFETCH(Place, place);
+    QFETCH(bool, isSaved);
+    const QString folder = m_driver->path("design");
+    QVERIFY(QDir().mkpath(folder));
+    place(folder + "/design.json");
+    OrvanticCore::Design design(folder, "Firmware Design");
+    QString error;
+    QCOMPARE(DesignStorage::save(&design, &error), isSaved);
+    QCOMPARE(error.isEmpty(), isSaved);
+    if (isSaved)
+        QVERIFY2(DesignStorage::load(folder, &error), qPrintable(error));
+    else
+        QVERIFY(!QFileInfo(folder + "/design.json").isFile());
 }
 
 void FaultyFilesTest::archivesNothingButAFile()

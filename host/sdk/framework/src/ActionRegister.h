@@ -33,7 +33,7 @@ public:
     void addSeparator(const QString& before) override;
 
 private:
-    /// The action of the command named \p id if it stands in this menu, else null, which Qt's
+    /// The action of the command named \p id if it is in this menu, else null, which Qt's
     /// menus take for the end.
     QAction* placedAction(const QString& id) const;
 

@@ -15,7 +15,7 @@ public:
 
     int contextID(const QString& context) override;
 
-    /// Whether one of the contexts numbered in \p ids is active; an empty list stands for the
+    /// Whether one of the contexts numbered in \p ids is active; an empty list means the
     /// standard context.
     bool isAnyActive(const QList<int>& ids) const;
 

@@ -32,8 +32,8 @@ void reportError(const QString& text)
     Logger::instance()->logPriorityMessage(QString(), Logger::Error, text);
 }
 
-/// The plug-in that the library at \p path holds, or null after a report. The library stays loaded
-/// until the process ends, whatever becomes of the plug-in.
+/// The plug-in in the library at \p path, or null after a report. The library stays loaded
+/// until the process ends, whether or not the plug-in is used.
 IPlugin* loadPlugin(const QString& path)
 {
     QPluginLoader loader(path);

@@ -22,8 +22,8 @@ public:
     /// The designs that are open, in the order in which they were opened. They stay the host's.
     QList<IDesign*> designs() const;
 
-    /// The name of the person at the keyboard: the full name that the system holds for the
-    /// account, or the account's name when it holds none.
+    /// The user's name: the full name that the system has for the account, or the account's name
+    /// when it has none.
     QString currentUserName() const;
 
     /// The host's settings file, in INI format; it may not exist yet. Unless the host has set

@@ -11,7 +11,7 @@
 
 namespace OrvanticCore {
 
-/// The nodes by which a design orders its files, and the rules that tell which file belongs to
+/// The nodes by which a design orders its files, and the rules by which a file belongs to
 /// which. Owned by its design; what it returns is its own.
 class ORVANTICCORE_SHARED_EXPORT DesignStructure {
 public:

@@ -19,8 +19,8 @@ namespace Interfaces {
 /// Adds a type of archive to the host's archive dialog.
 ///
 /// Life cycle: registered in the object pool, where the dialog finds it by its identifier. Each
-/// dialog hands itself over by setArchiveDialogWidget() before it asks for anything else, shows the
-/// extension's widget while the user has this type chosen, and hands over null before it is
+/// dialog passes itself by setArchiveDialogWidget() before it asks for anything else, shows the
+/// extension's widget while the user has this type chosen, and passes null before it is
 /// deleted. The extension and its widget stay their maker's: the dialog gives the widget back, with
 /// no parent and hidden. GUI thread only.
 /// In the table of its virtual operations the six of ILinkedExtension come before its own nine,
@@ -33,7 +33,7 @@ public:
         /// Files of the design that no tool made.
         SourceFiles = 0x01,
         GeneratedFiles = 0x02,
-        /// Files and folders outside the working folder, whoever made them.
+        /// Files and folders outside the working folder, of either kind.
         ExternalFiles = 0x04,
         DesignFolders = 0x08,
         DesignDescription = 0x10

@@ -7,7 +7,7 @@
 namespace OrvanticCore {
 namespace Interfaces {
 
-/// Says for which designs an extension is meant. An empty list, the default, stands for all; an
+/// For which designs an extension is meant. An empty list, the default, means all designs; an
 /// inversed one for all but those in it.
 class ILinkedExtension {
 public:

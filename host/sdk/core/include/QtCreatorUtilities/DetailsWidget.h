@@ -29,7 +29,7 @@ public:
     /// The body, or null. It stays the panel's.
     QWidget* widget() const;
 
-    /// \p text may hold Qt's rich text.
+    /// \p text may contain Qt's rich text.
     void setSummaryText(const QString& text);
     QString summaryText() const;
 

@@ -27,7 +27,7 @@ struct QTILITIES_SHARED_EXPORT PropertySpecification {
 
     QString d_displayed_name;
     QString d_property_name;
-    /// Shown as help; may hold Qt's rich text.
+    /// Shown as help; may contain Qt's rich text.
     QString d_description;
     QVariant::Type d_data_type;
     /// Invalid when a new property starts without a value.

@@ -12,7 +12,7 @@ namespace Core {
 
 class ObjectManager;
 
-/// A named value that an object shows to everyone who holds it. A plain value.
+/// A named value that an object shows to all that use it. A plain value.
 class QTILITIES_SHARED_EXPORT SharedProperty {
 public:
     SharedProperty(const char* name = "", QVariant value = QVariant());

@@ -25,14 +25,15 @@ public:
     explicit IActionManager(QObject* parent = nullptr) : QObject(parent) {}
     ~IActionManager() override;
 
-    /// The menu named \p id, made when there is none; \p existed tells which. Never null.
+    /// The menu named \p id, made when there is none; \p existed is whether there was one. Never
+    /// null.
     virtual ActionContainer* createMenu(const QString& id, bool& existed) = 0;
 
     /// The menu named \p id, or null.
     virtual ActionContainer* menu(const QString& id) = 0;
 
     /// The command named \p id, made when there is none. Never null. It is enabled while one of the
-    /// contexts numbered in \p context is active; an empty list stands for the standard context.
+    /// contexts numbered in \p context is active; an empty list means the standard context.
     virtual Command* registerActionPlaceHolder(const QString& id, const QString& user_text,
                                                const QKeySequence& shortcut = QKeySequence(),
                                                const QList<int>& context = QList<int>(),

@@ -7,7 +7,7 @@
 namespace Qtilities {
 namespace CoreGui {
 
-/// A leaf that stands for a file, which need not exist.
+/// A leaf for a file, which need not exist.
 class QTILITIES_SHARED_EXPORT TreeFileItem : public TreeItemBase {
     Q_OBJECT
 

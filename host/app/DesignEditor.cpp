@@ -1,14 +1,15 @@
-#include "host/app/PropertyEditor.h"
+#include "host/app/DesignEditor.h"
 
 #include "host/app/DesignHistory.h"
 #include "host/app/PropertyCatalog.h"
 #include "host/app/PropertyModel.h"
-#include "ui_PropertyEditor.h"
+#include "ui_DesignEditor.h"
 
 #include <QAction>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>
+#include <QSignalBlocker>
 #include <QStyledItemDelegate>
 
 using OrvanticCore::Design;
@@ -65,11 +66,12 @@ private:
 
 } // namespace
 
-PropertyEditor::PropertyEditor(QWidget* parent)
-    : QWidget(parent), m_ui(new Ui::PropertyEditor), m_model(new PropertyModel(this)),
+DesignEditor::DesignEditor(QWidget* parent)
+    : QWidget(parent), m_ui(new Ui::DesignEditor), m_model(new PropertyModel(this)),
       m_menu(new QMenu(this))
 {
     m_ui->setupUi(this);
+    m_ui->VersionChanges->setFixedHeight(fontMetrics().lineSpacing() * 4);
     m_ui->PropertyView->setModel(m_model);
     m_ui->PropertyView->setItemDelegate(new ValueDelegate(m_model, this));
     m_ui->PropertyView->header()->setSectionResizeMode(PropertyModel::NameColumn,
@@ -83,23 +85,37 @@ PropertyEditor::PropertyEditor(QWidget* parent)
     remove->setShortcutContext(Qt::WidgetShortcut);
     m_ui->PropertyView->addAction(remove);
 
-    connect(m_menu, &QMenu::aboutToShow, this, &PropertyEditor::fillMenu);
+    // Each sets its own number only: the other one may be larger than its box can show.
+    const auto valueChanged = QOverload<int>::of(&QSpinBox::valueChanged);
+    connect(m_ui->VersionMajor, valueChanged, this, [this](int number) {
+        if (m_design)
+            m_design->setVersion(number, m_design->versionMinor());
+    });
+    connect(m_ui->VersionMinor, valueChanged, this, [this](int number) {
+        if (m_design)
+            m_design->setVersion(m_design->versionMajor(), number);
+    });
+    connect(m_ui->VersionChanges, &QPlainTextEdit::textChanged, this, [this] {
+        if (m_design)
+            m_design->setVersionChanges(m_ui->VersionChanges->toPlainText());
+    });
+    connect(m_menu, &QMenu::aboutToShow, this, &DesignEditor::fillMenu);
     connect(m_menu, &QMenu::hovered, this,
             [this](const QAction* action) { m_ui->PropertyHelp->setHtml(action->toolTip()); });
-    connect(m_menu, &QMenu::aboutToHide, this, &PropertyEditor::refresh);
-    connect(remove, &QAction::triggered, this, &PropertyEditor::removeCurrent);
-    connect(m_ui->RemovePropertyButton, &QPushButton::clicked, this,
-            &PropertyEditor::removeCurrent);
+    connect(m_menu, &QMenu::aboutToHide, this, &DesignEditor::refresh);
+    connect(remove, &QAction::triggered, this, &DesignEditor::removeCurrent);
+    connect(m_ui->RemovePropertyButton, &QPushButton::clicked, this, &DesignEditor::removeCurrent);
     connect(m_ui->PropertyView->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            &PropertyEditor::refresh);
-    connect(m_model, &QAbstractItemModel::dataChanged, this, &PropertyEditor::refresh);
-    connect(m_model, &PropertyModel::refused, this, &PropertyEditor::showHelp);
+            &DesignEditor::refresh);
+    connect(m_model, &QAbstractItemModel::dataChanged, this, &DesignEditor::refresh);
+    connect(m_model, &PropertyModel::refused, this, &DesignEditor::showHelp);
+    showVersion();
     refresh();
 }
 
-PropertyEditor::~PropertyEditor() = default;
+DesignEditor::~DesignEditor() = default;
 
-void PropertyEditor::setDesign(Design* design)
+void DesignEditor::setDesign(Design* design)
 {
     if (m_design == design)
         return;
@@ -107,22 +123,55 @@ void PropertyEditor::setDesign(Design* design)
         disconnect(m_design, nullptr, this, nullptr);
     m_design = design;
     m_model->setDesign(design);
-    if (design)
-        connect(design, &Design::stateChanged, this, &PropertyEditor::refresh);
+    if (design) {
+        connect(design, &Design::versionChanged, this, &DesignEditor::showVersion);
+        connect(design, &Design::stateChanged, this, &DesignEditor::showVersion);
+        connect(design, &Design::stateChanged, this, &DesignEditor::refresh);
+    }
+    showVersion();
     refresh();
 }
 
-void PropertyEditor::refresh()
+bool DesignEditor::isEditable() const
 {
-    const bool editable = m_design && !m_design->isLocked() && !m_design->isReadOnly();
+    return m_design && !m_design->isLocked() && !m_design->isReadOnly();
+}
+
+void DesignEditor::showVersion()
+{
+    const QSignalBlocker majorBlocker(m_ui->VersionMajor);
+    const QSignalBlocker minorBlocker(m_ui->VersionMinor);
+    const QSignalBlocker changesBlocker(m_ui->VersionChanges);
+    m_ui->DesignTypeName->setText(m_design ? m_design->typeName() : QString());
+    m_ui->VersionMajor->setValue(m_design ? m_design->versionMajor() : 0);
+    m_ui->VersionMinor->setValue(m_design ? m_design->versionMinor() : 0);
+    const QString changes = m_design ? m_design->versionChanges() : QString();
+    // Setting the same text would move the cursor of a user who is typing.
+    if (m_ui->VersionChanges->toPlainText() != changes)
+        m_ui->VersionChanges->setPlainText(changes);
+
+    const bool editable = isEditable();
+    m_ui->VersionMajor->setEnabled(editable);
+    m_ui->VersionMinor->setEnabled(editable);
+    // Read-only rather than disabled, so that it can be scrolled and copied.
+    m_ui->VersionChanges->setReadOnly(!editable);
+    m_ui->VersionChanges->setEnabled(m_design);
+    QPalette colours = palette();
+    if (!editable)
+        colours.setBrush(QPalette::Base, colours.window());
+    m_ui->VersionChanges->setPalette(colours);
+}
+
+void DesignEditor::refresh()
+{
     const QModelIndex current = m_ui->PropertyView->currentIndex();
     m_ui->PropertyView->setEnabled(m_design);
-    m_ui->AddPropertyButton->setEnabled(editable);
-    m_ui->RemovePropertyButton->setEnabled(editable && m_model->isRemovable(current));
+    m_ui->AddPropertyButton->setEnabled(isEditable());
+    m_ui->RemovePropertyButton->setEnabled(isEditable() && m_model->isRemovable(current));
     showHelp(m_model->warningAt(current));
 }
 
-void PropertyEditor::fillMenu()
+void DesignEditor::fillMenu()
 {
     m_menu->clear();
     for (const PropertySpecification& property : PropertyCatalog::availableFor(m_design)) {
@@ -146,7 +195,7 @@ void PropertyEditor::fillMenu()
         m_menu->addAction(tr("No properties are available"))->setEnabled(false);
 }
 
-void PropertyEditor::addProperty(Design* design, const QString& name, const QVariant& value)
+void DesignEditor::addProperty(Design* design, const QString& name, const QVariant& value)
 {
     // The design may have been closed or locked since the choice.
     if (!m_design || design != m_design || !m_ui->AddPropertyButton->isEnabled())
@@ -159,7 +208,7 @@ void PropertyEditor::addProperty(Design* design, const QString& name, const QVar
     m_ui->PropertyView->edit(added);
 }
 
-void PropertyEditor::removeCurrent()
+void DesignEditor::removeCurrent()
 {
     const QString name = m_model->nameAt(m_ui->PropertyView->currentIndex());
     if (m_ui->RemovePropertyButton->isEnabled())
@@ -167,7 +216,7 @@ void PropertyEditor::removeCurrent()
                               [&] { m_design->removeDesignProperty(name); });
 }
 
-void PropertyEditor::showHelp(const QString& problem)
+void DesignEditor::showHelp(const QString& problem)
 {
     const QString description = m_ui->PropertyView->currentIndex().data(Qt::ToolTipRole).toString();
     m_ui->PropertyHelp->setHtml(

@@ -1,4 +1,4 @@
-#include "host/app/OpenDesigns.h"
+#include "host/app/DesignSession.h"
 
 #include "host/app/DesignStorage.h"
 
@@ -14,7 +14,7 @@ using OrvanticCore::Design;
 using OrvanticCore::DesignManager;
 using OrvanticCore::IDesign;
 
-class OpenDesignsTest : public QObject {
+class DesignSessionTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -26,14 +26,14 @@ private slots:
     void opensNothingThatIsDamaged();
 };
 
-void OpenDesignsTest::makesADesignWithAPlaceForBitStreams()
+void DesignSessionTest::makesADesignWithAPlaceForBitStreams()
 {
     const QTemporaryDir folder;
-    OpenDesigns designs;
-    QSignalSpy opened(&designs, &OpenDesigns::opened);
+    DesignSession session(nullptr);
+    QSignalSpy opened(&session, &DesignSession::opened);
     QString error;
     const Design* const design =
-        designs.create(folder.filePath("new/radar"), "Firmware Design", 2, 3, &error);
+        session.create(folder.filePath("new/radar"), "Firmware Design", 2, 3, &error);
     QVERIFY2(design, qPrintable(error));
     QCOMPARE(opened.count(), 1);
     QCOMPARE(design->versionString("."), QString("2.3"));
@@ -43,68 +43,67 @@ void OpenDesignsTest::makesADesignWithAPlaceForBitStreams()
     QVERIFY(DesignStorage::hasDescription(folder.filePath("new/radar")));
 }
 
-void OpenDesignsTest::refusesToMakeADesignOverAnother()
+void DesignSessionTest::refusesToMakeADesignOverAnother()
 {
     const QTemporaryDir folder;
     QFile file(DesignStorage::descriptionPath(folder.path()));
     QVERIFY(file.open(QIODevice::WriteOnly) && file.write("precious") == 8 && file.flush());
-    OpenDesigns designs;
+    DesignSession session(nullptr);
     QString error;
-    QVERIFY(!designs.create(folder.path(), "Firmware Design", 1, 0, &error));
+    QVERIFY(!session.create(folder.path(), "Firmware Design", 1, 0, &error));
     QCOMPARE(error, "There is a design in " + folder.path() + " already.");
     QCOMPARE(file.size(), qint64(8));
 }
 
-void OpenDesignsTest::refusesToMakeADesignWhereThereIsAFile()
+void DesignSessionTest::refusesToMakeADesignWhereThereIsAFile()
 {
     const QTemporaryDir folder;
     QFile file(folder.filePath("file"));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    OpenDesigns designs;
+    DesignSession session(nullptr);
     QString error;
-    QVERIFY(!designs.create(folder.filePath("file"), "Firmware Design", 1, 0, &error));
+    QVERIFY(!session.create(folder.filePath("file"), "Firmware Design", 1, 0, &error));
     QCOMPARE(error, "Cannot make the folder " + folder.filePath("file") + ".");
-    QVERIFY(designs.designs().isEmpty());
+    QVERIFY(DesignManager::instance()->designs().isEmpty());
 }
 
-void OpenDesignsTest::opensADesignOnlyOnce()
+void DesignSessionTest::opensADesignOnlyOnce()
 {
     const QTemporaryDir folder;
-    OpenDesigns designs;
+    DesignSession session(nullptr);
     QString error;
-    Design* const design = designs.create(folder.path(), "Firmware Design", 1, 0, &error);
-    QCOMPARE(designs.open(folder.path() + "/.", &error), design);
-    QCOMPARE(designs.designs().count(), 1);
-    QVERIFY(!designs.designIn(folder.filePath("missing")));
+    Design* const design = session.create(folder.path(), "Firmware Design", 1, 0, &error);
+    QCOMPARE(session.load(folder.path() + "/.", &error), design);
+    QCOMPARE(DesignManager::instance()->designs().count(), 1);
 }
 
-void OpenDesignsTest::listsItsDesignsInTheManager()
+void DesignSessionTest::listsItsDesignsInTheManager()
 {
     const QTemporaryDir folder;
     QString error;
     {
-        OpenDesigns designs;
-        Design* const first = designs.create(folder.filePath("a"), "Firmware Design", 1, 0, &error);
+        DesignSession session(nullptr);
+        Design* const first = session.create(folder.filePath("a"), "Firmware Design", 1, 0, &error);
         Design* const second =
-            designs.create(folder.filePath("b"), "Software Design", 1, 0, &error);
+            session.create(folder.filePath("b"), "Software Design", 1, 0, &error);
         QCOMPARE(DesignManager::instance()->designs(), QList<IDesign*>() << first << second);
-        QSignalSpy closing(&designs, &OpenDesigns::aboutToClose);
-        designs.close(first);
+        QSignalSpy closing(&session, &DesignSession::aboutToClose);
+        session.close(first);
         QCOMPARE(closing.count(), 1);
         QCOMPARE(DesignManager::instance()->designs(), QList<IDesign*>() << second);
     }
     QVERIFY(DesignManager::instance()->designs().isEmpty());
 }
 
-void OpenDesignsTest::opensNothingThatIsDamaged()
+void DesignSessionTest::opensNothingThatIsDamaged()
 {
     const QTemporaryDir folder;
-    OpenDesigns designs;
+    DesignSession session(nullptr);
     QString error;
-    QVERIFY(!designs.open(folder.path(), &error));
+    QVERIFY(!session.load(folder.path(), &error));
     QVERIFY(!error.isEmpty());
-    QVERIFY(designs.designs().isEmpty());
+    QVERIFY(DesignManager::instance()->designs().isEmpty());
 }
 
-QTEST_GUILESS_MAIN(OpenDesignsTest)
-#include "OpenDesignsTest.moc"
+QTEST_GUILESS_MAIN(DesignSessionTest)
+#include "DesignSessionTest.moc"

@@ -1,5 +1,5 @@
-#ifndef HOST_APP_PROPERTYEDITOR_H
-#define HOST_APP_PROPERTYEDITOR_H
+#ifndef HOST_APP_DESIGNEDITOR_H
+#define HOST_APP_DESIGNEDITOR_H
 
 #include <OrvanticCore/Design.h>
 
@@ -12,25 +12,28 @@ class PropertyModel;
 class QMenu;
 
 namespace Ui {
-class PropertyEditor;
+class DesignEditor;
 }
 
-/// Adds, edits and removes the properties of one design. What may be added is asked of the
-/// providers in the object pool each time.
+/// Edits what belongs to one design as a whole: its version, what is new in that, and its
+/// properties. Which properties may be added is asked of the providers in the object pool each
+/// time.
 ///
-/// For drivers: "PropertyView", "AddPropertyButton" with its "AddPropertyMenu",
-/// "RemovePropertyButton", "PropertyHelp".
-class PropertyEditor : public QWidget {
+/// For drivers: "VersionMajor", "VersionMinor", "VersionChanges", "PropertyView",
+/// "AddPropertyButton" with its "AddPropertyMenu", "RemovePropertyButton", "PropertyHelp".
+class DesignEditor : public QWidget {
     Q_OBJECT
 
 public:
-    explicit PropertyEditor(QWidget* parent = nullptr);
-    ~PropertyEditor() override;
+    explicit DesignEditor(QWidget* parent = nullptr);
+    ~DesignEditor() override;
 
     /// \p design may be null, and stays its owner's.
     void setDesign(OrvanticCore::Design* design);
 
 private:
+    bool isEditable() const;
+    void showVersion();
     void refresh();
     void fillMenu();
     /// Adds nothing when \p design, for which the menu was made, is no longer the one shown.
@@ -39,7 +42,7 @@ private:
     /// Shows the description of the current property, below \p problem unless that is empty.
     void showHelp(const QString& problem);
 
-    std::unique_ptr<Ui::PropertyEditor> m_ui;
+    std::unique_ptr<Ui::DesignEditor> m_ui;
     QPointer<OrvanticCore::Design> m_design;
     PropertyModel* m_model;
     QMenu* m_menu;
