@@ -169,6 +169,10 @@
         <source>The file has come up meanwhile.</source>
         <translation>Die Datei ist inzwischen entstanden.</translation>
     </message>
+    <message>
+        <source>It is not a file.</source>
+        <translation>Es ist keine Datei.</translation>
+    </message>
 </context>
 <context>
     <name>ArchivePlan</name>
@@ -311,10 +315,14 @@
     </message>
 </context>
 <context>
-    <name>DesignDetails</name>
+    <name>DesignEditor</name>
     <message>
         <source>Type:</source>
         <translation>Typ:</translation>
+    </message>
+    <message>
+        <source>Vers&amp;ion:</source>
+        <translation>Vers&amp;ion:</translation>
     </message>
     <message>
         <source>Major version</source>
@@ -333,8 +341,36 @@
         <translation>Änderungen in dieser Version</translation>
     </message>
     <message>
-        <source>Vers&amp;ion:</source>
-        <translation>Vers&amp;ion:</translation>
+        <source>Properties</source>
+        <translation>Eigenschaften</translation>
+    </message>
+    <message>
+        <source>&amp;Add Property</source>
+        <translation>Eigenschaft &amp;hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>Help on the property</source>
+        <translation>Hilfe zur Eigenschaft</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>No properties are available</source>
+        <translation>Keine Eigenschaften verfügbar</translation>
+    </message>
+    <message>
+        <source>Add %1</source>
+        <translation>%1 hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove %1</source>
+        <translation>%1 entfernen</translation>
     </message>
 </context>
 <context>
@@ -385,6 +421,38 @@
     <message>
         <source>Folder, Missing</source>
         <translation>Ordner, fehlt</translation>
+    </message>
+    <message>
+        <source>%1 has changed since</source>
+        <translation>%1 hat sich seither geändert</translation>
+    </message>
+    <message>
+        <source>made for version %1, the design is at %2</source>
+        <translation>für Version %1 erzeugt, das Design ist bei %2</translation>
+    </message>
+    <message>
+        <source>Generated</source>
+        <translation>Erzeugt</translation>
+    </message>
+    <message>
+        <source>Outdated</source>
+        <translation>Veraltet</translation>
+    </message>
+    <message>
+        <source>Missing</source>
+        <translation>Fehlt</translation>
+    </message>
+    <message>
+        <source>There is no such file on the disk.</source>
+        <translation>Die Datei gibt es auf der Platte nicht.</translation>
+    </message>
+    <message>
+        <source>%1, changed %2</source>
+        <translation>%1, geändert %2</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Outdated&lt;/b&gt;: %1. Generate it again.</source>
+        <translation>&lt;b&gt;Veraltet&lt;/b&gt;: %1. Bitte neu erzeugen.</translation>
     </message>
 </context>
 <context>
@@ -473,6 +541,14 @@ Soll sie ersetzt werden?</translation>
         <source>Pelk Design Host</source>
         <translation>Pelk Design Host</translation>
     </message>
+    <message>
+        <source>There is a design in %1 already.</source>
+        <translation>In %1 ist schon ein Design.</translation>
+    </message>
+    <message>
+        <source>Cannot make the folder %1.</source>
+        <translation>Der Ordner %1 kann nicht angelegt werden.</translation>
+    </message>
 </context>
 <context>
     <name>DesignStorage</name>
@@ -494,41 +570,6 @@ Soll sie ersetzt werden?</translation>
     <message>
         <source>Designs</source>
         <translation>Designs</translation>
-    </message>
-</context>
-<context>
-    <name>FileState</name>
-    <message>
-        <source>%1 has changed since</source>
-        <translation>%1 hat sich seither geändert</translation>
-    </message>
-    <message>
-        <source>made for version %1, the design is at %2</source>
-        <translation>für Version %1 erzeugt, das Design ist bei %2</translation>
-    </message>
-    <message>
-        <source>Generated</source>
-        <translation>Erzeugt</translation>
-    </message>
-    <message>
-        <source>Outdated</source>
-        <translation>Veraltet</translation>
-    </message>
-    <message>
-        <source>Missing</source>
-        <translation>Fehlt</translation>
-    </message>
-    <message>
-        <source>There is no such file on the disk.</source>
-        <translation>Die Datei gibt es auf der Platte nicht.</translation>
-    </message>
-    <message>
-        <source>%1, changed %2</source>
-        <translation>%1, geändert %2</translation>
-    </message>
-    <message>
-        <source>&lt;b&gt;Outdated&lt;/b&gt;: %1. Generate it again.</source>
-        <translation>&lt;b&gt;Veraltet&lt;/b&gt;: %1. Bitte neu erzeugen.</translation>
     </message>
 </context>
 <context>
@@ -843,6 +884,30 @@ Qt %2</translation>
         <source>Ready</source>
         <translation>Bereit</translation>
     </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Design</source>
+        <translation>De&amp;sign</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>E&amp;xtras</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
 </context>
 <context>
     <name>NewDesignDialog</name>
@@ -889,17 +954,6 @@ Qt %2</translation>
     <message>
         <source>There is a design in this folder already.</source>
         <translation>In diesem Ordner ist schon ein Design.</translation>
-    </message>
-</context>
-<context>
-    <name>OpenDesigns</name>
-    <message>
-        <source>There is a design in %1 already.</source>
-        <translation>In %1 ist schon ein Design.</translation>
-    </message>
-    <message>
-        <source>Cannot make the folder %1.</source>
-        <translation>Der Ordner %1 kann nicht angelegt werden.</translation>
     </message>
 </context>
 <context>
@@ -987,41 +1041,6 @@ Qt %2</translation>
     <message>
         <source>&lt;h3&gt;%1&lt;/h3&gt;&lt;p&gt;This library is no plug-in that can be loaded. %2&lt;/p&gt;</source>
         <translation>&lt;h3&gt;%1&lt;/h3&gt;&lt;p&gt;Diese Bibliothek ist kein ladbares Plug-in. %2&lt;/p&gt;</translation>
-    </message>
-</context>
-<context>
-    <name>PropertyEditor</name>
-    <message>
-        <source>Properties</source>
-        <translation>Eigenschaften</translation>
-    </message>
-    <message>
-        <source>&amp;Add Property</source>
-        <translation>Eigenschaft &amp;hinzufügen</translation>
-    </message>
-    <message>
-        <source>&amp;Remove</source>
-        <translation>&amp;Entfernen</translation>
-    </message>
-    <message>
-        <source>Help on the property</source>
-        <translation>Hilfe zur Eigenschaft</translation>
-    </message>
-    <message>
-        <source>Remove</source>
-        <translation>Entfernen</translation>
-    </message>
-    <message>
-        <source>No properties are available</source>
-        <translation>Keine Eigenschaften verfügbar</translation>
-    </message>
-    <message>
-        <source>Add %1</source>
-        <translation>%1 hinzufügen</translation>
-    </message>
-    <message>
-        <source>Remove %1</source>
-        <translation>%1 entfernen</translation>
     </message>
 </context>
 <context>

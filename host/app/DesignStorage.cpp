@@ -117,7 +117,7 @@ bool DesignStorage::save(Design* design, QString* error)
     const QFileInfo present(path);
     // Through a link, a device of the system would be replaced.
     if (present.exists() && !present.isFile()) {
-        *error = fileProblem(path, tr("it is not a file"));
+        *error = fileProblem(path, Texts::tr("it is not a file"));
         return false;
     }
     QSaveFile file(path);
