@@ -17,7 +17,9 @@ using OrvanticCore::Design;
 
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("DesignStorage", text); }
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(DesignStorage)
+};
 
 /// Of a description: many thousands of files. A larger one is none, and would take the memory.
 constexpr qint64 MaximumBytes = 16 * 1024 * 1024;
@@ -30,7 +32,7 @@ QString placeOf(const QByteArray& bytes, int offset)
 {
     const QByteArray before = bytes.left(offset);
     const int lineStart = before.lastIndexOf('\n') + 1;
-    return tr("line %1, column %2")
+    return Texts::tr("line %1, column %2")
         .arg(before.count('\n') + 1)
         .arg(QString::fromUtf8(before.mid(lineStart)).size() + 1);
 }
@@ -53,11 +55,11 @@ std::unique_ptr<Design> DesignStorage::load(const QString& folder, QString* erro
     const QFileInfo info(path);
     // To open a pipe would wait for another program, and the host with it.
     if (info.exists() && !info.isFile()) {
-        *error = fileProblem(path, tr("it is not a file"));
+        *error = fileProblem(path, Texts::tr("it is not a file"));
         return nullptr;
     }
     if (info.size() > MaximumBytes) {
-        *error = fileProblem(path, tr("it is too large: %1 bytes").arg(info.size()));
+        *error = fileProblem(path, Texts::tr("it is too large: %1 bytes").arg(info.size()));
         return nullptr;
     }
     QFile file(path);
@@ -103,7 +105,7 @@ bool DesignStorage::save(Design* design, QString* error)
     const QFileInfo present(path);
     // Through a link, a device of the system would be replaced.
     if (present.exists() && !present.isFile()) {
-        *error = fileProblem(path, tr("it is not a file"));
+        *error = fileProblem(path, Texts::tr("it is not a file"));
         return false;
     }
     QSaveFile file(path);
