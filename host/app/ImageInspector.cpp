@@ -20,7 +20,9 @@
 
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("ImageInspector", text); }
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(ImageInspector)
+};
 
 /// What an image or a companion contains and what is wrong with it, in words.
 struct ImageReport {
@@ -68,38 +70,39 @@ private:
 
     void addSize(const QString& name, qint32 bytes, qint32 pages, qint32 blocks)
     {
-        add(name, tr("%1 bytes, %2 pages, %3 blocks").arg(bytes).arg(pages).arg(blocks));
+        add(name, Texts::tr("%1 bytes, %2 pages, %3 blocks").arg(bytes).arg(pages).arg(blocks));
     }
 
     void addHeader(const FcfHeader& header)
     {
         const auto* const target = FcfTarget::find(header.moduleCode, header.deviceCode);
         const QString place = target ? QString("%1, %2").arg(target->module, target->device)
-                                     : tr("unknown (module code %1, device code %2)")
+                                     : Texts::tr("unknown (module code %1, device code %2)")
                                            .arg(header.moduleCode)
                                            .arg(header.deviceCode);
-        add(tr("Image"), header.fileName);
-        add(tr("Version"), QString("%1.%2").arg(header.versionMajor).arg(header.versionMinor));
-        add(tr("CI number"), header.ciNumber);
-        add(tr("Author"), header.author);
-        add(tr("Made"), (header.date + ' ' + header.time).trimmed());
-        add(tr("Description"), header.description);
-        add(tr("Target"), tr("%1, slot %2").arg(place).arg(header.configNumber));
+        add(Texts::tr("Image"), header.fileName);
+        add(Texts::tr("Version"),
+            QString("%1.%2").arg(header.versionMajor).arg(header.versionMinor));
+        add(Texts::tr("CI number"), header.ciNumber);
+        add(Texts::tr("Author"), header.author);
+        add(Texts::tr("Made"), (header.date + ' ' + header.time).trimmed());
+        add(Texts::tr("Description"), header.description);
+        add(Texts::tr("Target"), Texts::tr("%1, slot %2").arg(place).arg(header.configNumber));
         for (const FcfFunction& function : header.functions)
-            add(tr("Function"),
-                tr("%1 (%2, CI %3): %4")
+            add(Texts::tr("Function"),
+                Texts::tr("%1 (%2, CI %3): %4")
                     .arg(function.name, function.author, function.ciNumber, function.description));
-        addSize(tr("Binary"), header.binFileSize, header.binPages, header.binBlocks);
-        addSize(tr("Whole image"), header.totalSize, header.totalPages, header.totalBlocks);
+        addSize(Texts::tr("Binary"), header.binFileSize, header.binPages, header.binBlocks);
+        addSize(Texts::tr("Whole image"), header.totalSize, header.totalPages, header.totalBlocks);
     }
 
     void addPayload(const HeaderPage& page)
     {
         const bool isCompanion = page.payloadBytes == 0;
-        add(tr("Kind"),
-            isCompanion
-                ? tr("companion: the header page alone")
-                : tr("image: the header page and a binary of %1 bytes").arg(page.payloadBytes));
+        add(Texts::tr("Kind"), isCompanion
+                                   ? Texts::tr("companion: the header page alone")
+                                   : Texts::tr("image: the header page and a binary of %1 bytes")
+                                         .arg(page.payloadBytes));
         Validator(&m_file, isCompanion ? Validator::Companion : Validator::Image, m_codec,
                   &m_findings)
             .validate(page);
@@ -110,11 +113,12 @@ private:
         const bool isNoted =
             Digest::find(file.read(Digest::MaximumBytes), m_file.path()).contains(*digest);
         const QString text = QString::fromLatin1(digest->toHex());
-        add(tr("SHA-256"), isNoted ? tr("%1, as in the digest file").arg(text) : text);
+        add(Texts::tr("SHA-256"),
+            isNoted ? Texts::tr("%1, as in the digest file").arg(text) : text);
         if (!isNoted)
-            m_findings.error(
-                ExitCode::NotValid, QString(), QString(),
-                tr("The digest in %1 is that of another file.").arg(QFileInfo(file).fileName()));
+            m_findings.error(ExitCode::NotValid, QString(), QString(),
+                             Texts::tr("The digest in %1 is that of another file.")
+                                 .arg(QFileInfo(file).fileName()));
     }
 
     const InputFile& m_file;
@@ -127,7 +131,7 @@ private:
 ImageReport reportOf(const QString& path)
 {
     ImageReport report;
-    report.rows << qMakePair(tr("File"), QDir::toNativeSeparators(path));
+    report.rows << qMakePair(Texts::tr("File"), QDir::toNativeSeparators(path));
     Inputs inputs(nullptr, [](const QString&) { return Unobserved; });
     const auto file = inputs.open(path, Validator::LargestFile, QString());
     if (file)
@@ -139,8 +143,9 @@ ImageReport reportOf(const QString& path)
 
 QString htmlOf(const ImageReport& report)
 {
-    QString html = report.findings.isEmpty() ? tr("<p>The file is as the generator writes it.</p>")
-                                             : tr("<p><b>Findings</b></p>");
+    QString html = report.findings.isEmpty()
+                       ? Texts::tr("<p>The file is as the generator writes it.</p>")
+                       : Texts::tr("<p><b>Findings</b></p>");
     for (const QString& finding : report.findings)
         html += "<p>&#9888; " + finding.toHtmlEscaped() + "</p>";
     html += "<table cellpadding='3'>";
@@ -157,7 +162,7 @@ QString textOf(const ImageReport& report)
     for (const auto& row : report.rows)
         lines << row.first + ": " + row.second;
     for (const QString& finding : report.findings)
-        lines << tr("Finding: %1").arg(finding);
+        lines << Texts::tr("Finding: %1").arg(finding);
     return lines.join('\n') + '\n';
 }
 
