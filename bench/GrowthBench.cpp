@@ -11,7 +11,6 @@
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
 #include <OrvanticCore/DesignManager.h>
-#include <OrvanticCore/IDesignViewExtensions.h>
 
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 #include <QtilitiesCoreGui/TreeNode.h>
@@ -24,7 +23,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTextEdit>
@@ -33,7 +31,6 @@
 #include <cstdio>
 #include <functional>
 
-using OrvanticCore::AbstractDesignLinkedItem;
 using OrvanticCore::Design;
 using OrvanticCore::DesignFile;
 using OrvanticCore::DesignManager;
@@ -112,21 +109,6 @@ QString makeDesign(const QDir& folder, int files)
     return path;
 }
 
-/// Hides every tenth file when it is on.
-class Filter : public QObject, public OrvanticCore::Interfaces::IDesignViewExtensions {
-    Q_OBJECT
-    Q_INTERFACES(OrvanticCore::Interfaces::IDesignViewExtensions)
-
-public:
-    Filter() { QtilitiesApplication::objectManager()->registerObject(this); }
-    QStringList designItemFilters() override { return {"Every tenth"}; }
-    bool filterLinkedItem(AbstractDesignLinkedItem* item, const QString&) override
-    {
-        const auto* const file = dynamic_cast<DesignFile*>(item);
-        return file && file->fileName().endsWith("0.bit");
-    }
-};
-
 void showContextMenu(QTreeView* view)
 {
     QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint());
@@ -136,25 +118,20 @@ void showContextMenu(QTreeView* view)
     QApplication::activePopupWidget()->close();
 }
 
+/// As the plug-in adds what was generated.
 void addGenerated(Design* design)
 {
+    QList<DesignFile*> files;
+    design->tree()->startProcessingCycle();
     for (const char* const name : {"top.fcf", "top.txt"}) {
         write(design->workingFolderPath() + '/' + name, "image");
         QString error;
-        DesignFile* const file = design->addFile(design->workingFolderPath() + '/' + name, &error);
-        require(file, "file not added");
-        file->setIsGenerated(true);
-        design->refreshFiles({file});
+        files << design->addFile(design->workingFolderPath() + '/' + name, &error);
+        require(files.last(), "file not added");
+        files.last()->setIsGenerated(true);
     }
-    settle();
-}
-
-void setFilter(MainWindow* window)
-{
-    auto* const menu = window->findChild<QMenu*>("FilterMenu");
-    require(menu, "no filters");
-    emit menu->aboutToShow();
-    menu->actions().first()->trigger();
+    design->refreshFiles(files);
+    design->tree()->endProcessingCycle(true);
     settle();
 }
 
@@ -198,7 +175,6 @@ void measureDesign(const QDir& folder, int files)
         settle();
     });
     measure("two files generated", files, [&] { addGenerated(design); });
-    measure("filter", files, [&] { setFilter(&window); });
     measure("archive", files,
             [&] { archive(*design, folder.filePath(QString("%1.zip").arg(files))); });
     design->setModified(false);
@@ -213,7 +189,6 @@ int main(int argc, char** argv)
     QtilitiesApplication application(argc, argv);
     require(argc > 1, "usage: growth-bench NUMBER...");
     QTemporaryDir folder;
-    const Filter filter;
     for (int index = 1; index < argc; ++index) {
         const int number = QByteArray(argv[index]).toInt();
         require(number >= 2000, "a number from 2000 on");
@@ -222,5 +197,3 @@ int main(int argc, char** argv)
     }
     return 0;
 }
-
-#include "GrowthBench.moc"

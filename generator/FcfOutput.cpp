@@ -6,12 +6,34 @@
 
 #include <QFileInfo>
 
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
 namespace {
 
 // Unbuffered, so that the result of each write is known at once and not only on closing the file.
 const QIODevice::OpenMode Truncating =
     QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered;
 const QIODevice::OpenMode Appending = QIODevice::Append | QIODevice::Unbuffered;
+
+/// Whether opening \p file would wait for another program, and the host with it.
+bool isPipe(const QFile& file)
+{
+#ifdef Q_OS_UNIX
+    struct stat status;
+    return ::stat(QFile::encodeName(file.fileName()).constData(), &status) == 0 &&
+           S_ISFIFO(status.st_mode);
+#else
+    Q_UNUSED(file)
+    return false;
+#endif
+}
+
+bool openUnlessPipe(QFile* file, QIODevice::OpenMode mode)
+{
+    return !isPipe(*file) && file->open(mode);
+}
 
 } // namespace
 
@@ -29,9 +51,9 @@ bool FcfOutput::open(OpenMode mode)
             !openFile(&m_companion.file, Truncating))
             return false;
     } else {
-        m_image.file.open(Truncating);
-        m_binary.open(QIODevice::ReadOnly);
-        m_companion.file.open(Truncating);
+        openUnlessPipe(&m_image.file, Truncating);
+        openUnlessPipe(&m_binary, QIODevice::ReadOnly);
+        openUnlessPipe(&m_companion.file, Truncating);
     }
     // Measured only now: an image that is the binary itself, under whatever name, has emptied it.
     m_payloadBytes = m_binary.size();
@@ -64,7 +86,7 @@ bool FcfOutput::appendPayload(const PayloadCopy::Observer& observer)
     if (!openFile(&m_image.file, Appending))
         return false;
     if (!m_binary.isOpen())
-        return fail(Failed, m_binary, m_binary.errorString());
+        return fail(Failed, m_binary, reasonNotOpened(m_binary));
     PayloadCopy copy(&m_binary, m_payloadBytes, &m_image.file);
     if (!copy.run(PayloadCopy::Unseen, observer))
         return fail(Failed, m_image.file, copy.error());
@@ -84,7 +106,12 @@ bool FcfOutput::fill(Page* page, const FcfWriter& writer)
 
 bool FcfOutput::openFile(QFile* file, QIODevice::OpenMode mode)
 {
-    return file->open(mode) || fail(CannotOpen, *file, file->errorString());
+    return openUnlessPipe(file, mode) || fail(CannotOpen, *file, reasonNotOpened(*file));
+}
+
+QString FcfOutput::reasonNotOpened(const QFile& file)
+{
+    return isPipe(file) ? tr("it is a named pipe") : file.errorString();
 }
 
 bool FcfOutput::writeHeader(Page* page, const QByteArray& header)

@@ -69,6 +69,7 @@ private:
     };
 
     bool openFile(QFile* file, QIODevice::OpenMode mode);
+    static QString reasonNotOpened(const QFile& file);
     bool writeHeader(Page* page, const QByteArray& header);
     static bool isFilled(const Page& page);
     bool fill(Page* page, const FcfWriter& writer);

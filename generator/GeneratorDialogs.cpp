@@ -1,5 +1,7 @@
 #include "generator/GeneratorDialogs.h"
 
+#include "generator/DeletionHold.h"
+
 #include <QCoreApplication>
 
 namespace {
@@ -13,16 +15,18 @@ void prepare(QMessageBox* box, QMessageBox::Icon icon, const QString& text)
 
 } // namespace
 
-void GeneratorDialogs::inform(const QString& text)
+void GeneratorDialogs::inform(QObject* window, const QString& text)
 {
+    const DeletionHold hold(window);
     QMessageBox box;
     prepare(&box, QMessageBox::Warning, text);
     box.exec();
 }
 
-QMessageBox::StandardButton GeneratorDialogs::ask(const QString& text,
+QMessageBox::StandardButton GeneratorDialogs::ask(QObject* window, const QString& text,
                                                   QMessageBox::StandardButton defaultButton)
 {
+    const DeletionHold hold(window);
     QMessageBox box;
     prepare(&box, QMessageBox::Question, text);
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);

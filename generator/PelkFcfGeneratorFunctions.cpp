@@ -9,6 +9,8 @@
 
 #include <OrvanticCore/DesignManager.h>
 
+#include <QTextOption>
+
 namespace {
 
 /// Where each text of a function is among its entries of the flat list.
@@ -26,6 +28,21 @@ void setDefault(QTextEdit* field)
 {
     if (field->toPlainText().isEmpty())
         field->setPlainText(QLatin1String(DefaultText));
+}
+
+/// How the lines of \p text are broken: between words. In a text with an endless word, as a damaged
+/// file has, anywhere: the time to find that no break fits grows with the square of its length.
+QTextOption::WrapMode wrapModeFor(const QString& text)
+{
+    const int longestWord = 1000;
+    int start = 0;
+    for (int end = 0; end < text.size(); ++end) {
+        if (text.at(end).isSpace())
+            start = end + 1;
+        else if (end - start >= longestWord)
+            return QTextOption::WrapAnywhere;
+    }
+    return QTextOption::WrapAtWordBoundaryOrAnywhere;
 }
 
 } // namespace
@@ -65,6 +82,7 @@ void PelkFcfGenerator::editFunction(const FcfFunction& function)
     ui->EditFunctionName->setText(function.name);
     ui->AuthorFunctions->setText(function.author);
     ui->CiNumberEditBoxFunctions->setText(function.ciNumber);
+    ui->DescriptionMemoFunctions->setWordWrapMode(wrapModeFor(function.description));
     ui->DescriptionMemoFunctions->setPlainText(function.description);
 }
 
@@ -107,7 +125,7 @@ bool PelkFcfGenerator::checkFunction()
 {
     if (ui->EditFunctionName->text().isEmpty()) {
         GeneratorDialogs::inform(
-            tr("Please enter a Function Name before uploading Function field is empty"));
+            this, tr("Please enter a Function Name before uploading Function field is empty"));
         ui->EditFunctionName->setFocus();
         // A warning, not a refusal: the function is added without a name.
         return false;
@@ -125,7 +143,7 @@ bool PelkFcfGenerator::checkFunction()
         return false;
 
     const QMessageBox::StandardButton answer = GeneratorDialogs::ask(
-        tr("The Function already exists, click Yes to override it and No to cancel"),
+        this, tr("The Function already exists, click Yes to override it and No to cancel"),
         QMessageBox::No);
     if (answer != QMessageBox::No) {
         const int first = index * EntryCount;
@@ -163,8 +181,8 @@ void PelkFcfGenerator::btnRemove_clicked()
     // The index goes into the build's author whatever the answer; users know the window so.
     ui->AuthoEditBox->setText(QString::number(index));
     const QMessageBox::StandardButton answer = GeneratorDialogs::ask(
-        tr("Are you sure you want to remove the function?, click Yes to remove it and No to "
-           "cancel"));
+        this, tr("Are you sure you want to remove the function?, click Yes to remove it and No to "
+                 "cancel"));
     if (answer != QMessageBox::Yes)
         return;
 
@@ -188,6 +206,6 @@ void PelkFcfGenerator::DescriptionMemoExit()
     ui->DescriptionMemo->setPlainText(description.left(FcfLayout::FormDescriptionLength));
     ui->DescriptionMemo->setFocus();
     GeneratorDialogs::inform(
-        tr("The Description can not be more 1000 characters long The description is "
-           "too long"));
+        this, tr("The Description can not be more 1000 characters long The description is "
+                 "too long"));
 }

@@ -5,24 +5,18 @@
 #include "fcf/FcfTarget.h"
 #include "fcf/FcfWriter.h"
 #include "generator/CopyProgress.h"
+#include "generator/DeletionHold.h"
 #include "generator/FcfOutput.h"
 #include "generator/GeneratorDialogs.h"
+#include "generator/GeneratorLog.h"
 
 #include "ui_PelkFcfGenerator.h"
-
-#include <QtilitiesLogging/Logger.h>
 
 #include <QFileInfo>
 
 using Qtilities::Logging::Logger;
 
 namespace {
-
-void logMessage(Logger::MessageType type, const QString& text)
-{
-    Logger::instance()->logPriorityMessage(QString(), type,
-                                           PelkFcfGenerator::tr("Pelk FCF Generator: ") + text);
-}
 
 /// \p path with every ".bin" replaced, in the names of folders too.
 QString withExtension(const QString& path, const char* extension)
@@ -44,15 +38,15 @@ bool PelkFcfGenerator::updateConfigData()
     deviceCode = FcfTarget::deviceCode(getModule(), getDevice(), deviceCode);
 
     if (ui->txtInputFile->text().isEmpty()) {
-        GeneratorDialogs::inform(tr("Please select a bin file first"));
+        GeneratorDialogs::inform(this, tr("Please select a bin file first"));
         return false;
     }
     if (ui->AuthoEditBox->text().isEmpty()) {
-        GeneratorDialogs::inform(tr("Please enter the author 's name"));
+        GeneratorDialogs::inform(this, tr("Please enter the author 's name"));
         return false;
     }
     if (ui->CiNumEditBox->text().isEmpty()) {
-        GeneratorDialogs::inform(tr("Please enter a CI number"));
+        GeneratorDialogs::inform(this, tr("Please enter a CI number"));
         return false;
     }
     saveTofile(ui->txtInputFile->text());
@@ -66,7 +60,8 @@ void PelkFcfGenerator::saveTofile(QString binPath)
 
     const bool overwriting = QFileInfo(imagePath).exists();
     if (overwriting &&
-        GeneratorDialogs::ask(tr("A fcf file already exists at path:<br><br>") + imagePath +
+        GeneratorDialogs::ask(this,
+                              tr("A fcf file already exists at path:<br><br>") + imagePath +
                                   tr("<br><br>Do you want to overwrite it?"),
                               QMessageBox::No) != QMessageBox::Yes) {
         showGenerationFailed();
@@ -133,9 +128,11 @@ void PelkFcfGenerator::showTotals()
 
 void PelkFcfGenerator::showGenerated(const QStringList& files)
 {
+    // Who takes the files may let events run, and the user close the window in one of them.
+    const DeletionHold hold(this);
     emit newFilesCreated(files);
     showStatus(tr("<font color='green'>Successfully generated output files.</font>"));
-    logMessage(Logger::Info, tr("Successfully generated output files."));
+    GeneratorLog::write(Logger::Info, tr("Successfully generated output files."));
 }
 
 void PelkFcfGenerator::showGenerationFailed()
@@ -147,17 +144,18 @@ void PelkFcfGenerator::reportFailure(FcfOutput* output)
 {
     switch (output->outcome()) {
     case FcfOutput::CannotOpen:
-        GeneratorDialogs::inform(tr("can't open ") + output->path());
+        GeneratorDialogs::inform(this, tr("can't open ") + output->path());
         break;
     case FcfOutput::HeaderTooLarge:
-        GeneratorDialogs::inform(tr("The file Size is too large please change some fields"));
+        GeneratorDialogs::inform(this, tr("The file Size is too large please change some fields"));
         if (!output->removeFiles())
-            logMessage(Logger::Error,
-                       tr("\"%1\" cannot be deleted: %2.").arg(output->path(), output->reason()));
+            GeneratorLog::write(
+                Logger::Error,
+                tr("\"%1\" cannot be deleted: %2.").arg(output->path(), output->reason()));
         break;
     case FcfOutput::Failed:
-        logMessage(Logger::Error,
-                   tr("\"%1\" is not complete: %2.").arg(output->path(), output->reason()));
+        GeneratorLog::write(
+            Logger::Error, tr("\"%1\" is not complete: %2.").arg(output->path(), output->reason()));
         break;
     case FcfOutput::NoFailure:
         break;
@@ -170,7 +168,7 @@ void PelkFcfGenerator::warnOfOtherSize(const QString& binPath, qint64 payloadByt
     if (static_cast<qint32>(payloadBytes) == m_sizes.binFileSize)
         return;
     // The header has the size from when the binary was selected, even if that was another one.
-    logMessage(
+    GeneratorLog::write(
         Logger::Warning,
         tr("\"%1\" has %2 bytes, but the header says %3, as the binary was when it was last "
            "selected. Select it again and generate anew.")

@@ -4,15 +4,20 @@
 
 #include "fcf/FcfLayout.h"
 #include "fcf/FcfReader.h"
+#include "generator/DeletionHold.h"
 #include "generator/GeneratorDialogs.h"
+#include "generator/GeneratorLog.h"
 
 #include "ui_PelkFcfGenerator.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QTextBlock>
 #include <QTextCursor>
+
+using Qtilities::Logging::Logger;
 
 namespace {
 
@@ -34,10 +39,20 @@ void appendParagraphs(QTextEdit* memo, const QString& text)
     cursor.endEditBlock();
 }
 
+/// The window itself says only that loading \p path has failed.
+void logLoadingFailed(const QString& path, const QString& reason)
+{
+    // No path was chosen where the dialog was cancelled.
+    if (!path.isEmpty())
+        GeneratorLog::write(Logger::Error,
+                            PelkFcfGenerator::tr("\"%1\" cannot be loaded: %2.").arg(path, reason));
+}
+
 } // namespace
 
 void PelkFcfGenerator::openFileDialog()
 {
+    const DeletionHold hold(this);
     const QString path =
         QFileDialog::getOpenFileName(this, tr("Select Bin File"), ui->txtInputFile->text(),
                                      tr("Xilinx Binary Configuration Files (*.bin)"));
@@ -52,6 +67,7 @@ void PelkFcfGenerator::openFileDialog()
 
 void PelkFcfGenerator::fileOpenAccept()
 {
+    const DeletionHold hold(this);
     ui->FunctionComboBox->clear();
     ui->btnRemove->setEnabled(false);
     clearScreen();
@@ -82,8 +98,11 @@ bool PelkFcfGenerator::readConfigFile(QString filename)
 {
     functionsFieldSetNotEditable();
     QFile file(filename);
-    if (!file.open(QIODevice::ReadOnly)) {
+    // To open a pipe would wait for another program, and the host with it.
+    const bool isNoFile = QFileInfo(file).exists() && !QFileInfo(file).isFile();
+    if (isNoFile || !file.open(QIODevice::ReadOnly)) {
         showLoadingFailed();
+        logLoadingFailed(filename, isNoFile ? tr("it is not a file") : file.errorString());
         return false;
     }
     functions.clear();
@@ -93,13 +112,15 @@ bool PelkFcfGenerator::readConfigFile(QString filename)
     showNumbers(reading.header);
     if (reading.outcome == FcfReading::NoFilenameLine) {
         GeneratorDialogs::inform(
-            tr("please select a correct text file,the selected file is not compartable "
-               "with this programme "));
+            this, tr("please select a correct text file,the selected file is not compartable "
+                     "with this programme "));
         return false;
     }
     showTexts(reading);
     if (reading.outcome == FcfReading::EndedEarly) {
         showLoadingFailed();
+        logLoadingFailed(filename, tr("its text does not end within %1 bytes")
+                                       .arg(qMin<qint64>(file.size(), FcfReader::MaximumBytes)));
         return false;
     }
     showStatus(tr("<font color='green'>Loaded ") + ui->txtInputFile->text() +

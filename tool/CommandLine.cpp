@@ -20,25 +20,22 @@ public:
         : m_environment(environment),
           m_app("Make, list, check and take apart FCF flash images.", "pelk-fcf")
     {
-        for (const auto make : {&createCommand, &showCommand, &verifyCommand, &extractCommand,
-                                &recipeCommand, &diffCommand, &digestCommand})
-            m_commands.push_back(make());
         m_app.set_version_flag("-v,--version", std::string("pelk-fcf ") + PELK_FCF_VERSION,
                                "Print the version and exit");
         m_app.set_help_flag("-h,--help", "Print this help and exit");
         m_app.require_subcommand(1);
-        m_app.footer(Footer);
         m_app.get_formatter()->label("SUBCOMMAND", "COMMAND");
-        m_app.get_formatter()->label("Subcommands", "Commands");
         m_app.get_formatter()->label("REQUIRED", "");
-        for (const auto& command : m_commands) {
-            CLI::App* const app = m_app.add_subcommand(command->name(), command->summary());
-            command->declare(app);
+        for (const CommandFactory make :
+             {&createCommand, &showCommand, &listCommand, &verifyCommand, &extractCommand,
+              &recipeCommand, &diffCommand, &digestCommand}) {
+            m_commands.push_back(make(&m_app));
+            CLI::App* const app = m_commands.back()->app;
             app->add_flag("--json", m_json, "give the result as JSON");
             app->add_flag("-q,--quiet", m_quiet, "show no progress and no notes");
-            app->footer(Footer);
-            m_apps.push_back(app);
+            app->footer(app->get_footer() + Footer);
         }
+        m_app.footer(Footer);
     }
 
     int run(const std::vector<std::string>& arguments)
@@ -46,17 +43,16 @@ public:
         if (!arguments.empty() && arguments.front() == "help")
             return run(arguments.size() > 1 ? std::vector<std::string>{arguments[1], "--help"}
                                             : std::vector<std::string>{"--help"});
-        if (!arguments.empty() && arguments.front()[0] != '-' && !isCommand(arguments.front()))
+        if (!arguments.empty() && arguments.front()[0] != '-' && !commandIn(arguments))
             return refused(arguments, '"' + arguments.front() + "\" is no command");
-        const std::string swallowed = swallowedOption(arguments);
-        if (!swallowed.empty())
-            return refused(arguments, swallowed);
+        auto split = prepared(arguments);
+        if (!split)
+            return refused(arguments, split.error());
         try {
-            std::vector<std::string> reversed = prepared(arguments);
-            std::reverse(reversed.begin(), reversed.end());
-            m_app.parse(std::move(reversed));
+            std::reverse(split->begin(), split->end());
+            m_app.parse(std::move(*split));
         } catch (const CLI::CallForHelp&) {
-            return printed(m_app.help());
+            return printed(m_app.help() + '\n');
         } catch (const CLI::CallForVersion& version) {
             return printed(version.what() + std::string("\n"));
         } catch (const CLI::RequiredError& error) {
@@ -64,68 +60,54 @@ public:
         } catch (const CLI::ParseError& error) {
             return refused(arguments, error.what());
         }
-        const auto chosen =
-            static_cast<std::size_t>(std::find_if(m_apps.begin(), m_apps.end(),
-                                                  [](CLI::App* app) { return app->parsed(); }) -
-                                     m_apps.begin());
-        Task task(m_environment, m_commands[chosen]->name());
+        Command* const command = commandIn(arguments);
+        Task task(m_environment, command->app->get_name());
         task.report.json = m_json;
         task.report.quiet = m_quiet;
-        m_commands[chosen]->run(&task);
+        command->run(&task);
         return finish(&task);
     }
 
 private:
-    bool isCommand(const std::string& name) const
+    /// The one that \p arguments name, or null.
+    Command* commandIn(const std::vector<std::string>& arguments) const
     {
-        return std::any_of(m_commands.begin(), m_commands.end(),
-                           [&name](const auto& command) { return command->name() == name; });
+        for (const auto& command : m_commands) {
+            if (!arguments.empty() && command->app->get_name() == arguments.front())
+                return command.get();
+        }
+        return nullptr;
     }
 
-    /// \p arguments in the way in which the parser takes each for what it is. It would take
-    /// "--name=" for "--name" with the next argument as its value.
-    std::vector<std::string> prepared(const std::vector<std::string>& arguments) const
+    /// \p arguments in the way in which the parser takes each for what it is: it would take
+    /// "--name=" for "--name" with the next argument as its value. An option's name in the place of
+    /// another option's value is refused, as it is far more often an empty variable of a script.
+    tl::expected<std::vector<std::string>, std::string>
+    prepared(const std::vector<std::string>& arguments) const
     {
         std::vector<std::string> split;
+        const CLI::Option* option = nullptr;
         int values = 0;
         bool areOperands = false;
         for (const std::string& argument : arguments) {
             const std::string name = argument.substr(0, argument.find('='));
-            const CLI::Option* const option =
-                areOperands || values > 0 ? nullptr : optionNamed(name, arguments);
+            const CLI::Option* const named = areOperands ? nullptr : optionNamed(name, arguments);
+            if (values > 0 && named && argument == name)
+                return tl::make_unexpected(reasonAgainst(*option, argument));
             areOperands = areOperands || (values == 0 && argument == "--");
-            if (option && argument == name + '=') {
-                split.push_back(name);
-                split.emplace_back();
-                values = valuesOf(*option) - 1;
-            } else {
+            if (values > 0 || !named) {
                 split.push_back(Arguments::guarded(argument));
-                const bool isWhole = argument == name;
-                if (option)
-                    values = isWhole ? valuesOf(*option) : 0;
-                else if (values > 0)
-                    --values;
+                values = std::max(values - 1, 0);
+                continue;
             }
+            option = named;
+            const bool isEmpty = argument == name + '=';
+            split.push_back(isEmpty ? name : Arguments::guarded(argument));
+            if (isEmpty)
+                split.emplace_back();
+            values = argument == name ? valuesOf(*named) : isEmpty ? valuesOf(*named) - 1 : 0;
         }
         return split;
-    }
-
-    /// The reason against an option's name in the place of another option's value, or "". Such a
-    /// value is far more often an empty variable of a script.
-    std::string swallowedOption(const std::vector<std::string>& arguments) const
-    {
-        const CLI::Option* option = nullptr;
-        int values = 0;
-        for (const std::string& argument : arguments) {
-            const CLI::Option* const named = optionNamed(argument, arguments);
-            if (argument == "--" && values == 0)
-                break;
-            if (values > 0 && (named || argument == "-h"))
-                return reasonAgainst(*option, argument);
-            option = values > 0 ? option : named;
-            values = values > 0 ? values - 1 : named ? valuesOf(*named) : 0;
-        }
-        return std::string();
     }
 
     static std::string reasonAgainst(const CLI::Option& option, const std::string& value)
@@ -146,8 +128,8 @@ private:
     const CLI::Option* optionNamed(const std::string& name,
                                    const std::vector<std::string>& arguments) const
     {
-        const CLI::App* const app =
-            isCommand(arguments.front()) ? m_app.get_subcommand(arguments.front()) : &m_app;
+        const Command* const command = commandIn(arguments);
+        const CLI::App* const app = command ? command->app : &m_app;
         const bool isLong = name.compare(0, 2, "--") == 0 && name.size() > 2;
         const bool isShort = name.size() == 2 && name[0] == '-' && name[1] != '-';
         return isLong || isShort ? app->get_option_no_throw(name) : nullptr;
@@ -175,19 +157,10 @@ private:
         return task->report.finish(*m_environment, task->inputs, &task->findings);
     }
 
-    /// The one that \p arguments name, or "".
-    const char* commandIn(const std::vector<std::string>& arguments) const
-    {
-        for (const auto& command : m_commands) {
-            if (!arguments.empty() && command->name() == arguments.front())
-                return command->name();
-        }
-        return "";
-    }
-
     int refused(const std::vector<std::string>& arguments, const std::string& reason) const
     {
-        Task task(m_environment, commandIn(arguments));
+        const Command* const command = commandIn(arguments);
+        Task task(m_environment, command ? command->app->get_name() : std::string());
         task.report.json =
             std::find(arguments.begin(), arguments.end(), "--json") != arguments.end();
         task.findings.error(
@@ -199,7 +172,6 @@ private:
     const Environment* m_environment;
     CLI::App m_app;
     std::vector<std::unique_ptr<Command>> m_commands;
-    std::vector<CLI::App*> m_apps;
     bool m_json = false;
     bool m_quiet = false;
 };

@@ -19,6 +19,9 @@ namespace {
 
 QString tr(const char* text) { return QCoreApplication::translate("DesignStorage", text); }
 
+/// Of a description: many thousands of files. A larger one is none, and would take the memory.
+constexpr qint64 MaximumBytes = 16 * 1024 * 1024;
+
 /// Where a design keeps the bytes of its description as they were last seen on the disk.
 const char SeenProperty[] = "host.description";
 
@@ -47,6 +50,16 @@ bool DesignStorage::hasDescription(const QString& folder)
 std::unique_ptr<Design> DesignStorage::load(const QString& folder, QString* error)
 {
     const QString path = descriptionPath(folder);
+    const QFileInfo info(path);
+    // To open a pipe would wait for another program, and the host with it.
+    if (info.exists() && !info.isFile()) {
+        *error = fileProblem(path, tr("it is not a file"));
+        return nullptr;
+    }
+    if (info.size() > MaximumBytes) {
+        *error = fileProblem(path, tr("it is too large: %1 bytes").arg(info.size()));
+        return nullptr;
+    }
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         *error = fileProblem(path, file.errorString());
@@ -87,13 +100,23 @@ bool DesignStorage::save(Design* design, QString* error)
 {
     const QString path = descriptionPath(design->workingFolderPath());
     const QByteArray bytes = text(*design);
+    const QFileInfo present(path);
+    // Through a link, a device of the system would be replaced.
+    if (present.exists() && !present.isFile()) {
+        *error = fileProblem(path, tr("it is not a file"));
+        return false;
+    }
     QSaveFile file(path);
     // Unbuffered: QSaveFile would not notice when the last of its buffer cannot be written.
-    const bool isOpen = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
-    const QString problem =
-        isOpen ? writeAll(&file, bytes.constData(), bytes.size()) : file.errorString();
-    if (!problem.isEmpty() || !file.commit()) {
-        *error = fileProblem(path, problem.isEmpty() ? file.errorString() : problem);
+    QString problem;
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        problem = file.errorString();
+    else if (const auto written = writeAll(&file, bytes.constData(), bytes.size()); !written)
+        problem = written.error();
+    else if (!file.commit())
+        problem = file.errorString();
+    if (!problem.isEmpty()) {
+        *error = fileProblem(path, problem);
         return false;
     }
     design->setProperty(SeenProperty, bytes);
@@ -107,8 +130,8 @@ bool DesignStorage::isChangedOnDisk(const Design& design)
     // In place of a description that is gone nothing can be lost.
     if (!QFileInfo(file).isFile())
         return false;
-    return !file.open(QIODevice::ReadOnly) ||
-           file.readAll() != design.property(SeenProperty).toByteArray();
+    const QByteArray seen = design.property(SeenProperty).toByteArray();
+    return file.size() != seen.size() || !file.open(QIODevice::ReadOnly) || file.readAll() != seen;
 }
 
 void DesignStorage::refreshReadOnly(Design* design)

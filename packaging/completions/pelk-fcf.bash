@@ -24,7 +24,7 @@ _pelk_fcf() {
     if ((COMP_CWORD == 1)); then
         case $word in
         -*) _pelk_fcf_words --help --version ;;
-        *) _pelk_fcf_words create show verify extract recipe diff digest ;;
+        *) _pelk_fcf_words create show list verify extract recipe diff digest ;;
         esac
         return
     fi
@@ -49,7 +49,7 @@ _pelk_fcf() {
     --swap) _pelk_fcf_words bits bytes halfwords; return ;;
     --pad-to) _pelk_fcf_words page block; return ;;
     --like) _pelk_fcf_files .fcf .txt .json; return ;;
-    --bin) _pelk_fcf_files .bin; return ;;
+    --bin) _pelk_fcf_files .bin .bit; return ;;
     --companion) _pelk_fcf_files .txt; return ;;
     --output) _pelk_fcf_files ''; return ;;
     --digest)
@@ -65,17 +65,18 @@ _pelk_fcf() {
         create) _pelk_fcf_words --author --ci --module --device --config --version --description \
             --function --like --output --date-time --date-format --no-companion --digest --force \
             --strict --swap --pad-to --if-changed "$common" ;;
-        verify) _pelk_fcf_words --bin --companion --no-companion --digest --no-digest \
+        verify) _pelk_fcf_words --bin --swap --companion --no-companion --digest --no-digest \
             --require-digest --type "$common" ;;
         extract) _pelk_fcf_words --output --no-companion --no-digest --force "$common" ;;
         show) _pelk_fcf_words --field --check "$common" ;;
+        list) _pelk_fcf_words --csv --digest "$common" ;;
         recipe | diff | digest) _pelk_fcf_words "$common" ;;
         esac
         return
     fi
     case $command in
     create) _pelk_fcf_files .bin .bit ;;
-    extract | digest) _pelk_fcf_files .fcf ;;
+    list | extract | digest) _pelk_fcf_files .fcf ;;
     show | verify | recipe | diff) _pelk_fcf_files .fcf .txt ;;
     esac
 }

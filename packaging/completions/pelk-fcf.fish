@@ -29,13 +29,14 @@ function __pelk_fcf_files
     __fish_complete_suffix $argv[1] | string match -r -- ".*(?:$endings)\$"
 end
 
-set -l commands create show verify extract recipe diff digest
+set -l commands create show list verify extract recipe diff digest
 complete -c pelk-fcf -f
 complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -l version -d 'Print the version and exit'
 complete -c pelk-fcf -l help -d 'Print help and exit'
 complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a create -d 'Make an image of a binary'
 complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a show -d 'List headers'
 complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a verify -d 'Say whether files are valid'
+complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a list -d 'List images, one line each'
 complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a extract -d 'Take the payload out'
 complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a recipe -d 'Write the recipe of a build'
 complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a diff -d 'Say how two files differ'
@@ -43,10 +44,13 @@ complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a digest -d 'Print t
 complete -c pelk-fcf -n '__pelk_fcf_command show' -x -l field -d 'Print this field alone'
 complete -c pelk-fcf -n '__pelk_fcf_command show' -l check -d 'End with 1 if a file is not valid'
 
+complete -c pelk-fcf -n '__pelk_fcf_command list' -l csv -d 'Give comma-separated values'
+complete -c pelk-fcf -n '__pelk_fcf_command list' -l digest -d 'Compute and compare each SHA-256'
+
 complete -c pelk-fcf -n "__pelk_fcf_command $commands" -l json -d 'Give the result as JSON'
 complete -c pelk-fcf -n "__pelk_fcf_command $commands" -l quiet -d 'Show no progress and no notes'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -a '(__pelk_fcf_files .bin .bit)'
-complete -c pelk-fcf -n '__pelk_fcf_command extract digest' -a '(__pelk_fcf_files .fcf)'
+complete -c pelk-fcf -n '__pelk_fcf_command list extract digest' -a '(__pelk_fcf_files .fcf)'
 complete -c pelk-fcf -n '__pelk_fcf_command show verify recipe diff' -a '(__pelk_fcf_files .fcf .txt)'
 
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l author -d 'Who built it'
@@ -65,7 +69,7 @@ complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l date-format -a 'locale
 complete -c pelk-fcf -n '__pelk_fcf_command create' -l no-companion -d 'Write no companion'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -l digest -d 'Write the SHA-256 beside the image'
 complete -c pelk-fcf -n '__pelk_fcf_command create extract' -l force -d 'Replace outputs that exist'
-complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l swap -a 'bits bytes halfwords' -d 'Swap words'
+complete -c pelk-fcf -n '__pelk_fcf_command create verify' -x -l swap -a 'bits bytes halfwords' -d 'Swap words'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l pad-to -a 'page block' -d 'Fill with 0xFF'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -l if-changed -d 'Leave unchanged outputs untouched'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -l strict -d 'Take warnings for errors'
@@ -73,7 +77,7 @@ complete -c pelk-fcf -n '__pelk_fcf_command create' -l strict -d 'Take warnings 
 complete -c pelk-fcf -n '__pelk_fcf_command verify extract' -l no-companion -d 'Leave the companion alone'
 complete -c pelk-fcf -n '__pelk_fcf_command verify extract' -l no-digest -d 'Leave the digest alone'
 complete -c pelk-fcf -n '__pelk_fcf_command verify' -l require-digest -d 'Want a digest'
-complete -c pelk-fcf -n '__pelk_fcf_command verify' -x -l bin -a '(__pelk_fcf_files .bin)' \
+complete -c pelk-fcf -n '__pelk_fcf_command verify' -x -l bin -a '(__pelk_fcf_files .bin .bit)' \
     -d 'The binary to compare with'
 complete -c pelk-fcf -n '__pelk_fcf_command verify' -x -l companion -a '(__pelk_fcf_files .txt)' \
     -d 'The companion to compare with'

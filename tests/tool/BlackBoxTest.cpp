@@ -1,6 +1,5 @@
 #include "ProgramTest.h"
 
-#include <QJsonArray>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QtTest>
@@ -35,7 +34,6 @@ class BlackBoxTest : public ProgramTest {
     Q_OBJECT
 
 private slots:
-    void runsEveryCommand();
     void endsWithEachExitCode();
     void takesNamesOfAllKinds_data();
     void takesNamesOfAllKinds();
@@ -56,30 +54,6 @@ private slots:
     void saysThatTheFilesAreInPlaceWhenTheResultIsLost();
     void tellsThatNobodyReadsStandardOutput();
 };
-
-void BlackBoxTest::runsEveryCommand()
-{
-    ToolFixture tool;
-    tool.write("top.bin", ToolFixture::payload(4000));
-    const QString image = tool.path("top.fcf");
-    const Run made = run(create(tool, "top.bin", {"--function", "fft", "Bob", "7", "x"}));
-    QCOMPARE(made.code, 0);
-    QCOMPARE(made.err, QByteArray());
-    QVERIFY(run({"show", image}).out.contains("  author         Ann\n"));
-    QCOMPARE(
-        run({"verify", image, "--bin", tool.path("top.bin"), "--companion", tool.path("top.txt")})
-            .code,
-        0);
-    QCOMPARE(run({"extract", image, "--output", tool.path("out.bin")}).code, 0);
-    QCOMPARE(tool.read("out.bin"), tool.read("top.bin"));
-    const Run recipe = run({"recipe", image});
-    QCOMPARE(recipe.json()["recipe"].toInt(), 2);
-    tool.write("top.json", recipe.out);
-    const Run again = run({"create", tool.path("top.bin"), "--like", tool.path("top.json"),
-                           "--output", tool.path("sub.fcf"), "--json"});
-    QCOMPARE(again.code, 0);
-    QCOMPARE(again.json()["header"].toObject()["functions"].toArray().size(), 1);
-}
 
 void BlackBoxTest::endsWithEachExitCode()
 {

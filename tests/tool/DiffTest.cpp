@@ -180,7 +180,7 @@ void DiffTest::checksWhatItShows()
     QCOMPARE(m_tool->run({"show", m_tool->argument("a.fcf")}).code, 0);
     const Run run = m_tool->run(show);
     QCOMPARE(run.code, 1);
-    QVERIFY2(run.out.contains("a.fcf: not valid; pelk-fcf verify says more\n"), run.out);
+    QVERIFY2(run.out.contains("a.fcf: not valid; pelk-fcf verify reports all of it\n"), run.out);
     QVERIFY(!m_tool->run(show + Arguments{"--json"})
                  .json()["files"]
                  .toArray()[0]

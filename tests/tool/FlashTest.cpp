@@ -6,6 +6,8 @@
 
 #include <QFile>
 
+#include <algorithm>
+
 /// Images on their way to and from a flash, and binaries as development tools write them.
 class FlashTest : public QObject {
     Q_OBJECT
@@ -23,6 +25,9 @@ private slots:
     void swapsWhatItIsToldTo_data();
     void swapsWhatItIsToldTo();
     void refusesASwapThatCannotBe();
+    void comparesWithAContainer();
+    void comparesWithASwappedBinary();
+    void padsInPieces();
     void leavesUnchangedFilesUntouched();
     void replacesWhatChanged_data();
     void replacesWhatChanged();
@@ -192,6 +197,58 @@ void FlashTest::swapsWhatItIsToldTo()
     QVERIFY2(!run.err.contains("warning: "), run.err);
     QVERIFY2(run.err.contains("note: ") && run.err.contains("swapped: " + swap.toUtf8()), run.err);
     QCOMPARE(tool.read("top.fcf").right(8), QByteArray::fromHex("aa99556601034080"));
+}
+
+void FlashTest::comparesWithAContainer()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    tool.write("top.bit", container(ToolFixture::payload(4000)));
+    const std::string image = tool.argument("top.fcf");
+    Run run = tool.run({"verify", image, "--bin", tool.argument("top.bit"), "--json"});
+    QVERIFY2(run.code == 0, run.out);
+    QVERIFY(run.json()["container"].toObject()["headerBytes"].toInt() > 0);
+    QVERIFY(run.json()["files"].toArray()[0].toObject()["payloadCompared"].toBool());
+    QByteArray other = ToolFixture::payload(4000);
+    other[100] = static_cast<char>(other.at(100) ^ 1);
+    tool.write("top.bit", container(other));
+    run = tool.run({"verify", image, "--bin", tool.argument("top.bit"), "--json"});
+    QCOMPARE(run.code, 1);
+    const int headerBytes = run.json()["container"].toObject()["headerBytes"].toInt();
+    QVERIFY2(run.out.contains("of which this is offset " + QByteArray::number(headerBytes + 100)),
+             run.out);
+}
+
+void FlashTest::comparesWithASwappedBinary()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    QByteArray swapped = tool.read("top.bin");
+    for (int word = 0; word < swapped.size(); word += 4)
+        std::reverse(swapped.begin() + word, swapped.begin() + word + 4);
+    tool.write("swapped.bin", swapped);
+    const Arguments verify = {"verify", tool.argument("top.fcf"), "--bin",
+                              tool.argument("swapped.bin")};
+    QCOMPARE(tool.run(verify).code, 1);
+    const Run run = tool.run(verify + Arguments{"--swap", "bytes"});
+    QVERIFY2(run.code == 0, run.out);
+    QVERIFY2(run.out.contains("swapped: bytes"), run.out);
+    QCOMPARE(tool.run(verify + Arguments{"--swap", "words"}).code, 2);
+}
+
+void FlashTest::padsInPieces()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    const QByteArray image = tool.read("top.fcf");
+    // More than one piece, and no whole number of them.
+    const int bytes = 5 * 1024 * 1024 + 3;
+    const Arguments padded = {"--digest", "--pad-to", std::to_string(bytes)};
+    QCOMPARE(create(&tool, "top.bin", padded + Arguments{"--force"}).code, 0);
+    QCOMPARE(tool.read("top.fcf"), image + QByteArray(bytes - image.size(), '\xff'));
+    QCOMPARE(tool.run({"verify", tool.argument("top.fcf"), "--require-digest"}).code, 0);
+    const Run again = create(&tool, "top.bin", padded + Arguments{"--if-changed"});
+    QVERIFY2(again.out.contains("top.fcf: unchanged"), again.out);
 }
 
 void FlashTest::refusesASwapThatCannotBe()

@@ -28,7 +28,9 @@ private slots:
     void listsAHeaderForPeople();
     void listsAHeaderForPrograms();
     void listsSeveralFilesAndGoesOnAfterABadOne();
-    void listsCodesThatStandForNothing();
+    void listsAnUnknownTarget();
+    void showsAByteThatIsNoTextAsAnEscape();
+    void tellsAllThatCreateTakes();
     void letsNoTextAtTheTerminal();
     void neverReadsThePayload();
     void readsFromStandardInput();
@@ -56,18 +58,19 @@ void InspectTest::listsAHeaderForPeople()
     QCOMPARE(run.err, QByteArray());
     const QByteArray expected = tool.path("top.fcf").toUtf8() +
                                 ": header page of 2112 bytes\n"
+                                "  target         DFE, Interface_FPGA, flash slot 1\n"
+                                "  version        1.0\n"
                                 "  totalPages     3 pages\n"
                                 "  totalBlocks    0 blocks\n"
-                                "  totalSize      6112 bytes\n"
+                                "  totalSize      6112 bytes (5.97 KiB)\n"
                                 "  binPages       2 pages\n"
                                 "  binBlocks      0 blocks\n"
-                                "  binFileSize    4000 bytes\n"
-                                "  moduleCode     1 DFE\n"
-                                "  deviceCode     1 Interface_FPGA\n"
-                                "  configNumber   1 slot\n"
-                                "  versionMajor   1 number\n"
-                                "  versionMinor   0 number\n"
-                                "  version        1.0\n"
+                                "  binFileSize    4000 bytes (3.91 KiB)\n"
+                                "  moduleCode     1\n"
+                                "  deviceCode     1\n"
+                                "  configNumber   1\n"
+                                "  versionMajor   1\n"
+                                "  versionMinor   0\n"
                                 "  fileName       top.fcf\n"
                                 "  ciNumber       42\n"
                                 "  author         Ann\n"
@@ -140,7 +143,7 @@ void InspectTest::listsSeveralFilesAndGoesOnAfterABadOne()
     QCOMPARE(tool.run({"show", tool.argument("bad.fcf")}).code, 1);
 }
 
-void InspectTest::listsCodesThatStandForNothing()
+void InspectTest::listsAnUnknownTarget()
 {
     ToolFixture tool;
     ForgedImage image;
@@ -148,7 +151,41 @@ void InspectTest::listsCodesThatStandForNothing()
     tool.write("top.fcf", image.bytes());
     const Run run = tool.run({"show", tool.argument("top.fcf")});
     QCOMPARE(run.code, 0);
-    QVERIFY(run.out.contains("  moduleCode     5 unknown\n"));
+    QVERIFY(run.out.contains("  target         unknown\n"));
+}
+
+void InspectTest::showsAByteThatIsNoTextAsAnEscape()
+{
+    ToolFixture tool;
+    ForgedImage image;
+    image.text.replace("Ann", "A\xff\xc3n");
+    tool.write("top.fcf", image.bytes());
+    const std::string path = tool.argument("top.fcf");
+    Run run = tool.run({"show", path});
+    QCOMPARE(run.code, 0);
+    QVERIFY2(run.out.contains("  author         A\\xff\\xc3n\n"), run.out);
+    QVERIFY2(run.out.contains("    description    Spectrum\n"), run.out);
+    QVERIFY2(run.out.contains(": header page of " + QByteArray::number(image.page().size()) + ' '),
+             run.out);
+    QVERIFY2(run.err.startsWith("pelk-fcf: warning: ") && run.err.contains("author at offset"),
+             run.err);
+    QCOMPARE(tool.run({"show", path, "--field", "author"}).out, QByteArray("A\\xff\\xc3n\n"));
+    run = tool.run({"show", path, "--check", "--json"});
+    QCOMPARE(run.code, 1);
+    QVERIFY(!run.json()["files"].toArray()[0].toObject()["valid"].toBool(true));
+    QCOMPARE(tool.run({"verify", path}).code, 1);
+}
+
+void InspectTest::tellsAllThatCreateTakes()
+{
+    const QByteArray help = ToolFixture().run({"create", "--help"}).out;
+    for (const char* const part :
+         {"Required, unless --like gives it:\n  --author", "(default: locale)",
+          "DFE2: Processing_FPGA\n", "GPM: Interface_FPGA, Processing_FPGA_1",
+          "(default: BIN with .fcf in place of .bin)"})
+        QVERIFY2(help.contains(part), part);
+    QCOMPARE(help.count("Exit codes:"), 1);
+    QVERIFY(help.endsWith('\n'));
 }
 
 void InspectTest::letsNoTextAtTheTerminal()
@@ -257,7 +294,7 @@ void InspectTest::givesNoRecipeForAnUnknownTarget()
     const Run run = tool.run({"recipe", tool.argument("top.fcf")});
     QCOMPARE(run.code, 1);
     QCOMPARE(run.out, QByteArray());
-    QVERIFY(run.err.contains("moduleCode: 1 with device code 16 stands for no target"));
+    QVERIFY(run.err.contains("moduleCode: 1 with device code 16 is of no known target"));
 }
 
 void InspectTest::extractsThePayload()

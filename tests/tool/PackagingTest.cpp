@@ -10,7 +10,8 @@
 
 namespace {
 
-const QStringList Commands = {"create", "show", "verify", "extract", "recipe", "diff", "digest"};
+const QStringList Commands = {"create",  "show",   "list", "verify",
+                              "extract", "recipe", "diff", "digest"};
 const QStringList Shells = {"bash", "zsh", "fish"};
 
 /// A shell takes some tenths of a second; one that hangs is not waited for.
@@ -147,7 +148,8 @@ void PackagingTest::installsEverythingThatBelongsToTheTool()
           "share/zsh/site-functions/_pelk-fcf", "share/fish/vendor_completions.d/pelk-fcf.fish",
           "share/mime/packages/pelk-fcf.xml", "share/doc/pelk-fcf/fcf-format.md",
           "share/doc/pelk-fcf/fcf.ksy", "share/doc/pelk-fcf/fcf.hexpat",
-          "share/doc/pelk-fcf/pelk-fcf.md"})
+          "share/doc/pelk-fcf/pelk-fcf.md", "share/pelk-fcf/schemas/recipe.schema.json",
+          "share/pelk-fcf/schemas/result.schema.json"})
         QVERIFY2(QFile::exists(installed(name)), name);
 }
 
@@ -184,7 +186,9 @@ void PackagingTest::completes_data()
         QStringList words;
         QStringList expected;
     } rows[] = {
-        {"commands", {""}, {"create", "diff", "digest", "extract", "recipe", "show", "verify"}},
+        {"commands",
+         {""},
+         {"create", "diff", "digest", "extract", "list", "recipe", "show", "verify"}},
         {"begun command", {"e"}, {"extract"}},
         {"options of no command", {"--"}, {"--help", "--version"}},
         {"modules", {"create", "--module", "D"}, {"DFE", "DFE2"}},
@@ -201,6 +205,8 @@ void PackagingTest::completes_data()
         {"binaries behind all options", {"create", "--", "two"}, {"two words.bin"}},
         {"binaries to compare with", {"verify", "--bin", "two"}, {"two words.bin"}},
         {"images", {"extract", "two"}, {"two words.fcf"}},
+        {"images to list", {"list", "two"}, {"two words.fcf"}},
+        {"swaps", {"verify", "--swap", "b"}, {"bits", "bytes"}},
         {"recipes", {"create", "--like", "two"}, {"two words.fcf", "two words.json"}},
     };
     QTest::addColumn<QString>("shell");

@@ -26,15 +26,15 @@ Finding& Finding::comparing(const QString& isExpected, const QString& isFound)
 
 QString Finding::text() const
 {
-    QString line = QLatin1String(SeverityNames[severity]) + QStringLiteral(": ");
+    QString line = QLatin1String(SeverityNames[severity]) + ": ";
     if (!file.isEmpty())
-        line += shownText(file) + QStringLiteral(": ");
+        line += shownText(file) + ": ";
     if (!field.isEmpty())
         line += shownText(field);
     if (offset >= 0)
         line += QStringLiteral("%1offset %2").arg(field.isEmpty() ? "" : " at ").arg(offset);
     if (!field.isEmpty() || offset >= 0)
-        line += QStringLiteral(": ");
+        line += ": ";
     line += reason;
     if (!expected.isEmpty() || !found.isEmpty())
         line += QStringLiteral("; expected %1, found %2").arg(expected, found);

@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <iterator>
 
-const QString StandardStream = QStringLiteral("-");
-const QString StandardOutputLabel = QStringLiteral("standard output");
+const QString StandardStream = "-";
+const QString StandardOutputLabel = "standard output";
 
 namespace {
 
@@ -33,7 +33,7 @@ QString withEscapes(const QString& text, const QString& kept)
         if (isPrintable(character) || isKept)
             shown += textOf(character);
         else
-            shown += character == '\n' ? QStringLiteral("\\n") : escaped(character);
+            shown += character == '\n' ? "\\n" : escaped(character);
     }
     return shown;
 }
@@ -71,13 +71,13 @@ bool isPrintable(char32_t character)
 QString shownText(const QString& text, int length)
 {
     const QString shown = withEscapes(text.left(length), QString());
-    return text.size() > length ? shown + QStringLiteral("...") : shown;
+    return text.size() > length ? shown + "..." : shown;
 }
 
 QByteArray asPrintable(const QByteArray& json)
 {
     // Between its texts, JSON has no other such character.
-    return withEscapes(QString::fromUtf8(json), QStringLiteral("\n")).toUtf8();
+    return withEscapes(QString::fromUtf8(json), "\n").toUtf8();
 }
 
 Result<QString> textOf(const std::string& argument, const QTextCodec* codec, const QString& option)
@@ -97,12 +97,11 @@ Result<QString> pathOf(const std::string& argument, const QTextCodec* codec, con
     const QByteArray bytes = QByteArray::fromStdString(argument);
     QString path = QFile::decodeName(bytes);
     if (path.isEmpty())
-        return failure(ExitCode::Refused, QString(), option,
-                       QStringLiteral("the name of a file cannot be empty"));
+        return failure(ExitCode::Refused, QString(), option, "the name of a file cannot be empty");
     const bool isWhole = QFile::encodeName(path) == bytes;
     // Qt takes such a name for one of its own resources.
     if (path.startsWith(QLatin1Char(':')))
-        path.prepend(QStringLiteral("./"));
+        path.prepend("./");
     if (isWhole)
         return path;
     return failure(ExitCode::Refused, path, option,

@@ -34,7 +34,7 @@ std::optional<Version> Version::of(const QString& text)
 
 std::optional<qint32> wholeNumber(const QString& text)
 {
-    static const QRegularExpression digits(QStringLiteral("^-?[0-9]{1,10}\\z"));
+    static const QRegularExpression digits("^-?[0-9]{1,10}\\z");
     bool fits = false;
     const int number = text.toInt(&fits);
     if (!fits || !digits.match(text).hasMatch())

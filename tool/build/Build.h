@@ -34,6 +34,8 @@ struct Build {
     std::optional<Version> version;
     std::optional<QString> description;
     std::optional<QVector<FcfFunction>> functions;
+    /// Where a recipe has the description, seen from its own folder.
+    std::optional<QString> descriptionFile;
 
     /// The files that the fields were taken from, by their names; those of the command line have
     /// none.
@@ -60,6 +62,7 @@ struct BuildField {
     /// What help calls the option's value.
     const char* type;
     const char* help;
+    bool isRequired;
     std::optional<Value> Build::*value;
     /// Null where a header has it as codes or as two numbers.
     Value FcfHeader::*header;
@@ -70,22 +73,24 @@ template <class Visit>
 void forEachBuildField(Visit visit)
 {
     using Text = BuildField<QString>;
-    visit(Text{"author", "--author", "TEXT", "who built it", &Build::author, &FcfHeader::author});
-    visit(Text{"ciNumber", "--ci", "TEXT", "configuration item number of the build",
+    visit(Text{"author", "--author", "TEXT", "who built it", true, &Build::author,
+               &FcfHeader::author});
+    visit(Text{"ciNumber", "--ci", "TEXT", "configuration item number of the build", true,
                &Build::ciNumber, &FcfHeader::ciNumber});
-    visit(Text{"module", "--module", "NAME", "DFE, DFE2 or GPM", &Build::module, nullptr});
-    visit(Text{"device", "--device", "NAME", "a device of the module", &Build::device, nullptr});
-    visit(BuildField<qint32>{"configNumber", "--config", "SLOT", "flash slot, 1 to 10",
+    visit(Text{"module", "--module", "NAME", "see below", true, &Build::module, nullptr});
+    visit(Text{"device", "--device", "NAME", "a device of the module, see below", true,
+               &Build::device, nullptr});
+    visit(BuildField<qint32>{"configNumber", "--config", "SLOT", "flash slot, 1 to 10", true,
                              &Build::configNumber, &FcfHeader::configNumber});
-    visit(BuildField<Version>{"version", "--version", "MAJOR.MINOR", "version of the build",
+    visit(BuildField<Version>{"version", "--version", "MAJOR.MINOR", "version of the build", true,
                               &Build::version, nullptr});
     visit(Text{"description", "--description", "TEXT|@FILE",
-               "what the build is; @FILE takes the text of a file, @@TEXT is @TEXT",
-               &Build::description, &FcfHeader::description});
-    visit(
-        BuildField<QVector<FcfFunction>>{"functions", "--function", "NAME AUTHOR CI DESCRIPTION",
-                                         "a function in the build, four arguments; may be repeated",
-                                         &Build::functions, &FcfHeader::functions});
+               "what the build is; @FILE takes the text of a file, @@TEXT is @TEXT (default: none)",
+               false, &Build::description, &FcfHeader::description});
+    visit(BuildField<QVector<FcfFunction>>{
+        "functions", "--function", "NAME AUTHOR CI DESCRIPTION",
+        "a function in the build, four arguments; may be repeated (default: none)", false,
+        &Build::functions, &FcfHeader::functions});
 }
 
 #endif

@@ -5,6 +5,7 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QRegularExpression>
 #include <QSet>
 
 #include <limits>
@@ -13,7 +14,8 @@
 namespace {
 
 constexpr int RecipeVersion = 2;
-const QString RecipeKey = QStringLiteral("recipe");
+const QString RecipeKey = "recipe";
+const QString DescriptionFileKey = "descriptionFile";
 
 template <class Record, int Count>
 void addTexts(const FcfLayout::TextField<Record> (&fields)[Count], const Record& record,
@@ -48,49 +50,25 @@ QJsonObject asJson(const Build& build)
     return object;
 }
 
-/// Behind the closing quotation mark of the string that starts at \p start.
-int endOfString(const QByteArray& json, int start)
-{
-    int end = start + 1;
-    while (end < json.size() && json.at(end) != '"')
-        end += json.at(end) == '\\' ? 2 : 1;
-    return qMin(end + 1, json.size());
-}
-
-bool isName(const QByteArray& json, int behindString)
-{
-    while (behindString < json.size() && QByteArray(" \t\r\n").contains(json.at(behindString)))
-        ++behindString;
-    return behindString < json.size() && json.at(behindString) == ':';
-}
-
-/// The same name can be written with different escapes.
-QString unescaped(const QByteArray& string)
-{
-    return QJsonDocument::fromJson('[' + string + ']').array().at(0).toString();
-}
-
 /// The first name that one object of \p json, which must be valid, gives twice. A parser keeps just
 /// one of the two values.
-std::optional<QString> repeatedName(const QByteArray& json)
+std::optional<QString> repeatedName(const QString& json)
 {
+    static const QRegularExpression token(QStringLiteral(R"([{}]|("(?:[^"\\]++|\\.)*+")(\s*:)?)"));
     std::vector<QSet<QString>> names;
-    for (int position = 0; position < json.size(); ++position) {
-        const char character = json.at(position);
-        if (character == '{' || character == '[') {
+    for (auto tokens = token.globalMatch(json); tokens.hasNext();) {
+        const QRegularExpressionMatch match = tokens.next();
+        if (match.capturedRef() == QLatin1String("{")) {
             names.emplace_back();
-        } else if ((character == '}' || character == ']') && !names.empty()) {
+        } else if (match.capturedRef() == QLatin1String("}")) {
             names.pop_back();
-        } else if (character == '"') {
-            const int end = endOfString(json, position);
-            const QByteArray string = json.mid(position, end - position);
-            position = end - 1;
-            if (names.empty() || !isName(json, end))
-                continue;
-            const QString name = unescaped(string);
+        } else if (match.capturedLength(2) > 0) {
+            // The same name can be written with different escapes.
+            const QByteArray string = '[' + match.captured(1).toUtf8() + ']';
+            const QString name = QJsonDocument::fromJson(string).array().at(0).toString();
             if (names.back().contains(name))
                 return name;
-            names.back().insert(name);
+            names.back() << name;
         }
     }
     return std::nullopt;
@@ -113,7 +91,7 @@ public:
         if (value.isString())
             *text = value.toString();
         else
-            fail(name, QStringLiteral("is not a text"));
+            fail(name, "is not a text");
     }
 
     void read(const QJsonValue& value, const QString& name, std::optional<qint32>* number)
@@ -124,7 +102,7 @@ public:
         if (value.isDouble() && fits && given == static_cast<qint32>(given))
             *number = static_cast<qint32>(given);
         else
-            fail(name, QStringLiteral("is not a whole number of 32 bits"));
+            fail(name, "is not a whole number of 32 bits");
     }
 
     void read(const QJsonValue& value, const QString& name, std::optional<Version>* version)
@@ -132,11 +110,11 @@ public:
         if (value.isString()) {
             *version = Version::of(value.toString());
             if (!*version)
-                fail(name, QStringLiteral("is not two numbers like \"1.12\""));
+                fail(name, "is not two numbers like \"1.12\"");
             return;
         }
         if (!value.isObject()) {
-            fail(name, QStringLiteral("is not a text like \"1.12\""));
+            fail(name, "is not a text like \"1.12\"");
             return;
         }
         QJsonObject object = value.toObject();
@@ -152,7 +130,7 @@ public:
               std::optional<QVector<FcfFunction>>* functions)
     {
         if (!value.isArray()) {
-            fail(name, QStringLiteral("is not a list"));
+            fail(name, "is not a list");
             return;
         }
         functions->emplace();
@@ -162,14 +140,14 @@ public:
             if (function.isObject())
                 (*functions)->append(readFunction(function.toObject(), place + QLatin1Char('.')));
             else
-                fail(place, QStringLiteral("is not an object"));
+                fail(place, "is not an object");
         }
     }
 
     void refuseRest(const QJsonObject& object, const QString& place)
     {
         for (const QString& name : object.keys())
-            fail(place + name, QStringLiteral("is not known in a recipe"));
+            fail(place + name, "is not known in a recipe");
     }
 
 private:
@@ -192,7 +170,7 @@ private:
         const QString name = place + QLatin1String(key);
         const QJsonValue taken = object->take(QLatin1String(key));
         if (taken.isUndefined())
-            fail(name, QStringLiteral("is missing"));
+            fail(name, "is missing");
         else
             read(taken, name, value);
     }
@@ -203,7 +181,7 @@ private:
 void checkRecipeVersion(const QJsonValue& value, RecipeReader* reader)
 {
     if (value.isUndefined()) {
-        reader->fail(RecipeKey, QStringLiteral("is missing: this is not a recipe"));
+        reader->fail(RecipeKey, "is missing: this is not a recipe");
         return;
     }
     std::optional<qint32> version;
@@ -236,8 +214,8 @@ tl::expected<Build, QList<Finding>> BuildJson::readRecipe(const QByteArray& json
                                    .arg(parseError.offset));
         return tl::make_unexpected(reader.errors);
     }
-    if (const auto repeated = repeatedName(json))
-        reader.fail(*repeated, QStringLiteral("is given twice"));
+    if (const auto repeated = repeatedName(QString::fromUtf8(json)))
+        reader.fail(*repeated, "is given twice");
     QJsonObject object = document.object();
     checkRecipeVersion(object.take(RecipeKey), &reader);
     // Of something else altogether, or of a later version, the rest is not worth a word.
@@ -248,6 +226,13 @@ tl::expected<Build, QList<Finding>> BuildJson::readRecipe(const QByteArray& json
         if (!value.isUndefined())
             reader.read(value, QLatin1String(field.name), &(build.*field.value));
     });
+    const QJsonValue file = object.take(DescriptionFileKey);
+    if (!file.isUndefined())
+        reader.read(file, DescriptionFileKey, &build.descriptionFile);
+    if (build.description && build.descriptionFile)
+        reader.fail(DescriptionFileKey, "is given, and a description as well");
+    // It names the schema to editors.
+    object.remove("$schema");
     reader.refuseRest(object, QString());
     if (!reader.errors.isEmpty())
         return tl::make_unexpected(reader.errors);

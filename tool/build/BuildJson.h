@@ -11,9 +11,9 @@
 /// Builds and headers as JSON, with the same names in both.
 ///
 /// A recipe is an object with "recipe": 2 and any of "author", "ciNumber", "module", "device",
-/// "configNumber", "version" ("1.12"), "description" and "functions" (objects of "name", "author",
-/// "ciNumber" and "description"). A header has all of them, and every other field of the page under
-/// its name in FcfLayout.
+/// "configNumber", "version" ("1.12"), "description" or "descriptionFile", and "functions" (objects
+/// of "name", "author", "ciNumber" and "description"). "$schema" is passed over. A header has all
+/// of them, and every other field of the page under its name in FcfLayout.
 namespace BuildJson {
 
 /// A recipe of more bytes than this is refused unread.

@@ -14,10 +14,16 @@ namespace {
 
 QString quotedList(const QStringList& names)
 {
-    return QLatin1Char('"') + names.join(QStringLiteral("\", \"")) + QLatin1Char('"');
+    return QLatin1Char('"') + names.join("\", \"") + QLatin1Char('"');
 }
 
-QString missing(const char* option) { return QStringLiteral("is missing: give %1").arg(option); }
+bool isBlank(const QString& text) { return text.trimmed().isEmpty(); }
+
+template <class Value>
+bool isBlank(const Value& /*value*/)
+{
+    return false;
+}
 
 constexpr int MibOfUtf8 = 106;
 
@@ -38,74 +44,54 @@ QString Checker::fileOf(const QString& field) const
 
 void Checker::checkBuild(const Build& build) const
 {
-    const auto checkText = [&](const QString& field, const std::optional<QString>& text,
-                               const char* option) {
-        if (!text.value_or(QString()).trimmed().isEmpty() || build.refused.contains(field))
+    forEachBuildField([&](const auto& field) {
+        const QString name = QLatin1String(field.name);
+        const auto& value = build.*field.value;
+        if (!field.isRequired || build.refused.contains(name) || (value && !isBlank(*value)))
             return;
-        refuse(field, build.origins.contains(field)
-                          ? QStringLiteral("is blank: give %1").arg(QLatin1String(option))
-                          : missing(option));
-    };
-    checkText(QStringLiteral("author"), build.author, "--author");
-    checkText(QStringLiteral("ciNumber"), build.ciNumber, "--ci");
-    checkTarget(build);
-    checkNumbers(build);
+        const bool isBlankThere = value && build.origins.contains(name);
+        refuse(name, QStringLiteral("is %1: give %2")
+                         .arg(QLatin1String(isBlankThere ? "blank" : "missing"),
+                              QLatin1String(field.option)));
+    });
+    checkTarget(build.module.value_or(QString()), build.device.value_or(QString()));
+
+    const qint32 slot = build.configNumber.value_or(FcfTarget::FirstSlot);
+    if (slot < FcfTarget::FirstSlot || slot > FcfTarget::LastSlot)
+        refuse("configNumber", QStringLiteral("%1 is no slot from %2 to %3")
+                                   .arg(slot)
+                                   .arg(FcfTarget::FirstSlot)
+                                   .arg(FcfTarget::LastSlot));
+    const Version version = build.version.value_or(Version());
+    if (version.major < 0 || version.minor < 0)
+        refuse("version", QStringLiteral("%1 has a negative number").arg(version.text()));
 
     int index = 0;
     for (const FcfFunction& function : build.functions.value_or(QVector<FcfFunction>())) {
         if (function.name.isEmpty())
-            m_findings->warning(m_file, TextRules::fieldName("name", index),
-                                QStringLiteral("is empty"));
+            m_findings->warning(m_file, TextRules::fieldName("name", index), "is empty");
         ++index;
     }
 }
 
-void Checker::checkTarget(const Build& build) const
+void Checker::checkTarget(const QString& module, const QString& device) const
 {
-    const QString module = QStringLiteral("module");
-    const QString device = QStringLiteral("device");
-    if (!build.module) {
-        if (!build.refused.contains(module))
-            refuse(module, missing("--module"));
-        return;
-    }
-    if (!FcfTarget::modules().contains(*build.module)) {
-        refuse(module, QStringLiteral("\"%1\" is none of %2")
-                           .arg(shownText(*build.module), quotedList(FcfTarget::modules())));
-        return;
-    }
-    const QStringList devices = FcfTarget::devicesOf(*build.module);
-    if (!build.device && !build.refused.contains(device))
-        refuse(device, missing("--device"));
-    else if (build.device && !devices.contains(*build.device))
-        refuse(device, QStringLiteral("\"%1\" is no device of module %2, which has %3")
-                           .arg(shownText(*build.device), *build.module, quotedList(devices)));
-}
-
-void Checker::checkNumbers(const Build& build) const
-{
-    const QString slot = QStringLiteral("configNumber");
-    const QString version = QStringLiteral("version");
-    const qint32 number = build.configNumber.value_or(FcfTarget::FirstSlot);
-    if (!build.configNumber && !build.refused.contains(slot))
-        refuse(slot, missing("--config"));
-    if (number < FcfTarget::FirstSlot || number > FcfTarget::LastSlot)
-        refuse(slot, QStringLiteral("%1 is no slot from %2 to %3")
-                         .arg(number)
-                         .arg(FcfTarget::FirstSlot)
-                         .arg(FcfTarget::LastSlot));
-    if (!build.version && !build.refused.contains(version))
-        refuse(version, missing("--version MAJOR.MINOR"));
-    if (build.version && (build.version->major < 0 || build.version->minor < 0))
-        refuse(version, QStringLiteral("%1 has a negative number").arg(build.version->text()));
+    const QStringList modules = FcfTarget::modules();
+    const QStringList devices = FcfTarget::devicesOf(module);
+    if (!isBlank(module) && !modules.contains(module))
+        refuse("module",
+               QStringLiteral("\"%1\" is none of %2").arg(shownText(module), quotedList(modules)));
+    else if (!isBlank(module) && !isBlank(device) && !devices.contains(device))
+        refuse("device", QStringLiteral("\"%1\" is no device of module %2, which has %3")
+                             .arg(shownText(device), module, quotedList(devices)));
 }
 
 void Checker::checkBinarySize(qint64 bytes) const
 {
     if (bytes == 0)
-        refuse(QStringLiteral("binFileSize"), QStringLiteral("the binary is empty"));
+        refuse("binFileSize", "the binary is empty");
     else if (bytes > LargestBinary)
-        refuse(QStringLiteral("binFileSize"),
+        refuse("binFileSize",
                QStringLiteral("the binary is too large: a size field holds no more than %1 bytes "
                               "and a header page")
                    .arg(LargestBinary));
@@ -121,22 +107,21 @@ void Checker::checkTexts(const FcfHeader& header, QTextCodec* codec) const
         return;
 
     if (codec->mibEnum() != MibOfUtf8)
-        m_findings->warning(m_file, QStringLiteral("text"),
+        m_findings->warning(m_file, "text",
                             QStringLiteral("this locale writes texts in %1, but the target "
                                            "reads UTF-8")
                                 .arg(QString::fromLatin1(codec->name())));
     const int excess = FcfWriter(codec).compose(header).size() - FcfLayout::PageBytes;
     if (excess > 0)
-        refuse(QStringLiteral("text"),
-               QStringLiteral("the header text is too long by %1 bytes; the largest "
-                              "fields are %2")
-                   .arg(QString::number(excess), TextRules::largestTexts(header, codec)));
+        refuse("text", QStringLiteral("the header text is too long by %1 bytes; the largest "
+                                      "fields are %2")
+                           .arg(QString::number(excess), TextRules::largestTexts(header, codec)));
     // A reader has its limits too.
     if (excess > 0)
         return;
     if (header.description.size() > FcfLayout::FormDescriptionLength)
         m_findings->warning(
-            m_file, QStringLiteral("description"),
+            m_file, "description",
             QStringLiteral("has %1 characters: the generator window cuts it behind %2")
                 .arg(header.description.size())
                 .arg(FcfLayout::FormDescriptionLength));

@@ -32,8 +32,7 @@ public:
     void checkTexts(const FcfHeader& header, QTextCodec* codec) const;
 
 private:
-    void checkTarget(const Build& build) const;
-    void checkNumbers(const Build& build) const;
+    void checkTarget(const QString& module, const QString& device) const;
     QString fileOf(const QString& field) const;
     void refuse(const QString& field, const QString& reason) const;
 

@@ -1,6 +1,8 @@
 #include "tool/check/Findings.h"
 
 #include <algorithm>
+#include <iterator>
+#include <numeric>
 
 namespace {
 
@@ -27,31 +29,22 @@ bool Findings::accept(const Status& status)
 Finding& Findings::error(ExitCode exitCode, const QString& file, const QString& field,
                          const QString& reason)
 {
-    Finding& finding = add(Finding::Error, file, field, reason);
-    finding.exitCode = exitCode;
-    return finding;
+    add(failure(exitCode, file, field, reason).value());
+    return m_list.last();
 }
 
 Finding& Findings::warning(const QString& file, const QString& field, const QString& reason)
 {
-    return add(Finding::Warning, file, field, reason);
+    Finding& finding = error(ExitCode::Done, file, field, reason);
+    finding.severity = Finding::Warning;
+    return finding;
 }
 
 Finding& Findings::note(const QString& file, const QString& field, const QString& reason)
 {
-    return add(Finding::Note, file, field, reason);
-}
-
-Finding& Findings::add(Finding::Severity severity, const QString& file, const QString& field,
-                       const QString& reason)
-{
-    Finding finding;
-    finding.severity = severity;
-    finding.file = file;
-    finding.field = field;
-    finding.reason = reason;
-    add(finding);
-    return m_list.last();
+    Finding& finding = error(ExitCode::Done, file, field, reason);
+    finding.severity = Finding::Note;
+    return finding;
 }
 
 void Findings::promoteWarnings()
@@ -72,14 +65,17 @@ void Findings::dropNotes()
 
 ExitCode Findings::exitCode(int first) const
 {
-    for (const ExitCode code : Precedence) {
-        const bool occurs =
-            std::any_of(m_list.begin() + first, m_list.end(),
-                        [code](const Finding& finding) { return finding.exitCode == code; });
-        if (occurs)
-            return code;
-    }
-    return ExitCode::Done;
+    return std::accumulate(
+        m_list.begin() + first, m_list.end(), ExitCode::Done,
+        [](ExitCode code, const Finding& finding) { return weightier(code, finding.exitCode); });
+}
+
+ExitCode Findings::weightier(ExitCode one, ExitCode other)
+{
+    const auto rank = [](ExitCode code) {
+        return std::find(std::begin(Precedence), std::end(Precedence), code);
+    };
+    return rank(one) < rank(other) ? one : other;
 }
 
 QJsonArray Findings::toJson() const

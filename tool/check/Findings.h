@@ -45,12 +45,10 @@ public:
     /// run: a refusal before a file that cannot be accessed, that before an output that exists,
     /// that before a file that is not valid.
     ExitCode exitCode(int first = 0) const;
+    static ExitCode weightier(ExitCode one, ExitCode other);
     QJsonArray toJson() const;
 
 private:
-    Finding& add(Finding::Severity severity, const QString& file, const QString& field,
-                 const QString& reason);
-
     QString m_subject;
     QList<Finding> m_list;
 };

@@ -4,6 +4,8 @@
 #include "fcf/FcfExactReader.h"
 #include "tool/base/Result.h"
 
+#include <optional>
+
 class InputFile;
 class QTextCodec;
 
@@ -24,9 +26,16 @@ struct HeaderPage {
     /// Sets payloadBytes and fillerBytes as \p file, which the page was read from, has them.
     Status measure(const InputFile& file);
 
+    /// What is wrong with a page in which bytes were replaced by escapes.
+    std::optional<Finding> flaw;
+
+    /// Whether bytes that the codec cannot decode are an error, or become escapes like \xff.
+    enum Bytes { Exact, Escaped };
+
     /// Reads the page of \p file, and nothing behind it. Whatever is not as it should be is an
     /// error that ends a run with \p exitCode.
-    static Result<HeaderPage> read(const InputFile& file, QTextCodec* codec, ExitCode exitCode);
+    static Result<HeaderPage> read(const InputFile& file, QTextCodec* codec, ExitCode exitCode,
+                                   Bytes bytes = Exact);
 };
 
 #endif

@@ -33,9 +33,9 @@ constexpr int BootWordOffset = 0x20;
 const QByteArray BootWord = QByteArray::fromHex("665599aa");
 
 const QVector<QPair<QString, PayloadKind::Swap>> SwapNames = {
-    {QStringLiteral("bits"), PayloadKind::Swap::Bits},
-    {QStringLiteral("bytes"), PayloadKind::Swap::Bytes},
-    {QStringLiteral("halfwords"), PayloadKind::Swap::Halfwords}};
+    {"bits", PayloadKind::Swap::Bits},
+    {"bytes", PayloadKind::Swap::Bytes},
+    {"halfwords", PayloadKind::Swap::Halfwords}};
 
 /// The unsigned big-endian number of \p bytes bytes at \p offset, or -1.
 qint64 numberAt(const QByteArray& data, int offset, int bytes)
@@ -79,9 +79,8 @@ bool PayloadKind::isImage(const QByteArray& start)
 QString PayloadKind::complaint(const QByteArray& start)
 {
     if (start.startsWith(ContainerStart))
-        return QStringLiteral(
-            "the binary is a .bit container: strip its header first, as it is not "
-            "whole");
+        return "the binary is a .bit container: strip its header first, as it is not "
+               "whole";
     const int filler = leadingFiller(start);
     if (filler < BootWordOffset && start.mid(BootWordOffset, BootWord.size()) == BootWord)
         return QString();

@@ -59,9 +59,9 @@ QString brokenRecord(const NamedText& text)
         if (character == QLatin1Char('\n') && text.hasLines)
             continue;
         if (character == QLatin1Char('\r'))
-            return QStringLiteral("holds a carriage return, at which a form breaks the line");
+            return "holds a carriage return, at which a form breaks the line";
         if (isLineBreak(character))
-            return QStringLiteral("holds a line break, at which a reader would lose the rest");
+            return "holds a line break, at which a reader would lose the rest";
         if (character.category() == QChar::Other_Control && character != QLatin1Char('\t'))
             return QStringLiteral("holds the control character %1")
                 .arg(shownText(QString(character)));
@@ -117,8 +117,8 @@ QVector<Breach> TextRules::swallowedFunctions(const FcfHeader& header)
     for (const NamedText& text : textsOf(header)) {
         if (text.value.contains(start))
             breaches.append({text.field,
-                             QStringLiteral("holds a line that begins like a function; the mark "
-                                            "before it may be damaged"),
+                             "holds a line that begins like a function; the mark "
+                             "before it may be damaged",
                              text.value});
     }
     return breaches;
@@ -180,16 +180,16 @@ QString TextRules::largestTexts(const FcfHeader& header, const QTextCodec* codec
     int functionBytes = 0;
     for (const NamedText& text : textsOf(header)) {
         const int bytes = codec->fromUnicode(text.value).size();
-        if (text.field.startsWith(QStringLiteral("functions[")))
+        if (text.field.startsWith("functions["))
             functionBytes += bytes;
         else
             sizes.append({bytes, text.field});
     }
-    sizes.append({functionBytes, QStringLiteral("functions")});
+    sizes.append({functionBytes, "functions"});
     std::stable_sort(sizes.begin(), sizes.end(),
                      [](const auto& left, const auto& right) { return left.first > right.first; });
     QStringList largest;
     for (const auto& size : sizes.mid(0, LargestTextsNamed))
         largest << QStringLiteral("%1 (%2 bytes)").arg(size.second).arg(size.first);
-    return largest.join(QStringLiteral(", "));
+    return largest.join(", ");
 }

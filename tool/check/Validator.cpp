@@ -14,6 +14,9 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 QString hex(quint32 word)
@@ -33,24 +36,16 @@ const FcfLayout::NumberField& numberOf(qint32 FcfHeader::*value)
     Q_UNREACHABLE();
 }
 
-QStringList allModuleCodes()
-{
-    QStringList codes;
-    for (const auto& target : FcfTarget::Targets)
-        codes << QString::number(target.moduleCode);
-    codes.removeDuplicates();
-    return codes;
-}
-
-/// The device codes that go with \p moduleCode, for messages.
-QString deviceCodesOf(qint32 moduleCode)
+/// The codes of all modules, or of the devices of the module \p moduleCode, for messages.
+QStringList codes(std::optional<qint32> moduleCode = std::nullopt)
 {
     QStringList codes;
     for (const auto& target : FcfTarget::Targets) {
-        if (target.moduleCode == moduleCode)
-            codes << QString::number(target.deviceCode);
+        if (!moduleCode || target.moduleCode == moduleCode)
+            codes << QString::number(moduleCode ? target.deviceCode : target.moduleCode);
     }
-    return codes.join(QStringLiteral(", "));
+    codes.removeDuplicates();
+    return codes;
 }
 
 qint64 offsetOf(const HeaderPage& page, const QString& field)
@@ -80,18 +75,17 @@ void Validator::validate(const HeaderPage& page) const
     checkAgainstWriter(page);
     if (m_kind == Image && page.fillerBytes > 0)
         m_findings
-            ->note(m_file->label(), QStringLiteral("payload"),
+            ->note(m_file->label(), "payload",
                    QStringLiteral("ends here; %1 bytes of 0xFF follow, as in flash")
                        .arg(page.fillerBytes))
             .at(page.imageBytes());
     if (m_kind == Companion && m_file->size() > page.bytes)
-        invalid(QStringLiteral("page"), page.bytes,
-                QStringLiteral("a companion ends with its header page"),
+        invalid("page", page.bytes, "a companion ends with its header page",
                 QStringLiteral("%1 bytes").arg(page.bytes),
                 QStringLiteral("%1 bytes").arg(m_file->size()));
     if (page.bytes > FcfLayout::PageBytes && page.reading.textEnd <= FcfLayout::PageBytes)
         m_findings
-            ->note(m_file->label(), QStringLiteral("page"),
+            ->note(m_file->label(), "page",
                    QStringLiteral("the header page has %1 bytes, as its last filler unit goes "
                                   "beyond %2")
                        .arg(page.bytes)
@@ -102,12 +96,11 @@ void Validator::validate(const HeaderPage& page) const
 void Validator::checkSizes(const FcfHeader& header, qint64 bytes) const
 {
     if (bytes <= 0 || bytes > Checker::LargestBinary) {
-        invalid(QStringLiteral("binFileSize"), numberOf(&FcfHeader::binFileSize).offset,
-                QStringLiteral("the payload has %1 bytes, and a size field can tell 1 to %2")
+        invalid(&FcfHeader::binFileSize, header,
+                QStringLiteral("the payload has %1 bytes, and a size field can be 1 to %2")
                     .arg(bytes)
                     .arg(Checker::LargestBinary),
-                bytes == header.binFileSize ? QStringLiteral("1 or more") : QString::number(bytes),
-                QString::number(header.binFileSize));
+                bytes == header.binFileSize ? "1 or more" : QString::number(bytes));
         return;
     }
     FcfHeader sizes;
@@ -116,39 +109,31 @@ void Validator::checkSizes(const FcfHeader& header, qint64 bytes) const
                                          &FcfHeader::totalSize,  &FcfHeader::binPages,
                                          &FcfHeader::binBlocks,  &FcfHeader::binFileSize};
     for (const auto field : fields) {
-        const FcfLayout::NumberField& number = numberOf(field);
         if (header.*field != sizes.*field)
-            invalid(QLatin1String(number.name), number.offset,
+            invalid(field, header,
                     QStringLiteral("does not agree with a payload of %1 bytes").arg(bytes),
-                    QString::number(sizes.*field), QString::number(header.*field));
+                    QString::number(sizes.*field));
     }
 }
 
 void Validator::checkCodes(const FcfHeader& header) const
 {
-    const FcfLayout::NumberField& module = numberOf(&FcfHeader::moduleCode);
-    const FcfLayout::NumberField& device = numberOf(&FcfHeader::deviceCode);
-    const QStringList moduleCodes = allModuleCodes();
-    if (!moduleCodes.contains(QString::number(header.moduleCode)))
-        invalid(QLatin1String(module.name), module.offset, QStringLiteral("stands for no module"),
-                moduleCodes.join(QStringLiteral(" or ")), QString::number(header.moduleCode));
+    const bool isModule = std::any_of(
+        std::begin(FcfTarget::Targets), std::end(FcfTarget::Targets),
+        [&header](const auto& target) { return target.moduleCode == header.moduleCode; });
+    if (!isModule)
+        invalid(&FcfHeader::moduleCode, header, "is the code of no module", codes().join(" or "));
     else if (!FcfTarget::find(header.moduleCode, header.deviceCode))
-        invalid(QLatin1String(device.name), device.offset,
-                QStringLiteral("stands for no device of the module"),
-                QStringLiteral("one of %1").arg(deviceCodesOf(header.moduleCode)),
-                QString::number(header.deviceCode));
+        invalid(&FcfHeader::deviceCode, header, "is the code of no device of the module",
+                "one of " + codes(header.moduleCode).join(", "));
 
     for (const auto version : {&FcfHeader::versionMajor, &FcfHeader::versionMinor}) {
-        const FcfLayout::NumberField& number = numberOf(version);
         if (header.*version < 0)
-            invalid(QLatin1String(number.name), number.offset, QStringLiteral("is negative"),
-                    QStringLiteral("0 or more"), QString::number(header.*version));
+            invalid(version, header, "is negative", "0 or more");
     }
-    const FcfLayout::NumberField& slot = numberOf(&FcfHeader::configNumber);
     if (header.configNumber < FcfTarget::FirstSlot || header.configNumber > FcfTarget::LastSlot)
-        invalid(QLatin1String(slot.name), slot.offset, QStringLiteral("is no flash slot"),
-                QStringLiteral("%1 to %2").arg(FcfTarget::FirstSlot).arg(FcfTarget::LastSlot),
-                QString::number(header.configNumber));
+        invalid(&FcfHeader::configNumber, header, "is no flash slot",
+                QStringLiteral("%1 to %2").arg(FcfTarget::FirstSlot).arg(FcfTarget::LastSlot));
 }
 
 void Validator::checkReservedWords(const QVector<quint32>& words) const
@@ -156,9 +141,8 @@ void Validator::checkReservedWords(const QVector<quint32>& words) const
     int offset = FcfLayout::NumberCount * FcfLayout::WordBytes;
     for (int index = 0; index < words.size(); ++index, offset += FcfLayout::WordBytes) {
         if (words.at(index) != FcfLayout::ReservedWord)
-            invalid(QStringLiteral("reserved[%1]").arg(index), offset,
-                    QStringLiteral("is no reserved word"), hex(FcfLayout::ReservedWord),
-                    hex(words.at(index)));
+            invalid(QStringLiteral("reserved[%1]").arg(index), offset, "is no reserved word",
+                    hex(FcfLayout::ReservedWord), hex(words.at(index)));
     }
 }
 
@@ -167,25 +151,22 @@ void Validator::checkTexts(const HeaderPage& page) const
     const FcfHeader& header = page.reading.header;
     for (const TextRules::Breach& breach : TextRules::brokenRecords(header))
         invalid(breach.field, offsetOf(page, breach.field), breach.reason,
-                QStringLiteral("a text that a reader takes whole"), breach.value);
+                "a text that a reader takes whole", breach.value);
 
     for (const TextRules::Breach& breach :
          TextRules::swallowedFunctions(header) + TextRules::unprintable(header))
         m_findings->note(m_file->label(), breach.field, breach.reason)
             .at(offsetOf(page, breach.field));
 
-    static const QRegularExpression time(
-        QStringLiteral("^([01][0-9]|2[0-3]):[0-5][0-9]:[0-5][0-9]\\z"));
-    const QString timeField = QStringLiteral("time");
+    static const QRegularExpression time("^([01][0-9]|2[0-3]):[0-5][0-9]:[0-5][0-9]\\z");
+    const QString timeField = "time";
     if (!time.match(header.time).hasMatch())
-        invalid(timeField, offsetOf(page, timeField), QStringLiteral("is no time of day"),
-                QStringLiteral("HH:MM:SS"), header.time);
+        invalid(timeField, offsetOf(page, timeField), "is no time of day", "HH:MM:SS", header.time);
 
     const QString name = QFileInfo(m_file->path()).fileName();
-    const QString nameField = QStringLiteral("fileName");
+    const QString nameField = "fileName";
     if (m_kind == Image && !m_file->isStandardInput() && header.fileName != name)
-        m_findings
-            ->note(m_file->label(), nameField, QStringLiteral("the file has another name by now"))
+        m_findings->note(m_file->label(), nameField, "the file has another name by now")
             .at(offsetOf(page, nameField))
             .comparing(name, header.fileName);
 }
@@ -194,8 +175,7 @@ void Validator::checkFiller(const HeaderPage& page) const
 {
     const int textEnd = page.reading.textEnd;
     if (textEnd > FcfLayout::PageBytes) {
-        invalid(QStringLiteral("text"), FcfLayout::PageBytes,
-                QStringLiteral("the text does not fit in the header page"),
+        invalid("text", FcfLayout::PageBytes, "the text does not fit in the header page",
                 QStringLiteral("%1 bytes").arg(FcfLayout::PageBytes),
                 QStringLiteral("%1 bytes").arg(textEnd));
         return;
@@ -203,8 +183,7 @@ void Validator::checkFiller(const HeaderPage& page) const
     const QByteArray filler = FcfWriter(m_codec).fillerFor(textEnd);
     const auto found = bytesAt(*m_file, textEnd, filler.size());
     if (found)
-        compare(QStringLiteral("filler"), textEnd,
-                QStringLiteral("is not what fills a header page"), filler, *found);
+        compare("filler", textEnd, "is not what fills a header page", filler, *found);
 }
 
 /// Catches what no single check above is about, such as blanks that a writer leaves out.
@@ -216,31 +195,31 @@ void Validator::checkAgainstWriter(const HeaderPage& page) const
     const QByteArray written = FcfWriter(m_codec).compose(page.reading.header);
     const auto found = bytesAt(*m_file, textStart, page.reading.textEnd - textStart);
     if (found)
-        compare(QStringLiteral("text"), textStart,
-                QStringLiteral("is not what a writer writes for the same texts"),
+        compare("text", textStart, "is not what a writer writes for the same texts",
                 written.mid(textStart), *found);
 }
 
-void Validator::compareBinary(const HeaderPage& page, const InputFile& binary,
+void Validator::compareBinary(const HeaderPage& page, const Region& binary,
                               const CopyObserver& observe) const
 {
     if (m_kind == Companion) {
-        checkSizes(page.reading.header, binary.size());
+        checkSizes(page.reading.header, binary.bytes);
         return;
     }
-    if (page.payloadBytes != binary.size())
-        invalid(QStringLiteral("payload"), page.bytes,
-                QStringLiteral("has not the length of %1").arg(shownText(binary.label())),
-                QStringLiteral("%1 bytes").arg(binary.size()),
+    const QString payload = "payload";
+    const QString label = shownText(binary.file->label());
+    if (page.payloadBytes != binary.bytes)
+        invalid(payload, page.bytes, QStringLiteral("has not the length of %1").arg(label),
+                QStringLiteral("%1 bytes").arg(binary.bytes),
                 QStringLiteral("%1 bytes").arg(page.payloadBytes));
     const auto difference = m_findings->valueOf(
         FileCompare::compare({m_file, page.bytes, page.payloadBytes, nullptr}, binary, observe));
-    if (difference && *difference)
-        invalid(QStringLiteral("payload"), (*difference)->offset,
+    if (difference && difference->count > 0)
+        invalid(payload, page.bytes + difference->offset,
                 QStringLiteral("is not %1, of which this is offset %2")
-                    .arg(shownText(binary.label()))
-                    .arg((*difference)->offset - page.bytes),
-                (*difference)->expected, (*difference)->found);
+                    .arg(label)
+                    .arg(binary.offset + difference->offset),
+                difference->expected, difference->found);
 }
 
 void Validator::compareCompanion(const HeaderPage& page, const InputFile& companion) const
@@ -248,7 +227,7 @@ void Validator::compareCompanion(const HeaderPage& page, const InputFile& compan
     const auto own = bytesAt(*m_file, 0, page.bytes);
     const auto other = bytesAt(companion, 0, page.bytes + 1);
     if (own && other)
-        compare(QStringLiteral("header"), 0,
+        compare("header", 0,
                 QStringLiteral("is not the companion %1").arg(shownText(companion.label())), *other,
                 *own);
 }
@@ -266,6 +245,14 @@ std::optional<QByteArray> Validator::bytesAt(const InputFile& file, qint64 offse
                                              qint64 bytes) const
 {
     return m_findings->valueOf(file.bytesAt(offset, bytes));
+}
+
+void Validator::invalid(qint32 FcfHeader::*number, const FcfHeader& header, const QString& reason,
+                        const QString& expected) const
+{
+    const FcfLayout::NumberField& field = numberOf(number);
+    invalid(QLatin1String(field.name), field.offset, reason, expected,
+            QString::number(header.*number));
 }
 
 void Validator::invalid(const QString& field, qint64 offset, const QString& reason,

@@ -33,7 +33,7 @@ public:
 
     /// Checks the payload against \p binary byte for byte, and calls \p observe for each part; of a
     /// companion, the sizes.
-    void compareBinary(const HeaderPage& page, const InputFile& binary,
+    void compareBinary(const HeaderPage& page, const Region& binary,
                        const CopyObserver& observe) const;
 
     /// Checks the header page against \p companion byte for byte.
@@ -46,6 +46,8 @@ private:
     void checkTexts(const HeaderPage& page) const;
     void checkFiller(const HeaderPage& page) const;
     void checkAgainstWriter(const HeaderPage& page) const;
+    void invalid(qint32 FcfHeader::*number, const FcfHeader& header, const QString& reason,
+                 const QString& expected) const;
     void invalid(const QString& field, qint64 offset, const QString& reason,
                  const QString& expected, const QString& found) const;
 

@@ -16,14 +16,6 @@ std::string valueOf(const std::string& argument)
 // The arguments are taken as they are. A conversion to a type of ours would read braces and percent
 // signs in them as lists.
 
-CLI::callback_t takeLast(std::string* value)
-{
-    return [value](const CLI::results_t& results) {
-        *value = valueOf(results.back());
-        return true;
-    };
-}
-
 CLI::callback_t takeAll(std::vector<std::string>* values)
 {
     return [values](const CLI::results_t& results) {
@@ -53,7 +45,8 @@ CLI::Option* Arguments::addOption(CLI::App* app, const char* name,
                                   const char* help)
 {
     const auto take = [value](const CLI::results_t& results) {
-        return takeLast(&value->emplace())(results);
+        *value = valueOf(results.back());
+        return true;
     };
     return app->add_option(name, take, help)->type_name(type);
 }
@@ -68,12 +61,6 @@ CLI::Option* Arguments::addRepeatedOption(CLI::App* app, const char* name, int c
         ->expected(1, CLI::detail::expected_max_vector_size)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
         ->allow_extra_args(false);
-}
-
-CLI::Option* Arguments::addOperand(CLI::App* app, const char* name, std::string* value,
-                                   const char* help)
-{
-    return app->add_option(name, takeLast(value), help)->required()->type_name("");
 }
 
 CLI::Option* Arguments::addOperands(CLI::App* app, const char* name,

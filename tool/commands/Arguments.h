@@ -20,7 +20,8 @@ std::string guarded(const std::string& argument);
 /// A message of the parser without the guards of the arguments in it.
 std::string unguarded(std::string message);
 
-/// Adds an option that takes one argument, whatever that looks like, and may be given once.
+/// Adds an option, or an operand, that takes one argument, whatever that looks like, and may be
+/// given once.
 CLI::Option* addOption(CLI::App* app, const char* name, std::optional<std::string>* value,
                        const char* type, const char* help);
 
@@ -28,9 +29,6 @@ CLI::Option* addOption(CLI::App* app, const char* name, std::optional<std::strin
 CLI::Option* addRepeatedOption(CLI::App* app, const char* name, int count,
                                std::vector<std::string>* values, const char* type,
                                const char* help);
-
-/// Adds an operand that must be given.
-CLI::Option* addOperand(CLI::App* app, const char* name, std::string* value, const char* help);
 
 /// Adds an operand that must be given at least once.
 CLI::Option* addOperands(CLI::App* app, const char* name, std::vector<std::string>* values,

@@ -7,17 +7,14 @@
 #include "tool/files/Copy.h"
 #include "tool/files/Digest.h"
 
+#include <QFileInfo>
+
 #include <CLI/CLI.hpp>
 
 namespace {
 
-const QString Field = QStringLiteral("digest");
-const QString ImageEnding = QStringLiteral(".fcf");
-
-bool isFile(const QString& path)
-{
-    return FileSystem::targetKindOf(path) == FileSystem::Kind::File;
-}
+const QString Field = "digest";
+const QString ImageEnding = ".fcf";
 
 /// Adds the error that \p lines, of the file \p path, have no digest of \p image.
 void refuseLines(const InputFile& image, const QByteArray& lines, const QString& path, Task* task)
@@ -26,7 +23,7 @@ void refuseLines(const InputFile& image, const QByteArray& lines, const QString&
         .error(ExitCode::NotValid, path, Field,
                QStringLiteral("holds no SHA-256 of \"%1\"").arg(shownText(image.label())))
         .at(0)
-        .comparing(QStringLiteral("a line of sha256sum for that name"),
+        .comparing("a line of sha256sum for that name",
                    QStringLiteral("none in %1 bytes").arg(lines.size()));
 }
 
@@ -56,8 +53,8 @@ void BesideFiles::checkCompanion(const Validator& validator, const InputFile& fi
     if (m_companion)
         path = task->path(*m_companion, "--companion");
     else if (!m_noCompanion && file.path().endsWith(ImageEnding))
-        path = file.path().chopped(ImageEnding.size()) + QStringLiteral(".txt");
-    if (!path || (!m_companion && !isFile(*path)))
+        path = file.path().chopped(ImageEnding.size()) + ".txt";
+    if (!path || (!m_companion && !QFileInfo(*path).isFile()))
         return;
     if (const auto companion = task->open(*path, Validator::LargestFile, "--companion"))
         validator.compareCompanion(page, *companion);
@@ -68,20 +65,18 @@ std::optional<QString> BesideFiles::digestPath(const InputFile& image, Task* tas
     if (m_digest)
         return task->path(*m_digest, "--digest");
     const QString path = Digest::pathFor(image.path());
-    if (!m_noDigest && !image.isStandardInput() && isFile(path))
+    if (!m_noDigest && !image.isStandardInput() && QFileInfo(path).isFile())
         return path;
     if (m_requireDigest)
         task->findings.error(ExitCode::NotValid, image.label(), Field,
-                             QStringLiteral("is required, and there is none"));
+                             "is required, and there is none");
     return std::nullopt;
 }
 
 bool BesideFiles::checkDigest(const InputFile& image, const HeaderPage& page, Task* task) const
 {
     const std::optional<QString> path = digestPath(image, task);
-    const auto file = path ? task->open(*path, Digest::MaximumBytes, "digest") : std::nullopt;
-    const auto lines =
-        file ? task->findings.valueOf(file->bytesAt(0, Digest::MaximumBytes)) : std::nullopt;
+    const auto lines = path ? task->bytesOf(*path, Digest::MaximumBytes, "digest") : std::nullopt;
     if (!lines)
         return false;
     const bool hasName = !image.isStandardInput();
@@ -96,7 +91,7 @@ bool BesideFiles::checkDigest(const InputFile& image, const HeaderPage& page, Ta
         refuseLines(image, *lines, *path, task);
         return false;
     }
-    const CopyObserver progress = task->progress(QStringLiteral("verify"), image.size());
+    const CopyObserver progress = task->progress("verify", image.size());
     auto found = task->findings.valueOf(Digest::of({&image, 0, image.size(), nullptr}, progress));
     if (found && page.fillerBytes > 0 && !expected.contains(*found))
         found =
@@ -104,7 +99,7 @@ bool BesideFiles::checkDigest(const InputFile& image, const HeaderPage& page, Ta
     if (!found)
         return false;
     if (mayBeRenamed && *found == expected.first())
-        task->findings.note(*path, Field, QStringLiteral("is of a file with another name"));
+        task->findings.note(*path, Field, "is of a file with another name");
     else if (mayBeRenamed)
         refuseLines(image, *lines, *path, task);
     for (const QByteArray& digest : mayBeRenamed ? QList<QByteArray>() : expected) {

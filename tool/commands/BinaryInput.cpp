@@ -10,35 +10,54 @@
 
 namespace {
 
-const QString Field = QStringLiteral("payload");
+const QString Field = "payload";
 
 } // namespace
 
-void BinaryInput::declare(CLI::App* app)
+void BinaryInput::declareOperand(CLI::App* app)
 {
-    Arguments::addOperand(app, "BIN", &m_path,
-                          "the binary, or a .bit file, whose header is left out; - is standard "
-                          "input");
-    Arguments::addOption(app, "--swap", &m_swap, "bits|bytes|halfwords",
-                         "swap the bits of each byte, or the bytes or halfwords of each word; "
-                         "several with commas");
+    Arguments::addOption(app, m_name, &m_path, "",
+                         "the binary, or a .bit file, whose header is left out; - is standard "
+                         "input (required)")
+        ->required();
+    declareSwap(app);
 }
 
-QString BinaryInput::label() const { return InputFile::labelOf(QFile::decodeName(m_path.c_str())); }
+void BinaryInput::declareOption(CLI::App* app)
+{
+    m_name = "--bin";
+    Arguments::addOption(app, m_name, &m_path, "BIN",
+                         "the binary that the payload must be, or a .bit file, whose header is "
+                         "left out");
+    declareSwap(app);
+}
+
+void BinaryInput::declareSwap(CLI::App* app)
+{
+    Arguments::addOption(app, "--swap", &m_swap, "bits|bytes|halfwords",
+                         "swap the bits of each byte, or the bytes or halfwords of each word of "
+                         "the binary; several with commas (default: none)");
+}
+
+QString BinaryInput::label() const
+{
+    return InputFile::labelOf(QFile::decodeName(m_path.value_or("").c_str()));
+}
 
 std::optional<InputFile> BinaryInput::open(Task* task)
 {
     readSwap(task);
-    const std::optional<QString> path = task->path(m_path, "BIN");
-    auto file = path ? task->open(*path, Checker::LargestBinary, "BIN") : std::nullopt;
+    const std::optional<QString> path = task->path(*m_path, m_name);
+    auto file = path ? task->open(*path, Checker::LargestBinary, m_name) : std::nullopt;
     const auto start =
         file ? task->findings.valueOf(file->bytesAt(0, PayloadKind::StartBytes)) : std::nullopt;
     if (!start)
         return std::nullopt;
     readContainer(*file, *start, task);
-    Checker(&task->findings, file->label()).checkBinarySize(payload(*file).bytes);
-    if (payload(*file).bytes > 0)
-        check(*file, task);
+    const qint64 bytes = payload(*file).bytes;
+    if (bytes % FcfLayout::WordBytes != 0 && PayloadKind::needsWholeWords(m_swaps))
+        refuse("--swap", QStringLiteral("needs whole words, but there are %1 bytes").arg(bytes),
+               task);
     return file;
 }
 
@@ -69,11 +88,11 @@ void BinaryInput::readContainer(const InputFile& file, const QByteArray& start, 
                                                    {"time", time},
                                                    {"headerBytes", headerBytes}};
     if (payloadBytes != file.size() - headerBytes)
-        task->findings.error(
-            ExitCode::Refused, file.label(), Field,
-            QStringLiteral("the container is of %1 bytes, but %2 follow its header")
-                .arg(payloadBytes)
-                .arg(file.size() - headerBytes));
+        refuse(Field,
+               QStringLiteral("the container is of %1 bytes, but %2 follow its header")
+                   .arg(payloadBytes)
+                   .arg(file.size() - headerBytes),
+               task);
 }
 
 void BinaryInput::readSwap(Task* task)
@@ -83,8 +102,8 @@ void BinaryInput::readSwap(Task* task)
         return;
     const auto swaps = PayloadKind::swapsOf(*text);
     if (!swaps) {
-        task->findings.error(
-            ExitCode::Refused, QString(), QStringLiteral("--swap"),
+        task->refuse(
+            "--swap",
             QStringLiteral("\"%1\" is none of bits, bytes and halfwords").arg(shownText(*text)));
         return;
     }
@@ -96,23 +115,25 @@ void BinaryInput::readSwap(Task* task)
 void BinaryInput::check(const InputFile& file, Task* task) const
 {
     const Region region = payload(file);
-    const auto start = task->findings.valueOf(region.start(PayloadKind::StartBytes));
-    const QString complaint = start ? PayloadKind::complaint(*start) : QString();
-    const bool isWhole = region.bytes % FcfLayout::WordBytes == 0;
-    if (start && PayloadKind::isImage(*start))
-        task->findings.error(ExitCode::Refused, file.label(), Field,
-                             QStringLiteral("is an FCF image already: extract it first"));
+    Checker(&task->findings, file.label()).checkBinarySize(region.bytes);
+    const auto start = task->findings.valueOf(region.bytesAt(0, PayloadKind::StartBytes));
+    if (!start || start->isEmpty())
+        return;
+    const QString complaint = PayloadKind::complaint(*start);
+    if (PayloadKind::isImage(*start))
+        refuse(Field, "is an FCF image already: extract it first", task);
     else if (!complaint.isEmpty())
         task->findings.warning(file.label(), Field, complaint);
-    if (!isWhole && PayloadKind::needsWholeWords(m_swaps))
-        task->findings.error(
-            ExitCode::Refused, file.label(), QStringLiteral("--swap"),
-            QStringLiteral("needs whole words, but there are %1 bytes").arg(region.bytes));
-    else if (!isWhole)
+    if (region.bytes % FcfLayout::WordBytes != 0 && !PayloadKind::needsWholeWords(m_swaps))
         note(QStringLiteral("has %1 bytes, which is no multiple of %2")
                  .arg(region.bytes)
                  .arg(FcfLayout::WordBytes),
              task);
+}
+
+void BinaryInput::refuse(const QString& field, const QString& reason, Task* task) const
+{
+    task->findings.error(ExitCode::Refused, label(), field, reason);
 }
 
 void BinaryInput::note(const QString& text, Task* task) const

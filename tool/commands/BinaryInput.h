@@ -18,25 +18,33 @@ class App;
 /// and with its words swapped, if that was asked for.
 class BinaryInput {
 public:
-    void declare(CLI::App* app);
+    /// As an operand that must be given, or as the option --bin.
+    void declareOperand(CLI::App* app);
+    void declareOption(CLI::App* app);
+
+    bool isGiven() const { return m_path.has_value(); }
 
     /// What messages call it.
     QString label() const;
 
-    /// Opens it and checks what is in it; all that is done to it is noted. Returns nothing if it
-    /// cannot be used.
+    /// Opens it; what is done to it is noted. Returns nothing if it cannot be used.
     std::optional<InputFile> open(Task* task);
 
-    /// What of \p file, which is open, becomes the payload.
+    /// What of \p file, which is open, is the payload.
     Region payload(const InputFile& file) const;
 
+    /// Checks whether an image can be made of \p file, and whether it looks like a bitstream.
+    void check(const InputFile& file, Task* task) const;
+
 private:
+    void declareSwap(CLI::App* app);
     void readContainer(const InputFile& file, const QByteArray& start, Task* task);
     void readSwap(Task* task);
-    void check(const InputFile& file, Task* task) const;
+    void refuse(const QString& field, const QString& reason, Task* task) const;
     void note(const QString& text, Task* task) const;
 
-    std::string m_path;
+    std::optional<std::string> m_path;
+    const char* m_name = "BIN";
     std::optional<std::string> m_swap;
     std::optional<PayloadKind::Container> m_container;
     PayloadKind::Swaps m_swaps;

@@ -1,14 +1,16 @@
 #include "tool/commands/BuildOptions.h"
 
+#include "fcf/FcfTarget.h"
 #include "tool/base/Text.h"
 #include "tool/build/BuildJson.h"
 #include "tool/check/HeaderPage.h"
 #include "tool/commands/Arguments.h"
 #include "tool/commands/Command.h"
 
-#include <CLI/CLI.hpp>
+#include <QDir>
+#include <QFileInfo>
 
-#include <limits>
+#include <CLI/CLI.hpp>
 
 namespace {
 
@@ -23,12 +25,10 @@ constexpr int LargestDescriptionFile = 256 * 1024;
 std::optional<QByteArray> wholeFile(const QString& path, qint64 limit, const char* option,
                                     Task* task)
 {
-    const std::optional<InputFile> file = task->open(path, limit, option);
-    if (!file)
-        return std::nullopt;
-    if (file->size() <= limit)
-        return task->findings.valueOf(file->bytesAt(0, file->size()));
-    task->findings.error(ExitCode::Refused, file->label(), QLatin1String(option),
+    auto bytes = task->bytesOf(path, limit + 1, option);
+    if (!bytes || bytes->size() <= limit)
+        return bytes;
+    task->findings.error(ExitCode::Refused, InputFile::labelOf(path), QLatin1String(option),
                          QStringLiteral("has more than %1 bytes").arg(limit));
     return std::nullopt;
 }
@@ -42,7 +42,17 @@ std::optional<QString> textOfFile(const QString& path, const char* option, Task*
     // How editors on other systems mark the file and end its lines is no part of the text.
     if (text->startsWith(QChar::ByteOrderMark))
         text->remove(0, 1);
-    return text->replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    return text->replace("\r\n", "\n");
+}
+
+/// The build of the recipe at \p path, with the text of the file that it names.
+Build withDescription(Build build, const QString& path, Task* task)
+{
+    if (!build.descriptionFile)
+        return build;
+    const QString file = QFileInfo(path).dir().filePath(*build.descriptionFile);
+    build.description = textOfFile(file, "descriptionFile", task);
+    return build;
 }
 
 /// Reads the arguments of one option each into a build.
@@ -68,7 +78,8 @@ public:
         const auto text = m_task->text(argument, field.option);
         m_build->*field.value = text ? wholeNumber(*text) : std::nullopt;
         if (text && !(m_build->*field.value))
-            refuse(field.option, QStringLiteral("\"%1\" is not a number"), *text);
+            m_task->refuse(field.option,
+                           QStringLiteral("\"%1\" is not a number").arg(shownText(*text)));
     }
 
     void read(const std::string& argument, const BuildField<Version>& field)
@@ -76,7 +87,9 @@ public:
         const auto text = m_task->text(argument, field.option);
         m_build->*field.value = text ? Version::of(*text) : std::nullopt;
         if (text && !(m_build->*field.value))
-            refuse(field.option, QStringLiteral("\"%1\" is not two numbers like 1.12"), *text);
+            m_task->refuse(
+                field.option,
+                QStringLiteral("\"%1\" is not two numbers like 1.12").arg(shownText(*text)));
     }
 
     /// Functions have several arguments each.
@@ -99,12 +112,6 @@ public:
     }
 
 private:
-    void refuse(const char* option, const QString& reason, const QString& text)
-    {
-        m_task->findings.error(ExitCode::Refused, QString(), QLatin1String(option),
-                               reason.arg(shownText(text)));
-    }
-
     Build* m_build;
     Task* m_task;
 };
@@ -119,8 +126,15 @@ void BuildOptions::declare(CLI::App* app)
                                          field.type, field.help);
         else
             Arguments::addOption(app, field.option == SlotOption ? SlotNames : field.option,
-                                 &m_given[field.name], field.type, field.help);
+                                 &m_given[field.name], field.type, field.help)
+                ->group(field.isRequired ? "Required, unless --like gives it" : "Options");
     });
+    std::string footer = "Modules and their devices:\n";
+    for (const QString& module : FcfTarget::modules())
+        footer += QStringLiteral("  %1: %2\n")
+                      .arg(module, FcfTarget::devicesOf(module).join(", "))
+                      .toStdString();
+    app->footer(footer + '\n');
     Arguments::addOption(app, "--like", &m_like, "FILE",
                          "take what is not given from an image (.fcf), a companion (.txt) or a "
                          "recipe (.json; - is a recipe on standard input)");
@@ -164,27 +178,29 @@ std::optional<Build> BuildOptions::like(Task* task) const
     if (!path)
         return std::nullopt;
 
-    if (*path == StandardStream || path->endsWith(QStringLiteral(".json"))) {
+    if (*path == StandardStream || path->endsWith(".json")) {
         const auto json = wholeFile(*path, BuildJson::MaximumRecipeBytes, option, task);
         if (!json)
             return std::nullopt;
         const auto build = BuildJson::readRecipe(*json, InputFile::labelOf(*path));
         if (build)
-            return *build;
+            return withDescription(*build, *path, task);
         for (const Finding& error : build.error())
             task->findings.add(error);
         return std::nullopt;
     }
-    if (path->endsWith(QStringLiteral(".fcf")) || path->endsWith(QStringLiteral(".txt"))) {
+    if (path->endsWith(".fcf") || path->endsWith(".txt")) {
         // An image may be made anew from what it says itself.
-        const auto file = task->findings.valueOf(task->inputs.open(
-            *path, std::numeric_limits<qint32>::max(), QLatin1String(option), Inputs::Replaceable));
-        const auto page =
-            file ? task->findings.valueOf(HeaderPage::read(*file, task->codec, ExitCode::Refused))
-                 : std::nullopt;
-        return page ? std::optional<Build>(Build::of(page->reading.header)) : std::nullopt;
+        return task->findings.valueOf(
+            task->inputs
+                .open(*path, FcfExactReader::MaximumBytes, QLatin1String(option),
+                      Inputs::Replaceable)
+                .and_then([task](const InputFile& file) {
+                    return HeaderPage::read(file, task->codec, ExitCode::Refused);
+                })
+                .map([](const HeaderPage& page) { return Build::of(page.reading.header); }));
     }
     task->findings.error(ExitCode::Refused, *path, QLatin1String(option),
-                         QStringLiteral("the name ends with neither .fcf, .txt nor .json"));
+                         "the name ends with neither .fcf, .txt nor .json");
     return std::nullopt;
 }

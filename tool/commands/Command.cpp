@@ -1,9 +1,12 @@
 #include "tool/commands/Command.h"
 
 #include "tool/base/Text.h"
+#include "tool/check/Validator.h"
 #include "tool/console/Console.h"
 
-Task::Task(const Environment* world, const char* command)
+#include <CLI/CLI.hpp>
+
+Task::Task(const Environment* world, const std::string& command)
     : environment(*world), codec(world->codec), report(command),
       inputs(world->in, [this](const QString& label) { return progress(label, Progress::Unknown); })
 {
@@ -31,10 +34,33 @@ std::optional<InputFile> Task::open(const QString& path, qint64 limit, const cha
     return findings.valueOf(inputs.open(path, limit, QLatin1String(field)));
 }
 
-std::optional<FcfFile> Task::openFcf(const QString& path, qint64 limit, const char* field)
+std::optional<QByteArray> Task::bytesOf(const QString& path, qint64 limit, const char* field)
 {
-    auto file = open(path, limit, field);
+    return findings.valueOf(
+        inputs.open(path, limit, QLatin1String(field)).and_then([limit](const InputFile& file) {
+            return file.bytesAt(0, limit);
+        }));
+}
+
+void Task::refuse(const char* option, const QString& reason)
+{
+    findings.error(ExitCode::Refused, QString(), QLatin1String(option), reason);
+}
+
+std::optional<FcfFile> Task::openFcf(const std::string& argument, Reach reach, ExitCode ifBad,
+                                     HeaderPage::Bytes bytes)
+{
+    const qint64 limit = reach == Whole ? Validator::LargestFile : FcfExactReader::MaximumBytes;
+    const std::optional<QString> name = path(argument, "FILE");
+    auto file = name ? open(*name, limit, "FILE") : std::nullopt;
     auto page =
-        file ? findings.valueOf(HeaderPage::read(*file, codec, ExitCode::NotValid)) : std::nullopt;
-    return page ? std::optional<FcfFile>({std::move(*file), std::move(*page)}) : std::nullopt;
+        file ? findings.valueOf(HeaderPage::read(*file, codec, ifBad, bytes)) : std::nullopt;
+    if (!page || (reach == Whole && !findings.accept(page->measure(*file))))
+        return std::nullopt;
+    return FcfFile{std::move(*file), std::move(*page)};
+}
+
+Command::Command(CLI::App* parent, const char* name, const char* summary)
+    : app(parent->add_subcommand(name, summary)->group("Commands"))
+{
 }

@@ -23,7 +23,7 @@ struct FcfFile {
 /// Only commands see all of it.
 struct Task {
     /// \p environment does not become its own.
-    Task(const Environment* environment, const char* command);
+    Task(const Environment* environment, const std::string& command);
 
     /// What shows that \p label goes on, for \p total bytes.
     CopyObserver progress(const QString& label, qint64 total) const;
@@ -33,7 +33,15 @@ struct Task {
     std::optional<QString> path(const std::string& argument, const char* option);
     /// As Inputs::open().
     std::optional<InputFile> open(const QString& path, qint64 limit, const char* field);
-    std::optional<FcfFile> openFcf(const QString& path, qint64 limit, const char* field);
+    /// Up to \p limit bytes of the file at \p path.
+    std::optional<QByteArray> bytesOf(const QString& path, qint64 limit, const char* field);
+    /// Adds the error that the argument of \p option is refused.
+    void refuse(const char* option, const QString& reason);
+    /// The image or companion that the operand FILE names. Of a whole one the payload is measured.
+    enum Reach { PageOnly, Whole };
+    std::optional<FcfFile> openFcf(const std::string& argument, Reach reach,
+                                   ExitCode ifBad = ExitCode::NotValid,
+                                   HeaderPage::Bytes bytes = HeaderPage::Exact);
 
     const Environment& environment;
     QTextCodec* const codec;
@@ -45,27 +53,28 @@ struct Task {
 /// One command of the tool: its arguments, and what it does.
 class Command {
 public:
-    Command() = default;
+    /// Adds the command to \p parent, which fills its arguments into this object and owns app.
+    Command(CLI::App* parent, const char* name, const char* summary);
     virtual ~Command() = default;
     Command(const Command&) = delete;
     Command& operator=(const Command&) = delete;
 
-    virtual const char* name() const = 0;
-    virtual const char* summary() const = 0;
-
-    /// Adds the command's own arguments to \p app, which fills them into this object.
-    virtual void declare(CLI::App* app) = 0;
-
     /// Does it. Whatever is to be said goes to \p task.
     virtual void run(Task* task) = 0;
+
+    CLI::App* const app;
 };
 
-std::unique_ptr<Command> createCommand();
-std::unique_ptr<Command> showCommand();
-std::unique_ptr<Command> verifyCommand();
-std::unique_ptr<Command> extractCommand();
-std::unique_ptr<Command> recipeCommand();
-std::unique_ptr<Command> diffCommand();
-std::unique_ptr<Command> digestCommand();
+using CommandPointer = std::unique_ptr<Command>;
+using CommandFactory = CommandPointer (*)(CLI::App* parent);
+
+CommandPointer createCommand(CLI::App* parent);
+CommandPointer showCommand(CLI::App* parent);
+CommandPointer listCommand(CLI::App* parent);
+CommandPointer verifyCommand(CLI::App* parent);
+CommandPointer extractCommand(CLI::App* parent);
+CommandPointer recipeCommand(CLI::App* parent);
+CommandPointer diffCommand(CLI::App* parent);
+CommandPointer digestCommand(CLI::App* parent);
 
 #endif

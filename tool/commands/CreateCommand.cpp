@@ -3,7 +3,6 @@
 #include "fcf/PelkFcfGeneratorFileInfo.h"
 #include "tool/base/Text.h"
 #include "tool/build/BuildJson.h"
-#include "tool/build/Stamp.h"
 #include "tool/check/Checker.h"
 #include "tool/check/HeaderPage.h"
 #include "tool/check/Validator.h"
@@ -11,10 +10,8 @@
 #include "tool/commands/BinaryInput.h"
 #include "tool/commands/BuildOptions.h"
 #include "tool/commands/Command.h"
-#include "tool/commands/Outputs.h"
-#include "tool/files/Copy.h"
-#include "tool/files/Digest.h"
-#include "tool/files/OutputFiles.h"
+#include "tool/commands/ImageFiles.h"
+#include "tool/commands/Stamp.h"
 
 #include <CLI/CLI.hpp>
 
@@ -28,12 +25,31 @@ QByteArray pageOf(const FcfHeader& header, QTextCodec* codec)
     return page + writer.fillerFor(page.size());
 }
 
+qint64 upToMultiple(qint64 bytes, qint64 unit) { return (unit - bytes % unit) % unit; }
+
+/// How many bytes of 0xFF go behind an image of \p imageBytes bytes for the argument \p padTo.
+Result<qint64> fillerBytes(const std::optional<std::string>& padTo, qint64 imageBytes)
+{
+    if (!padTo)
+        return 0;
+    if (*padTo == "page")
+        return upToMultiple(imageBytes, FcfLayout::PageBytes);
+    if (*padTo == "block")
+        return upToMultiple(imageBytes, qint64(FcfLayout::PageBytes) * FcfLayout::BlockPages);
+    const QString text = QString::fromLocal8Bit(padTo->c_str());
+    const qint32 bytes = wholeNumber(text).value_or(0);
+    if (bytes > 0 && bytes >= imageBytes)
+        return bytes - imageBytes;
+    return failure(ExitCode::Refused, QString(), "--pad-to",
+                   bytes > 0 ? QStringLiteral("the image has %1 bytes already").arg(imageBytes)
+                             : QStringLiteral("\"%1\" is neither page, block nor a number of bytes")
+                                   .arg(shownText(text)));
+}
+
 /// Makes an image and its companion of a binary.
 class CreateCommand : public Command {
 public:
-    const char* name() const override { return "create"; }
-    const char* summary() const override { return "Make an image and its companion of a binary"; }
-    void declare(CLI::App* app) override;
+    explicit CreateCommand(CLI::App* parent);
     void run(Task* task) override;
 
 private:
@@ -41,45 +57,37 @@ private:
     void guard(const Outputs& outputs, Task* task) const;
     FcfHeader header(const Build& build, qint64 binaryBytes, const QString& imageName,
                      Task* task) const;
-    void stamp(FcfHeader* header, Task* task) const;
-    Status write(const QByteArray& page, const Region& payload, const Outputs& outputs, Task* task);
-    qint64 fillerBytes(qint64 imageBytes) const;
-    void readPadTo(qint64 imageBytes, Task* task);
-    bool isUnchanged(FcfHeader* header, const Region& payload, const Outputs& outputs, Task* task);
-    void report(const FcfHeader& header, const Outputs& outputs, bool isWritten, Task* task) const;
+    std::optional<QByteArray> digestIfUnchanged(FcfHeader* header, ImageFiles image,
+                                                QTextCodec* codec) const;
+    static void report(const FcfHeader& header, const ImageFiles& image, const QByteArray& digest,
+                       bool isWritten, Task* task);
 
     BuildOptions m_build;
     BinaryInput m_binary;
+    Stamp m_stamp;
     std::optional<std::string> m_output;
-    std::optional<std::string> m_dateTime;
-    std::optional<std::string> m_dateFormat;
+    std::optional<std::string> m_padTo;
     bool m_noCompanion = false;
     bool m_digest = false;
     bool m_force = false;
     bool m_strict = false;
     bool m_ifChanged = false;
-    std::optional<std::string> m_padTo;
-    /// 0 for none.
-    qint64 m_padToBytes = 0;
-    bool m_isPadMultiple = false;
-    QByteArray m_imageDigest;
 };
 
-void CreateCommand::declare(CLI::App* app)
+CreateCommand::CreateCommand(CLI::App* parent)
+    : Command(parent, "create", "Make an image and its companion of a binary")
 {
-    m_binary.declare(app);
+    m_binary.declareOperand(app);
     m_build.declare(app);
     Arguments::addOption(app, "-o,--output", &m_output, "FILE",
-                         "the image, its name ending with .fcf; - is standard output");
-    Arguments::addOption(
-        app, "--date-time", &m_dateTime, "YYYY-MM-DDTHH:MM:SS",
-        "the date and time in the header, in place of SOURCE_DATE_EPOCH or the clock");
-    Arguments::addOption(app, "--date-format", &m_dateFormat, "locale|iso",
-                         "how the date is written");
+                         "the image, its name ending with .fcf; - is standard output (default: "
+                         "BIN with .fcf in place of .bin)");
+    m_stamp.declare(app);
     app->add_flag("--no-companion", m_noCompanion, "write no companion (.txt)");
     app->add_flag("--digest", m_digest, "write the image's SHA-256 beside it (.fcf.sha256)");
     Arguments::addOption(app, "--pad-to", &m_padTo, "page|block|BYTES",
-                         "fill the image with 0xFF to the end of a page or block, or to a size");
+                         "fill the image with 0xFF to the end of a page or block, or to a size "
+                         "(default: no filling)");
     app->add_flag("--if-changed", m_ifChanged,
                   "replace outputs that exist, but leave them untouched where nothing but date and "
                   "time would change");
@@ -92,24 +100,33 @@ void CreateCommand::run(Task* task)
     task->findings.setSubject(m_binary.label());
     const Build build = m_build.build(task);
     const std::optional<InputFile> binary = m_binary.open(task);
-    const std::optional<Outputs> outputs = binary ? plan(*binary, task) : std::nullopt;
-    Checker(&task->findings, QString(), build.origins).checkBuild(build);
-    FcfHeader composed = header(build, binary ? m_binary.payload(*binary).bytes : 0,
-                                outputs ? outputs->imageName : QString(), task);
     if (binary)
-        readPadTo(pageOf(composed, task->codec).size() + m_binary.payload(*binary).bytes, task);
+        m_binary.check(*binary, task);
+    const std::optional<Outputs> outputs = binary ? plan(*binary, task) : std::nullopt;
+    const Region payload = binary ? m_binary.payload(*binary) : Region();
+    Checker(&task->findings, QString(), build.origins).checkBuild(build);
+    FcfHeader composed =
+        header(build, payload.bytes, outputs ? outputs->imageName : QString(), task);
+    ImageFiles image{outputs.value_or(Outputs()), !m_noCompanion, m_digest,
+                     pageOf(composed, task->codec), payload};
+    if (binary)
+        image.fillerBytes =
+            task->findings.valueOf(fillerBytes(m_padTo, image.page.size() + payload.bytes))
+                .value_or(0);
     if (m_strict)
         task->findings.promoteWarnings();
     if (task->findings.hasErrors())
         return;
-    const Region payload = m_binary.payload(*binary);
-    if (m_ifChanged && isUnchanged(&composed, payload, *outputs, task)) {
-        report(composed, *outputs, false, task);
+    if (const auto digest = digestIfUnchanged(&composed, image, task->codec)) {
+        report(composed, image, *digest, false, task);
         return;
     }
-    const QByteArray page = pageOf(composed, task->codec);
-    if (task->findings.accept(write(page, payload, *outputs, task)) && !outputs->toStandardOutput())
-        report(composed, *outputs, true, task);
+    QByteArray digest;
+    const Status written = image.write(
+        m_force || m_ifChanged ? OutputFiles::Replace : OutputFiles::Keep, task->environment.out,
+        task->progress("create", payload.bytes), task->report.json ? &digest : nullptr);
+    if (task->findings.accept(written) && !outputs->toStandardOutput())
+        report(composed, image, digest, true, task);
 }
 
 std::optional<Outputs> CreateCommand::plan(const InputFile& binary, Task* task) const
@@ -130,28 +147,27 @@ std::optional<Outputs> CreateCommand::plan(const InputFile& binary, Task* task) 
 
 void CreateCommand::guard(const Outputs& outputs, Task* task) const
 {
-    const OutputGuard guard(&task->inputs, m_force || m_ifChanged, &task->findings);
-    guard.guardStandardOutput(task->environment, outputs.toStandardOutput());
+    const bool isReplaced = m_force || m_ifChanged;
+    OutputGuard::guardStandardOutput(outputs.toStandardOutput(), task);
     if (outputs.toStandardOutput()) {
         const auto refuse = [task](const QString& reason) {
-            task->findings.error(ExitCode::Refused, StandardOutputLabel, QStringLiteral("--output"),
-                                 reason);
+            task->findings.error(ExitCode::Refused, StandardOutputLabel, "--output", reason);
         };
         if (!m_noCompanion)
-            refuse(QStringLiteral("takes the image alone: give --no-companion as well"));
+            refuse("takes the image alone: give --no-companion as well");
         if (m_digest || task->report.json)
-            refuse(QStringLiteral("takes the image alone: --digest and --json need a file"));
+            refuse("takes the image alone: --digest and --json need a file");
         return;
     }
-    guard.guard(outputs.image);
+    OutputGuard::guard(outputs.image, isReplaced, task);
     if (m_noCompanion)
-        guard.guardUnwritten(outputs.companion, "--no-companion");
+        OutputGuard::guardUnwritten(outputs.companion, "--no-companion", task);
     else
-        guard.guard(outputs.companion);
+        OutputGuard::guard(outputs.companion, isReplaced, task);
     if (m_digest)
-        guard.guard(outputs.digest);
+        OutputGuard::guard(outputs.digest, isReplaced, task);
     else
-        guard.guardUnwritten(outputs.digest, "--digest");
+        OutputGuard::guardUnwritten(outputs.digest, "--digest", task);
 }
 
 FcfHeader CreateCommand::header(const Build& build, qint64 binaryBytes, const QString& imageName,
@@ -161,157 +177,54 @@ FcfHeader CreateCommand::header(const Build& build, qint64 binaryBytes, const QS
     PelkFcfGeneratorFileInfo().measure(binaryBytes, &header);
     build.describe(&header);
     header.fileName = imageName;
-    stamp(&header, task);
+    m_stamp.apply(&header, task);
     Checker(&task->findings, QString(), build.origins).checkTexts(header, task->codec);
     return header;
 }
 
-/// With --date-time, else with SOURCE_DATE_EPOCH, else with the clock. Whatever is malformed is
-/// refused, used or not.
-void CreateCommand::stamp(FcfHeader* header, Task* task) const
+/// With --if-changed, if the outputs are there and differ from those that would be written in date
+/// and time at most. Then \p header gets theirs.
+std::optional<QByteArray> CreateCommand::digestIfUnchanged(FcfHeader* header, ImageFiles image,
+                                                           QTextCodec* codec) const
 {
-    Findings& findings = task->findings;
-    QDateTime moment = task->environment.clock();
-    if (const auto& source = task->environment.sourceDateEpoch)
-        moment = findings.valueOf(Stamp::sourceDate(*source)).value_or(moment);
-    if (const auto text = m_dateTime ? task->text(*m_dateTime, "--date-time") : std::nullopt)
-        moment = findings.valueOf(Stamp::given(*text)).value_or(moment);
-    header->stamp(moment);
-    const auto format = m_dateFormat ? task->text(*m_dateFormat, "--date-format") : std::nullopt;
-    if (format && findings.valueOf(Stamp::dateFormat(*format)) == Stamp::DateFormat::Iso)
-        header->date = moment.date().toString(Qt::ISODate);
-}
-
-Status CreateCommand::write(const QByteArray& page, const Region& payload, const Outputs& outputs,
-                            Task* task)
-{
-    OutputFiles files(m_force || m_ifChanged ? OutputFiles::Replace : OutputFiles::Keep);
-    QIODevice* image = task->environment.out;
-    QString label = StandardOutputLabel;
-    if (!outputs.toStandardOutput()) {
-        const auto added = files.add(outputs.image);
-        if (!added)
-            return tl::unexpected<Finding>(added.error());
-        image = *added;
-        label = outputs.image;
-    }
-    Digest::Hash hash;
-    const bool isDigested = m_digest || task->report.json;
-    const CopyObserver progress = task->progress(QStringLiteral("create"), payload.bytes);
-    const auto observe = [&](const char* data, qint64 bytes) {
-        if (isDigested)
-            hash.add(data, bytes);
-        progress(data, bytes);
-    };
-    const QByteArray filler(static_cast<int>(fillerBytes(page.size() + payload.bytes)), '\xff');
-    observe(page.constData(), page.size());
-    Status status = writeAll(image, page, label);
-    if (status)
-        status = copyPayload(payload, image, label,
-                             isDigested ? PayloadCopy::Seen : PayloadCopy::Unseen, observe);
-    if (status)
-        status = writeAll(image, filler, label);
-    observe(filler.constData(), filler.size());
-    m_imageDigest = hash.result();
-    if (!status || outputs.toStandardOutput())
-        return status;
-    if (!m_noCompanion)
-        status = files.add(outputs.companion, page);
-    if (status && m_digest)
-        status = files.add(outputs.digest, Digest::line(m_imageDigest, outputs.image));
-    return status ? files.place() : status;
-}
-
-/// Bytes of 0xFF behind an image of \p imageBytes bytes, as --pad-to asks for.
-qint64 CreateCommand::fillerBytes(qint64 imageBytes) const
-{
-    if (m_padToBytes == 0)
-        return 0;
-    return m_isPadMultiple ? (m_padToBytes - imageBytes % m_padToBytes) % m_padToBytes
-                           : m_padToBytes - imageBytes;
-}
-
-void CreateCommand::readPadTo(qint64 imageBytes, Task* task)
-{
-    const QString option = QStringLiteral("--pad-to");
-    const auto text = m_padTo ? task->text(*m_padTo, "--pad-to") : std::nullopt;
-    if (!text)
-        return;
-    const auto number = wholeNumber(*text);
-    m_isPadMultiple = !number;
-    if (*text == QStringLiteral("page"))
-        m_padToBytes = FcfLayout::PageBytes;
-    else if (*text == QStringLiteral("block"))
-        m_padToBytes = qint64(FcfLayout::PageBytes) * FcfLayout::BlockPages;
-    else if (number && *number > 0)
-        m_padToBytes = *number;
-    else
-        task->findings.error(ExitCode::Refused, QString(), option,
-                             QStringLiteral("\"%1\" is neither page, block nor a number of bytes")
-                                 .arg(shownText(*text)));
-    if (number && *number > 0 && imageBytes > *number)
-        task->findings.error(ExitCode::Refused, QString(), option,
-                             QStringLiteral("the image has %1 bytes already").arg(imageBytes));
-}
-
-/// Whether the outputs are there and differ from those that would be written in date and time at
-/// most. Then \p header gets theirs.
-bool CreateCommand::isUnchanged(FcfHeader* header, const Region& payload, const Outputs& outputs,
-                                Task* task)
-{
+    if (!m_ifChanged)
+        return std::nullopt;
     Inputs inputs(nullptr, nullptr);
-    const QString option = QStringLiteral("--if-changed");
-    const auto image = inputs.open(outputs.image, Validator::LargestFile, option);
-    const auto old = image ? HeaderPage::read(*image, task->codec, ExitCode::NotValid)
-                           : Result<HeaderPage>(tl::unexpected<Finding>(image.error()));
+    const auto old = inputs.open(image.outputs.image, Validator::LargestFile, QString())
+                         .and_then([codec](const InputFile& file) {
+                             return HeaderPage::read(file, codec, ExitCode::NotValid);
+                         });
     if (!old)
-        return false;
+        return std::nullopt;
     FcfHeader same = *header;
     same.date = old->reading.header.date;
     same.time = old->reading.header.time;
-    const QByteArray page = pageOf(same, task->codec);
-    const qint64 bytes = page.size() + payload.bytes;
-    const QByteArray filler(static_cast<int>(fillerBytes(bytes)), '\xff');
-    if (image->size() != bytes + filler.size() || image->bytesAt(0, page.size()) != page ||
-        image->bytesAt(bytes, filler.size()) != filler)
-        return false;
-    qint64 offset = page.size();
-    bool isSame = true;
-    Status status = readAll(payload, [&](const char* data, qint64 count) {
-        isSame = isSame && image->bytesAt(offset, count) ==
-                               QByteArray::fromRawData(data, static_cast<int>(count));
-        offset += count;
-    });
-    const auto digest = Digest::of({&*image, 0, image->size(), nullptr}, [](auto, auto) {});
-    const auto has = [&](const QString& path, const QByteArray& expected) {
-        const auto file = inputs.open(path, Validator::LargestFile, option);
-        return file && file->bytesAt(0, expected.size() + 1) == expected;
-    };
-    if (!status || !isSame || !digest || (!m_noCompanion && !has(outputs.companion, page)) ||
-        (m_digest && !has(outputs.digest, Digest::line(*digest, outputs.image))))
-        return false;
-    m_imageDigest = *digest;
-    *header = same;
-    return true;
+    image.page = pageOf(same, codec);
+    const auto filler = fillerBytes(m_padTo, image.page.size() + image.payload.bytes);
+    image.fillerBytes = filler.value_or(0);
+    const auto digest = filler ? image.digestIfThere() : std::nullopt;
+    if (digest)
+        *header = same;
+    return digest;
 }
 
-void CreateCommand::report(const FcfHeader& header, const Outputs& outputs, bool isWritten,
-                           Task* task) const
+void CreateCommand::report(const FcfHeader& header, const ImageFiles& image,
+                           const QByteArray& digest, bool isWritten, Task* task)
 {
     const struct {
         bool isWanted;
         const char* name;
         QString path;
-    } files[] = {{true, "image", outputs.image},
-                 {!m_noCompanion, "companion", outputs.companion},
-                 {m_digest, "digest", outputs.digest}};
+    } files[] = {{true, "image", image.outputs.image},
+                 {image.hasCompanion, "companion", image.outputs.companion},
+                 {image.hasDigest, "digest", image.outputs.digest}};
     for (const auto& file : files) {
         if (!file.isWanted)
             continue;
         task->report.print(isWritten ? file.path : QStringLiteral("%1: unchanged").arg(file.path));
         task->report.result[QLatin1String(file.name)] = file.path;
     }
-    task->report.result["sha256"] = QString::fromLatin1(m_imageDigest.toHex());
+    task->report.result["sha256"] = QString::fromLatin1(digest.toHex());
     task->report.result["changed"] = isWritten;
     task->report.result["header"] = BuildJson::header(header);
     task->report.isInPlace = true;
@@ -319,4 +232,4 @@ void CreateCommand::report(const FcfHeader& header, const Outputs& outputs, bool
 
 } // namespace
 
-std::unique_ptr<Command> createCommand() { return std::make_unique<CreateCommand>(); }
+CommandPointer createCommand(CLI::App* app) { return std::make_unique<CreateCommand>(app); }

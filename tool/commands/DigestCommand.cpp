@@ -1,4 +1,3 @@
-#include "tool/check/Validator.h"
 #include "tool/commands/Arguments.h"
 #include "tool/commands/Command.h"
 #include "tool/files/Digest.h"
@@ -8,11 +7,10 @@ namespace {
 /// Prints the digests of images, as sha256sum does.
 class DigestCommand : public Command {
 public:
-    const char* name() const override { return "digest"; }
-    const char* summary() const override { return "Print the SHA-256 of images"; }
-    void declare(CLI::App* app) override
+    explicit DigestCommand(CLI::App* parent)
+        : Command(parent, "digest", "Print the SHA-256 of images")
     {
-        Arguments::addOperands(app, "FCF", &m_files, "images; - is standard input");
+        Arguments::addOperands(app, "FILE", &m_files, "images; - is standard input (required)");
     }
     void run(Task* task) override;
 
@@ -24,14 +22,12 @@ void DigestCommand::run(Task* task)
 {
     QJsonArray digests;
     for (const std::string& argument : m_files) {
-        const std::optional<QString> path = task->path(argument, "FCF");
-        const auto fcf = path ? task->openFcf(*path, Validator::LargestFile, "FCF") : std::nullopt;
+        const auto fcf = task->openFcf(argument, Task::Whole);
         if (!fcf)
             continue;
         const InputFile& file = fcf->file;
         const auto digest = task->findings.valueOf(
-            Digest::of({&file, 0, file.size(), nullptr},
-                       task->progress(QStringLiteral("digest"), file.size())));
+            Digest::of({&file, 0, file.size(), nullptr}, task->progress("digest", file.size())));
         if (!digest)
             continue;
         if (!task->report.json)
@@ -44,4 +40,4 @@ void DigestCommand::run(Task* task)
 
 } // namespace
 
-std::unique_ptr<Command> digestCommand() { return std::make_unique<DigestCommand>(); }
+CommandPointer digestCommand(CLI::App* app) { return std::make_unique<DigestCommand>(app); }

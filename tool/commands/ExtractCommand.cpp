@@ -15,88 +15,81 @@ namespace {
 /// Takes the payload out of a valid image.
 class ExtractCommand : public Command {
 public:
-    const char* name() const override { return "extract"; }
-    const char* summary() const override { return "Take the payload out of an image"; }
-    void declare(CLI::App* app) override;
+    explicit ExtractCommand(CLI::App* parent);
     void run(Task* task) override;
 
 private:
     void guard(const QString& output, Task* task) const;
     Status write(const Region& payload, const QString& output, Task* task) const;
 
-    std::string m_file;
-    std::string m_output;
+    std::optional<std::string> m_file;
+    std::optional<std::string> m_output;
     BesideFiles m_beside;
     bool m_force = false;
 };
 
-void ExtractCommand::declare(CLI::App* app)
+ExtractCommand::ExtractCommand(CLI::App* parent)
+    : Command(parent, "extract", "Take the payload out of an image")
 {
-    Arguments::addOperand(app, "FCF", &m_file, "an image; - is standard input");
-    Arguments::addOperand(app, "-o,--output", &m_output,
-                          "where the payload goes; - is standard output")
-        ->type_name("FILE");
+    Arguments::addOption(app, "FILE", &m_file, "", "an image; - is standard input (required)")
+        ->required();
+    Arguments::addOption(app, "-o,--output", &m_output, "FILE",
+                         "where the payload goes; - is standard output (required)")
+        ->required();
     m_beside.declareSkipping(app);
     app->add_flag("-f,--force", m_force, "replace an output that exists");
 }
 
 void ExtractCommand::run(Task* task)
 {
-    const std::optional<QString> path = task->path(m_file, "FCF");
-    const std::optional<QString> output = task->path(m_output, "--output");
+    const std::optional<QString> output = task->path(*m_output, "--output");
     // As JSON it is refused, and that is what goes there.
     task->report.outIsTaken = output == StandardStream && !task->report.json;
-    const auto file =
-        path && output ? task->open(*path, Validator::LargestFile, "FCF") : std::nullopt;
-    if (!file)
+    const auto fcf = output ? task->openFcf(*m_file, Task::Whole) : std::nullopt;
+    if (output)
+        guard(*output, task);
+    if (!fcf || task->findings.hasErrors())
         return;
-    guard(*output, task);
-    auto page =
-        task->findings.hasErrors()
-            ? std::nullopt
-            : task->findings.valueOf(HeaderPage::read(*file, task->codec, ExitCode::NotValid));
-    if (!page || !task->findings.accept(page->measure(*file)))
-        return;
-    const Validator validator(&*file, Validator::Image, task->codec, &task->findings);
-    validator.validate(*page);
-    m_beside.checkCompanion(validator, *file, *page, task);
-    m_beside.checkDigest(*file, *page, task);
+    const auto& [file, page] = *fcf;
+    const Validator validator(&file, Validator::Image, task->codec, &task->findings);
+    validator.validate(page);
+    m_beside.checkCompanion(validator, file, page, task);
+    m_beside.checkDigest(file, page, task);
     task->findings.dropNotes();
     if (task->findings.hasErrors() ||
         !task->findings.accept(
-            write({&*file, page->bytes, page->payloadBytes, nullptr}, *output, task)))
+            write({&file, page.bytes, page.payloadBytes, nullptr}, *output, task)))
         return;
     task->report.isInPlace = true;
     task->report.print(*output);
     task->report.result["payload"] = *output;
-    task->report.result["payloadBytes"] = page->payloadBytes;
+    task->report.result["payloadBytes"] = page.payloadBytes;
 }
 
 void ExtractCommand::guard(const QString& output, Task* task) const
 {
-    const OutputGuard guard(&task->inputs, m_force, &task->findings);
-    guard.guardStandardOutput(task->environment, output == StandardStream);
+    OutputGuard::guardStandardOutput(output == StandardStream, task);
     if (output != StandardStream)
-        guard.guard(output);
+        OutputGuard::guard(output, m_force, task);
     else if (task->report.json)
-        task->findings.error(ExitCode::Refused, StandardOutputLabel, QStringLiteral("--output"),
-                             QStringLiteral("takes the payload alone: --json needs a file"));
+        task->findings.error(ExitCode::Refused, StandardOutputLabel, "--output",
+                             "takes the payload alone: --json needs a file");
 }
 
 Status ExtractCommand::write(const Region& payload, const QString& output, Task* task) const
 {
-    const CopyObserver progress = task->progress(QStringLiteral("extract"), payload.bytes);
+    const CopyObserver progress = task->progress("extract", payload.bytes);
     if (output == StandardStream)
         return copyPayload(payload, task->environment.out, StandardOutputLabel, PayloadCopy::Unseen,
                            progress);
     OutputFiles files(m_force ? OutputFiles::Replace : OutputFiles::Keep);
-    const auto file = files.add(output);
-    if (!file)
-        return tl::unexpected<Finding>(file.error());
-    Status status = copyPayload(payload, *file, output, PayloadCopy::Unseen, progress);
-    return status ? files.place() : status;
+    return files.add(output)
+        .and_then([&](QFile* file) {
+            return copyPayload(payload, file, output, PayloadCopy::Unseen, progress);
+        })
+        .and_then([&files] { return files.place(); });
 }
 
 } // namespace
 
-std::unique_ptr<Command> extractCommand() { return std::make_unique<ExtractCommand>(); }
+CommandPointer extractCommand(CLI::App* app) { return std::make_unique<ExtractCommand>(app); }

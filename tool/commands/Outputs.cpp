@@ -1,21 +1,18 @@
 #include "tool/commands/Outputs.h"
 
 #include "tool/base/Text.h"
-#include "tool/check/Findings.h"
-#include "tool/console/Console.h"
-#include "tool/console/Report.h"
+#include "tool/commands/Command.h"
 #include "tool/files/Digest.h"
-#include "tool/files/InputFile.h"
 
 #include <QFileInfo>
 
 namespace {
 
-const QString BinaryEnding = QStringLiteral(".bin");
-const QString ContainerEnding = QStringLiteral(".bit");
-const QString ImageEnding = QStringLiteral(".fcf");
-const QString CompanionEnding = QStringLiteral(".txt");
-const QString OutputOption = QStringLiteral("--output");
+const QString BinaryEnding = ".bin";
+const QString ContainerEnding = ".bit";
+const QString ImageEnding = ".fcf";
+const QString CompanionEnding = ".txt";
+const QString OutputOption = "--output";
 
 QString nameOf(const QString& path) { return QFileInfo(path).fileName(); }
 
@@ -26,70 +23,48 @@ QString renamed(const QString& path, const QString& ending)
     return path.left(path.size() - name.size()) + QString(name).replace(BinaryEnding, ending);
 }
 
-/// What a link such as /dev/stdout leads to is not replaced in place of the link.
-bool leadsToStream(const QString& path)
+void refuse(const QString& path, const QString& reason, Task* task)
 {
-    const FileSystem::Kind target = FileSystem::targetKindOf(path);
-    return target == FileSystem::Kind::Device || target == FileSystem::Kind::Stream;
+    task->findings.error(ExitCode::Refused, path, OutputOption, reason);
 }
 
 } // namespace
 
-OutputGuard::OutputGuard(const Inputs* inputs, bool force, Findings* findings)
-    : m_inputs(inputs), m_force(force), m_findings(findings)
+void OutputGuard::guard(const QString& path, bool isReplaced, Task* task)
 {
-}
-
-void OutputGuard::guard(const QString& path) const
-{
-    if (const ReadFile* const input = m_inputs->find(FileSystem::identityOf(path))) {
-        refuse(ExitCode::Refused, path, isInput(*input));
+    if (const ReadFile* const input = task->inputs.find(FileSystem::identityOf(path))) {
+        refuse(path, isInput(*input), task);
         return;
     }
-    switch (FileSystem::kindOf(path)) {
-    case FileSystem::Kind::Nothing:
-        m_findings->accept(FileSystem::checkPlaceOf(path));
-        return;
-    case FileSystem::Kind::File:
-    case FileSystem::Kind::Link:
-        if (leadsToStream(path))
-            refuse(ExitCode::Refused, path, QStringLiteral("is not a file"));
-        else if (!m_force)
-            m_findings->add(FileSystem::alreadyExists(path).value());
-        return;
-    case FileSystem::Kind::Folder:
-        refuse(ExitCode::Refused, path, QStringLiteral("is a folder"));
-        return;
-    case FileSystem::Kind::Device:
-    case FileSystem::Kind::Stream:
-        refuse(ExitCode::Refused, path, QStringLiteral("is not a file"));
-        return;
-    }
+    // Of a link its target counts: /dev/stdout is not replaced by a file.
+    const QFileInfo info(path);
+    if (!FileSystem::exists(path))
+        task->findings.accept(FileSystem::checkPlaceOf(path));
+    else if (info.isDir() && !info.isSymLink())
+        refuse(path, "is a folder", task);
+    else if (info.exists() && !info.isDir() && !info.isFile())
+        refuse(path, "is not a file", task);
+    else if (!isReplaced)
+        task->findings.add(FileSystem::alreadyExists(path).value());
 }
 
-void OutputGuard::guardStandardOutput(const Environment& environment, bool getsBinary) const
+void OutputGuard::guardStandardOutput(bool getsBinary, Task* task)
 {
-    if (const ReadFile* const input = m_inputs->behind(environment.out))
-        refuse(ExitCode::Refused, StandardOutputLabel, isInput(*input));
-    if (getsBinary && environment.outIsTerminal)
-        refuse(
-            ExitCode::Refused, StandardOutputLabel,
-            QStringLiteral("is a terminal, and gets no binary data: redirect it or name a file"));
+    if (const ReadFile* const input = task->inputs.behind(task->environment.out))
+        refuse(StandardOutputLabel, isInput(*input), task);
+    if (getsBinary && task->environment.outIsTerminal)
+        refuse(StandardOutputLabel,
+               "is a terminal, and gets no binary data: redirect it or name a file", task);
 }
 
-void OutputGuard::guardUnwritten(const QString& path, const char* option) const
+void OutputGuard::guardUnwritten(const QString& path, const char* option, Task* task)
 {
-    if (const ReadFile* const input = m_inputs->find(FileSystem::identityOf(path)))
-        refuse(ExitCode::Refused, path, isInput(*input));
+    if (const ReadFile* const input = task->inputs.find(FileSystem::identityOf(path)))
+        refuse(path, isInput(*input), task);
     else if (FileSystem::exists(path))
-        m_findings->warning(path, QLatin1String(option),
-                            QStringLiteral("exists, is not written, and so will not belong to the "
-                                           "new image"));
-}
-
-void OutputGuard::refuse(ExitCode exitCode, const QString& path, const QString& reason) const
-{
-    m_findings->error(exitCode, path, OutputOption, reason);
+        task->findings.warning(path, QLatin1String(option),
+                               "exists, is not written, and so will not belong to the "
+                               "new image");
 }
 
 Result<Outputs> Outputs::of(const InputFile& binary, const std::optional<QString>& output)
@@ -104,7 +79,7 @@ Result<Outputs> Outputs::of(const InputFile& binary, const std::optional<QString
     if (output && !toStandardOutput) {
         if (!output->endsWith(ImageEnding))
             return failure(ExitCode::Refused, *output, OutputOption,
-                           QStringLiteral("the name of an image ends with .fcf"));
+                           "the name of an image ends with .fcf");
         outputs.image = *output;
         outputs.companion = output->chopped(ImageEnding.size()) + CompanionEnding;
     } else if (named) {
@@ -112,10 +87,10 @@ Result<Outputs> Outputs::of(const InputFile& binary, const std::optional<QString
         outputs.companion = renamed(path, CompanionEnding);
     } else {
         return failure(ExitCode::Refused, binary.label(), OutputOption,
-                       output ? QStringLiteral("gives no name for the header: only a BIN whose "
-                                               "name ends with .bin does")
-                              : QStringLiteral("is missing: only a name that ends with .bin gives "
-                                               "the image's name"));
+                       output ? "gives no name for the header: only a BIN whose "
+                                "name ends with .bin does"
+                              : "is missing: only a name that ends with .bin gives "
+                                "the image's name");
     }
     outputs.digest = Digest::pathFor(outputs.image);
     outputs.imageName = nameOf(outputs.image);

@@ -7,33 +7,23 @@
 
 #include <optional>
 
-class Findings;
 class InputFile;
-class Inputs;
-struct Environment;
+struct Task;
 
 /// Guards the outputs of a run: none is one of its inputs under any name or a folder, and none
-/// exists unless \p force is given. What is refused goes to \p findings. Owns nothing.
-class OutputGuard {
-public:
-    OutputGuard(const Inputs* inputs, bool force, Findings* findings);
+/// exists unless it is to be replaced. What is refused becomes an error of \p task.
+namespace OutputGuard {
 
-    void guard(const QString& path) const;
+void guard(const QString& path, bool isReplaced, Task* task);
 
-    /// Guards standard output: it may be no input, and if it gets binary data, no terminal.
-    void guardStandardOutput(const Environment& environment, bool getsBinary) const;
+/// Guards standard output: it may be no input, and if it gets binary data, no terminal.
+void guardStandardOutput(bool getsBinary, Task* task);
 
-    /// Guards a file beside the outputs that is not written, on account of \p option: it must be no
-    /// input, and is worth a warning.
-    void guardUnwritten(const QString& path, const char* option) const;
+/// Guards a file beside the outputs that is not written, on account of \p option: it must be no
+/// input, and is worth a warning.
+void guardUnwritten(const QString& path, const char* option, Task* task);
 
-private:
-    void refuse(ExitCode exitCode, const QString& path, const QString& reason) const;
-
-    const Inputs* m_inputs;
-    bool m_force;
-    Findings* m_findings;
-};
+} // namespace OutputGuard
 
 /// The names of the files of one image.
 struct Outputs {

@@ -4,28 +4,29 @@
 
 #include <QJsonDocument>
 
+#include <CLI/CLI.hpp>
+
 namespace {
 
 /// Writes the recipe of an image or a companion, which create takes.
 class RecipeCommand : public Command {
 public:
-    const char* name() const override { return "recipe"; }
-    const char* summary() const override { return "Write the recipe that create --like takes"; }
-    void declare(CLI::App* app) override
+    explicit RecipeCommand(CLI::App* parent)
+        : Command(parent, "recipe", "Write the recipe that create --like takes")
     {
-        Arguments::addOperand(app, "FILE", &m_file, "an image or a companion; - is standard input");
+        Arguments::addOption(app, "FILE", &m_file, "",
+                             "an image or a companion; - is standard input (required)")
+            ->required();
     }
     void run(Task* task) override;
 
 private:
-    std::string m_file;
+    std::optional<std::string> m_file;
 };
 
 void RecipeCommand::run(Task* task)
 {
-    const std::optional<QString> path = task->path(m_file, "FILE");
-    const auto fcf =
-        path ? task->openFcf(*path, FcfExactReader::MaximumBytes, "FILE") : std::nullopt;
+    const auto fcf = task->openFcf(*m_file, Task::PageOnly);
     if (!fcf)
         return;
     const FcfHeader& header = fcf->page.reading.header;
@@ -35,12 +36,12 @@ void RecipeCommand::run(Task* task)
     else if (build.module)
         task->report.printRaw(BuildJson::recipe(build));
     else
-        task->findings.error(ExitCode::NotValid, fcf->file.label(), QStringLiteral("moduleCode"),
-                             QStringLiteral("%1 with device code %2 stands for no target")
+        task->findings.error(ExitCode::NotValid, fcf->file.label(), "moduleCode",
+                             QStringLiteral("%1 with device code %2 is of no known target")
                                  .arg(header.moduleCode)
                                  .arg(header.deviceCode));
 }
 
 } // namespace
 
-std::unique_ptr<Command> recipeCommand() { return std::make_unique<RecipeCommand>(); }
+CommandPointer recipeCommand(CLI::App* app) { return std::make_unique<RecipeCommand>(app); }

@@ -7,90 +7,91 @@
 #include "tool/commands/Command.h"
 
 #include <QJsonDocument>
+#include <QLocale>
 
 #include <CLI/CLI.hpp>
 
 namespace {
 
 constexpr int NameWidth = 14;
+constexpr int Kibibyte = 1024;
 constexpr int ShowAll = 1 << 30;
 
-/// Lines of text, one field each, the values below each other.
-class Listing {
-public:
-    explicit Listing(Report* report) : m_report(report) {}
-
-    void line(const QString& indent, const char* name, const QString& value)
-    {
-        const QStringList parts = value.split(QLatin1Char('\n'));
-        QString label = QLatin1String(name);
-        for (const QString& part : parts) {
-            const QString text = indent + label.leftJustified(NameWidth) + QLatin1Char(' ') +
-                                 shownText(part, ShowAll);
-            m_report->print(text.trimmed().isEmpty() ? QString() : text);
-            label.clear();
-        }
+/// One field, the lines of its value below each other.
+void print(const QString& indent, const char* name, const QString& value, Report* report)
+{
+    QString label = QLatin1String(name);
+    for (const QString& line : value.split(QLatin1Char('\n'))) {
+        const QString text =
+            indent + label.leftJustified(NameWidth) + QLatin1Char(' ') + shownText(line, ShowAll);
+        report->print(text.trimmed().isEmpty() ? QString() : text);
+        label.clear();
     }
+}
 
-    template <class Record, int Count>
-    void texts(const FcfLayout::TextField<Record> (&fields)[Count], const QString& indent,
-               const Record& record)
-    {
-        for (const auto& field : fields)
-            line(indent, field.name, record.*field.value);
-    }
+/// A number as people read it.
+QString shownNumber(qint32 value, QString unit)
+{
+    const bool isLarge = unit == "bytes" && value >= Kibibyte;
+    if (value == 1 && unit.endsWith(QLatin1Char('s')))
+        unit.chop(1);
+    const QString number = QString::number(value) + QLatin1Char(' ') + unit;
+    return isLarge ? QStringLiteral("%1 (%2)").arg(number, QLocale::c().formattedDataSize(value))
+                   : number;
+}
 
-private:
-    Report* m_report;
-};
-
-QString meaningOf(const FcfLayout::NumberField& field, const FcfHeader& header)
+QString shownTarget(const FcfHeader& header)
 {
     const auto* const target = FcfTarget::find(header.moduleCode, header.deviceCode);
-    if (field.value == &FcfHeader::moduleCode)
-        return QLatin1String(target ? target->module : "unknown");
-    if (field.value == &FcfHeader::deviceCode)
-        return QLatin1String(target ? target->device : "unknown");
-    return QLatin1String(field.unit);
+    if (!target)
+        return "unknown";
+    return QStringLiteral("%1, %2, flash slot %3")
+        .arg(QLatin1String(target->module), QLatin1String(target->device))
+        .arg(header.configNumber);
 }
 
 void list(const QString& label, const HeaderPage& page, Report* report)
 {
     const FcfHeader& header = page.reading.header;
-    const QString indent = QStringLiteral("  ");
-    Listing listing(report);
+    const QString indent = "  ";
     report->print(
         QStringLiteral("%1: header page of %2 bytes").arg(shownText(label)).arg(page.bytes));
-    for (const auto& field : FcfLayout::Numbers)
-        listing.line(
-            indent, field.name,
-            QStringLiteral("%1 %2").arg(header.*field.value).arg(meaningOf(field, header)));
-    listing.line(indent, "version", Version{header.versionMajor, header.versionMinor}.text());
-    listing.texts(FcfLayout::HeaderTexts, indent, header);
-    listing.line(indent, "functions", QString::number(header.functions.size()));
+    print(indent, "target", shownTarget(header), report);
+    print(indent, "version", Version{header.versionMajor, header.versionMinor}.text(), report);
+    for (const auto& field : FcfLayout::Numbers) {
+        const QString unit = QLatin1String(field.unit);
+        print(indent, field.name,
+              unit.endsWith(QLatin1Char('s')) ? shownNumber(header.*field.value, unit)
+                                              : QString::number(header.*field.value),
+              report);
+    }
+    for (const auto& field : FcfLayout::HeaderTexts)
+        print(indent, field.name, header.*field.value, report);
+    print(indent, "functions", QString::number(header.functions.size()), report);
     for (const FcfFunction& function : header.functions) {
         report->print(indent + QLatin1Char('-'));
-        listing.texts(FcfLayout::FunctionTexts, indent + indent, function);
+        for (const auto& field : FcfLayout::FunctionTexts)
+            print(indent + indent, field.name, function.*field.value, report);
     }
 }
 
 /// Lists the header pages of images and companions. Never reads a payload.
 class ShowCommand : public Command {
 public:
-    const char* name() const override { return "show"; }
-    const char* summary() const override { return "List the header of images and companions"; }
-    void declare(CLI::App* app) override
+    explicit ShowCommand(CLI::App* parent)
+        : Command(parent, "show", "List the header of images and companions")
     {
-        Arguments::addOperands(app, "FILE", &m_files, "images or companions; - is standard input");
+        Arguments::addOperands(app, "FILE", &m_files,
+                               "images or companions; - is standard input (required)");
         Arguments::addOption(app, "--field", &m_field, "NAME",
-                             "print the value of this field alone, as \"version\"");
+                             "print the value of this field alone, as \"version\" (default: all)");
         app->add_flag("--check", m_check, "end with 1 if a file is not valid");
     }
     void run(Task* task) override;
 
 private:
     static bool showField(const QString& field, const QJsonObject& header, Task* task);
-    static bool check(FcfFile* fcf, Task* task);
+    static bool check(const FcfFile& fcf, Task* task);
 
     std::vector<std::string> m_files;
     std::optional<std::string> m_field;
@@ -104,11 +105,15 @@ void ShowCommand::run(Task* task)
     if (m_field && !field)
         return;
     for (const std::string& argument : m_files) {
-        const std::optional<QString> path = task->path(argument, "FILE");
-        const qint64 limit = m_check ? Validator::LargestFile : FcfExactReader::MaximumBytes;
-        auto fcf = path ? task->openFcf(*path, limit, "FILE") : std::nullopt;
+        auto fcf = task->openFcf(argument, m_check ? Task::Whole : Task::PageOnly,
+                                 ExitCode::NotValid, HeaderPage::Escaped);
         if (!fcf)
             continue;
+        if (auto& flaw = fcf->page.flaw) {
+            flaw->severity = m_check ? Finding::Error : Finding::Warning;
+            flaw->exitCode = m_check ? ExitCode::NotValid : ExitCode::Done;
+            task->findings.add(*flaw);
+        }
         QJsonObject header = BuildJson::header(fcf->page.reading.header);
         QJsonObject object{{"file", fcf->file.label()}, {"headerBytes", fcf->page.bytes}};
         if (field) {
@@ -120,7 +125,7 @@ void ShowCommand::run(Task* task)
         }
         object["header"] = header;
         if (m_check)
-            object["valid"] = check(&*fcf, task);
+            object["valid"] = check(*fcf, task);
         shown.append(object);
     }
     task->report.result["files"] = shown;
@@ -131,9 +136,9 @@ bool ShowCommand::showField(const QString& field, const QJsonObject& header, Tas
 {
     const QJsonValue value = header[field];
     if (value.isUndefined()) {
-        task->findings.error(ExitCode::Refused, QString(), QStringLiteral("--field"),
-                             QStringLiteral("\"%1\" is none of %2")
-                                 .arg(shownText(field), header.keys().join(QStringLiteral(", "))));
+        task->refuse(
+            "--field",
+            QStringLiteral("\"%1\" is none of %2").arg(shownText(field), header.keys().join(", ")));
         return false;
     }
     if (value.isArray())
@@ -148,22 +153,22 @@ bool ShowCommand::showField(const QString& field, const QJsonObject& header, Tas
 }
 
 /// Returns whether the file is valid; what is wrong with it becomes an error.
-bool ShowCommand::check(FcfFile* fcf, Task* task)
+bool ShowCommand::check(const FcfFile& fcf, Task* task)
 {
-    const int before = task->findings.list().size();
-    if (!task->findings.accept(fcf->page.measure(fcf->file)))
+    if (fcf.page.flaw)
         return false;
-    const bool isCompanion = fcf->page.payloadBytes == 0;
-    Validator(&fcf->file, isCompanion ? Validator::Companion : Validator::Image, task->codec,
+    const int before = task->findings.list().size();
+    const bool isCompanion = fcf.page.payloadBytes == 0;
+    Validator(&fcf.file, isCompanion ? Validator::Companion : Validator::Image, task->codec,
               &task->findings)
-        .validate(fcf->page);
+        .validate(fcf.page);
     const bool isValid = task->findings.exitCode(before) == ExitCode::Done;
     if (!isValid)
-        task->report.print(QStringLiteral("%1: not valid; pelk-fcf verify says more")
-                               .arg(shownText(fcf->file.label())));
+        task->report.print(QStringLiteral("%1: not valid; pelk-fcf verify reports all of it")
+                               .arg(shownText(fcf.file.label())));
     return isValid;
 }
 
 } // namespace
 
-std::unique_ptr<Command> showCommand() { return std::make_unique<ShowCommand>(); }
+CommandPointer showCommand(CLI::App* app) { return std::make_unique<ShowCommand>(app); }

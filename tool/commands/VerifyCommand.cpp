@@ -2,39 +2,39 @@
 #include "tool/check/Validator.h"
 #include "tool/commands/Arguments.h"
 #include "tool/commands/BesideFiles.h"
+#include "tool/commands/BinaryInput.h"
 #include "tool/commands/Command.h"
-#include "tool/files/Copy.h"
-#include "tool/files/Digest.h"
+
+#include <CLI/CLI.hpp>
 
 namespace {
 
 /// Says whether files are valid images or companions.
 class VerifyCommand : public Command {
 public:
-    const char* name() const override { return "verify"; }
-    const char* summary() const override { return "Say whether images and companions are valid"; }
-    void declare(CLI::App* app) override;
+    explicit VerifyCommand(CLI::App* parent);
     void run(Task* task) override;
 
 private:
     bool usageIsRight(Task* task) const;
     std::optional<Validator::Kind> kindOf(const QString& path, Task* task) const;
-    void verify(const QString& path, Task* task, QJsonObject* result) const;
-    bool compareBinary(const Validator& validator, const HeaderPage& page, Task* task) const;
+    void verify(const std::string& argument, const QString& path, Task* task, QJsonObject* result);
 
     std::vector<std::string> m_files;
-    std::optional<std::string> m_binary;
+    BinaryInput m_binary;
     BesideFiles m_beside;
     std::optional<std::string> m_type;
 };
 
-void VerifyCommand::declare(CLI::App* app)
+VerifyCommand::VerifyCommand(CLI::App* parent)
+    : Command(parent, "verify", "Say whether images and companions are valid")
 {
-    Arguments::addOperands(app, "FILE", &m_files, "images or companions; - is standard input");
-    Arguments::addOption(app, "--bin", &m_binary, "BIN", "the binary that the payload must be");
+    Arguments::addOperands(app, "FILE", &m_files,
+                           "images or companions; - is standard input (required)");
+    m_binary.declareOption(app);
     m_beside.declareNaming(app);
     Arguments::addOption(app, "--type", &m_type, "image|companion",
-                         "what FILE is, when its name does not end with .fcf or .txt");
+                         "what FILE is (default: by its name, .fcf or .txt)");
 }
 
 void VerifyCommand::run(Task* task)
@@ -50,25 +50,23 @@ void VerifyCommand::run(Task* task)
         const QString label = InputFile::labelOf(*path);
         QJsonObject result{{"file", label}};
         const int findingsBefore = task->findings.list().size();
-        verify(*path, task, &result);
+        verify(argument, *path, task, &result);
         const ExitCode verdict = task->findings.exitCode(findingsBefore);
         const bool isKnown = verdict == ExitCode::Done || verdict == ExitCode::NotValid;
         result["valid"] = isKnown ? QJsonValue(verdict == ExitCode::Done) : QJsonValue();
         results.append(result);
         if (isKnown)
             task->report.print(QStringLiteral("%1: %2").arg(
-                shownText(label),
-                verdict == ExitCode::Done ? QStringLiteral("valid") : QStringLiteral("not valid")));
+                shownText(label), verdict == ExitCode::Done ? "valid" : "not valid"));
     }
     task->report.result["files"] = results;
 }
 
 bool VerifyCommand::usageIsRight(Task* task) const
 {
-    if (m_files.size() == 1 || (!m_binary && !m_beside.areNamed()))
+    if (m_files.size() == 1 || (!m_binary.isGiven() && !m_beside.areNamed()))
         return true;
-    task->findings.error(ExitCode::Refused, QString(), QStringLiteral("FILE"),
-                         QStringLiteral("--bin, --companion and --digest are about one file"));
+    task->refuse("FILE", "--bin, --companion and --digest are about one file");
     return false;
 }
 
@@ -76,58 +74,48 @@ bool VerifyCommand::usageIsRight(Task* task) const
 /// cut off behind its header looks just like a companion.
 std::optional<Validator::Kind> VerifyCommand::kindOf(const QString& path, Task* task) const
 {
-    if (m_type == "image" || (!m_type && path.endsWith(QStringLiteral(".fcf"))))
+    if (m_type == "image" || (!m_type && path.endsWith(".fcf")))
         return Validator::Image;
-    if (m_type == "companion" || (!m_type && path.endsWith(QStringLiteral(".txt"))))
+    if (m_type == "companion" || (!m_type && path.endsWith(".txt")))
         return Validator::Companion;
-    task->findings.error(
-        ExitCode::Refused, path, QStringLiteral("--type"),
-        m_type ? QStringLiteral("is neither \"image\" nor \"companion\"")
-               : QStringLiteral("is missing: the name ends with neither .fcf nor .txt"));
+    task->findings.error(ExitCode::Refused, path, "--type",
+                         m_type ? "is neither \"image\" nor \"companion\""
+                                : "is missing: the name ends with neither .fcf nor .txt");
     return std::nullopt;
 }
 
-void VerifyCommand::verify(const QString& path, Task* task, QJsonObject* result) const
+void VerifyCommand::verify(const std::string& argument, const QString& path, Task* task,
+                           QJsonObject* result)
 {
     const std::optional<Validator::Kind> kind = kindOf(path, task);
     if (kind == Validator::Companion && m_beside.hasNamedDigest()) {
-        task->findings.error(ExitCode::Refused, path, QStringLiteral("--digest"),
-                             QStringLiteral("is of an image; this is a companion"));
+        task->findings.error(ExitCode::Refused, path, "--digest",
+                             "is of an image; this is a companion");
         return;
     }
-    auto fcf = kind ? task->openFcf(path, Validator::LargestFile, "FILE") : std::nullopt;
-    if (!fcf || !task->findings.accept(fcf->page.measure(fcf->file)))
+    const auto fcf = kind ? task->openFcf(argument, Task::Whole) : std::nullopt;
+    if (!fcf)
         return;
-    const InputFile& file = fcf->file;
-    const HeaderPage& page = fcf->page;
+    const auto& [file, page] = *fcf;
     const Validator validator(&file, *kind, task->codec, &task->findings);
     validator.validate(page);
     m_beside.checkCompanion(validator, file, page, task);
-    bool payloadIsKnown = compareBinary(validator, page, task);
+    const auto binary = m_binary.isGiven() ? m_binary.open(task) : std::nullopt;
+    if (binary)
+        validator.compareBinary(page, m_binary.payload(*binary),
+                                task->progress("verify", binary->size()));
     if (*kind == Validator::Companion)
         return;
-    payloadIsKnown = m_beside.checkDigest(file, page, task) || payloadIsKnown;
+    const bool payloadIsKnown = m_beside.checkDigest(file, page, task) || binary;
     (*result)["payloadCompared"] = payloadIsKnown;
     (*result)["imageBytes"] = page.imageBytes();
     (*result)["fillerBytes"] = page.fillerBytes;
     if (!payloadIsKnown)
-        task->findings.note(file.label(), QStringLiteral("payload"),
-                            QStringLiteral("the header holds no checksum of the payload, so only "
-                                           "its length was checked; --bin or a digest tells more"));
-}
-
-/// Returns whether the payload is known to be right or wrong.
-bool VerifyCommand::compareBinary(const Validator& validator, const HeaderPage& page,
-                                  Task* task) const
-{
-    const auto path = m_binary ? task->path(*m_binary, "--bin") : std::nullopt;
-    const auto binary = path ? task->open(*path, Validator::LargestFile, "--bin") : std::nullopt;
-    if (binary)
-        validator.compareBinary(page, *binary,
-                                task->progress(QStringLiteral("verify"), binary->size()));
-    return binary.has_value();
+        task->findings.note(file.label(), "payload",
+                            "the header holds no checksum of the payload, so only its "
+                            "length was checked; --bin or a digest checks more");
 }
 
 } // namespace
 
-std::unique_ptr<Command> verifyCommand() { return std::make_unique<VerifyCommand>(); }
+CommandPointer verifyCommand(CLI::App* app) { return std::make_unique<VerifyCommand>(app); }

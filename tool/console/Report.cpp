@@ -26,21 +26,32 @@ int Report::finish(const Environment& environment, const Inputs& inputs, Finding
         findings->error(ExitCode::Refused, StandardOutputLabel, QString(), isInput(*input));
         bytes.clear();
     }
-    const QString reason = writeAll(environment.out, bytes.constData(), bytes.size());
-    if (!reason.isEmpty())
+    if (m_isStreaming && isJson)
+        bytes = "],\n" + bytes.mid(bytes.indexOf('\n') + 1);
+    const auto written = writeAll(environment.out, bytes.constData(), bytes.size());
+    if (!written)
         findings->error(
             ExitCode::CannotAccess, StandardOutputLabel, QString(),
             QStringLiteral("cannot be written: %1%2")
-                .arg(reason, QLatin1String(isInPlace ? "; the files are in place" : "")));
+                .arg(written.error(), QLatin1String(isInPlace ? "; the files are in place" : "")));
     // When a message cannot be written there is nowhere left to say so.
     const QByteArray messages = encoded(text(*findings, false), environment.codec);
     writeAll(environment.err, messages.constData(), messages.size());
     return exitCode(*findings);
 }
 
+FileSystem::OrReason<void> Report::stream(const QByteArray& row, const Environment& environment)
+{
+    QByteArray bytes = row + (json ? "" : "\n");
+    if (json)
+        bytes.prepend(m_isStreaming ? ",\n" : "{\n\"files\": [\n");
+    m_isStreaming = true;
+    return writeAll(environment.out, bytes.constData(), bytes.size());
+}
+
 int Report::exitCode(const Findings& findings) const
 {
-    return static_cast<int>(findings.hasErrors() ? findings.exitCode() : verdict);
+    return static_cast<int>(Findings::weightier(findings.exitCode(), verdict));
 }
 
 bool Report::goesToOut(const Finding& finding) const
@@ -65,8 +76,7 @@ QString Report::text(const Findings& findings, bool toOut) const
     QString text;
     for (const Finding& finding : findings.list()) {
         if (goesToOut(finding) == toOut)
-            text += (toOut ? QString() : QStringLiteral("pelk-fcf: ")) + finding.text() +
-                    QLatin1Char('\n');
+            text += (toOut ? QString() : "pelk-fcf: ") + finding.text() + QLatin1Char('\n');
     }
     for (const QString& line : toOut && !json ? m_lines : QStringList())
         text += line + QLatin1Char('\n');

@@ -2,6 +2,7 @@
 #define TOOL_CONSOLE_REPORT_H
 
 #include "tool/base/Result.h"
+#include "tool/files/FileSystem.h"
 
 #include <QByteArray>
 #include <QJsonObject>
@@ -22,7 +23,7 @@ public:
     /// Raised whenever a name in the JSON changes its meaning or goes away.
     static constexpr int SchemaVersion = 2;
 
-    explicit Report(const char* command) : m_command(command) {}
+    explicit Report(const std::string& command) : m_command(QString::fromStdString(command)) {}
 
     /// What the command adds to the JSON.
     QJsonObject result;
@@ -34,7 +35,7 @@ public:
     /// Whether standard output is taken by something else, so that it gets no other result.
     bool outIsTaken = false;
 
-    /// What the run ends with if there are no errors.
+    /// What the run ends with, unless an error says more.
     ExitCode verdict = ExitCode::Done;
     /// Whether the outputs are in place, whatever becomes of the result.
     bool isInPlace = false;
@@ -44,6 +45,10 @@ public:
 
     /// Keeps \p bytes for standard output, as they are, with or without JSON.
     void printRaw(const QByteArray& bytes) { m_raw += bytes; }
+
+    /// Writes \p row to standard output at once: JSON as one more member of the list "files",
+    /// anything else as a line. What goes on for long needs no memory this way.
+    FileSystem::OrReason<void> stream(const QByteArray& row, const Environment& environment);
 
     /// Writes all that was kept, and returns what the run ends with.
     int finish(const Environment& environment, const Inputs& inputs, Findings* findings) const;
@@ -55,9 +60,10 @@ private:
     QByteArray jsonBytes(const Findings& findings) const;
     int exitCode(const Findings& findings) const;
 
-    const char* m_command;
+    const QString m_command;
     QStringList m_lines;
     QByteArray m_raw;
+    bool m_isStreaming = false;
 };
 
 /// The reason against an output that is \p input.

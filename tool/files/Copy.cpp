@@ -4,11 +4,14 @@
 #include "tool/files/InputFile.h"
 
 #include <algorithm>
+#include <functional>
+#include <numeric>
 
 namespace {
 
 constexpr int ChunkBytes = 1024 * 1024;
-const QString Payload = QStringLiteral("payload");
+constexpr char FillerByte = '\xff';
+const QString Payload = "payload";
 
 tl::unexpected<Finding> unreadable(Finding error)
 {
@@ -40,22 +43,23 @@ Status readParts(const Region& region, Take take)
 
 } // namespace
 
-QString writeAll(QIODevice* device, const char* data, qint64 bytes)
+FileSystem::OrReason<void> writeAll(QIODevice* device, const char* data, qint64 bytes)
 {
     QString error;
-    FcfWriter::writeAll(device, QByteArray::fromRawData(data, static_cast<int>(bytes)), &error);
-    return error;
+    if (FcfWriter::writeAll(device, QByteArray::fromRawData(data, static_cast<int>(bytes)), &error))
+        return {};
+    return tl::make_unexpected(error);
 }
 
 Status writeAll(QIODevice* sink, const QByteArray& bytes, const QString& label)
 {
-    const QString error = writeAll(sink, bytes.constData(), bytes.size());
-    return error.isEmpty() ? Status() : FileSystem::notWritten(label, error);
+    const auto written = writeAll(sink, bytes.constData(), bytes.size());
+    return written ? Status() : FileSystem::notWritten(label, written.error());
 }
 
-Result<QByteArray> Region::start(qint64 count) const
+Result<QByteArray> Region::bytesAt(qint64 position, qint64 count) const
 {
-    auto taken = file->bytesAt(offset, qMin(count, bytes));
+    auto taken = file->bytesAt(offset + position, qMin(count, bytes - position));
     if (taken && transform)
         transform(taken->data(), taken->size());
     return taken;
@@ -93,29 +97,62 @@ Status copyPayload(const Region& region, QIODevice* sink, const QString& label,
                                    : Status(FileSystem::notWritten(label, copy.error()));
 }
 
-Result<std::optional<FileCompare::Difference>>
-FileCompare::compare(const Region& region, const InputFile& model, const CopyObserver& observe)
+Status Filler::write(QIODevice* sink, qint64 bytes, const QString& label,
+                     const CopyObserver& observe)
 {
-    std::optional<Difference> difference;
+    const QByteArray chunk(static_cast<int>(qMin<qint64>(bytes, ChunkBytes)), FillerByte);
+    for (qint64 left = bytes; left > 0; left -= chunk.size()) {
+        const QByteArray part = chunk.left(static_cast<int>(qMin<qint64>(left, chunk.size())));
+        if (Status status = writeAll(sink, part, label); !status)
+            return status;
+        observe(part.constData(), part.size());
+    }
+    return {};
+}
+
+Result<bool> Filler::isIn(const Region& region)
+{
+    bool isFiller = true;
+    return readAll(region,
+                   [&isFiller](const char* data, qint64 count) {
+                       isFiller = isFiller && std::all_of(data, data + count, [](char byte) {
+                                      return byte == FillerByte;
+                                  });
+                   })
+        .map([&isFiller] { return isFiller; });
+}
+
+Result<FileCompare::Difference> FileCompare::compare(const Region& region, const Region& model,
+                                                     const CopyObserver& observe)
+{
+    Difference difference;
     qint64 done = 0;
     Region common = region;
-    common.bytes = qMin(region.bytes, model.size());
-    Status status = readParts(common, [&](const char* data, qint64 count) {
-        const auto other = model.bytesAt(done, count);
-        if (!other)
-            return Status(tl::unexpected<Finding>(other.error()));
-        const QByteArray own = QByteArray::fromRawData(data, static_cast<int>(count));
-        const int same = firstDifference(own, *other);
-        if (!difference && own != *other)
-            difference =
-                Difference{region.offset + done + same, byteAt(*other, same), byteAt(own, same)};
-        done += count;
-        observe(data, count);
-        return Status();
-    });
-    if (!status)
-        return tl::unexpected<Finding>(status.error());
-    return difference;
+    common.bytes = qMin(region.bytes, model.bytes);
+    return readParts(common,
+                     [&](const char* data, qint64 count) {
+                         const auto other = model.bytesAt(done, count);
+                         if (!other)
+                             return Status(tl::unexpected<Finding>(other.error()));
+                         if (other->size() < count)
+                             return Status(model.file->notRead("it ends early"));
+                         const QByteArray own =
+                             QByteArray::fromRawData(data, static_cast<int>(count));
+                         if (difference.count == 0 && own != *other) {
+                             const int same = firstDifference(own, *other);
+                             difference.offset = done + same;
+                             difference.expected = byteAt(*other, same);
+                             difference.found = byteAt(own, same);
+                         }
+                         if (own != *other)
+                             difference.count += std::inner_product(
+                                 own.begin(), own.end(), other->begin(), qint64(0), std::plus<>(),
+                                 std::not_equal_to<>());
+                         done += count;
+                         observe(data, count);
+                         return Status();
+                     })
+        .map([&difference] { return difference; });
 }
 
 int FileCompare::firstDifference(const QByteArray& one, const QByteArray& other)
@@ -127,6 +164,6 @@ int FileCompare::firstDifference(const QByteArray& one, const QByteArray& other)
 QString FileCompare::byteAt(const QByteArray& bytes, int index)
 {
     if (index >= bytes.size())
-        return QStringLiteral("the end");
+        return "the end";
     return QStringLiteral("0x%1").arg(static_cast<uchar>(bytes.at(index)), 2, 16, QLatin1Char('0'));
 }

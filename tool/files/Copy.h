@@ -2,7 +2,7 @@
 #define TOOL_FILES_COPY_H
 
 #include "fcf/PayloadCopy.h"
-#include "tool/base/Result.h"
+#include "tool/files/FileSystem.h"
 
 #include <QByteArray>
 
@@ -15,8 +15,8 @@ class QIODevice;
 /// Called with each part of what is read or copied, in turn. Shows progress, or takes a digest.
 using CopyObserver = PayloadCopy::Observer;
 
-/// Writes all \p bytes bytes of \p data. Returns the reason why it could not, or an empty text.
-QString writeAll(QIODevice* device, const char* data, qint64 bytes);
+/// Writes all \p bytes bytes of \p data.
+FileSystem::OrReason<void> writeAll(QIODevice* device, const char* data, qint64 bytes);
 
 /// Writes all of \p bytes to \p sink, an output that messages call \p label.
 Status writeAll(QIODevice* sink, const QByteArray& bytes, const QString& label);
@@ -29,8 +29,9 @@ struct Region {
     /// Changes a run of bytes in place, whole words of 32 bits but for the last run; may be empty.
     std::function<void(char* data, qint64 bytes)> transform;
 
-    /// The first \p count bytes, or fewer at the end, as they are after the transformation.
-    Result<QByteArray> start(qint64 count) const;
+    /// Up to \p count bytes from \p position in the region on, which is that of a whole word, as
+    /// they are after the transformation; fewer at the end.
+    Result<QByteArray> bytesAt(qint64 position, qint64 count) const;
 };
 
 /// Reads all of \p region, in parts, and calls \p observe for each. A file that ends before them
@@ -42,21 +43,33 @@ Status readAll(const Region& region, const CopyObserver& observe);
 Status copyPayload(const Region& region, QIODevice* sink, const QString& label,
                    PayloadCopy::Bytes use, const CopyObserver& observe);
 
-/// Finds the first byte in which two files differ.
+/// The bytes of 0xFF behind an image that fill flash.
+namespace Filler {
+
+/// Writes \p bytes of them to \p sink, which messages call \p label. Calls \p observe for each
+/// part.
+Status write(QIODevice* sink, qint64 bytes, const QString& label, const CopyObserver& observe);
+
+/// Whether there is nothing else in \p region.
+Result<bool> isIn(const Region& region);
+
+} // namespace Filler
+
+/// Finds the bytes in which two regions differ.
 namespace FileCompare {
 
 struct Difference {
-    /// In bytes from the start of the first file.
-    qint64 offset;
-    /// The two bytes, the first file's as found.
+    /// How many differ, as far as both regions go.
+    qint64 count = 0;
+    /// Of the first one, in bytes from the start of each region, or -1.
+    qint64 offset = -1;
+    /// The two bytes there, the first region's as found.
     QString expected;
     QString found;
 };
 
-/// Compares \p region with all of \p model, as far as both go. Calls \p observe for
-/// each part.
-Result<std::optional<Difference>> compare(const Region& region, const InputFile& model,
-                                          const CopyObserver& observe);
+/// Compares \p region with \p model, as far as both go. Calls \p observe for each part.
+Result<Difference> compare(const Region& region, const Region& model, const CopyObserver& observe);
 
 /// The first index at which the two differ; the end of the shorter one counts.
 int firstDifference(const QByteArray& one, const QByteArray& other);

@@ -1,18 +1,10 @@
 #include "tool/files/Digest.h"
 
-#include <QFile>
-#include <QFileInfo>
-
 namespace {
 
 constexpr int HexDigits = 64;
 /// Less is not worth a thread.
 constexpr int BackgroundBytes = 512 * 1024;
-
-QByteArray encodedName(const QString& path)
-{
-    return QFile::encodeName(QFileInfo(path).fileName());
-}
 
 /// sha256sum marks a line in which a name is escaped with a backslash at its start.
 QByteArray escaped(QByteArray name)
@@ -54,12 +46,12 @@ std::optional<Line> parsed(QByteArray text)
 
 } // namespace
 
-QString Digest::pathFor(const QString& imagePath) { return imagePath + QStringLiteral(".sha256"); }
+QString Digest::pathFor(const QString& imagePath) { return imagePath + ".sha256"; }
 
 QByteArray Digest::line(const QByteArray& digest, const QString& imagePath)
 {
-    const QByteArray name = escaped(encodedName(imagePath));
-    const QByteArray start = name == encodedName(imagePath) ? "" : "\\";
+    const QByteArray name = escaped(FileSystem::nameOf(imagePath));
+    const QByteArray start = name == FileSystem::nameOf(imagePath) ? "" : "\\";
     return start + digest.toHex() + "  " + name + '\n';
 }
 
@@ -70,7 +62,7 @@ QList<QByteArray> Digest::find(const QByteArray& lines, const std::optional<QStr
         const std::optional<Line> line = parsed(text);
         if (!line)
             continue;
-        const QByteArray name = imagePath ? encodedName(*imagePath) : QByteArray();
+        const QByteArray name = imagePath ? FileSystem::nameOf(*imagePath) : QByteArray();
         if (!imagePath || line->name == (line->isEscaped ? escaped(name) : name))
             digests << line->digest;
     }
@@ -107,11 +99,10 @@ void Digest::Hash::hash(const std::vector<char>& part)
 Result<QByteArray> Digest::of(const Region& region, const CopyObserver& observe)
 {
     Hash hash;
-    Status status = readAll(region, [&](const char* data, qint64 bytes) {
-        hash.add(data, bytes);
-        observe(data, bytes);
-    });
-    if (!status)
-        return tl::unexpected<Finding>(status.error());
-    return hash.result();
+    return readAll(region,
+                   [&](const char* data, qint64 bytes) {
+                       hash.add(data, bytes);
+                       observe(data, bytes);
+                   })
+        .map([&hash] { return hash.result(); });
 }

@@ -13,29 +13,9 @@
 
 namespace {
 
-const QString OutputOption = QStringLiteral("--output");
+const QString OutputOption = "--output";
 
 using Stat = struct stat;
-
-FileSystem::Kind kindOf(const Stat& status, bool found)
-{
-    using Kind = FileSystem::Kind;
-    if (!found)
-        return Kind::Nothing;
-    switch (status.st_mode & S_IFMT) {
-    case S_IFREG:
-        return Kind::File;
-    case S_IFLNK:
-        return Kind::Link;
-    case S_IFDIR:
-        return Kind::Folder;
-    case S_IFCHR:
-    case S_IFBLK:
-        return Kind::Device;
-    default:
-        return Kind::Stream;
-    }
-}
 
 std::optional<FileSystem::Identity> identityOf(const Stat& status, bool found)
 {
@@ -59,44 +39,33 @@ std::optional<FileSystem::Identity> FileSystem::identityOf(int descriptor)
     return ::identityOf(status, failed == 0);
 }
 
-bool FileSystem::Version::operator==(const Version& other) const
-{
-    const auto isSame = [](const timespec& one, const timespec& two) {
-        return one.tv_sec == two.tv_sec && one.tv_nsec == two.tv_nsec;
-    };
-    return identity == other.identity && bytes == other.bytes && isSame(modified, other.modified) &&
-           isSame(changed, other.changed);
-}
-
 std::optional<FileSystem::Version> FileSystem::versionOf(int descriptor)
 {
     Stat status;
     if (::fstat(descriptor, &status) != 0)
         return std::nullopt;
-    return Version{{status.st_dev, status.st_ino}, status.st_size, status.st_mtim, status.st_ctim};
+    return Version{status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec,
+                   status.st_ctim.tv_sec, status.st_ctim.tv_nsec};
 }
 
 bool FileSystem::isFile(int descriptor)
 {
-    struct stat status;
+    Stat status;
     return ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
 }
 
-FileSystem::Kind FileSystem::kindOf(const QString& path)
+bool FileSystem::isDevice(const QString& path)
 {
     Stat status;
-    const int failed = ::lstat(QFile::encodeName(path).constData(), &status);
-    return ::kindOf(status, failed == 0);
+    return ::stat(QFile::encodeName(path).constData(), &status) == 0 &&
+           (S_ISCHR(status.st_mode) || S_ISBLK(status.st_mode));
 }
 
-FileSystem::Kind FileSystem::targetKindOf(const QString& path)
+bool FileSystem::exists(const QString& path)
 {
-    Stat status;
-    const int failed = ::stat(QFile::encodeName(path).constData(), &status);
-    return ::kindOf(status, failed == 0);
+    const QFileInfo info(path);
+    return info.exists() || info.isSymLink();
 }
-
-bool FileSystem::exists(const QString& path) { return kindOf(path) != Kind::Nothing; }
 
 QByteArray FileSystem::folderOf(const QString& path)
 {
@@ -108,17 +77,17 @@ QByteArray FileSystem::nameOf(const QString& path)
     return QFile::encodeName(QFileInfo(path).fileName());
 }
 
-QString FileSystem::reason(int error) { return qt_error_string(error); }
+QString FileSystem::reason() { return qt_error_string(errno); }
 
 Status FileSystem::checkPlaceOf(const QString& path)
 {
     const int descriptor = ::open(folderOf(path).constData(), O_PATH | O_DIRECTORY | O_CLOEXEC);
     if (descriptor < 0)
-        return notWritten(path, reason(errno));
+        return notWritten(path, reason());
     ::close(descriptor);
-    struct stat status;
+    Stat status;
     if (::lstat(QFile::encodeName(path).constData(), &status) != 0 && errno != ENOENT)
-        return notWritten(path, reason(errno));
+        return notWritten(path, reason());
     return {};
 }
 
@@ -131,5 +100,5 @@ tl::unexpected<Finding> FileSystem::notWritten(const QString& path, const QStrin
 tl::unexpected<Finding> FileSystem::alreadyExists(const QString& path)
 {
     return failure(ExitCode::OutputExists, path, OutputOption,
-                   QStringLiteral("exists already; --force replaces it"));
+                   "exists already; --force replaces it");
 }

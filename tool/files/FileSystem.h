@@ -6,6 +6,8 @@
 #include <QString>
 
 #include <optional>
+#include <tuple>
+#include <utility>
 
 #include <ctime>
 
@@ -14,30 +16,16 @@
 /// What Qt does not offer of POSIX.
 namespace FileSystem {
 
-/// Two names, links included, with the same identity are one file.
-struct Identity {
-    dev_t device;
-    ino_t inode;
-
-    bool operator==(const Identity& other) const
-    {
-        return device == other.device && inode == other.inode;
-    }
-};
+/// Device and inode: two names, links included, with the same identity are one file.
+using Identity = std::pair<dev_t, ino_t>;
 
 /// Of what \p path leads to; nothing when it leads nowhere.
 std::optional<Identity> identityOf(const QString& path);
 std::optional<Identity> identityOf(int descriptor);
 
-/// What cannot stay as it is when a file is written to.
-struct Version {
-    Identity identity;
-    off_t bytes;
-    timespec modified;
-    timespec changed;
-
-    bool operator==(const Version& other) const;
-};
+/// What cannot stay as it is when a file is written to: its size in bytes, and when its content and
+/// its entry were changed, in seconds and nanoseconds.
+using Version = std::tuple<off_t, time_t, long, time_t, long>;
 
 /// Of an open file.
 std::optional<Version> versionOf(int descriptor);
@@ -45,14 +33,10 @@ std::optional<Version> versionOf(int descriptor);
 /// Whether the open file is a regular file, and no device or stream.
 bool isFile(int descriptor);
 
-enum class Kind { Nothing, File, Link, Folder, Device, Stream };
+/// Whether \p path leads to a device.
+bool isDevice(const QString& path);
 
-/// Of \p path itself: a link is not followed.
-Kind kindOf(const QString& path);
-
-/// Of what \p path leads to; links are followed.
-Kind targetKindOf(const QString& path);
-
+/// Whether there is something at \p path, be it a link that leads nowhere.
 bool exists(const QString& path);
 
 /// The folder of \p path as system calls take it.
@@ -61,8 +45,12 @@ QByteArray folderOf(const QString& path);
 /// The last name of \p path as system calls take it.
 QByteArray nameOf(const QString& path);
 
-/// The text for the errno \p error.
-QString reason(int error);
+/// Why the system call before failed.
+QString reason();
+
+/// A value, or the reason why there is none.
+template <class Value>
+using OrReason = tl::expected<Value, QString>;
 
 /// Whether the folder that \p path is to be in exists, and allows a name as long.
 Status checkPlaceOf(const QString& path);

@@ -4,6 +4,7 @@
 #include "tool/files/TemporaryFile.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <cerrno>
 
@@ -14,27 +15,25 @@ namespace {
 
 constexpr int ChunkBytes = 1024 * 1024;
 
-/// A file for reading and writing that has no name, and so cannot stay; or null, with errno.
-std::unique_ptr<QFile> openNameless()
+/// A file for reading and writing that has no name, and so cannot stay.
+FileSystem::OrReason<std::unique_ptr<QFile>> openNameless()
 {
     const QByteArray folder = QFile::encodeName(QDir::tempPath());
-    QByteArray name;
-    const int descriptor = TemporaryFile::open(folder, S_IRUSR | S_IWUSR, &name);
-    if (descriptor < 0)
-        return nullptr;
-    if (!name.isEmpty()) {
-        ::unlink((folder + '/' + name).constData());
-        TemporaryFile::forget(folder, name);
+    const auto opened = TemporaryFile::open(folder, S_IRUSR | S_IWUSR);
+    if (!opened)
+        return tl::make_unexpected(opened.error());
+    if (!opened->name.isEmpty()) {
+        ::unlink((folder + '/' + opened->name).constData());
+        TemporaryFile::forget(folder, opened->name);
     }
     auto file = std::make_unique<QFile>();
-    file->open(descriptor, QIODevice::ReadWrite | QIODevice::Unbuffered,
+    file->open(opened->descriptor, QIODevice::ReadWrite | QIODevice::Unbuffered,
                QFileDevice::AutoCloseHandle);
     return file;
 }
 
-/// What has come of a stream, up to \p bytes bytes. Returns how many, 0 at the end, or -1 with the
-/// reason in \p error.
-qint64 readStream(QIODevice* stream, char* data, qint64 bytes, QString* error)
+/// How many bytes have come of a stream, up to \p bytes; 0 at the end.
+FileSystem::OrReason<qint64> readStream(QIODevice* stream, char* data, qint64 bytes)
 {
     // A QFile would wait until it has them all.
     const auto* const file = qobject_cast<const QFile*>(stream);
@@ -44,7 +43,7 @@ qint64 readStream(QIODevice* stream, char* data, qint64 bytes, QString* error)
                      : stream->read(data, bytes);
     } while (count < 0 && file && errno == EINTR);
     if (count < 0)
-        *error = file ? FileSystem::reason(errno) : stream->errorString();
+        return tl::make_unexpected(file ? FileSystem::reason() : stream->errorString());
     return count;
 }
 
@@ -52,7 +51,7 @@ qint64 readStream(QIODevice* stream, char* data, qint64 bytes, QString* error)
 
 QString InputFile::labelOf(const QString& path)
 {
-    return path == StandardStream ? QStringLiteral("standard input") : path;
+    return path == StandardStream ? "standard input" : path;
 }
 
 bool InputFile::isStandardInput() const { return m_path == StandardStream; }
@@ -62,34 +61,26 @@ Result<QByteArray> InputFile::bytesAt(qint64 offset, qint64 bytes) const
     QByteArray taken(static_cast<int>(bytes), Qt::Uninitialized);
     int count = 0;
     while (count < taken.size()) {
-        const auto more = readAt(offset + count, taken.data() + count, taken.size() - count);
-        if (!more)
-            return tl::unexpected<Finding>(more.error());
-        if (*more == 0)
+        const ssize_t more =
+            ::pread(m_file->handle(), taken.data() + count,
+                    static_cast<std::size_t>(taken.size() - count), offset + count);
+        if (more < 0 && errno == EINTR)
+            continue;
+        if (more < 0)
+            return notRead(FileSystem::reason());
+        if (more == 0)
             break;
-        count += static_cast<int>(*more);
+        count += static_cast<int>(more);
     }
     return taken.left(count);
-}
-
-Result<qint64> InputFile::readAt(qint64 offset, char* data, qint64 bytes) const
-{
-    for (;;) {
-        const ssize_t count =
-            ::pread(m_file->handle(), data, static_cast<std::size_t>(bytes), offset);
-        if (count >= 0)
-            return count;
-        if (errno != EINTR)
-            return notRead(FileSystem::reason(errno));
-    }
 }
 
 Status InputFile::checkUnchanged() const
 {
     if (!m_version || (m_version == FileSystem::versionOf(m_file->handle()) &&
-                       m_version->identity == FileSystem::identityOf(m_path)))
+                       FileSystem::identityOf(m_file->handle()) == FileSystem::identityOf(m_path)))
         return {};
-    return notRead(QStringLiteral("it was changed meanwhile"), QStringLiteral("payload"));
+    return notRead("it was changed meanwhile", "payload");
 }
 
 tl::unexpected<Finding> InputFile::notRead(const QString& reason, const QString& field) const
@@ -110,63 +101,55 @@ Result<InputFile> Inputs::open(const QString& path, qint64 limit, const QString&
     file.m_label = InputFile::labelOf(path);
     if (file.isStandardInput()) {
         if (!m_in)
-            return failure(ExitCode::Refused, file.m_label, field,
-                           QStringLiteral("it can be read only once"));
+            return failure(ExitCode::Refused, file.m_label, field, "it can be read only once");
         QIODevice* const in = std::exchange(m_in, nullptr);
         if (const auto* const stream = qobject_cast<const QFile*>(in))
             guard(*stream, file);
-        Status status = spool(in, limit, field, &file);
-        return status ? Result<InputFile>(std::move(file))
-                      : tl::unexpected<Finding>(status.error());
+        return spool(in, limit, field, std::move(file));
     }
-
-    const FileSystem::Kind kind = FileSystem::targetKindOf(path);
-    if (kind == FileSystem::Kind::Folder)
-        return file.notRead(QStringLiteral("it is a folder"), field);
-    if (kind == FileSystem::Kind::Device)
-        return file.notRead(QStringLiteral("it is a device"), field);
+    if (QFileInfo(path).isDir())
+        return file.notRead("it is a folder", field);
+    if (FileSystem::isDevice(path))
+        return file.notRead("it is a device", field);
     auto opened = std::make_unique<QFile>(path);
     if (!opened->open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return file.notRead(opened->errorString(), field);
     if (use == Guarded)
         guard(*opened, file);
-    if (opened->isSequential()) {
-        Status status = spool(opened.get(), limit, field, &file);
-        return status ? Result<InputFile>(std::move(file))
-                      : tl::unexpected<Finding>(status.error());
-    }
+    if (opened->isSequential())
+        return spool(opened.get(), limit, field, std::move(file));
     file.m_size = opened->size();
     file.m_version = FileSystem::versionOf(opened->handle());
     file.m_file = std::move(opened);
     return file;
 }
 
-Status Inputs::spool(QIODevice* stream, qint64 limit, const QString& field, InputFile* file) const
+Result<InputFile> Inputs::spool(QIODevice* stream, qint64 limit, const QString& field,
+                                InputFile file) const
 {
-    std::unique_ptr<QFile> spooled = openNameless();
+    const auto notSpooled = [&](const QString& reason) {
+        return file.notRead(QStringLiteral("cannot be spooled: %1").arg(reason), field);
+    };
+    auto spooled = openNameless();
     if (!spooled)
-        return file->notRead(QStringLiteral("cannot be spooled: %1").arg(FileSystem::reason(errno)),
-                             field);
+        return notSpooled(spooled.error());
     const CopyObserver observe =
-        m_observers(QStringLiteral("reading %1").arg(shownText(file->m_label)));
+        m_observers(QStringLiteral("reading %1").arg(shownText(file.m_label)));
     QByteArray chunk(ChunkBytes, Qt::Uninitialized);
-    while (file->m_size <= limit) {
-        QString error;
-        const qint64 count = readStream(stream, chunk.data(),
-                                        qMin<qint64>(ChunkBytes, limit + 1 - file->m_size), &error);
-        if (count < 0)
-            return file->notRead(error, field);
-        // A pipe says so in its own way when it has come to its end.
-        if (count == 0)
+    while (file.m_size <= limit) {
+        const auto count =
+            readStream(stream, chunk.data(), qMin<qint64>(ChunkBytes, limit + 1 - file.m_size));
+        if (!count)
+            return file.notRead(count.error(), field);
+        if (*count == 0)
             break;
-        const QString failed = writeAll(spooled.get(), chunk.constData(), count);
-        if (!failed.isEmpty())
-            return file->notRead(QStringLiteral("cannot be spooled: %1").arg(failed), field);
-        file->m_size += count;
-        observe(chunk.constData(), count);
+        if (const auto written = writeAll(spooled->get(), chunk.constData(), *count); !written)
+            return notSpooled(written.error());
+        file.m_size += *count;
+        observe(chunk.constData(), *count);
     }
-    file->m_file = std::move(spooled);
-    return {};
+    file.m_file = std::move(*spooled);
+    return file;
 }
 
 void Inputs::guard(const QFile& file, const InputFile& input)

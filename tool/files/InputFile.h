@@ -31,9 +31,6 @@ public:
     /// Up to \p bytes bytes from \p offset on; fewer at the end.
     Result<QByteArray> bytesAt(qint64 offset, qint64 bytes) const;
 
-    /// Reads up to \p bytes bytes from \p offset on into \p data. Returns how many, 0 at the end.
-    Result<qint64> readAt(qint64 offset, char* data, qint64 bytes) const;
-
     /// The open file, to be read from any position. It stays this object's.
     QFile* device() const { return m_file.get(); }
 
@@ -89,7 +86,8 @@ public:
 
 private:
     void guard(const QFile& file, const InputFile& input);
-    Status spool(QIODevice* stream, qint64 limit, const QString& field, InputFile* file) const;
+    Result<InputFile> spool(QIODevice* stream, qint64 limit, const QString& field,
+                            InputFile file) const;
 
     QIODevice* m_in;
     Observers m_observers;

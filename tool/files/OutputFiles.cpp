@@ -32,11 +32,18 @@ std::optional<mode_t> modeOf(int folder, const QByteArray& name)
 
 bool exists(int folder, const QByteArray& name)
 {
-    struct stat status;
-    return ::fstatat(folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+    return ::faccessat(folder, name.constData(), F_OK, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
-int result(int returned) { return returned == 0 ? 0 : errno; }
+/// What became of a system call for \p path that returned \p returned.
+Status outcome(int returned, const QString& path)
+{
+    if (returned == 0)
+        return {};
+    if (errno == EEXIST)
+        return FileSystem::alreadyExists(path);
+    return FileSystem::notWritten(path, FileSystem::reason());
+}
 
 } // namespace
 
@@ -54,16 +61,17 @@ Result<QFile*> OutputFiles::add(const QString& path)
         m_folderPath = FileSystem::folderOf(path);
         m_folder = ::open(m_folderPath.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
         if (m_folder < 0)
-            return FileSystem::notWritten(path, FileSystem::reason(errno));
+            return FileSystem::notWritten(path, FileSystem::reason());
     }
     auto file = std::make_unique<File>();
     file->path = path;
     file->name = FileSystem::nameOf(path);
     const mode_t mode = modeOf(m_folder, file->name).value_or(UsualMode);
-    const int descriptor = TemporaryFile::open(m_folderPath, mode, &file->temporary);
-    if (descriptor < 0)
-        return FileSystem::notWritten(path, FileSystem::reason(errno));
-    file->device.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered,
+    const auto opened = TemporaryFile::open(m_folderPath, mode);
+    if (!opened)
+        return FileSystem::notWritten(path, opened.error());
+    file->temporary = opened->name;
+    file->device.open(opened->descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered,
                       QFileDevice::AutoCloseHandle);
     m_files.push_back(std::move(file));
     return &m_files.back()->device;
@@ -71,15 +79,15 @@ Result<QFile*> OutputFiles::add(const QString& path)
 
 Status OutputFiles::add(const QString& path, const QByteArray& bytes)
 {
-    const auto file = add(path);
-    return file ? writeAll(*file, bytes, path) : Status(tl::unexpected<Finding>(file.error()));
+    return add(path).and_then([&](QFile* file) { return writeAll(file, bytes, path); });
 }
 
 Status OutputFiles::place()
 {
-    if (Status status = complete(); !status)
-        return status;
-    const File& last = *m_files.front();
+    for (const auto& file : m_files) {
+        if (Status status = outcome(::fsync(file->device.handle()), file->path); !status)
+            return status;
+    }
     // On a file system without locks two runs may mix their files.
     while (::flock(m_folder, LOCK_EX) != 0 && errno == EINTR) {
     }
@@ -95,71 +103,62 @@ Status OutputFiles::place()
         }
     }
     // Some file systems keep names on the disk at all times, and have no such call.
-    if (::fsync(m_folder) != 0 && errno != EINVAL)
-        return FileSystem::notWritten(last.path, FileSystem::reason(errno));
-    return {};
-}
-
-Status OutputFiles::complete()
-{
-    for (const auto& file : m_files) {
-        if (::fsync(file->device.handle()) != 0)
-            return FileSystem::notWritten(file->path, FileSystem::reason(errno));
-    }
-    return {};
+    const int synced = ::fsync(m_folder);
+    return synced != 0 && errno == EINVAL ? Status() : outcome(synced, m_files.front()->path);
 }
 
 Status OutputFiles::place(File* file)
 {
-    int error = placeNew(file);
-    file->isNew = error == 0;
-    if (error == EEXIST && m_existing == Replace)
-        error = replace(file);
-    if (error == EEXIST)
-        return FileSystem::alreadyExists(file->path);
-    if (error != 0)
-        return FileSystem::notWritten(file->path, FileSystem::reason(error));
-    return {};
+    Status status = placeNew(*file);
+    file->isNew = status.has_value();
+    if (!status && status.error().exitCode == ExitCode::OutputExists && m_existing == Replace)
+        status = replace(file);
+    return status;
 }
 
-/// Returns 0 or an errno: EEXIST if there is something already.
-int OutputFiles::placeNew(File* file)
+Status OutputFiles::placeNew(const File& file) const
 {
-    if (file->temporary.isEmpty())
-        return link(*file, file->name);
-    int error = rename(file->temporary, file->name, RENAME_NOREPLACE);
-    if (error == EINVAL || error == ENOSYS)
-        error = result(
-            ::linkat(m_folder, file->temporary.constData(), m_folder, file->name.constData(), 0));
+    if (file.temporary.isEmpty())
+        return link(file, file.name);
+    const int renamed = ::renameat2(m_folder, file.temporary.constData(), m_folder,
+                                    file.name.constData(), RENAME_NOREPLACE);
+    if (renamed == 0 || (errno != EINVAL && errno != ENOSYS))
+        return outcome(renamed, file.path);
+    const int linked =
+        ::linkat(m_folder, file.temporary.constData(), m_folder, file.name.constData(), 0);
+    if (linked == 0 || (errno != EPERM && errno != EOPNOTSUPP))
+        return outcome(linked, file.path);
     // A file system without either leaves a moment for another program.
-    if (error == EPERM || error == EOPNOTSUPP)
-        error = exists(m_folder, file->name) ? EEXIST : rename(file->temporary, file->name, 0);
-    return error;
+    return exists(m_folder, file.name) ? Status(FileSystem::alreadyExists(file.path))
+                                       : rename(file);
 }
 
-int OutputFiles::replace(File* file)
+Status OutputFiles::replace(File* file) const
 {
     if (const auto mode = modeOf(m_folder, file->name))
         ::fchmod(file->device.handle(), *mode);
     if (file->temporary.isEmpty()) {
         ::unlinkat(m_folder, MomentaryName.constData(), 0);
-        if (const int error = link(*file, MomentaryName))
-            return error;
+        if (Status status = link(*file, MomentaryName); !status)
+            return status;
         file->temporary = MomentaryName;
     }
-    return rename(file->temporary, file->name, 0);
+    return rename(*file);
 }
 
-int OutputFiles::link(const File& file, const QByteArray& name) const
+Status OutputFiles::link(const File& file, const QByteArray& name) const
 {
     const QByteArray opened = "/proc/self/fd/" + QByteArray::number(file.device.handle());
-    return result(
-        ::linkat(AT_FDCWD, opened.constData(), m_folder, name.constData(), AT_SYMLINK_FOLLOW));
+    return outcome(
+        ::linkat(AT_FDCWD, opened.constData(), m_folder, name.constData(), AT_SYMLINK_FOLLOW),
+        file.path);
 }
 
-int OutputFiles::rename(const QByteArray& from, const QByteArray& to, unsigned flags) const
+Status OutputFiles::rename(const File& file) const
 {
-    return result(::renameat2(m_folder, from.constData(), m_folder, to.constData(), flags));
+    return outcome(
+        ::renameat(m_folder, file.temporary.constData(), m_folder, file.name.constData()),
+        file.path);
 }
 
 /// The name is there no more once the file has its own.

@@ -44,12 +44,11 @@ private:
         bool isNew = false;
     };
 
-    Status complete();
     Status place(File* file);
-    int placeNew(File* file);
-    int replace(File* file);
-    int link(const File& file, const QByteArray& name) const;
-    int rename(const QByteArray& from, const QByteArray& to, unsigned flags) const;
+    Status placeNew(const File& file) const;
+    Status replace(File* file) const;
+    Status link(const File& file, const QByteArray& name) const;
+    Status rename(const File& file) const;
     void forgetTemporary(File* file);
     void rollBack();
 

@@ -1,7 +1,5 @@
 #include "tool/files/TemporaryFile.h"
 
-#include <QString>
-
 #include <algorithm>
 #include <cerrno>
 #include <climits>
@@ -49,35 +47,39 @@ void remember(const QByteArray& path)
         std::memcpy(*free, path.constData(), static_cast<std::size_t>(path.size()) + 1);
 }
 
-int openNamed(const QByteArray& folder, mode_t mode, QByteArray* name)
+FileSystem::OrReason<TemporaryFile::Opened> openNamed(const QByteArray& folder, mode_t mode)
 {
     const SignalBlock block;
-    QByteArray path;
-    int descriptor = -1;
-    for (int number = 0; descriptor < 0; ++number) {
-        *name = QStringLiteral(".pelk-fcf-%1-%2").arg(::getpid()).arg(number).toLatin1();
-        path = folder + '/' + *name;
-        descriptor = ::open(path.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-        if (descriptor < 0 && errno != EEXIST)
-            return -1;
+    for (int number = 0;; ++number) {
+        const QByteArray name =
+            QStringLiteral(".pelk-fcf-%1-%2").arg(::getpid()).arg(number).toLatin1();
+        const QByteArray path = folder + '/' + name;
+        const int descriptor =
+            ::open(path.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+        if (descriptor < 0 && errno == EEXIST)
+            continue;
+        if (descriptor < 0)
+            return tl::make_unexpected(FileSystem::reason());
+        remember(path);
+        handleSignals();
+        return TemporaryFile::Opened{descriptor, name};
     }
-    remember(path);
-    handleSignals();
-    return descriptor;
 }
 
 } // namespace
 
-int TemporaryFile::open(const QByteArray& folder, mode_t mode, QByteArray* name)
+FileSystem::OrReason<TemporaryFile::Opened> TemporaryFile::open(const QByteArray& folder,
+                                                                mode_t mode)
 {
-    name->clear();
     // A file gets its name by way of /proc.
-    const bool canBeNamed = ::access("/proc/self/fd", X_OK) == 0;
-    const int descriptor =
-        canBeNamed ? ::open(folder.constData(), O_TMPFILE | O_RDWR | O_CLOEXEC, mode) : -1;
-    const bool isUnknown = errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL;
-    return descriptor >= 0 || (canBeNamed && !isUnknown) ? descriptor
-                                                         : openNamed(folder, mode, name);
+    if (::access("/proc/self/fd", X_OK) != 0)
+        return openNamed(folder, mode);
+    const int descriptor = ::open(folder.constData(), O_TMPFILE | O_RDWR | O_CLOEXEC, mode);
+    if (descriptor >= 0)
+        return Opened{descriptor, QByteArray()};
+    if (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)
+        return openNamed(folder, mode);
+    return tl::make_unexpected(FileSystem::reason());
 }
 
 void TemporaryFile::forget(const QByteArray& folder, const QByteArray& name)

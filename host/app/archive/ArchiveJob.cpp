@@ -86,6 +86,10 @@ void ArchiveJob::makeArchive()
     checkCancelled();
 
     MissingFolders folders(m_order.destination, m_order.baseFolder);
+    const QFileInfo present(m_order.destination);
+    // Through a link, a device of the system would be replaced.
+    if (present.exists() && !present.isFile())
+        throw ArchiveError(fileProblem(m_order.destination, tr("It is not a file.")));
     QSaveFile file(m_order.destination);
     // Unbuffered: QSaveFile would not notice when the last of its buffer cannot be written.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))

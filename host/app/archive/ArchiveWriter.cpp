@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <array>
 #include <clocale>
@@ -123,6 +124,9 @@ void ArchiveWriter::add(const ArchiveMember& member, const Advance& advance)
 void ArchiveWriter::addFile(const ArchiveMember& member, const Advance& advance)
 {
     QFile file(member.source);
+    // A pipe, which may have come up since the members were listed, would block the archive.
+    if (file.exists() && !QFileInfo(file).isFile())
+        throw ArchiveError(cannotRead(member.source, tr("It is not a file.")));
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         throw ArchiveError(cannotRead(member.source, file.errorString()));
     const qint64 size = file.size();

@@ -9,6 +9,8 @@
 #include <QDir>
 #include <QtTest>
 
+#include <sys/stat.h>
+
 class ArchiveJobTest : public QObject {
     Q_OBJECT
 
@@ -30,6 +32,7 @@ private slots:
     void leavesNothingWhenItIsDeleted();
     void refusesAnArchiveOfNothing();
     void refusesAFolderAsDestination();
+    void refusesALinkToWhatIsNoFile();
     void tellsItsProgress();
 
 private:
@@ -249,6 +252,18 @@ void ArchiveJobTest::refusesAFolderAsDestination()
     QCOMPARE(outcome, ArchiveJob::Failed);
     QVERIFY2(error.startsWith(bench->path("constraints") + ": "), qPrintable(error));
     QVERIFY(QFileInfo::exists(bench->path("constraints/pins.xdc")));
+}
+
+void ArchiveJobTest::refusesALinkToWhatIsNoFile()
+{
+    // A pipe in place of a device of the system, which an administrator could replace.
+    const QString pipe = bench->path("pipe");
+    QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    QVERIFY(QFile::link(pipe, bench->path("link.zip")));
+    run(order(bench->path("link.zip")));
+    QCOMPARE(outcome, ArchiveJob::Failed);
+    QVERIFY2(error.endsWith("It is not a file."), qPrintable(error));
+    QVERIFY(QFileInfo::exists(pipe) && !QFileInfo(pipe).isFile());
 }
 
 void ArchiveJobTest::tellsItsProgress()

@@ -39,6 +39,11 @@ QList<DesignFolder*> DesignContents::folders() const { return m_folders; }
 DesignFile* DesignContents::fileAt(const QString& path) const
 {
     const QString wanted = absolutePath(path);
+    DesignFile* const added = m_addedFiles.value(wanted);
+    if (added && added->parent() == m_tree.data())
+        return added;
+    if (m_addedFiles.count() == m_tree->subjectCount())
+        return nullptr;
     foreach (DesignFile* file, files()) {
         if (file->filePath() == wanted)
             return file;
@@ -74,6 +79,7 @@ DesignFile* DesignContents::addFile(const QString& path)
         return present;
     DesignFile* const file = new DesignFile(absolutePath(path), m_design);
     connect(file, SIGNAL(itemChanged()), SLOT(handleItemChanged()));
+    m_addedFiles.insert(file->filePath(), file);
     m_tree->addItem(file);
     emit modified();
     return file;
@@ -95,6 +101,7 @@ void DesignContents::remove(DesignFile* file)
 {
     if (!file || file->design() != m_design)
         return;
+    m_addedFiles.remove(file->filePath());
     delete file;
     emit modified();
 }

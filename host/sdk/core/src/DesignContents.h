@@ -1,10 +1,14 @@
 #ifndef CORE_DESIGNCONTENTS_H
 #define CORE_DESIGNCONTENTS_H
 
+#include <QHash>
 #include <QList>
 #include <QObject>
+#include <QPointer>
 #include <QScopedPointer>
 #include <QString>
+
+#include <OrvanticCore/DesignFile.h>
 
 namespace Qtilities {
 namespace CoreGui {
@@ -15,7 +19,6 @@ class TreeNode;
 namespace OrvanticCore {
 
 class Design;
-class DesignFile;
 class DesignFolder;
 
 /// The files and folders of one design. Paths are absolute or relative to the working folder. What
@@ -70,6 +73,9 @@ private:
     QString m_workingFolder;
     Design* m_design;
     QScopedPointer<Qtilities::CoreGui::TreeNode> m_tree;
+    /// By path, to find one among thousands. A file that a plug-in puts into the tree, takes out of
+    /// it or deletes on its own is not followed.
+    QHash<QString, QPointer<DesignFile>> m_addedFiles;
     QList<DesignFolder*> m_folders;
     /// The running cycle has changes of which the tree knows nothing.
     bool m_changePending;

@@ -28,7 +28,7 @@ TreeNode* TreeNode::addNode(const QString& name)
 
 bool TreeNode::addItem(TreeItemBase* item)
 {
-    if (!item || m_subjects.contains(item))
+    if (!item || item->parent() == this)
         return false;
     if (TreeNode* const former = qobject_cast<TreeNode*>(item->parent())) {
         disconnect(item, nullptr, former, nullptr);

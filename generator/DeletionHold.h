@@ -1,0 +1,29 @@
+#ifndef GENERATOR_DELETIONHOLD_H
+#define GENERATOR_DELETIONHOLD_H
+
+#include <QObject>
+#include <QPointer>
+
+/// Puts off the deletion of a window that is closed while one of its functions lets events run, as
+/// an open dialog does: the function goes on with the window afterwards. A deletion that became
+/// due is for the event loop again when the hold ends.
+class DeletionHold : public QObject {
+public:
+    /// \p window may be deleted by deleteLater(), as closing does, or by nothing.
+    explicit DeletionHold(QObject* window) : m_window(window), m_isDue(false)
+    {
+        window->installEventFilter(this);
+    }
+    ~DeletionHold() override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    Q_DISABLE_COPY(DeletionHold)
+
+    QPointer<QObject> m_window;
+    bool m_isDue;
+};
+
+#endif

@@ -1,0 +1,437 @@
+#include "archive/ArchiveHost.h"
+#include "generator/FunctionEntries.h"
+#include "generator/GeneratorDriver.h"
+#include "support/FullDisk.h"
+#include "support/PlainFcf.h"
+#include "support/SampleHeaders.h"
+#include "tool/ToolFixture.h"
+
+#include "fcf/FcfReader.h"
+#include "host/app/archive/ArchivePlan.h"
+#include "host/app/archive/ArchiveWriter.h"
+#include "host/app/DesignStorage.h"
+#include "host/app/ImageInspector.h"
+
+#include <OrvanticCore/Design.h>
+
+#include <QBuffer>
+#include <QFile>
+#include <QProcess>
+#include <QtTest>
+
+#include <functional>
+#include <sys/stat.h>
+
+namespace {
+
+const char* const Red = "<font color='red'>Failed to generate output file.</font>";
+
+/// Puts something else than a file at a path.
+using Place = void (*)(const QString& path);
+
+void placePipe(const QString& path)
+{
+    if (::mkfifo(QFile::encodeName(path).constData(), 0600) != 0)
+        qFatal("no pipe");
+}
+void placeFolder(const QString& path) { QDir().mkpath(path); }
+void placeDevice(const QString& path) { QFile::link("/dev/zero", path); }
+void placeLinkToNothing(const QString& path) { QFile::link("none", path); }
+void placeLinkToItself(const QString& path) { QFile::link(path, path); }
+void placeLinkToPipe(const QString& path)
+{
+    placePipe(path + ".pipe");
+    QFile::link(path + ".pipe", path);
+}
+void placeNothing(const QString&) {}
+
+void addPlaces()
+{
+    QTest::addColumn<Place>("place");
+    QTest::newRow("nothing") << Place(placeNothing);
+    QTest::newRow("a pipe") << Place(placePipe);
+    QTest::newRow("a link to a pipe") << Place(placeLinkToPipe);
+    QTest::newRow("a folder") << Place(placeFolder);
+    QTest::newRow("a device") << Place(placeDevice);
+    QTest::newRow("a link to nothing") << Place(placeLinkToNothing);
+    QTest::newRow("a link to itself") << Place(placeLinkToItself);
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Place)
+
+/// Files that are something else, that change meanwhile, and disks that take no more. The user gets
+/// a reason, nobody waits for ever, and files that were whole stay so unless the user agreed.
+class FaultyFilesTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void loadsNothingButAFile_data() { addPlaces(); }
+    void loadsNothingButAFile();
+    void logsATextWithoutEnd_data();
+    void logsATextWithoutEnd();
+    void endsInRedForABinaryThatIsNoFile_data() { addPlaces(); }
+    void endsInRedForABinaryThatIsNoFile();
+    void endsInRedForABinaryThatChangesMeanwhile_data();
+    void endsInRedForABinaryThatChangesMeanwhile();
+    void neverWaitsForAPipeInPlaceOfAnOutput_data();
+    void neverWaitsForAPipeInPlaceOfAnOutput();
+    void endsInRedWhenTheFolderVanishes();
+    void writesThroughALink();
+    void endsInRedOnASmallDisk();
+
+    void inspectsNothingButAFile_data() { addPlaces(); }
+    void inspectsNothingButAFile();
+    void inspectsAnImageBesideADigestThatIsNoFile();
+
+    void opensNoDesignWithoutAFile_data() { addPlaces(); }
+    void opensNoDesignWithoutAFile();
+    void opensNoDesignOfOneGibibyte();
+    void savesADesignInPlaceOfWhatIsThere_data();
+    void savesADesignInPlaceOfWhatIsThere();
+    void archivesNothingButAFile_data() { addPlaces(); }
+    void archivesNothingButAFile();
+
+    void startsWithFirmwareWithoutSettings_data();
+    void startsWithFirmwareWithoutSettings();
+    void startsWithFirmwareForDamagedSettings();
+    void keepsTheSettingsOnAFullDisk();
+
+private:
+    /// Fills in a binary and generates; every question is answered with Yes.
+    void generate();
+
+    QScopedPointer<GeneratorDriver> m_driver;
+};
+
+void FaultyFilesTest::init() { m_driver.reset(new GeneratorDriver); }
+
+void FaultyFilesTest::cleanup()
+{
+    QCOMPARE(m_driver->listFault(), QString());
+    m_driver.reset();
+}
+
+void FaultyFilesTest::loadsNothingButAFile()
+{
+    QFETCH(Place, place);
+    m_driver->upload("old", "o", "o", "o");
+    m_driver->type("AuthoEditBox", "R. Vos");
+    const QString path = m_driver->path("top.txt");
+    place(path);
+    m_driver->window()->setTxtFile(path);
+    QCOMPARE(m_driver->text("StatusBar"), "<font color='red'>Loading " + path + " failed.</font>");
+    QCOMPARE(m_driver->text("AuthoEditBox"), QString("R. Vos"));
+    QCOMPARE(m_driver->functionNames(), QStringList("old"));
+    QCOMPARE(m_driver->log().size(), 1);
+    const QString logged = m_driver->log().constFirst();
+    QVERIFY2(logged.startsWith("8 Pelk FCF Generator: \"" + path + "\" cannot be loaded: "),
+             qPrintable(logged));
+    QVERIFY2(!logged.contains("Unknown error"), qPrintable(logged));
+}
+
+void FaultyFilesTest::logsATextWithoutEnd_data()
+{
+    QTest::addColumn<int>("bytes");
+    QTest::addColumn<int>("bound");
+    QTest::newRow("a short one") << 100 << 100;
+    QTest::newRow("a long one") << 10000000 << int(FcfReader::MaximumBytes);
+}
+
+void FaultyFilesTest::logsATextWithoutEnd()
+{
+    QFETCH(int, bytes);
+    QFETCH(int, bound);
+    QByteArray text = ForgedImage().preamble() + "\nFilename: top.fcf\n";
+    text += QByteArray(bytes - text.size(), 'x');
+    const QString path = m_driver->write("top.txt", text);
+    m_driver->window()->setTxtFile(path);
+    QCOMPARE(m_driver->text("StatusBar"), "<font color='red'>Loading " + path + " failed.</font>");
+    QCOMPARE(m_driver->log(),
+             QStringList(QString("8 Pelk FCF Generator: \"%1\" cannot be loaded: its text does not "
+                                 "end within %2 bytes.")
+                             .arg(path)
+                             .arg(bound)));
+}
+
+void FaultyFilesTest::generate()
+{
+    m_driver->type("AuthoEditBox", "a");
+    m_driver->type("CiNumEditBox", "1");
+    m_driver->click("GenerateButton");
+    QVERIFY(!m_driver->window()->isVisible());
+}
+
+void FaultyFilesTest::endsInRedForABinaryThatIsNoFile()
+{
+    QFETCH(Place, place);
+    const QString binary = m_driver->path("top.bin");
+    place(binary);
+    m_driver->window()->setBinFile(binary);
+    generate();
+    QCOMPARE(m_driver->text("StatusBar"), QString(Red));
+    QCOMPARE(m_driver->log().size(), 1);
+    QVERIFY2(!m_driver->log().constFirst().contains("Unknown error"),
+             qPrintable(m_driver->log().constFirst()));
+    QCOMPARE(m_driver->dialogs().texts(), QStringList());
+}
+
+void FaultyFilesTest::endsInRedForABinaryThatChangesMeanwhile_data()
+{
+    QTest::addColumn<int>("bytes");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("shrinks") << 700 << "the payload ends after 700 of 5000 bytes";
+    QTest::newRow("is emptied") << 0 << "the payload ends after 0 of 5000 bytes";
+    QTest::newRow("grows") << 5001 << "the payload is longer than its 5000 bytes";
+}
+
+void FaultyFilesTest::endsInRedForABinaryThatChangesMeanwhile()
+{
+    QFETCH(int, bytes);
+    QFETCH(QString, reason);
+    const QString binary = m_driver->binary("top.bin", 5000);
+    m_driver->fillIn(binary);
+    // The clock is read once all three files are open.
+    m_driver->window()->setClock([binary, bytes] {
+        QFile::resize(binary, bytes);
+        return QDateTime(QDate(2026, 11, 21), QTime(9, 5, 7));
+    });
+    m_driver->click("GenerateButton");
+    QCOMPARE(m_driver->text("StatusBar"), QString(Red));
+    QCOMPARE(m_driver->log(), QStringList("8 Pelk FCF Generator: \"" + m_driver->path("top.fcf") +
+                                          "\" is not complete: " + reason + "."));
+}
+
+void FaultyFilesTest::neverWaitsForAPipeInPlaceOfAnOutput_data()
+{
+    QTest::addColumn<QString>("pipe");
+    QTest::addColumn<QString>("file");
+    QTest::newRow("of the image") << "top.fcf"
+                                  << "";
+    QTest::newRow("of the companion") << "top.txt"
+                                      << "";
+    QTest::newRow("of the companion of an image to be overwritten") << "top.txt"
+                                                                    << "top.fcf";
+}
+
+void FaultyFilesTest::neverWaitsForAPipeInPlaceOfAnOutput()
+{
+    QFETCH(QString, pipe);
+    QFETCH(QString, file);
+    m_driver->fillIn(m_driver->binary("top.bin", 10));
+    placePipe(m_driver->path(pipe));
+    if (!file.isEmpty())
+        m_driver->write(file, "old");
+    if (pipe == "top.fcf" || !file.isEmpty())
+        m_driver->dialogs().click(QMessageBox::Yes);
+    m_driver->dialogs().click(QMessageBox::Ok);
+    m_driver->click("GenerateButton");
+    QCOMPARE(m_driver->text("StatusBar"), QString(Red));
+    QCOMPARE(m_driver->dialogs().texts().constLast(), "can't open " + m_driver->path(pipe));
+    QVERIFY(m_driver->dialogs().allGiven());
+}
+
+void FaultyFilesTest::endsInRedWhenTheFolderVanishes()
+{
+    QVERIFY(QDir().mkpath(m_driver->path("disk")));
+    m_driver->fillIn(m_driver->binary("disk/top.bin", 5000));
+    const QString folder = m_driver->path("disk");
+    m_driver->window()->setClock([folder] {
+        QDir(folder).removeRecursively();
+        return QDateTime(QDate(2026, 11, 21), QTime(9, 5, 7));
+    });
+    m_driver->click("GenerateButton");
+    QCOMPARE(m_driver->text("StatusBar"), QString(Red));
+    QCOMPARE(m_driver->log(),
+             QStringList("8 Pelk FCF Generator: \"" + folder +
+                         "/top.fcf\" is not complete: it has 0 bytes, but 169 were written."));
+    QVERIFY(!QFileInfo::exists(folder));
+}
+
+void FaultyFilesTest::writesThroughALink()
+{
+    m_driver->fillIn(m_driver->binary("top.bin", 5000));
+    QVERIFY(QFile::link("target.fcf", m_driver->path("top.fcf")));
+    QVERIFY(QFile::link("target.txt", m_driver->path("top.txt")));
+    m_driver->click("GenerateButton");
+    QVERIFY(m_driver->text("StatusBar").contains("Successfully"));
+    QVERIFY(QFileInfo(m_driver->path("top.fcf")).isSymLink());
+    const PlainFcf image = PlainFcf::fromFile(m_driver->path("target.fcf").toStdString());
+    QCOMPARE(image.fault, std::string());
+    QCOMPARE(image.payload.size(), std::size_t(5000));
+}
+
+void FaultyFilesTest::endsInRedOnASmallDisk()
+{
+    if (qEnvironmentVariableIsSet("SMALL_DISK")) {
+        const QString binary = qEnvironmentVariable("SMALL_DISK") + "/top.bin";
+        m_driver->fillIn(binary);
+        m_driver->click("GenerateButton");
+        QCOMPARE(m_driver->text("StatusBar"), QString(Red));
+        QVERIFY2(m_driver->log().constLast().contains("No space left on device"),
+                 qPrintable(m_driver->log().join('\n')));
+
+        ToolFixture tool;
+        const Arguments create{"create", binary.toStdString(), "--force"};
+        const Run run = tool.run(create + ToolFixture::described());
+        QCOMPARE(run.code, 3);
+        QVERIFY2(run.err.contains("No space left on device"), run.err);
+        return;
+    }
+    // A file system of its own needs a namespace of its own, which not every machine gives.
+    const QString disk = m_driver->path("disk");
+    QVERIFY(QDir().mkpath(disk));
+    const QString script = "mount -t tmpfs -o size=64k tmpfs \"$1\" || exit 77; "
+                           "head -c 40000 /dev/zero >\"$1/top.bin\" || exit 1; "
+                           "SMALL_DISK=\"$1\" exec \"$0\" endsInRedOnASmallDisk";
+    QProcess process;
+    process.start("unshare", {"--user", "--map-root-user", "--mount", "sh", "-c", script,
+                              QCoreApplication::applicationFilePath(), disk});
+    if (!process.waitForStarted())
+        QSKIP("there is no unshare");
+    QVERIFY(process.waitForFinished(60000));
+    const QByteArray output = process.readAllStandardOutput() + process.readAllStandardError();
+    if (process.exitCode() == 77 || output.contains("unshare failed"))
+        QSKIP("there is no file system for a user");
+    QVERIFY2(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0, output);
+}
+
+void FaultyFilesTest::inspectsNothingButAFile()
+{
+    QFETCH(Place, place);
+    const QString path = m_driver->path("top.fcf");
+    place(path);
+    const ImageReport report = ImageReport::of(path);
+    QCOMPARE(report.findings.size(), 1);
+    QCOMPARE(report.rows.size(), 1);
+}
+
+void FaultyFilesTest::inspectsAnImageBesideADigestThatIsNoFile()
+{
+    const QString path = m_driver->writeHeader("top.fcf", sampleHeader());
+    const int rows = ImageReport::of(path).rows.size();
+    placePipe(path + ".sha256");
+    QCOMPARE(ImageReport::of(path).rows.size(), rows);
+}
+
+void FaultyFilesTest::opensNoDesignWithoutAFile()
+{
+    QFETCH(Place, place);
+    place(m_driver->path("design.json"));
+    QString error;
+    QVERIFY(!DesignStorage::load(m_driver->path(""), &error));
+    QVERIFY2(error.contains("design.json: "), qPrintable(error));
+    QVERIFY2(!error.contains("Unknown error"), qPrintable(error));
+}
+
+void FaultyFilesTest::opensNoDesignOfOneGibibyte()
+{
+    const QString path = m_driver->write("design.json", "{");
+    QVERIFY(QFile::resize(path, 1LL << 30));
+    QString error;
+    QVERIFY(!DesignStorage::load(m_driver->path(""), &error));
+    QVERIFY2(error.endsWith("it is too large: 1073741824 bytes"), qPrintable(error));
+}
+
+void FaultyFilesTest::savesADesignInPlaceOfWhatIsThere_data()
+{
+    QTest::addColumn<Place>("place");
+    QTest::addColumn<bool>("isSaved");
+    QTest::newRow("nothing") << Place(placeNothing) << true;
+    QTest::newRow("a pipe") << Place(placePipe) << false;
+    QTest::newRow("a link to a pipe") << Place(placeLinkToPipe) << false;
+    QTest::newRow("a folder") << Place(placeFolder) << false;
+    QTest::newRow("a link to nothing") << Place(placeLinkToNothing) << true;
+}
+
+void FaultyFilesTest::savesADesignInPlaceOfWhatIsThere()
+{
+    QFETCH(Place, place);
+    QFETCH(bool, isSaved);
+    const QString folder = m_driver->path("design");
+    QVERIFY(QDir().mkpath(folder));
+    place(folder + "/design.json");
+    OrvanticCore::Design design(folder, "Firmware Design");
+    QString error;
+    QCOMPARE(DesignStorage::save(&design, &error), isSaved);
+    QCOMPARE(error.isEmpty(), isSaved);
+    if (isSaved)
+        QVERIFY2(DesignStorage::load(folder, &error), qPrintable(error));
+    else
+        QVERIFY(!QFileInfo(folder + "/design.json").isFile());
+}
+
+void FaultyFilesTest::archivesNothingButAFile()
+{
+    QFETCH(Place, place);
+    ArchiveMember member;
+    member.kind = ArchiveMember::File;
+    member.name = "top.bin";
+    member.source = m_driver->path("top.bin");
+    place(member.source);
+    QBuffer buffer;
+    QVERIFY(buffer.open(QIODevice::WriteOnly));
+    ArchiveWriter writer(&buffer, "archive", ArchiveFormat::Zip);
+    try {
+        writer.add(member, [](qint64) {});
+        QFAIL("it was archived");
+    } catch (const ArchiveError& error) {
+        QVERIFY2(error.text().contains(member.source), qPrintable(error.text()));
+        QVERIFY2(!error.text().contains("Unknown error"), qPrintable(error.text()));
+    }
+}
+
+void FaultyFilesTest::startsWithFirmwareWithoutSettings_data()
+{
+    QTest::addColumn<Place>("place");
+    QTest::newRow("nothing") << Place(placeNothing);
+    QTest::newRow("a folder") << Place(placeFolder);
+    QTest::newRow("a link to nothing") << Place(placeLinkToNothing);
+    QTest::newRow("a link to itself") << Place(placeLinkToItself);
+}
+
+void FaultyFilesTest::startsWithFirmwareWithoutSettings()
+{
+    QFETCH(Place, place);
+    ArchiveHost host;
+    QFile::remove(host.settingsPath());
+    place(host.settingsPath());
+    host.restart();
+    QCOMPARE(host.packageType()->currentText(), QString("7010 (Firmware)"));
+    host.packageType()->setCurrentIndex(1);
+    QCOMPARE(host.packageType()->currentText(), QString("7030 (Software)"));
+}
+
+void FaultyFilesTest::startsWithFirmwareForDamagedSettings()
+{
+    ArchiveHost host;
+    QFile settings(host.settingsPath());
+    QVERIFY(settings.open(QIODevice::WriteOnly));
+    settings.write(ToolFixture::payload(5000));
+    settings.close();
+    host.restart();
+    QCOMPARE(host.packageType()->currentText(), QString("7010 (Firmware)"));
+}
+
+void FaultyFilesTest::keepsTheSettingsOnAFullDisk()
+{
+    ArchiveHost host("7030 (Software)");
+    QFile settings(host.settingsPath());
+    QVERIFY(settings.open(QIODevice::ReadOnly));
+    const QByteArray before = settings.readAll();
+    settings.close();
+    {
+        const FullDisk disk(0);
+        host.packageType()->setCurrentIndex(0);
+        QCOMPARE(host.packageType()->currentText(), QString("7010 (Firmware)"));
+    }
+    QVERIFY(settings.open(QIODevice::ReadOnly));
+    QCOMPARE(settings.readAll(), before);
+}
+
+QTEST_MAIN(FaultyFilesTest)
+#include "FaultyFilesTest.moc"
