@@ -705,22 +705,6 @@ Qt %2</translation>
         <source>The digest in %1 is that of another file.</source>
         <translation>Die Prüfsumme in %1 gehört zu einer anderen Datei.</translation>
     </message>
-    <message>
-        <source>File</source>
-        <translation>Datei</translation>
-    </message>
-    <message>
-        <source>&lt;p&gt;The file is as the generator writes it.&lt;/p&gt;</source>
-        <translation>&lt;p&gt;Die Datei ist so, wie der Generator sie schreibt.&lt;/p&gt;</translation>
-    </message>
-    <message>
-        <source>&lt;p&gt;&lt;b&gt;Findings&lt;/b&gt;&lt;/p&gt;</source>
-        <translation>&lt;p&gt;&lt;b&gt;Befunde&lt;/b&gt;&lt;/p&gt;</translation>
-    </message>
-    <message>
-        <source>Finding: %1</source>
-        <translation>Befund: %1</translation>
-    </message>
 </context>
 <context>
     <name>ImageReport</name>
@@ -743,86 +727,6 @@ Qt %2</translation>
     <message>
         <source>Finding: %1</source>
         <translation>Befund: %1</translation>
-    </message>
-    <message>
-        <source>%1 bytes, %2 pages, %3 blocks</source>
-        <translation>%1 Bytes, %2 Seiten, %3 Blöcke</translation>
-    </message>
-    <message>
-        <source>unknown (module code %1, device code %2)</source>
-        <translation>unbekannt (Modulcode %1, Bausteincode %2)</translation>
-    </message>
-    <message>
-        <source>Image</source>
-        <translation>Image</translation>
-    </message>
-    <message>
-        <source>Version</source>
-        <translation>Version</translation>
-    </message>
-    <message>
-        <source>CI number</source>
-        <translation>CI-Nummer</translation>
-    </message>
-    <message>
-        <source>Author</source>
-        <translation>Autor</translation>
-    </message>
-    <message>
-        <source>Made</source>
-        <translation>Erstellt</translation>
-    </message>
-    <message>
-        <source>Description</source>
-        <translation>Beschreibung</translation>
-    </message>
-    <message>
-        <source>Target</source>
-        <translation>Ziel</translation>
-    </message>
-    <message>
-        <source>%1, slot %2</source>
-        <translation>%1, Slot %2</translation>
-    </message>
-    <message>
-        <source>Function</source>
-        <translation>Funktion</translation>
-    </message>
-    <message>
-        <source>%1 (%2, CI %3): %4</source>
-        <translation>%1 (%2, CI %3): %4</translation>
-    </message>
-    <message>
-        <source>Binary</source>
-        <translation>Binärdatei</translation>
-    </message>
-    <message>
-        <source>Whole image</source>
-        <translation>Ganzes Image</translation>
-    </message>
-    <message>
-        <source>Kind</source>
-        <translation>Art</translation>
-    </message>
-    <message>
-        <source>companion: the header page alone</source>
-        <translation>Begleitdatei: nur die Kopfseite</translation>
-    </message>
-    <message>
-        <source>image: the header page and a binary of %1 bytes</source>
-        <translation>Image: Kopfseite und eine Binärdatei von %1 Bytes</translation>
-    </message>
-    <message>
-        <source>SHA-256</source>
-        <translation>SHA-256</translation>
-    </message>
-    <message>
-        <source>%1, as in the digest file</source>
-        <translation>%1, wie in der Prüfsummendatei</translation>
-    </message>
-    <message>
-        <source>The digest in %1 is that of another file.</source>
-        <translation>Die Prüfsumme in %1 gehört zu einer anderen Datei.</translation>
     </message>
 </context>
 <context>

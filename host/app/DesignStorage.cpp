@@ -110,11 +110,15 @@ bool DesignStorage::save(Design* design, QString* error)
     }
     QSaveFile file(path);
     // Unbuffered: QSaveFile would not notice when the last of its buffer cannot be written.
-    const bool isOpen = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
-    const QString problem =
-        isOpen ? writeAll(&file, bytes.constData(), bytes.size()) : file.errorString();
-    if (!problem.isEmpty() || !file.commit()) {
-        *error = fileProblem(path, problem.isEmpty() ? file.errorString() : problem);
+    QString problem;
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        problem = file.errorString();
+    else if (const auto written = writeAll(&file, bytes.constData(), bytes.size()); !written)
+        problem = written.error();
+    else if (!file.commit())
+        problem = file.errorString();
+    if (!problem.isEmpty()) {
+        *error = fileProblem(path, problem);
         return false;
     }
     design->setProperty(SeenProperty, bytes);

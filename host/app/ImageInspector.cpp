@@ -24,14 +24,6 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(ImageInspector)
 };
 
-/// What an image or a companion contains and what is wrong with it, in words.
-struct ImageReport {
-    /// Name and value, in the order to show them.
-    QList<QPair<QString, QString>> rows;
-    /// Empty for a file that is as a generator writes it.
-    QStringList findings;
-};
-
 const CopyObserver Unobserved = [](const char*, qint64) {};
 
 class Inspection {
@@ -107,8 +99,10 @@ private:
                   &m_findings)
             .validate(page);
         QFile file(Digest::pathFor(m_file.path()));
+        if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
+            return;
         const auto digest = Digest::of({&m_file, 0, page.imageBytes(), {}}, Unobserved);
-        if (!file.open(QIODevice::ReadOnly) || !m_findings.accept(digest.map([](auto) {})))
+        if (!m_findings.accept(digest.map([](auto) {})))
             return;
         const bool isNoted =
             Digest::find(file.read(Digest::MaximumBytes), m_file.path()).contains(*digest);
@@ -127,11 +121,17 @@ private:
     Findings m_findings;
 };
 
-/// Of the file at \p path, which may be anything; it is read whole.
-ImageReport reportOf(const QString& path)
+} // namespace
+
+ImageReport ImageReport::of(const QString& path)
 {
     ImageReport report;
-    report.rows << qMakePair(Texts::tr("File"), QDir::toNativeSeparators(path));
+    report.rows << qMakePair(tr("File"), QDir::toNativeSeparators(path));
+    // To open a pipe would wait for another program, and the host with it.
+    if (QFileInfo::exists(path) && !QFileInfo(path).isFile()) {
+        report.findings << tr("This is not a file.");
+        return report;
+    }
     Inputs inputs(nullptr, [](const QString&) { return Unobserved; });
     const auto file = inputs.open(path, Validator::LargestFile, QString());
     if (file)
@@ -141,32 +141,29 @@ ImageReport reportOf(const QString& path)
     return report;
 }
 
-QString htmlOf(const ImageReport& report)
+QString ImageReport::html() const
 {
-    QString html = report.findings.isEmpty()
-                       ? Texts::tr("<p>The file is as the generator writes it.</p>")
-                       : Texts::tr("<p><b>Findings</b></p>");
-    for (const QString& finding : report.findings)
+    QString html = findings.isEmpty() ? tr("<p>The file is as the generator writes it.</p>")
+                                      : tr("<p><b>Findings</b></p>");
+    for (const QString& finding : findings)
         html += "<p>&#9888; " + finding.toHtmlEscaped() + "</p>";
     html += "<table cellpadding='3'>";
-    for (const auto& row : report.rows)
+    for (const auto& row : rows)
         html +=
             QString("<tr><td><b>%1</b></td><td>%2</td></tr>")
                 .arg(row.first.toHtmlEscaped(), row.second.toHtmlEscaped().replace('\n', "<br>"));
     return html + "</table>";
 }
 
-QString textOf(const ImageReport& report)
+QString ImageReport::text() const
 {
     QStringList lines;
-    for (const auto& row : report.rows)
+    for (const auto& row : rows)
         lines << row.first + ": " + row.second;
-    for (const QString& finding : report.findings)
-        lines << Texts::tr("Finding: %1").arg(finding);
+    for (const QString& finding : findings)
+        lines << tr("Finding: %1").arg(finding);
     return lines.join('\n') + '\n';
 }
-
-} // namespace
 
 ImageInspector::ImageInspector(QWidget* parent)
     : QWidget(parent), m_view(new QTextBrowser(this)), m_copy(new QPushButton(tr("Cop&y"), this))
@@ -187,9 +184,9 @@ void ImageInspector::inspect(const QString& path)
 {
     // A large image takes a while to be read for its digest.
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    const ImageReport report = reportOf(path);
+    const ImageReport report = ImageReport::of(path);
     QApplication::restoreOverrideCursor();
-    m_view->setHtml(htmlOf(report));
-    m_text = textOf(report);
+    m_view->setHtml(report.html());
+    m_text = report.text();
     m_copy->setEnabled(true);
 }
