@@ -705,9 +705,6 @@ Qt %2</translation>
         <source>The digest in %1 is that of another file.</source>
         <translation>Die Prüfsumme in %1 gehört zu einer anderen Datei.</translation>
     </message>
-</context>
-<context>
-    <name>ImageReport</name>
     <message>
         <source>File</source>
         <translation>Datei</translation>

@@ -126,10 +126,10 @@ private:
 ImageReport ImageReport::of(const QString& path)
 {
     ImageReport report;
-    report.rows << qMakePair(tr("File"), QDir::toNativeSeparators(path));
+    report.rows << qMakePair(Texts::tr("File"), QDir::toNativeSeparators(path));
     // To open a pipe would wait for another program, and the host with it.
     if (QFileInfo::exists(path) && !QFileInfo(path).isFile()) {
-        report.findings << tr("This is not a file.");
+        report.findings << Texts::tr("This is not a file.");
         return report;
     }
     Inputs inputs(nullptr, [](const QString&) { return Unobserved; });
@@ -143,8 +143,8 @@ ImageReport ImageReport::of(const QString& path)
 
 QString ImageReport::html() const
 {
-    QString html = findings.isEmpty() ? tr("<p>The file is as the generator writes it.</p>")
-                                      : tr("<p><b>Findings</b></p>");
+    QString html = findings.isEmpty() ? Texts::tr("<p>The file is as the generator writes it.</p>")
+                                      : Texts::tr("<p><b>Findings</b></p>");
     for (const QString& finding : findings)
         html += "<p>&#9888; " + finding.toHtmlEscaped() + "</p>";
     html += "<table cellpadding='3'>";
@@ -161,7 +161,7 @@ QString ImageReport::text() const
     for (const auto& row : rows)
         lines << row.first + ": " + row.second;
     for (const QString& finding : findings)
-        lines << tr("Finding: %1").arg(finding);
+        lines << Texts::tr("Finding: %1").arg(finding);
     return lines.join('\n') + '\n';
 }
 
