@@ -1,9 +1,9 @@
 #include "host/app/DesignStorage.h"
 
+#include "fcf/FcfWriter.h"
 #include "host/app/common/FileProblem.h"
 #include "host/app/DesignDescription.h"
 #include "host/app/JsonNode.h"
-#include "tool/files/Copy.h"
 
 #include <OrvanticCore/Design.h>
 
@@ -111,14 +111,9 @@ bool DesignStorage::save(Design* design, QString* error)
     QSaveFile file(path);
     // Unbuffered: QSaveFile would not notice when the last of its buffer cannot be written.
     QString problem;
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        problem = file.errorString();
-    else if (const auto written = writeAll(&file, bytes.constData(), bytes.size()); !written)
-        problem = written.error();
-    else if (!file.commit())
-        problem = file.errorString();
-    if (!problem.isEmpty()) {
-        *error = fileProblem(path, problem);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) ||
+        !FcfWriter::writeAll(&file, bytes, &problem) || !file.commit()) {
+        *error = fileProblem(path, problem.isEmpty() ? file.errorString() : problem);
         return false;
     }
     design->setProperty(SeenProperty, bytes);
