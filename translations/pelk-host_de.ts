@@ -629,29 +629,6 @@ Qt %2</translation>
         <source>Cop&amp;y</source>
         <translation>&amp;Kopieren</translation>
     </message>
-</context>
-<context>
-    <name>ImageReport</name>
-    <message>
-        <source>File</source>
-        <translation>Datei</translation>
-    </message>
-    <message>
-        <source>This is not a file.</source>
-        <translation>Dies ist keine Datei.</translation>
-    </message>
-    <message>
-        <source>&lt;p&gt;The file is as the generator writes it.&lt;/p&gt;</source>
-        <translation>&lt;p&gt;Die Datei ist so, wie der Generator sie schreibt.&lt;/p&gt;</translation>
-    </message>
-    <message>
-        <source>&lt;p&gt;&lt;b&gt;Findings&lt;/b&gt;&lt;/p&gt;</source>
-        <translation>&lt;p&gt;&lt;b&gt;Befunde&lt;/b&gt;&lt;/p&gt;</translation>
-    </message>
-    <message>
-        <source>Finding: %1</source>
-        <translation>Befund: %1</translation>
-    </message>
     <message>
         <source>%1 bytes, %2 pages, %3 blocks</source>
         <translation>%1 Bytes, %2 Seiten, %3 Blöcke</translation>
@@ -659,10 +636,6 @@ Qt %2</translation>
     <message>
         <source>unknown (module code %1, device code %2)</source>
         <translation>unbekannt (Modulcode %1, Bausteincode %2)</translation>
-    </message>
-    <message>
-        <source>Image</source>
-        <translation>Image</translation>
     </message>
     <message>
         <source>Version</source>
@@ -731,6 +704,26 @@ Qt %2</translation>
     <message>
         <source>The digest in %1 is that of another file.</source>
         <translation>Die Prüfsumme in %1 gehört zu einer anderen Datei.</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>This is not a file.</source>
+        <translation>Dies ist keine Datei.</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;The file is as the generator writes it.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;Die Datei ist so, wie der Generator sie schreibt.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;&lt;b&gt;Findings&lt;/b&gt;&lt;/p&gt;</source>
+        <translation>&lt;p&gt;&lt;b&gt;Befunde&lt;/b&gt;&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Finding: %1</source>
+        <translation>Befund: %1</translation>
     </message>
 </context>
 <context>
@@ -844,6 +837,22 @@ Qt %2</translation>
     <message>
         <source>C&amp;lear Log</source>
         <translation>Protokoll &amp;leeren</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Fatal</source>
+        <translation>Fatal</translation>
     </message>
 </context>
 <context>

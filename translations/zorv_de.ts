@@ -388,10 +388,6 @@
         <translation>Bitte eine passende Textdatei auswählen. Die ausgewählte Datei ist mit diesem Programm nicht kompatibel.</translation>
     </message>
     <message>
-        <source>its text does not end within %1 bytes</source>
-        <translation>der Text endet nicht innerhalb von %1 Bytes</translation>
-    </message>
-    <message>
         <source>&lt;font color=&apos;green&apos;&gt;Loaded </source>
         <translation>&lt;font color=&apos;green&apos;&gt;Geladen: </translation>
     </message>
@@ -470,6 +466,10 @@
     <message>
         <source>Configuration item number of the function, a line of the header</source>
         <translation>Nummer des Konfigurationselements (CI) der Funktion, eine Zeile des Kopfes</translation>
+    </message>
+    <message>
+        <source>its text does not end within %1 bytes and %2 functions</source>
+        <translation>der Text endet nicht innerhalb von %1 Bytes und %2 Funktionen</translation>
     </message>
 </context>
 <context>

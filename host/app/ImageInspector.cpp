@@ -20,14 +20,8 @@
 
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("ImageInspector", text); }
-
-/// What an image or a companion contains and what is wrong with it, in words.
-struct ImageReport {
-    /// Name and value, in the order to show them.
-    QList<QPair<QString, QString>> rows;
-    /// Empty for a file that is as a generator writes it.
-    QStringList findings;
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(ImageInspector)
 };
 
 const CopyObserver Unobserved = [](const char*, qint64) {};
@@ -68,53 +62,57 @@ private:
 
     void addSize(const QString& name, qint32 bytes, qint32 pages, qint32 blocks)
     {
-        add(name, tr("%1 bytes, %2 pages, %3 blocks").arg(bytes).arg(pages).arg(blocks));
+        add(name, Texts::tr("%1 bytes, %2 pages, %3 blocks").arg(bytes).arg(pages).arg(blocks));
     }
 
     void addHeader(const FcfHeader& header)
     {
         const auto* const target = FcfTarget::find(header.moduleCode, header.deviceCode);
         const QString place = target ? QString("%1, %2").arg(target->module, target->device)
-                                     : tr("unknown (module code %1, device code %2)")
+                                     : Texts::tr("unknown (module code %1, device code %2)")
                                            .arg(header.moduleCode)
                                            .arg(header.deviceCode);
-        add(tr("Image"), header.fileName);
-        add(tr("Version"), QString("%1.%2").arg(header.versionMajor).arg(header.versionMinor));
-        add(tr("CI number"), header.ciNumber);
-        add(tr("Author"), header.author);
-        add(tr("Made"), (header.date + ' ' + header.time).trimmed());
-        add(tr("Description"), header.description);
-        add(tr("Target"), tr("%1, slot %2").arg(place).arg(header.configNumber));
+        add(Texts::tr("Image"), header.fileName);
+        add(Texts::tr("Version"),
+            QString("%1.%2").arg(header.versionMajor).arg(header.versionMinor));
+        add(Texts::tr("CI number"), header.ciNumber);
+        add(Texts::tr("Author"), header.author);
+        add(Texts::tr("Made"), (header.date + ' ' + header.time).trimmed());
+        add(Texts::tr("Description"), header.description);
+        add(Texts::tr("Target"), Texts::tr("%1, slot %2").arg(place).arg(header.configNumber));
         for (const FcfFunction& function : header.functions)
-            add(tr("Function"),
-                tr("%1 (%2, CI %3): %4")
+            add(Texts::tr("Function"),
+                Texts::tr("%1 (%2, CI %3): %4")
                     .arg(function.name, function.author, function.ciNumber, function.description));
-        addSize(tr("Binary"), header.binFileSize, header.binPages, header.binBlocks);
-        addSize(tr("Whole image"), header.totalSize, header.totalPages, header.totalBlocks);
+        addSize(Texts::tr("Binary"), header.binFileSize, header.binPages, header.binBlocks);
+        addSize(Texts::tr("Whole image"), header.totalSize, header.totalPages, header.totalBlocks);
     }
 
     void addPayload(const HeaderPage& page)
     {
         const bool isCompanion = page.payloadBytes == 0;
-        add(tr("Kind"),
-            isCompanion
-                ? tr("companion: the header page alone")
-                : tr("image: the header page and a binary of %1 bytes").arg(page.payloadBytes));
+        add(Texts::tr("Kind"), isCompanion
+                                   ? Texts::tr("companion: the header page alone")
+                                   : Texts::tr("image: the header page and a binary of %1 bytes")
+                                         .arg(page.payloadBytes));
         Validator(&m_file, isCompanion ? Validator::Companion : Validator::Image, m_codec,
                   &m_findings)
             .validate(page);
         QFile file(Digest::pathFor(m_file.path()));
+        if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
+            return;
         const auto digest = Digest::of({&m_file, 0, page.imageBytes(), {}}, Unobserved);
-        if (!file.open(QIODevice::ReadOnly) || !m_findings.accept(digest.map([](auto) {})))
+        if (!m_findings.accept(digest.map([](auto) {})))
             return;
         const bool isNoted =
             Digest::find(file.read(Digest::MaximumBytes), m_file.path()).contains(*digest);
         const QString text = QString::fromLatin1(digest->toHex());
-        add(tr("SHA-256"), isNoted ? tr("%1, as in the digest file").arg(text) : text);
+        add(Texts::tr("SHA-256"),
+            isNoted ? Texts::tr("%1, as in the digest file").arg(text) : text);
         if (!isNoted)
-            m_findings.error(
-                ExitCode::NotValid, QString(), QString(),
-                tr("The digest in %1 is that of another file.").arg(QFileInfo(file).fileName()));
+            m_findings.error(ExitCode::NotValid, QString(), QString(),
+                             Texts::tr("The digest in %1 is that of another file.")
+                                 .arg(QFileInfo(file).fileName()));
     }
 
     const InputFile& m_file;
@@ -123,11 +121,17 @@ private:
     Findings m_findings;
 };
 
-/// Of the file at \p path, which may be anything; it is read whole.
-ImageReport reportOf(const QString& path)
+} // namespace
+
+ImageReport ImageReport::of(const QString& path)
 {
     ImageReport report;
-    report.rows << qMakePair(tr("File"), QDir::toNativeSeparators(path));
+    report.rows << qMakePair(Texts::tr("File"), QDir::toNativeSeparators(path));
+    // To open a pipe would wait for another program, and the host with it.
+    if (QFileInfo::exists(path) && !QFileInfo(path).isFile()) {
+        report.findings << Texts::tr("This is not a file.");
+        return report;
+    }
     Inputs inputs(nullptr, [](const QString&) { return Unobserved; });
     const auto file = inputs.open(path, Validator::LargestFile, QString());
     if (file)
@@ -137,31 +141,29 @@ ImageReport reportOf(const QString& path)
     return report;
 }
 
-QString htmlOf(const ImageReport& report)
+QString ImageReport::html() const
 {
-    QString html = report.findings.isEmpty() ? tr("<p>The file is as the generator writes it.</p>")
-                                             : tr("<p><b>Findings</b></p>");
-    for (const QString& finding : report.findings)
+    QString html = findings.isEmpty() ? Texts::tr("<p>The file is as the generator writes it.</p>")
+                                      : Texts::tr("<p><b>Findings</b></p>");
+    for (const QString& finding : findings)
         html += "<p>&#9888; " + finding.toHtmlEscaped() + "</p>";
     html += "<table cellpadding='3'>";
-    for (const auto& row : report.rows)
+    for (const auto& row : rows)
         html +=
             QString("<tr><td><b>%1</b></td><td>%2</td></tr>")
                 .arg(row.first.toHtmlEscaped(), row.second.toHtmlEscaped().replace('\n', "<br>"));
     return html + "</table>";
 }
 
-QString textOf(const ImageReport& report)
+QString ImageReport::text() const
 {
     QStringList lines;
-    for (const auto& row : report.rows)
+    for (const auto& row : rows)
         lines << row.first + ": " + row.second;
-    for (const QString& finding : report.findings)
-        lines << tr("Finding: %1").arg(finding);
+    for (const QString& finding : findings)
+        lines << Texts::tr("Finding: %1").arg(finding);
     return lines.join('\n') + '\n';
 }
-
-} // namespace
 
 ImageInspector::ImageInspector(QWidget* parent)
     : QWidget(parent), m_view(new QTextBrowser(this)), m_copy(new QPushButton(tr("Cop&y"), this))
@@ -182,9 +184,9 @@ void ImageInspector::inspect(const QString& path)
 {
     // A large image takes a while to be read for its digest.
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    const ImageReport report = reportOf(path);
+    const ImageReport report = ImageReport::of(path);
     QApplication::restoreOverrideCursor();
-    m_view->setHtml(htmlOf(report));
-    m_text = textOf(report);
+    m_view->setHtml(report.html());
+    m_text = report.text();
     m_copy->setEnabled(true);
 }

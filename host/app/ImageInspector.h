@@ -1,10 +1,27 @@
 #ifndef HOST_APP_IMAGEINSPECTOR_H
 #define HOST_APP_IMAGEINSPECTOR_H
 
+#include <QList>
+#include <QPair>
+#include <QStringList>
 #include <QWidget>
 
 class QPushButton;
 class QTextBrowser;
+
+/// What an image or a companion contains and what is wrong with it, in words.
+struct ImageReport {
+    /// Name and value, in the order to show them.
+    QList<QPair<QString, QString>> rows;
+    /// Empty for a file that is as a generator writes it.
+    QStringList findings;
+
+    /// Reads the file at \p path, which may be anything, whole.
+    static ImageReport of(const QString& path);
+
+    QString html() const;
+    QString text() const;
+};
 
 /// Shows what an image or a companion contains, to be read and copied.
 ///

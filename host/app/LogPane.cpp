@@ -28,10 +28,15 @@ QStyle::StandardPixmap symbolOf(Logger::MessageType type)
     }
 }
 
+/// The kinds that plug-ins log, for the catalogue.
+[[maybe_unused]] const char* const KindNames[] = {
+    QT_TRANSLATE_NOOP("LogPane", "Info"), QT_TRANSLATE_NOOP("LogPane", "Warning"),
+    QT_TRANSLATE_NOOP("LogPane", "Error"), QT_TRANSLATE_NOOP("LogPane", "Fatal")};
+
 QString nameOf(Logger::MessageType type)
 {
     const QMetaObject& meta = Logger::staticMetaObject;
-    return meta.enumerator(meta.indexOfEnumerator("MessageType")).valueToKey(type);
+    return LogPane::tr(meta.enumerator(meta.indexOfEnumerator("MessageType")).valueToKey(type));
 }
 
 } // namespace

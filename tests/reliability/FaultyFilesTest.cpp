@@ -7,11 +7,10 @@
 #include "tool/ToolFixture.h"
 
 #include "fcf/FcfReader.h"
-#include "host/app/archive/ArchiveError.h"
 #include "host/app/archive/ArchivePlan.h"
 #include "host/app/archive/ArchiveWriter.h"
 #include "host/app/DesignStorage.h"
-#include "host/app/ImageReport.h"
+#include "host/app/ImageInspector.h"
 
 #include <OrvanticCore/Design.h>
 

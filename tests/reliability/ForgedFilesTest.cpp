@@ -5,7 +5,7 @@
 
 #include "fcf/FcfExactReader.h"
 #include "fcf/FcfReader.h"
-#include "host/app/ImageReport.h"
+#include "host/app/ImageInspector.h"
 
 #include <QCheckBox>
 #include <QFile>
