@@ -2,6 +2,7 @@
 #define TESTS_GENERATOR_GENERATORTEST_H
 
 #include "generator/GeneratorDriver.h"
+#include "support/PlainFcf.h"
 
 #include <QScopedPointer>
 
@@ -14,6 +15,15 @@ class GeneratorTest : public QObject {
 protected:
     static const char* const Green;
     static const char* const Red;
+
+    /// Presses Generate for top.bin, overwriting, and takes the image apart.
+    PlainFcf generate();
+    /// Adds the functions A, B and C.
+    void uploadThree();
+    /// What the editor shows of a function.
+    QStringList shown(int index);
+    /// Of the fields and buttons of the function editor.
+    QList<bool> editorEnabled() const;
 
     QScopedPointer<GeneratorDriver> driver;
 
