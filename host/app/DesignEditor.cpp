@@ -1,7 +1,6 @@
 #include "host/app/DesignEditor.h"
 
 #include "host/app/DesignHistory.h"
-#include "host/app/PropertyCatalog.h"
 #include "host/app/PropertyModel.h"
 #include "ui_DesignEditor.h"
 
@@ -174,7 +173,7 @@ void DesignEditor::refresh()
 void DesignEditor::fillMenu()
 {
     m_menu->clear();
-    for (const PropertySpecification& property : PropertyCatalog::availableFor(m_design)) {
+    for (const PropertySpecification& property : m_model->available()) {
         QAction* const action = m_menu->addAction(property.d_displayed_name);
         action->setToolTip(property.d_description);
         const QString name = property.propertyName();

@@ -6,7 +6,6 @@
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
 #include <OrvanticCore/DesignFolder.h>
-#include <OrvanticCore/DesignStructure.h>
 
 #include <QMimeData>
 #include <QUrl>
@@ -90,12 +89,6 @@ QString DesignModel::nodeAt(const QModelIndex& index) const
     while (node.isValid() && !isNode(node))
         node = node.parent();
     return node.data(NodeRole).toString();
-}
-
-QStringList DesignModel::nodesOf(const Design* design)
-{
-    return design->structure() ? DesignRows::nodeNames(design->structure()->rootNode())
-                               : QStringList();
 }
 
 QMimeData* DesignModel::mimeData(const QModelIndexList& indexes) const

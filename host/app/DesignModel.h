@@ -40,8 +40,6 @@ public:
     /// The name of the node that \p index is or is below of; empty outside of nodes.
     QString nodeAt(const QModelIndex& index) const;
     bool isNode(const QModelIndex& index) const;
-    /// The names of all nodes of \p design, from the top.
-    static QStringList nodesOf(const OrvanticCore::Design* design);
 
     /// Files are dragged as their paths, so that other programs take them as well.
     QMimeData* mimeData(const QModelIndexList& indexes) const override;

@@ -133,7 +133,7 @@ QMenu* DesignView::makeMenu(const QModelIndex& index)
     DesignFile* const file = m_model->fileAt(index);
     const bool ofDesign = !file && !m_model->folderAt(index);
     if (file || ofDesign)
-        menu->addActions(ViewExtensions::menuActions(file, design, objectName()));
+        menu->addActions(ViewExtensions::actions(ViewExtensions::Menu, file, design, objectName()));
     if (!menu->isEmpty())
         menu->addSeparator();
     menu->addActions(ofDesign ? m_designActions : m_fileActions);

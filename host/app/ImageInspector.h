@@ -1,8 +1,6 @@
 #ifndef HOST_APP_IMAGEINSPECTOR_H
 #define HOST_APP_IMAGEINSPECTOR_H
 
-#include "host/app/ImageReport.h"
-
 #include <QWidget>
 
 class QPushButton;
@@ -21,7 +19,7 @@ public:
     void inspect(const QString& path);
 
 private:
-    ImageReport m_report;
+    QString m_text;
     QTextBrowser* m_view;
     QPushButton* m_copy;
 };

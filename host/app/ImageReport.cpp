@@ -20,6 +20,8 @@ QString tr(const char* text) { return QCoreApplication::translate("ImageReport",
 const CopyObserver Unobserved = [](const char*, qint64) {};
 
 class Inspection {
+    Q_DECLARE_TR_FUNCTIONS(ImageReport)
+
 public:
     Inspection(const InputFile& file, ImageReport* report)
         : m_file(file), m_report(report), m_codec(QTextCodec::codecForLocale())

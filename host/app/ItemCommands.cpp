@@ -3,6 +3,7 @@
 #include "host/app/Commands.h"
 #include "host/app/DesignHistory.h"
 #include "host/app/DesignModel.h"
+#include "host/app/DesignRows.h"
 #include "host/app/DesignSession.h"
 #include "host/app/DesignView.h"
 #include "host/app/ViewExtensions.h"
@@ -11,6 +12,7 @@
 #include <OrvanticCore/DesignFile.h>
 #include <OrvanticCore/DesignFolder.h>
 #include <OrvanticCore/DesignManager.h>
+#include <OrvanticCore/DesignStructure.h>
 
 #include <QtilitiesCoreGui/TreeNode.h>
 #include <QtilitiesLogging/Logger.h>
@@ -89,24 +91,23 @@ void ItemCommands::refreshExtensions()
     m_ofFile.clear();
     if (!m_separator)
         m_separator = menu->addSeparator();
-    QList<QAction*> actions;
-    if (design && !m_model->folderAt(current))
-        actions = ViewExtensions::menuActions(file, design, m_view->objectName());
-    m_separator->setVisible(!actions.isEmpty());
-    for (QAction* action : actions) {
-        menu->addAction(action);
-        m_toolBar->addAction(action);
+    QList<QAction*> inMenu;
+    QList<QAction*> onToolBar;
+    if (design && !m_model->folderAt(current)) {
+        const QString view = m_view->objectName();
+        inMenu = ViewExtensions::actions(ViewExtensions::Menu, file, design, view);
+        onToolBar = ViewExtensions::actions(ViewExtensions::ToolBar, file, design, view);
+    }
+    m_separator->setVisible(!inMenu.isEmpty());
+    menu->addActions(inMenu);
+    m_toolBar->addActions(inMenu + onToolBar);
+    for (QAction* action : inMenu + onToolBar)
         m_shown << action;
+    for (QAction* action : inMenu) {
         if (file)
             m_ofFile << action;
         connect(action, &QAction::triggered, this, &ItemCommands::logWhyNothingIsFilledIn,
                 Qt::UniqueConnection);
-    }
-    if (design && !m_model->folderAt(current)) {
-        for (QAction* action : ViewExtensions::toolBarActions(file, design, m_view->objectName())) {
-            m_toolBar->addAction(action);
-            m_shown << action;
-        }
     }
 }
 
@@ -114,7 +115,9 @@ void ItemCommands::fillMoveMenu()
 {
     m_moveMenu->clear();
     const Design* const design = m_view->currentDesign();
-    for (const QString& node : design ? DesignModel::nodesOf(design) : QStringList()) {
+    const bool hasNodes = design && design->structure();
+    for (const QString& node :
+         hasNodes ? DesignRows::nodeNames(design->structure()->rootNode()) : QStringList()) {
         QAction* const action = m_moveMenu->addAction(QString(node).replace("&", "&&"));
         connect(action, &QAction::triggered, this, [this, node] { moveSelected(node); });
     }

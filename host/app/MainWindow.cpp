@@ -67,9 +67,12 @@ MainWindow::MainWindow(QWidget* parent)
     buildMenus();
     buildDocks();
     buildViewMenu();
-    buildStatusBar();
     connectDesigns();
-    restoreLayout();
+    const QSettings settings(DesignManager::instance()->settingsFilePath(), QSettings::IniFormat);
+    restoreGeometry(settings.value("MainWindow/geometry").toByteArray());
+    restoreState(settings.value("MainWindow/state").toByteArray());
+    // It may have been made on a larger screen.
+    resizeToScreen(this, size());
     showCurrentDesign();
 }
 
@@ -114,15 +117,25 @@ void MainWindow::buildCentre()
         QtilitiesApplication::actionManager()->command(command)->action()->trigger();
     });
     connect(start, &StartPage::recentChosen, this, &MainWindow::openDesign);
+
+    m_path = new QLabel(this);
+    m_path->setObjectName("DesignPath");
+    m_path->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    // A long path is cut off instead of making the window wider.
+    m_path->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    statusBar()->addPermanentWidget(m_path, 1);
 }
 
 void MainWindow::buildMenus()
 {
     auto* const actions = QtilitiesApplication::actionManager();
-    for (const char* id : {"File", "Edit", "Design", "View", "Tools", "Help"}) {
+    const QList<QPair<QString, QString>> menus{{"File", tr("&File")},     {"Edit", tr("&Edit")},
+                                               {"Design", tr("&Design")}, {"View", tr("&View")},
+                                               {"Tools", tr("&Tools")},   {"Help", tr("&Help")}};
+    for (const auto& [id, title] : menus) {
         bool existed = false;
         QMenu* const menu = actions->createMenu(id, existed)->menu();
-        menu->setTitle(QString("&%1").arg(id));
+        menu->setTitle(title);
         menu->setToolTipsVisible(true);
         menuBar()->addMenu(menu);
     }
@@ -175,16 +188,6 @@ void MainWindow::buildViewMenu()
     view->addAction(reset);
 }
 
-void MainWindow::buildStatusBar()
-{
-    m_path = new QLabel(this);
-    m_path->setObjectName("DesignPath");
-    m_path->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    // A long path is cut off instead of making the window wider.
-    m_path->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    statusBar()->addPermanentWidget(m_path, 1);
-}
-
 void MainWindow::connectDesigns()
 {
     connect(m_session, &DesignSession::opened, this, [this](Design* design) {
@@ -220,15 +223,6 @@ void MainWindow::showCurrentDesign()
         ViewExtensions::refresh(*design);
 }
 
-void MainWindow::restoreLayout()
-{
-    QSettings settings(DesignManager::instance()->settingsFilePath(), QSettings::IniFormat);
-    restoreGeometry(settings.value("MainWindow/geometry").toByteArray());
-    restoreState(settings.value("MainWindow/state").toByteArray());
-    // It may have been made on a larger screen.
-    resizeToScreen(this, size());
-}
-
 void MainWindow::resetLayout()
 {
     // Step by step: restoring a state into docks that are tabs and float crashes in Qt 5.15.
@@ -247,20 +241,15 @@ void MainWindow::resetLayout()
     resizeDocks({m_logDock}, {LogHeight * fontMetrics().lineSpacing()}, Qt::Vertical);
 }
 
-void MainWindow::saveLayout() const
-{
-    QSettings settings(DesignManager::instance()->settingsFilePath(), QSettings::IniFormat);
-    settings.setValue("MainWindow/geometry", saveGeometry());
-    settings.setValue("MainWindow/state", saveState());
-}
-
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     if (!m_session->mayCloseAll()) {
         event->ignore();
         return;
     }
-    saveLayout();
+    QSettings settings(DesignManager::instance()->settingsFilePath(), QSettings::IniFormat);
+    settings.setValue("MainWindow/geometry", saveGeometry());
+    settings.setValue("MainWindow/state", saveState());
     m_session->rememberOpen();
     QMainWindow::closeEvent(event);
     // Windows of plug-ins do not keep a host alive that has been closed.

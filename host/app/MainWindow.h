@@ -49,11 +49,8 @@ private:
     void buildMenus();
     void buildDocks();
     void buildViewMenu();
-    void buildStatusBar();
     void connectDesigns();
-    void restoreLayout();
     void resetLayout();
-    void saveLayout() const;
     void showCurrentDesign();
 
     DesignModel* m_model;

@@ -1,14 +1,19 @@
 #include "host/app/PropertyModel.h"
 
+#include "fcf/FcfTarget.h"
 #include "host/app/DesignHistory.h"
-#include "host/app/PropertyCatalog.h"
+
+#include <QtilitiesCoreGui/QtilitiesApplication.h>
 
 #include <QApplication>
+#include <QSet>
 #include <QStyle>
 
 using OrvanticCore::Design;
 using OrvanticCore::DesignProperty;
 using Qtilities::Core::PropertySpecification;
+using Qtilities::Core::Interfaces::IAvailablePropertyProvider;
+using Qtilities::CoreGui::QtilitiesApplication;
 
 PropertyModel::PropertyModel(QObject* parent) : QStandardItemModel(0, ColumnCount, parent)
 {
@@ -43,7 +48,7 @@ void PropertyModel::load()
         const DesignProperty& property = properties.at(row);
         const QModelIndex name = index(row, NameColumn);
         const QModelIndex value = index(row, ValueColumn);
-        const QString description = PropertyCatalog::find(m_design, property.name).d_description;
+        const QString description = specification(property.name).d_description;
         QStandardItemModel::setData(name, property.name, Qt::EditRole);
         QStandardItemModel::setData(name, description, Qt::ToolTipRole);
         QStandardItemModel::setData(value, property.value, Qt::EditRole);
@@ -54,9 +59,56 @@ void PropertyModel::load()
     }
 }
 
+QList<PropertySpecification> PropertyModel::available() const
+{
+    const QList<QObject*> providers = QtilitiesApplication::objectManager()->registeredInterfaces(
+        qobject_interface_iid<IAvailablePropertyProvider*>());
+    QList<PropertySpecification> available;
+    QSet<QString> names;
+    for (QObject* provider : providers) {
+        const auto* const interface = qobject_cast<IAvailablePropertyProvider*>(provider);
+        for (const PropertySpecification& property : interface->availableProperties()) {
+            if (!property.isValid() || property.d_internal ||
+                !m_design->inherits(property.d_class_name.toLatin1().constData()) ||
+                names.contains(property.propertyName()))
+                continue;
+            names << property.propertyName();
+            available << property;
+        }
+    }
+    return available;
+}
+
+PropertySpecification PropertyModel::specification(const QString& name) const
+{
+    for (const PropertySpecification& property :
+         m_design ? available() : QList<PropertySpecification>()) {
+        if (property.propertyName() == name)
+            return property;
+    }
+    return PropertySpecification();
+}
+
 QStringList PropertyModel::choicesAt(const QModelIndex& index) const
 {
-    return m_design ? PropertyCatalog::choices(*m_design, nameAt(index)) : QStringList();
+    if (!m_design)
+        return QStringList();
+    const QString property = nameAt(index);
+    const char moduleProperty[] = "ZORV Pelk Module";
+    QStringList values;
+    if (property == moduleProperty)
+        values = FcfTarget::modules();
+    if (property == "ZORV Pelk Device") {
+        values = FcfTarget::devicesOf(m_design->designProperty(moduleProperty).toString());
+        for (const QString& module : values.isEmpty() ? FcfTarget::modules() : QStringList())
+            values << FcfTarget::devicesOf(module);
+        values.removeDuplicates();
+    }
+    if (property == "ZORV Pelk Config Number") {
+        for (int number = FcfTarget::FirstSlot; number <= FcfTarget::LastSlot; ++number)
+            values << QString::number(number);
+    }
+    return values;
 }
 
 QString PropertyModel::warningAt(const QModelIndex& index) const
@@ -71,8 +123,7 @@ QString PropertyModel::warningAt(const QModelIndex& index) const
 
 bool PropertyModel::isRemovable(const QModelIndex& index) const
 {
-    return m_design && index.isValid() &&
-           PropertyCatalog::find(m_design, nameAt(index)).d_removable;
+    return m_design && index.isValid() && specification(nameAt(index)).d_removable;
 }
 
 QString PropertyModel::nameAt(const QModelIndex& index) const
@@ -87,7 +138,7 @@ bool PropertyModel::setData(const QModelIndex& index, const QVariant& value, int
     const DesignProperty property = m_design->designProperties().at(index.row());
     // Without a text there is no value, rather than an empty one.
     QVariant taken = value.toString().isEmpty() ? QVariant() : value;
-    const PropertySpecification announced = PropertyCatalog::find(m_design, property.name);
+    const PropertySpecification announced = specification(property.name);
     if (taken.isValid() && announced.isValid() && !taken.convert(int(announced.d_data_type))) {
         const QString kind = announced.d_data_type == QVariant::Int ? tr("whole number")
                                                                     : tr("value of this property");
@@ -104,7 +155,6 @@ bool PropertyModel::setData(const QModelIndex& index, const QVariant& value, int
 Qt::ItemFlags PropertyModel::flags(const QModelIndex& index) const
 {
     const bool isEditable = m_design && index.column() == ValueColumn && !m_design->isLocked() &&
-                            !m_design->isReadOnly() &&
-                            !PropertyCatalog::find(m_design, nameAt(index)).d_read_only;
+                            !m_design->isReadOnly() && !specification(nameAt(index)).d_read_only;
     return QStandardItemModel::flags(index).setFlag(Qt::ItemIsEditable, isEditable);
 }

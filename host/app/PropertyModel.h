@@ -3,6 +3,8 @@
 
 #include <OrvanticCore/Design.h>
 
+#include <QtilitiesCore/IAvailablePropertyProvider.h>
+
 #include <QPointer>
 #include <QStandardItemModel>
 
@@ -19,7 +21,11 @@ public:
     /// \p design may be null, and stays its owner's.
     void setDesign(OrvanticCore::Design* design);
 
-    /// The values to choose from; none where any value will do.
+    /// The properties that a user may add to the design, which must not be null, or has added
+    /// already: those that the providers in the object pool announce now, each name once.
+    QList<Qtilities::Core::PropertySpecification> available() const;
+    /// The values that image generators know for a target property; none for any other. The
+    /// devices are those of the module that the design has.
     QStringList choicesAt(const QModelIndex& index) const;
     /// Why the value is of no use to image generators; empty if it is, or for an invalid index.
     QString warningAt(const QModelIndex& index) const;
@@ -34,6 +40,8 @@ signals:
     void refused(const QString& reason);
 
 private:
+    /// What a provider announces of the property with that name, or an invalid one.
+    Qtilities::Core::PropertySpecification specification(const QString& name) const;
     void load();
 
     QPointer<OrvanticCore::Design> m_design;

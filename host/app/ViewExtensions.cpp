@@ -40,29 +40,25 @@ void ViewExtensions::refresh(const Design& design)
         extension->refreshForDesignState(design.isLocked(), design.isReadOnly());
 }
 
-QList<QAction*> ViewExtensions::menuActions(DesignFile* file, Design* design,
-                                            const QString& context)
+QList<QAction*> ViewExtensions::actions(Place place, DesignFile* file, Design* design,
+                                        const QString& context)
 {
     QList<QAction*> actions;
-    for (IDesignViewExtensions* extension : all())
-        actions << (file ? actionsOf(extension->contextMenuActions(file, context),
-                                     extension->contextMenus(file, context))
-                         : actionsOf(extension->designContextMenuActions(design, context),
-                                     extension->designContextMenus(design, context)));
+    for (IDesignViewExtensions* extension : all()) {
+        if (file && place == Menu)
+            actions << actionsOf(extension->contextMenuActions(file, context),
+                                 extension->contextMenus(file, context));
+        else if (file)
+            actions << actionsOf(extension->toolBarActions(file, context),
+                                 extension->toolBarMenus(file, context));
+        else if (place == Menu)
+            actions << actionsOf(extension->designContextMenuActions(design, context),
+                                 extension->designContextMenus(design, context));
+        else
+            actions << actionsOf(extension->designToolBarActions(design, context),
+                                 extension->designToolBarMenus(design, context));
+    }
     // Actions made just now do not know the lock states yet.
-    refresh(*design);
-    return actions;
-}
-
-QList<QAction*> ViewExtensions::toolBarActions(DesignFile* file, Design* design,
-                                               const QString& context)
-{
-    QList<QAction*> actions;
-    for (IDesignViewExtensions* extension : all())
-        actions << (file ? actionsOf(extension->toolBarActions(file, context),
-                                     extension->toolBarMenus(file, context))
-                         : actionsOf(extension->designToolBarActions(design, context),
-                                     extension->designToolBarMenus(design, context)));
     refresh(*design);
     return actions;
 }

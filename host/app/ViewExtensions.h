@@ -18,14 +18,13 @@ QList<OrvanticCore::Interfaces::IDesignViewExtensions*> all();
 /// Passes the lock states of \p design to each of them.
 void refresh(const OrvanticCore::Design& design);
 
-/// What they add to the context menu of \p file or, if that is null, of \p design. Menus are
-/// returned as their actions. The lock states of the design have been passed to them.
-QList<QAction*> menuActions(OrvanticCore::DesignFile* file, OrvanticCore::Design* design,
-                            const QString& context);
+enum Place { Menu, ToolBar };
 
-/// The same for the tool bar.
-QList<QAction*> toolBarActions(OrvanticCore::DesignFile* file, OrvanticCore::Design* design,
-                               const QString& context);
+/// What they add to the context menu, or the tool bar, of \p file or, if that is null, of
+/// \p design. Menus are returned as their actions. The lock states of the design have been passed
+/// to them.
+QList<QAction*> actions(Place place, OrvanticCore::DesignFile* file, OrvanticCore::Design* design,
+                        const QString& context);
 
 } // namespace ViewExtensions
 

@@ -6,7 +6,6 @@
 
 #include "fuzz/FuzzTarget.h"
 
-#include "host/app/archive/ArchiveError.h"
 #include "host/app/archive/ArchivePlan.h"
 
 #include <OrvanticCore/Design.h>

@@ -8,10 +8,32 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <optional>
 
 using OrvanticCore::Design;
 using OrvanticCore::DesignFile;
 using OrvanticCore::DesignStructure;
+
+namespace {
+
+/// The format whose extension \p path has, in letters of either case.
+std::optional<ArchiveFormat> formatOf(const QString& path)
+{
+    for (const ArchiveFormat format : ArchiveFormats::all()) {
+        if (path.endsWith('.' + ArchiveFormats::extension(format), Qt::CaseInsensitive))
+            return format;
+    }
+    return {};
+}
+
+/// The extension of a format at the end of \p path, with its dot; empty for that of no format.
+QString knownExtension(const QString& path)
+{
+    const std::optional<ArchiveFormat> format = formatOf(path);
+    return format ? path.right(1 + ArchiveFormats::extension(*format).size()) : QString();
+}
+
+} // namespace
 
 QString ArchiveDestination::proposal(ArchiveFormat format) const
 {
@@ -24,9 +46,12 @@ QString ArchiveDestination::proposal(ArchiveFormat format) const
 
 QString ArchiveDestination::withFormat(const QString& path, ArchiveFormat format) const
 {
-    QString renamed = ArchivePath::withFormat(path, format);
-    const std::optional<ArchiveFormat> former = ArchivePath::formatOf(path);
-    if (!m_design || !former || folderFor(*former) == folderFor(format))
+    const std::optional<ArchiveFormat> former = formatOf(path);
+    if (!former)
+        return path;
+    const QString renamed = path.left(path.size() - knownExtension(path).size()) + '.' +
+                            ArchiveFormats::extension(format);
+    if (!m_design || folderFor(*former) == folderFor(format))
         return renamed;
     const QFileInfo file(filePath(renamed));
     // Elsewhere, the user has chosen the folder.
@@ -37,8 +62,14 @@ QString ArchiveDestination::withFormat(const QString& path, ArchiveFormat format
 
 QString ArchiveDestination::withVersion(const QString& path, bool present) const
 {
-    const QString suffix = m_design ? "-V-" + m_design->versionString("_") : QString();
-    return ArchivePath::withSuffix(path, suffix, present);
+    if (!m_design || path.isEmpty())
+        return path;
+    const QString suffix = "-V-" + m_design->versionString("_");
+    const QString extension = knownExtension(path);
+    QString stem = path.left(path.size() - extension.size());
+    if (stem.endsWith(suffix))
+        stem.chop(suffix.size());
+    return stem + (present ? suffix : QString()) + extension;
 }
 
 QString ArchiveDestination::filePath(const QString& path) const

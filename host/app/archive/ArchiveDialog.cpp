@@ -1,8 +1,8 @@
 #include "host/app/archive/ArchiveDialog.h"
 
-#include "host/app/archive/ArchiveError.h"
 #include "host/app/archive/ArchiveExtensions.h"
 #include "host/app/archive/ArchiveJob.h"
+#include "host/app/archive/ArchivePlan.h"
 #include "host/app/common/WindowPlace.h"
 #include "ui_ArchiveDialog.h"
 

@@ -99,7 +99,6 @@ private:
     void setIncludedItems(Items items);
 
     void archive();
-    bool mayReplace(const QString& path);
     ArchivePlan plan() const;
     void handleJobFinished();
     void showError(const QString& reason);

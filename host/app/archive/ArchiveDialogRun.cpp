@@ -52,7 +52,11 @@ void ArchiveDialog::archive()
                       .arg(QDir::toNativeSeparators(path)));
         return;
     }
-    if (present.isFile() && !mayReplace(path))
+    const QString question =
+        tr("%1 exists already. Replace it?").arg(QDir::toNativeSeparators(path));
+    if (present.isFile() &&
+        showBox(QMessageBox::Question, question, QMessageBox::Yes | QMessageBox::No,
+                QMessageBox::No) != QMessageBox::Yes)
         return;
     // While the question waited the host may have closed the design.
     if (!design())
@@ -69,13 +73,6 @@ void ArchiveDialog::archive()
     m_ui->stateLabel->clear();
     updateState();
     m_job->start();
-}
-
-bool ArchiveDialog::mayReplace(const QString& path)
-{
-    return showBox(QMessageBox::Question,
-                   tr("%1 exists already. Replace it?").arg(QDir::toNativeSeparators(path)),
-                   QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
 }
 
 ArchivePlan ArchiveDialog::plan() const

@@ -1,6 +1,6 @@
 #include "host/app/archive/ArchiveJob.h"
 
-#include "host/app/archive/ArchiveError.h"
+#include "host/app/archive/ArchivePlan.h"
 #include "host/app/archive/ArchiveWriter.h"
 
 #include "host/app/common/FileProblem.h"
@@ -14,31 +14,25 @@
 
 namespace {
 
-/// The missing folders on the way to a file; gone again unless they are kept.
+/// Makes the missing folders on the way to a file, and removes them again unless they are kept.
 class MissingFolders {
 public:
     MissingFolders(const QString& file, const QString& base)
+        : m_folder(QFileInfo(file).absolutePath()), m_present(m_folder)
     {
-        const QString folder = QFileInfo(file).absolutePath();
-        if (QFileInfo(folder).isDir())
-            return;
-        const bool below = folder.startsWith(base + '/') && QFileInfo(base).isDir();
-        if (!below)
-            throw ArchiveError(fileProblem(folder, ArchiveJob::tr("The folder does not exist.")));
-        for (QString missing = folder; !QFileInfo::exists(missing);
-             missing = QFileInfo(missing).absolutePath())
-            m_missing.prepend(missing);
-        for (const QString& missing : m_missing) {
-            if (!QDir().mkdir(missing)) {
-                remove();
-                throw ArchiveError(
-                    fileProblem(missing, ArchiveJob::tr("The folder cannot be made.")));
-            }
+        while (!QFileInfo::exists(m_present))
+            m_present = QFileInfo(m_present).absolutePath();
+        const bool isBelow = m_folder.startsWith(base + '/') && QFileInfo(base).isDir();
+        if (!isBelow && !QFileInfo(m_folder).isDir())
+            throw ArchiveError(fileProblem(m_folder, ArchiveJob::tr("The folder does not exist.")));
+        if (!QDir().mkpath(m_folder)) {
+            remove();
+            throw ArchiveError(fileProblem(m_folder, ArchiveJob::tr("The folder cannot be made.")));
         }
     }
     ~MissingFolders() { remove(); }
 
-    void keep() { m_missing.clear(); }
+    void keep() { m_present = m_folder; }
 
 private:
     Q_DISABLE_COPY(MissingFolders)
@@ -46,11 +40,13 @@ private:
     void remove()
     {
         // Only empty folders go, so nothing is lost that came in meanwhile.
-        while (!m_missing.isEmpty())
-            QDir().rmdir(m_missing.takeLast());
+        for (; m_folder != m_present; m_folder = QFileInfo(m_folder).absolutePath())
+            QDir().rmdir(m_folder);
     }
 
-    QStringList m_missing;
+    QString m_folder;
+    /// The one above it that was there before.
+    QString m_present;
 };
 
 } // namespace

@@ -1,7 +1,5 @@
 #include "host/app/archive/ArchivePlan.h"
 
-#include "host/app/archive/ArchiveError.h"
-
 #include "host/app/common/FileProblem.h"
 
 #include <OrvanticCore/Design.h>

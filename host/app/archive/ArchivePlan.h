@@ -8,11 +8,23 @@
 #include <QString>
 #include <QStringList>
 
+#include <stdexcept>
 #include <vector>
 
 namespace OrvanticCore {
 class IDesign;
 }
+
+/// Why there is no archive: text for the user, which names the file and the reason.
+class ArchiveError : public std::runtime_error {
+public:
+    explicit ArchiveError(const QString& text) : std::runtime_error(text.toStdString()) {}
+
+    QString text() const { return QString::fromUtf8(what()); }
+};
+
+/// The user has cancelled the making of the archive.
+class ArchiveCancelled : public std::exception {};
 
 /// One entry of an archive.
 struct ArchiveMember {

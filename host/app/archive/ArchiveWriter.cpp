@@ -1,6 +1,5 @@
 #include "host/app/archive/ArchiveWriter.h"
 
-#include "host/app/archive/ArchiveError.h"
 #include "host/app/archive/ArchivePlan.h"
 
 #include <archive.h>

@@ -1,4 +1,6 @@
-#include "host/app/archive/ArchiveFormat.h"
+#include "host/app/archive/ArchiveDestination.h"
+
+#include <OrvanticCore/Design.h>
 
 #include <QtTest>
 
@@ -53,8 +55,9 @@ void ArchiveFormatTest::changesTheExtensionWithTheFormat_data()
 void ArchiveFormatTest::changesTheExtensionWithTheFormat()
 {
     QFETCH(QString, path);
-    QTEST(ArchivePath::withFormat(path, ArchiveFormat::Zip), "asZip");
-    QTEST(ArchivePath::withFormat(path, ArchiveFormat::TarGz), "asTarGz");
+    const ArchiveDestination destination(nullptr, QString());
+    QTEST(destination.withFormat(path, ArchiveFormat::Zip), "asZip");
+    QTEST(destination.withFormat(path, ArchiveFormat::TarGz), "asTarGz");
 }
 
 void ArchiveFormatTest::putsASuffixInFrontOfTheExtension_data()
@@ -83,8 +86,11 @@ void ArchiveFormatTest::putsASuffixInFrontOfTheExtension_data()
 void ArchiveFormatTest::putsASuffixInFrontOfTheExtension()
 {
     QFETCH(QString, path);
-    QTEST(ArchivePath::withSuffix(path, "-V-1_0", true), "with");
-    QTEST(ArchivePath::withSuffix(path, "-V-1_0", false), "without");
+    OrvanticCore::Design design("/a", "Firmware Design");
+    design.setVersion(1, 0);
+    const ArchiveDestination destination(&design, QString());
+    QTEST(destination.withVersion(path, true), "with");
+    QTEST(destination.withVersion(path, false), "without");
 }
 
 QTEST_GUILESS_MAIN(ArchiveFormatTest)

@@ -1,6 +1,5 @@
 #include "host/archive/ArchivedDesign.h"
 
-#include "host/app/archive/ArchiveError.h"
 #include "host/app/archive/ArchivePlan.h"
 
 #include <OrvanticCore/DesignFile.h>

@@ -1,7 +1,6 @@
 #include "host/archive/ArchivedDesign.h"
 #include "host/archive/Unpacked.h"
 
-#include "host/app/archive/ArchiveError.h"
 #include "host/app/archive/ArchivePlan.h"
 #include "host/app/archive/ArchiveWriter.h"
 #include "support/StubbornDevices.h"
