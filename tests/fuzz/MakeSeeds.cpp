@@ -7,6 +7,30 @@
 #include <QFile>
 #include <QFileInfo>
 
+namespace {
+
+/// The page as it is, cut, with a payload, and with damage to one line at a time.
+QList<QByteArray> seedsOf(const QByteArray& page)
+{
+    QList<QByteArray> seeds{page,          page.left(10),  page.left(64),
+                            page.left(70), page.left(512), page + QByteArray(64, '\x5a')};
+    const int textEnd = page.indexOf("----\n") + 5;
+    for (int start = 64; start < textEnd; start = page.indexOf('\n', start) + 1) {
+        QByteArray otherPrefix = page;
+        otherPrefix[start] = 'x';
+        QByteArray undecodable = page;
+        undecodable.insert(page.indexOf('\n', start), '\xff');
+        // A line without its end, too.
+        seeds << otherPrefix << undecodable << page.left(start) << page.left(start + 3);
+    }
+    seeds << page.left(textEnd - 1);
+    QByteArray withReturns = page.left(textEnd);
+    seeds << withReturns.left(65) + withReturns.mid(65).replace('\n', "\r\n");
+    return seeds;
+}
+
+} // namespace
+
 int main(int argc, char** argv)
 {
     const QDir folder(argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString());
@@ -15,11 +39,12 @@ int main(int argc, char** argv)
     for (int index = 2; index < argc; ++index) {
         const QString golden = QString::fromLocal8Bit(argv[index]);
         const QByteArray bytes = Golden(golden).bytes();
-        // A page cut at its text's end and one with a payload are seeds of their own.
-        for (const QByteArray& seed : {bytes, bytes.left(512), bytes + QByteArray(64, '\x5a')}) {
-            QFile file(folder.filePath(
-                QString("%1-%2").arg(QFileInfo(golden).baseName()).arg(seed.size())));
-            if (!file.open(QIODevice::WriteOnly) || file.write(seed) != seed.size())
+        const QList<QByteArray> seeds = seedsOf(bytes);
+        for (int number = 0; number < seeds.size(); ++number) {
+            QFile file(
+                folder.filePath(QString("%1-%2").arg(QFileInfo(golden).baseName()).arg(number)));
+            if (!file.open(QIODevice::WriteOnly) ||
+                file.write(seeds[number]) != seeds[number].size())
                 qFatal("cannot write %s", qPrintable(file.fileName()));
         }
     }
