@@ -1,5 +1,6 @@
 #include "support/SampleHeaders.h"
 
+#include "fcf/FcfLayout.h"
 #include "fcf/FcfReader.h"
 #include "fcf/FcfWriter.h"
 #include "support/Golden.h"

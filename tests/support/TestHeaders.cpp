@@ -1,0 +1,1 @@
+// The compiler needs a source for which it precompiles Qt's headers.
