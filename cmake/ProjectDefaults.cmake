@@ -36,6 +36,7 @@ endfunction()
 set(ZORV_TEST_ENVIRONMENT
     QT_QPA_PLATFORM=offscreen
     LC_ALL=C.UTF-8
+    LANGUAGE=
     # Whole stacks, or leaks of Qt could not be distinguished from ours.
     ASAN_OPTIONS=fast_unwind_on_malloc=0
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan-suppressions.txt")

@@ -16,7 +16,7 @@ const int FetchBytes = FcfLayout::PageBytes;
 FcfLineSource::FcfLineSource(QIODevice* device, QTextCodec* codec, int maximumBytes,
                              LineEnd lineEnd)
     : m_device(device), m_codec(codec ? codec : QTextCodec::codecForLocale()),
-      m_allowance(maximumBytes), m_position(0), m_lineEnd(lineEnd), m_isAtEnd(false),
+      m_allowance(maximumBytes), m_dropped(0), m_position(0), m_lineEnd(lineEnd), m_isAtEnd(false),
       m_lineOffset(0), m_lineIsEnded(false), m_lineIsDecodable(true)
 {
 }
@@ -36,11 +36,14 @@ qint32 FcfLineSource::takeWord()
 
 QString FcfLineSource::takeLine()
 {
-    m_lineOffset = m_position;
+    m_lineOffset = position();
     int end = m_bytes.indexOf('\n', m_position);
-    for (int searched = m_bytes.size(); end < 0 && fetch(); searched = m_bytes.size())
+    while (end < 0) {
+        const int searched = m_bytes.size() - m_position;
+        if (!fetch())
+            break;
         end = m_bytes.indexOf('\n', searched);
-
+    }
     m_lineIsEnded = end >= 0;
     if (!m_lineIsEnded) {
         end = m_bytes.size();
@@ -52,6 +55,12 @@ QString FcfLineSource::takeLine()
     if (m_lineIsEnded && m_lineEnd == LineFeedWithOrWithoutReturn && length > 0 &&
         m_bytes.at(end - 1) == '\r')
         --length;
+    if (length == 0) {
+        // A codec takes longer to convert nothing, and a hostile text has millions of empty lines.
+        m_lineIsDecodable = true;
+        m_position = m_lineIsEnded ? end + 1 : end;
+        return QString();
+    }
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
     QString line = m_codec->toUnicode(m_bytes.constData() + m_position, length, &state);
     m_lineIsDecodable = state.invalidChars == 0 && state.remainingChars == 0;
@@ -59,8 +68,12 @@ QString FcfLineSource::takeLine()
     return line;
 }
 
+/// Drops what was taken, since a text may be long, so that the position is 0 afterwards.
 bool FcfLineSource::fetch()
 {
+    m_bytes.remove(0, m_position);
+    m_dropped += m_position;
+    m_position = 0;
     const QByteArray more = m_device->read(qMin(FetchBytes, m_allowance));
     m_allowance -= more.size();
     m_bytes += more;

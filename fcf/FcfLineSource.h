@@ -26,8 +26,11 @@ public:
     /// Whether the last takeLine() found no line.
     bool isAtEnd() const { return m_isAtEnd; }
 
+    /// From now on at most \p bytes more are read from the device.
+    void limitTo(int bytes) { m_allowance = qMin(m_allowance, bytes); }
+
     /// Bytes taken so far, line ends included.
-    int position() const { return m_position; }
+    int position() const { return m_dropped + m_position; }
 
     /// Of the line taken last: its offset in bytes from the first byte read, whether its end was
     /// there, and whether the codec could decode all of it.
@@ -41,7 +44,10 @@ private:
     QIODevice* m_device;
     QTextCodec* m_codec;
     int m_allowance;
+    /// What was fetched, but for the bytes before it that were taken and dropped. The position is
+    /// counted from its start.
     QByteArray m_bytes;
+    int m_dropped;
     int m_position;
     LineEnd m_lineEnd;
     bool m_isAtEnd;

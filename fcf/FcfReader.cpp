@@ -5,10 +5,17 @@
 
 namespace {
 
-/// What is between the first and the second \p separator of \p line.
-QString valueAt(const char* separator, const QString& line)
+/// What is between the first and the second \p separator of \p line. Works in place: a line may be
+/// long.
+QString valueAt(const char* separator, QString line)
 {
-    return line.section(QLatin1String(separator), 1, 1);
+    const QLatin1String mark(separator);
+    const int first = line.indexOf(mark);
+    line.remove(0, first < 0 ? line.size() : first + static_cast<int>(qstrlen(separator)));
+    const int second = line.indexOf(mark);
+    if (second >= 0)
+        line.truncate(second);
+    return line;
 }
 
 bool endsRecord(const QString& line) { return line.contains(QLatin1String(FcfLayout::RecordEnd)); }
@@ -59,9 +66,10 @@ bool readFunction(const QString& firstLine, FcfLineSource* source, FcfFunction* 
 
 bool readFunctions(FcfLineSource* source, QVector<FcfFunction>* functions)
 {
+    source->limitTo(FcfReader::MaximumFunctionBytes);
     QString line = source->takeLine();
     while (!endsText(line)) {
-        if (source->isAtEnd())
+        if (source->isAtEnd() || functions->size() == FcfReader::MaximumFunctions)
             return false;
         functions->append(FcfFunction());
         if (!readFunction(line, source, &functions->last()))

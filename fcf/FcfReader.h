@@ -29,9 +29,12 @@ struct FcfReading {
 /// at its second separator, and the lines of a function's description are joined.
 namespace FcfReader {
 
-/// In bytes, more than a hundred pages: what a hostile file can make the reader take. A text that
-/// has not ended by then counts as one without an end.
-const int MaximumBytes = 256 * 1024;
+/// What a hostile file can make the reader take, in bytes and functions. A text that has not ended
+/// by then counts as one without an end.
+const int MaximumBytes = 16 * 1024 * 1024;
+/// A window shows all of every function, but only the start of the description before them.
+const int MaximumFunctionBytes = 1024 * 1024;
+const int MaximumFunctions = 30000;
 
 /// Reads from the current position of \p device, an image or a companion; the payload is left
 /// alone. A device that cannot be read counts as one that ends. Texts are decoded with \p codec,

@@ -1,7 +1,6 @@
 #include "tool/CommandLine.h"
 
 #include "tool/base/Text.h"
-#include "tool/commands/Arguments.h"
 #include "tool/commands/Command.h"
 
 #include <CLI/CLI.hpp>
@@ -65,7 +64,7 @@ public:
         task.report.json = m_json;
         task.report.quiet = m_quiet;
         command->run(&task);
-        return finish(&task);
+        return task.finish();
     }
 
 private:
@@ -149,12 +148,7 @@ private:
     {
         Task task(m_environment, "");
         task.report.printRaw(QByteArray::fromStdString(text));
-        return finish(&task);
-    }
-
-    int finish(Task* task) const
-    {
-        return task->report.finish(*m_environment, task->inputs, &task->findings);
+        return task.finish();
     }
 
     int refused(const std::vector<std::string>& arguments, const std::string& reason) const
@@ -166,7 +160,7 @@ private:
         task.findings.error(
             ExitCode::Refused, QString(), QString(),
             shownText(QString::fromLocal8Bit(Arguments::unguarded(reason).c_str())));
-        return finish(&task);
+        return task.finish();
     }
 
     const Environment* m_environment;

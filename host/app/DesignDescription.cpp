@@ -28,7 +28,9 @@ namespace {
 
 constexpr int MaximumNumber = std::numeric_limits<int>::max();
 
-QString tr(const char* text) { return QCoreApplication::translate("DesignDescription", text); }
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(DesignDescription)
+};
 
 QString storedPath(const Design& design, const QString& path)
 {
@@ -112,9 +114,9 @@ void readFile(const JsonNode& node, Design* design)
     node.expectEntries({"path", "node", "generated", "version"});
     const JsonNode path = node["path"];
     if (path.text().isEmpty())
-        path.fail(tr("a path is expected"));
+        path.fail(Texts::tr("a path is expected"));
     if (design->fileAt(path.text()))
-        path.fail(tr("\"%1\" is listed twice").arg(path.text()));
+        path.fail(Texts::tr("\"%1\" is listed twice").arg(path.text()));
     DesignFile* const file = design->restoreFile(path.text());
     file->setCustomNode(node["node"].optionalText());
     file->setIsGenerated(node["generated"].optionalFlag());
@@ -143,10 +145,10 @@ void readProperty(const JsonNode& node, Design* design)
     const QString separator(QChar::Null);
     const JsonNode name = node["name"];
     if (name.text().isEmpty())
-        name.fail(tr("a name is expected"));
+        name.fail(Texts::tr("a name is expected"));
     for (const DesignProperty& property : design->designProperties()) {
         if (property.name == name.text())
-            name.fail(tr("\"%1\" is listed twice").arg(name.text()));
+            name.fail(Texts::tr("\"%1\" is listed twice").arg(name.text()));
     }
     design->setDesignProperty(name.text(), readValue(node["value"]),
                               QtilitiesCategory(levels.join(separator), separator));
@@ -155,11 +157,11 @@ void readProperty(const JsonNode& node, Design* design)
 void readFolder(const JsonNode& path, Design* design)
 {
     if (path.text().isEmpty())
-        path.fail(tr("a path is expected"));
+        path.fail(Texts::tr("a path is expected"));
     const int before = design->folders().size();
     design->restoreFolder(path.text());
     if (design->folders().size() == before)
-        path.fail(tr("\"%1\" is listed twice").arg(path.text()));
+        path.fail(Texts::tr("\"%1\" is listed twice").arg(path.text()));
 }
 
 void readNodes(const std::vector<JsonNode>& nodes, TreeNode* parent)
@@ -220,7 +222,7 @@ std::unique_ptr<Design> DesignDescription::read(const JsonNode& description, con
     const JsonNode format = description["format"];
     const int number = format.number(1, MaximumNumber);
     if (number > Format)
-        format.fail(tr("format %1 is newer than format %2, the newest that can be read")
+        format.fail(Texts::tr("format %1 is newer than format %2, the newest that can be read")
                         .arg(number)
                         .arg(Format));
     description.expectEntries(

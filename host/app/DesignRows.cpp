@@ -30,7 +30,9 @@ using Qtilities::CoreGui::TreeNode;
 
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("DesignModel", text); }
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(DesignRows)
+};
 
 DesignRows::Row makeRow(const QString& name, const QIcon& icon, const QString& key)
 {
@@ -74,12 +76,12 @@ QStringList reasonsOutdated(const DesignFile& file)
         return reasons;
     const QFileInfo source(info.dir().filePath(info.completeBaseName() + ".bin"));
     if (source.exists() && source != info && source.lastModified() > info.lastModified())
-        reasons << tr("%1 has changed since").arg(source.fileName());
+        reasons << Texts::tr("%1 has changed since").arg(source.fileName());
     const IDesign* const design = file.design();
     const QString made = file.versionAssociation();
     if (design && !made.isEmpty() && made != design->versionString("."))
-        reasons
-            << tr("made for version %1, the design is at %2").arg(made, design->versionString("."));
+        reasons << Texts::tr("made for version %1, the design is at %2")
+                       .arg(made, design->versionString("."));
     return reasons;
 }
 
@@ -88,11 +90,11 @@ QStringList stateOf(const DesignFile& file)
 {
     QStringList words;
     if (file.isGenerated())
-        words << tr("Generated");
+        words << Texts::tr("Generated");
     if (!reasonsOutdated(file).isEmpty())
-        words << tr("Outdated");
+        words << Texts::tr("Outdated");
     if (!file.exists())
-        words << tr("Missing");
+        words << Texts::tr("Missing");
     return words;
 }
 
@@ -102,14 +104,14 @@ QString toolTipOf(const DesignFile& file)
     const QFileInfo info(file.filePath());
     QStringList lines{QDir::toNativeSeparators(file.filePath()).toHtmlEscaped()};
     if (!info.exists())
-        lines << tr("There is no such file on the disk.");
+        lines << Texts::tr("There is no such file on the disk.");
     else
-        lines << tr("%1, changed %2")
+        lines << Texts::tr("%1, changed %2")
                      .arg(QLocale().formattedDataSize(info.size()),
                           QLocale().toString(info.lastModified(), QLocale::ShortFormat));
     const QStringList reasons = reasonsOutdated(file);
     if (!reasons.isEmpty())
-        lines << tr("<b>Outdated</b>: %1. Generate it again.")
+        lines << Texts::tr("<b>Outdated</b>: %1. Generate it again.")
                      .arg(reasons.join("; ").toHtmlEscaped());
     return "<p style='white-space:pre'>" + lines.join("<br>") + "</p>";
 }
@@ -159,12 +161,12 @@ void DesignRows::refresh(const Row& row, const Design& design)
 {
     QStringList states;
     if (design.isLocked())
-        states << tr("Locked");
+        states << Texts::tr("Locked");
     if (design.isReadOnly())
-        states << tr("Read-only");
+        states << Texts::tr("Read-only");
     if (DesignStorage::isChangedOnDisk(design))
-        states << tr("Changed on disk");
-    row.first()->setText(design.isModified() ? tr("%1 (modified)").arg(design.name())
+        states << Texts::tr("Changed on disk");
+    row.first()->setText(design.isModified() ? Texts::tr("%1 (modified)").arg(design.name())
                                              : design.name());
     row.at(DesignModel::StateColumn)->setText(states.join(", "));
     row.at(DesignModel::VersionColumn)->setText(design.versionString("."));
@@ -200,7 +202,7 @@ void DesignRows::refresh(const Row& row, const DesignFile& file)
 void DesignRows::refresh(const Row& row, const DesignFolder& folder)
 {
     const bool exists = QDir(folder.folderPath()).exists();
-    const QString state = exists ? tr("Folder") : tr("Folder, Missing");
+    const QString state = exists ? Texts::tr("Folder") : Texts::tr("Folder, Missing");
     if (row.at(DesignModel::StateColumn)->text() == state)
         return;
     row.first()->setIcon(exists ? FileIcons::forFolder() : FileIcons::forMissing());

@@ -1,9 +1,9 @@
 #include "host/app/DesignStorage.h"
 
+#include "fcf/FcfWriter.h"
 #include "host/app/common/FileProblem.h"
 #include "host/app/DesignDescription.h"
 #include "host/app/JsonNode.h"
-#include "tool/files/Copy.h"
 
 #include <OrvanticCore/Design.h>
 
@@ -17,7 +17,9 @@ using OrvanticCore::Design;
 
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("DesignStorage", text); }
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(DesignStorage)
+};
 
 /// Of a description: many thousands of files. A larger one is none, and would take the memory.
 constexpr qint64 MaximumBytes = 16 * 1024 * 1024;
@@ -30,7 +32,7 @@ QString placeOf(const QByteArray& bytes, int offset)
 {
     const QByteArray before = bytes.left(offset);
     const int lineStart = before.lastIndexOf('\n') + 1;
-    return tr("line %1, column %2")
+    return Texts::tr("line %1, column %2")
         .arg(before.count('\n') + 1)
         .arg(QString::fromUtf8(before.mid(lineStart)).size() + 1);
 }
@@ -53,11 +55,11 @@ std::unique_ptr<Design> DesignStorage::load(const QString& folder, QString* erro
     const QFileInfo info(path);
     // To open a pipe would wait for another program, and the host with it.
     if (info.exists() && !info.isFile()) {
-        *error = fileProblem(path, tr("it is not a file"));
+        *error = fileProblem(path, Texts::tr("it is not a file"));
         return nullptr;
     }
     if (info.size() > MaximumBytes) {
-        *error = fileProblem(path, tr("it is too large: %1 bytes").arg(info.size()));
+        *error = fileProblem(path, Texts::tr("it is too large: %1 bytes").arg(info.size()));
         return nullptr;
     }
     QFile file(path);
@@ -103,20 +105,15 @@ bool DesignStorage::save(Design* design, QString* error)
     const QFileInfo present(path);
     // Through a link, a device of the system would be replaced.
     if (present.exists() && !present.isFile()) {
-        *error = fileProblem(path, tr("it is not a file"));
+        *error = fileProblem(path, Texts::tr("it is not a file"));
         return false;
     }
     QSaveFile file(path);
     // Unbuffered: QSaveFile would not notice when the last of its buffer cannot be written.
     QString problem;
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        problem = file.errorString();
-    else if (const auto written = writeAll(&file, bytes.constData(), bytes.size()); !written)
-        problem = written.error();
-    else if (!file.commit())
-        problem = file.errorString();
-    if (!problem.isEmpty()) {
-        *error = fileProblem(path, problem);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) ||
+        !FcfWriter::writeAll(&file, bytes, &problem) || !file.commit()) {
+        *error = fileProblem(path, problem.isEmpty() ? file.errorString() : problem);
         return false;
     }
     design->setProperty(SeenProperty, bytes);

@@ -129,10 +129,13 @@ void MainWindow::buildCentre()
 void MainWindow::buildMenus()
 {
     auto* const actions = QtilitiesApplication::actionManager();
-    for (const char* id : {"File", "Edit", "Design", "View", "Tools", "Help"}) {
+    const QList<QPair<QString, QString>> menus{{"File", tr("&File")},     {"Edit", tr("&Edit")},
+                                               {"Design", tr("&Design")}, {"View", tr("&View")},
+                                               {"Tools", tr("&Tools")},   {"Help", tr("&Help")}};
+    for (const auto& [id, title] : menus) {
         bool existed = false;
         QMenu* const menu = actions->createMenu(id, existed)->menu();
-        menu->setTitle(QString("&%1").arg(id));
+        menu->setTitle(title);
         menu->setToolTipsVisible(true);
         menuBar()->addMenu(menu);
     }

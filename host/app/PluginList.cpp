@@ -19,7 +19,9 @@ using Qtilities::Logging::Logger;
 
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("PluginList", text); }
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(PluginList)
+};
 
 void log(Logger::MessageType type, const QString& text)
 {
@@ -45,7 +47,7 @@ QString describe(const QString& path)
     const auto* const plugin = qobject_cast<IPlugin*>(loader.instance());
     const QString place = QDir::toNativeSeparators(path);
     if (!plugin)
-        return tr("<h3>%1</h3><p>This library is no plug-in that can be loaded. %2</p>")
+        return Texts::tr("<h3>%1</h3><p>This library is no plug-in that can be loaded. %2</p>")
             .arg(place.toHtmlEscaped(), loader.errorString().toHtmlEscaped());
     const auto version = plugin->pluginVersionInformation().version();
     QStringList lines{plugin->pluginDescription(),
@@ -72,11 +74,11 @@ void PluginList::logMissing(const QStringList& folders)
     for (const QString& folder : folders) {
         const QString shown = QDir::toNativeSeparators(QDir(folder).absolutePath());
         if (!QFileInfo(folder).isDir())
-            log(Logger::Error, tr("There is no plug-in folder \"%1\".").arg(shown));
+            log(Logger::Error, Texts::tr("There is no plug-in folder \"%1\".").arg(shown));
         hasLibrary = hasLibrary || !librariesIn(folder).isEmpty();
     }
     if (!hasLibrary)
-        log(Logger::Warning, tr("No plug-in was found: the host makes no images."));
+        log(Logger::Warning, Texts::tr("No plug-in was found: the host makes no images."));
 }
 
 void PluginList::showAbout(const QStringList& folders, QWidget* parent)
@@ -88,12 +90,12 @@ void PluginList::showAbout(const QStringList& folders, QWidget* parent)
     }
     QDialog dialog(parent);
     dialog.setObjectName("AboutPluginsDialog");
-    dialog.setWindowTitle(tr("About Plug-ins"));
+    dialog.setWindowTitle(Texts::tr("About Plug-ins"));
     auto* const text = new QTextBrowser(&dialog);
     text->setObjectName("AboutPluginsText");
     text->setAccessibleName(dialog.windowTitle());
     text->setOpenExternalLinks(true);
-    text->setHtml(html.isEmpty() ? tr("<p>No plug-in was found.</p>") : html);
+    text->setHtml(html.isEmpty() ? Texts::tr("<p>No plug-in was found.</p>") : html);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, &dialog);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     auto* const layout = new QVBoxLayout(&dialog);

@@ -6,6 +6,9 @@
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
 
 using Qtilities::CoreGui::QtilitiesApplication;
 using Qtilities::ExtensionSystem::ExtensionSystemCore;
@@ -18,6 +21,17 @@ QString defaultPluginPath()
     return QDir(QCoreApplication::applicationDirPath()).absoluteFilePath("../lib/zorv/plugins");
 }
 
+/// Installs the catalogue of that name for the language of the user's desktop, if there is one.
+void installCatalogue(const QString& name, const QString& folder)
+{
+    // English texts are in no catalogue: to try the user's further languages would put one of them
+    // before English.
+    const QString language = QLocale::system().uiLanguages().value(0).replace('-', '_');
+    auto* const catalogue = new QTranslator(qApp);
+    if (catalogue->load(name + '_' + language, folder))
+        QCoreApplication::installTranslator(catalogue);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -28,6 +42,9 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationVersion(PELK_HOST_VERSION);
     // Desktops find the window's icon and menu entry by it.
     QGuiApplication::setDesktopFileName("pelk-host");
+
+    installCatalogue("qtbase", QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+    installCatalogue("pelk-host", ":/translations");
 
     QCommandLineParser parser;
     parser.setApplicationDescription(

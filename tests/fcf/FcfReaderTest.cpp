@@ -61,6 +61,7 @@ private slots:
     void endsWhereADeviceFailsAtEveryByte();
     void endsAtItsBound_data();
     void endsAtItsBound();
+    void takesABoundedNumberOfFunctions();
     void readsATextUpToItsBound();
 };
 
@@ -317,33 +318,55 @@ void FcfReaderTest::endsAtItsBound_data()
     QTest::addColumn<QByteArray>("start");
     QTest::addColumn<QByteArray>("repeated");
     QTest::addColumn<int>("outcome");
+    QTest::addColumn<int>("bound");
+    const int whole = FcfReader::MaximumBytes;
+    const int functions = FcfReader::MaximumFunctionBytes;
     const int early = FcfReading::EndedEarly;
     QTest::newRow("a preamble without end")
-        << QByteArray() << QByteArray("x") << int(FcfReading::NoFilenameLine);
+        << QByteArray() << QByteArray("x") << int(FcfReading::NoFilenameLine) << whole;
     QTest::newRow("a first line without end")
-        << preamble() << QByteArray("Filename") << int(FcfReading::NoFilenameLine);
+        << preamble() << QByteArray("Filename") << int(FcfReading::NoFilenameLine) << whole;
     QTest::newRow("an author without end")
-        << preamble() + "Filename: f\nCI No: c\nAuthor: " << QByteArray("a") << early;
+        << preamble() + "Filename: f\nCI No: c\nAuthor: " << QByteArray("a") << early << whole;
     QTest::newRow("a description in one endless line")
-        << preamble() + headerLines("") << QByteArray("d") << early;
+        << preamble() + headerLines("") << QByteArray("d") << early << whole;
     QTest::newRow("a description of endless lines")
-        << preamble() + headerLines("") << QByteArray("d\n") << early;
+        << preamble() + headerLines("") << QByteArray("d\n") << early << whole;
     QTest::newRow("empty lines for ever")
-        << preamble() + headerLines("") << QByteArray("\n") << early;
+        << preamble() + headerLines("") << QByteArray("\n") << early << whole;
     QTest::newRow("functions for ever")
-        << preamble() + headerLines("d\n---\n") << QByteArray("n\na\nc\nd\n---\n") << early;
+        << preamble() + headerLines("d\n---\n")
+        << QByteArray("name\nauthor\nnumber\ndescription\n---\n") << early << functions;
     QTest::newRow("a function description of endless lines")
-        << preamble() + headerLines("d\n---\nn\na\nc\n") << QByteArray("d\n") << early;
+        << preamble() + headerLines("d\n---\nn\na\nc\n") << QByteArray("d\n") << early << functions;
+    QTest::newRow("a function name without end")
+        << preamble() + headerLines("d\n---\n") << QByteArray("n") << early << functions;
 }
 
 void FcfReaderTest::endsAtItsBound()
 {
     QFETCH(QByteArray, start);
     QFETCH(QByteArray, repeated);
+    QFETCH(int, bound);
     EndlessSource device(start, repeated);
     const FcfReading reading = FcfReader::read(&device);
     QTEST(int(reading.outcome), "outcome");
-    QCOMPARE(device.taken(), qint64(FcfReader::MaximumBytes));
+    // What was fetched with the header's last lines may be more than that.
+    QVERIFY(device.taken() >= bound);
+    QVERIFY(device.taken() <= qMin(bound + FcfLayout::PageBytes, FcfReader::MaximumBytes));
+}
+
+void FcfReaderTest::takesABoundedNumberOfFunctions()
+{
+    const QByteArray function = "\n\n\n\n---\n";
+    const QByteArray start = preamble() + headerLines("d\n---\n");
+    const int most = FcfReader::MaximumFunctions;
+    const FcfReading whole = readingOf(start + function.repeated(most) + "----\n");
+    QCOMPARE(whole.outcome, FcfReading::Complete);
+    QCOMPARE(whole.header.functions.size(), most);
+    const FcfReading more = readingOf(start + function.repeated(most + 1) + "----\n");
+    QCOMPARE(more.outcome, FcfReading::EndedEarly);
+    QCOMPARE(more.header.functions.size(), most);
 }
 
 void FcfReaderTest::readsATextUpToItsBound()

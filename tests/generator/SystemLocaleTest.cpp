@@ -2,7 +2,12 @@
 #include "generator/GeneratorTest.h"
 #include "support/PlainFcf.h"
 
-#include <QApplication>
+#include <QtilitiesCoreGui/QtilitiesApplication.h>
+#include <QtilitiesExtensionSystem/IPlugin.h>
+
+#include <QPluginLoader>
+#include <QPushButton>
+#include <QTranslator>
 #include <QtTest>
 
 /// What depends on the system's locale, in a process that has another one than the other tests.
@@ -12,6 +17,11 @@ class SystemLocaleTest : public GeneratorTest {
 private slots:
     void writesTheDateInTheShortFormatOfTheSystem();
     void writesTheTimeInPlainDigitsWhateverTheSystem();
+    void writesTheSameFilesWithTheWindowInGerman();
+
+private:
+    /// The image and the companion that the window makes.
+    QList<QByteArray> generate();
 };
 
 void SystemLocaleTest::writesTheDateInTheShortFormatOfTheSystem()
@@ -34,11 +44,37 @@ void SystemLocaleTest::writesTheTimeInPlainDigitsWhateverTheSystem()
     QCOMPARE(header.time, QString("07:08:09"));
 }
 
+QList<QByteArray> SystemLocaleTest::generate()
+{
+    driver->fillIn(driver->binary("top.bin", 4000));
+    driver->upload("FIR", QString(), QString(), QString());
+    driver->click("GenerateButton");
+    return {driver->content(driver->path("top.fcf")), driver->content(driver->path("top.txt"))};
+}
+
+void SystemLocaleTest::writesTheSameFilesWithTheWindowInGerman()
+{
+    QCOMPARE(driver->find<QPushButton>("GenerateButton")->text(), QString("Generate"));
+    const QList<QByteArray> english = generate();
+    QVERIFY(english.first().size() > 4000);
+
+    QPluginLoader loader(ZORV_PLUGIN_FILE);
+    auto* const plugin =
+        qobject_cast<Qtilities::ExtensionSystem::Interfaces::IPlugin*>(loader.instance());
+    QVERIFY2(plugin, qPrintable(loader.errorString()));
+    QVERIFY(plugin->initialize(QStringList(), nullptr));
+    driver.reset(new GeneratorDriver);
+    QCOMPARE(driver->find<QPushButton>("GenerateButton")->text(), QString("Erzeugen"));
+    QCOMPARE(generate(), english);
+    QCOMPARE(driver->text("StatusBar"),
+             QString("<font color='green'>Die Ausgabedateien wurden erzeugt.</font>"));
+}
+
 int main(int argc, char** argv)
 {
     // Made by scripts/setup.
     qputenv("LC_ALL", "de_DE.UTF-8");
-    QApplication application(argc, argv);
+    Qtilities::CoreGui::QtilitiesApplication application(argc, argv);
     SystemLocaleTest test;
     return QTest::qExec(&test, argc, argv);
 }

@@ -45,11 +45,13 @@ QWidget* windowNamed(const QString& name)
     qFatal("There is no window %s", qPrintable(name));
 }
 
-void trigger(const QWidget* host, const QString& text)
+/// Chooses the entry of a menu that the host's class \p context made.
+void trigger(const QWidget* host, const char* context, const char* entry)
 {
+    const QString text = QCoreApplication::translate(context, entry);
     for (const QAction* menu : qobject_cast<const QMainWindow*>(host)->menuBar()->actions()) {
         for (QAction* action : menu->menu()->actions()) {
-            if (action->text().remove('&') == text)
+            if (action->text() == text)
                 action->trigger();
         }
     }
@@ -141,7 +143,7 @@ void PicturePlugin::takeGuide()
         menu->close();
 
     m_view->setCurrentIndex(itemNamed(m_view, "top.fcf"));
-    trigger(m_host, "Inspect Image");
+    trigger(m_host, "ItemCommands", "&Inspect Image");
     settle();
     saveWindow("guide-inspector", m_host);
 
@@ -161,7 +163,7 @@ void PicturePlugin::takeGuide()
     saveWindow("guide-loaded", generator);
     generator->close();
 
-    withDialog("Archive Design...", [this](QWidget* dialog) {
+    withDialog("DesignCommands", "&Archive Design...", [this](QWidget* dialog) {
         dialog->findChild<QComboBox*>("typeBox")->setCurrentIndex(1);
         dialog->setGeometry(8, 8, 640, 560);
         settle();
@@ -195,27 +197,30 @@ void PicturePlugin::takeSideBySide()
 
 void PicturePlugin::takeDialogs()
 {
-    for (const char* name : {"New Design...", "Archive Design...", "About Plug-ins"})
-        withDialog(name, [this, name](const QWidget*) {
-            saveScreen(QString(name).remove(' ').remove('.').remove('-'));
-        });
+    const auto look = [this](const QString& name) {
+        return [this, name](const QWidget* dialog) { saveWindow(name, dialog); };
+    };
+    withDialog("DesignCommands", "&New Design...", look("NewDesign"));
+    withDialog("DesignCommands", "&Archive Design...", look("ArchiveDesign"));
+    withDialog("HelpMenu", "About &Plug-ins", look("AboutPlugins"));
     m_view->setCurrentIndex(itemNamed(m_view, "top.fcf"));
-    trigger(m_host, "Inspect Image");
+    trigger(m_host, "ItemCommands", "&Inspect Image");
     settle();
     saveScreen("InspectImage");
-    trigger(m_host, "Guide");
+    trigger(m_host, "HelpMenu", "&Guide");
     settle();
     saveScreen("guide");
 }
 
-void PicturePlugin::withDialog(const QString& entry, const std::function<void(QWidget*)>& look)
+void PicturePlugin::withDialog(const char* context, const char* entry,
+                               const std::function<void(QWidget*)>& look)
 {
     QTimer::singleShot(500, this, [look] {
         QWidget* const dialog = QApplication::activeModalWidget();
         look(dialog);
         dialog->close();
     });
-    trigger(m_host, entry);
+    trigger(m_host, context, entry);
 }
 
 void PicturePlugin::saveScreen(const QString& name) const

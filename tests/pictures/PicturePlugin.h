@@ -27,8 +27,9 @@ private:
     void takeGuide();
     void takeSideBySide();
     void takeDialogs();
-    /// Opens a dialog by its menu entry, and closes it after \p look.
-    void withDialog(const QString& entry, const std::function<void(QWidget*)>& look);
+    /// Opens a dialog by a menu entry of a class of the host, and closes it after \p look.
+    void withDialog(const char* context, const char* entry,
+                    const std::function<void(QWidget*)>& look);
     QWidget* openGenerator();
     void saveScreen(const QString& name) const;
     /// The part of the screen that has \p window.

@@ -15,6 +15,7 @@ public:
             qputenv("QT_QPA_PLATFORM", "offscreen");
         if (!qEnvironmentVariableIsSet("LC_ALL"))
             qputenv("LC_ALL", "C.UTF-8");
+        qunsetenv("LANGUAGE");
     }
 
 private:

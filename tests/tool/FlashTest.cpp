@@ -234,6 +234,8 @@ void FlashTest::comparesWithASwappedBinary()
     QVERIFY2(run.code == 0, run.out);
     QVERIFY2(run.out.contains("swapped: bytes"), run.out);
     QCOMPARE(tool.run(verify + Arguments{"--swap", "words"}).code, 2);
+    // Without a binary there is nothing to swap.
+    QCOMPARE(tool.run({"verify", tool.argument("top.fcf"), "--swap", "bytes"}).code, 2);
 }
 
 void FlashTest::padsInPieces()

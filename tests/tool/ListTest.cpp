@@ -36,6 +36,7 @@ private slots:
     void showsTheDigestBesideAnImage();
     void computesDigests();
     void goesOnAfterABadFile();
+    void listsNoStandardInput();
     void followsNoLinksToFolders();
     void letsNoTextAtTheTerminal();
 
@@ -227,6 +228,14 @@ void ListTest::goesOnAfterABadFile()
     QCOMPARE(row(run, 0)["reason"].toString(),
              QString("cannot be read: No such file or directory"));
     QCOMPARE(run.json()["files"].toArray().size(), 3);
+}
+
+void ListTest::listsNoStandardInput()
+{
+    m_tool->in = image(1);
+    const Run run = m_tool->run({"list", "-"});
+    QCOMPARE(run.code, 2);
+    QVERIFY2(run.err.contains("PATH: standard input cannot be listed"), run.err);
 }
 
 void ListTest::followsNoLinksToFolders()

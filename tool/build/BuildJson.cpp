@@ -107,14 +107,10 @@ public:
 
     void read(const QJsonValue& value, const QString& name, std::optional<Version>* version)
     {
-        if (value.isString()) {
+        if (!value.isObject()) {
             *version = Version::of(value.toString());
             if (!*version)
                 fail(name, "is not two numbers like \"1.12\"");
-            return;
-        }
-        if (!value.isObject()) {
-            fail(name, "is not a text like \"1.12\"");
             return;
         }
         QJsonObject object = value.toObject();
@@ -180,12 +176,11 @@ private:
 
 void checkRecipeVersion(const QJsonValue& value, RecipeReader* reader)
 {
-    if (value.isUndefined()) {
-        reader->fail(RecipeKey, "is missing: this is not a recipe");
-        return;
-    }
     std::optional<qint32> version;
-    reader->read(value, RecipeKey, &version);
+    if (value.isUndefined())
+        reader->fail(RecipeKey, "is missing: this is not a recipe");
+    else
+        reader->read(value, RecipeKey, &version);
     if (version && (*version < 1 || *version > RecipeVersion))
         reader->fail(
             RecipeKey,

@@ -2,6 +2,7 @@
 
 #include "fcf/FcfLayout.h"
 #include "fcf/FcfWriter.h"
+#include "tool/base/Text.h"
 #include "tool/check/TextRules.h"
 #include "tool/files/Copy.h"
 #include "tool/files/InputFile.h"
@@ -83,13 +84,6 @@ FcfExactReading parsed(QByteArray start, QTextCodec* codec)
     return FcfExactReader::read(&device, codec);
 }
 
-bool isDecodable(const QByteArray& bytes, const QTextCodec* codec)
-{
-    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-    codec->toUnicode(bytes.constData(), bytes.size(), &state);
-    return state.invalidChars == 0 && state.remainingChars == 0;
-}
-
 constexpr int LongestCharacter = 4;
 /// Four characters, as in \xff, in place of one byte.
 constexpr int EscapeGrowth = 3;
@@ -100,7 +94,8 @@ QByteArray withEscapes(const QByteArray& start, const QTextCodec* codec, QVector
     QByteArray escaped = start.left(FcfLayout::PreambleBytes);
     for (int at = escaped.size(); at < start.size();) {
         int length = 1;
-        while (length <= LongestCharacter && !isDecodable(start.mid(at, length), codec))
+        while (length <= LongestCharacter &&
+               !textOf(start.mid(at, length).toStdString(), codec, QString()))
             ++length;
         if (length > LongestCharacter) {
             length = 1;

@@ -11,20 +11,19 @@ const QByteArray ContainerStart = QByteArray::fromHex("00090ff00ff00ff00ff000000
 
 const QByteArray SyncWord = QByteArray::fromHex("aa995566");
 
-struct WrongWord {
-    const char* hex;
+/// What development tools do to all words of a bitstream, and what undoes it.
+struct WrongOrder {
     const char* complaint;
-    /// What repairs it.
     const char* swap;
 };
 
-constexpr WrongWord WrongWords[] = {
-    {"665599aa", "byte-swapped: its sync word is 0x665599AA", "bytes"},
-    {"5599aa66", "bit-swapped: its sync word is 0x5599AA66", "bits"},
-    {"5566aa99", "halfword-swapped: its sync word is 0x5566AA99", "halfwords"},
-    {"99aa6655", "byte-swapped in each halfword: its sync word is 0x99AA6655", "bytes,halfwords"},
-    {"66aa9955", "bit-swapped and byte-swapped: its sync word is 0x66AA9955", "bits,bytes"},
-    {"aa665599", "bit-swapped and halfword-swapped: its sync word is 0xAA665599", "bits,halfwords"},
+constexpr WrongOrder WrongOrders[] = {
+    {"byte-swapped", "bytes"},
+    {"bit-swapped", "bits"},
+    {"halfword-swapped", "halfwords"},
+    {"byte-swapped in each halfword", "bytes,halfwords"},
+    {"bit-swapped and byte-swapped", "bits,bytes"},
+    {"bit-swapped and halfword-swapped", "bits,halfwords"},
 };
 
 /// A boot image has a little-endian sync word at a fixed place behind its vectors, where a
@@ -87,17 +86,20 @@ QString PayloadKind::complaint(const QByteArray& start)
 
     const QByteArray lookedAt = start.mid(filler, LookedAtBytes);
     int first = lookedAt.indexOf(SyncWord);
-    const WrongWord* wrong = nullptr;
-    for (const WrongWord& word : WrongWords) {
-        const int position = lookedAt.indexOf(QByteArray::fromHex(word.hex));
-        if (position >= 0 && (first < 0 || position < first)) {
-            first = position;
-            wrong = &word;
-        }
+    QString wrong;
+    for (const WrongOrder& order : WrongOrders) {
+        QByteArray word = SyncWord;
+        swap(*swapsOf(order.swap), word.data(), word.size());
+        const int position = lookedAt.indexOf(word);
+        if (position < 0 || (first >= 0 && position >= first))
+            continue;
+        first = position;
+        wrong = QStringLiteral("the binary is %1: its sync word is 0x%2, not 0xAA995566; --swap %3 "
+                               "repairs it")
+                    .arg(order.complaint, word.toHex().toUpper(), order.swap);
     }
-    if (wrong)
-        return QStringLiteral("the binary is %1, not 0xAA995566; --swap %2 repairs it")
-            .arg(QLatin1String(wrong->complaint), QLatin1String(wrong->swap));
+    if (!wrong.isEmpty())
+        return wrong;
     if (first >= 0)
         return QString();
     return filler > 0

@@ -74,6 +74,19 @@ QString brokenRecord(const NamedText& text)
     return QString();
 }
 
+/// The texts of \p header for which \p rule has a reason.
+template <class Rule>
+QVector<Breach> breaches(const FcfHeader& header, Rule rule)
+{
+    QVector<Breach> found;
+    for (const NamedText& text : textsOf(header)) {
+        const QString reason = rule(text);
+        if (!reason.isEmpty())
+            found.append({text.field, reason, text.value});
+    }
+    return found;
+}
+
 /// QTextCodec::canEncode() misses half a letter at the end of a text.
 bool canEncode(const QTextCodec* codec, const QString& text)
 {
@@ -101,60 +114,41 @@ QString TextRules::fieldName(const char* field, int function)
 
 QVector<Breach> TextRules::brokenRecords(const FcfHeader& header)
 {
-    QVector<Breach> breaches;
-    for (const NamedText& text : textsOf(header)) {
-        const QString reason = brokenRecord(text);
-        if (!reason.isEmpty())
-            breaches.append({text.field, reason, text.value});
-    }
-    return breaches;
+    return breaches(header, &brokenRecord);
 }
 
 QVector<Breach> TextRules::swallowedFunctions(const FcfHeader& header)
 {
-    const QString start = QLatin1Char('\n') + QLatin1String(FcfLayout::FunctionTexts[0].prefix);
-    QVector<Breach> breaches;
-    for (const NamedText& text : textsOf(header)) {
-        if (text.value.contains(start))
-            breaches.append({text.field,
-                             "holds a line that begins like a function; the mark "
-                             "before it may be damaged",
-                             text.value});
-    }
-    return breaches;
+    return breaches(header, [](const NamedText& text) {
+        return text.value.contains('\n' + QLatin1String(FcfLayout::FunctionTexts[0].prefix))
+                   ? "holds a line that begins like a function; the mark before it may be damaged"
+                   : QString();
+    });
 }
 
 QVector<Breach> TextRules::unprintable(const FcfHeader& header)
 {
-    QVector<Breach> breaches;
-    for (const NamedText& text : textsOf(header)) {
+    return breaches(header, [](const NamedText& text) {
         for (const char32_t character : text.value.toUcs4()) {
             // Controls and line separators are no part of a text at all.
             const QChar::Category category = QChar::category(character);
-            if (isPrintable(character) || category == QChar::Other_Control ||
-                category == QChar::Separator_Line || category == QChar::Separator_Paragraph)
-                continue;
-            breaches.append({text.field,
-                             QStringLiteral("has the character %1, which is not shown as a letter")
-                                 .arg(shownText(textOf(character))),
-                             text.value});
-            break;
+            if (!isPrintable(character) && category != QChar::Other_Control &&
+                category != QChar::Separator_Line && category != QChar::Separator_Paragraph)
+                return QStringLiteral("has the character %1, which is not shown as a letter")
+                    .arg(shownText(textOf(character)));
         }
-    }
-    return breaches;
+        return QString();
+    });
 }
 
 QVector<Breach> TextRules::notEncodable(const FcfHeader& header, const QTextCodec* codec)
 {
-    QVector<Breach> breaches;
-    for (const NamedText& text : textsOf(header)) {
-        if (!canEncode(codec, text.value))
-            breaches.append({text.field,
-                             QStringLiteral("cannot be encoded in this locale's %1")
-                                 .arg(QString::fromLatin1(codec->name())),
-                             text.value});
-    }
-    return breaches;
+    return breaches(header, [codec](const NamedText& text) {
+        return canEncode(codec, text.value)
+                   ? QString()
+                   : QStringLiteral("cannot be encoded in this locale's %1")
+                         .arg(QString::fromLatin1(codec->name()));
+    });
 }
 
 QVector<Breach> TextRules::lostInForm(const FcfHeader& header, QTextCodec* codec)

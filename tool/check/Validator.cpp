@@ -73,24 +73,22 @@ void Validator::validate(const HeaderPage& page) const
     checkTexts(page);
     checkFiller(page);
     checkAgainstWriter(page);
+    const auto note = [this](const QString& field, qint64 offset, const QString& reason) {
+        m_findings->note(m_file->label(), field, reason).at(offset);
+    };
     if (m_kind == Image && page.fillerBytes > 0)
-        m_findings
-            ->note(m_file->label(), "payload",
-                   QStringLiteral("ends here; %1 bytes of 0xFF follow, as in flash")
-                       .arg(page.fillerBytes))
-            .at(page.imageBytes());
+        note("payload", page.imageBytes(),
+             QStringLiteral("ends here; %1 bytes of 0xFF follow, as in flash")
+                 .arg(page.fillerBytes));
     if (m_kind == Companion && m_file->size() > page.bytes)
         invalid("page", page.bytes, "a companion ends with its header page",
                 QStringLiteral("%1 bytes").arg(page.bytes),
                 QStringLiteral("%1 bytes").arg(m_file->size()));
     if (page.bytes > FcfLayout::PageBytes && page.reading.textEnd <= FcfLayout::PageBytes)
-        m_findings
-            ->note(m_file->label(), "page",
-                   QStringLiteral("the header page has %1 bytes, as its last filler unit goes "
-                                  "beyond %2")
-                       .arg(page.bytes)
-                       .arg(FcfLayout::PageBytes))
-            .at(FcfLayout::PageBytes);
+        note("page", FcfLayout::PageBytes,
+             QStringLiteral("the header page has %1 bytes, as its last filler unit goes beyond %2")
+                 .arg(page.bytes)
+                 .arg(FcfLayout::PageBytes));
 }
 
 void Validator::checkSizes(const FcfHeader& header, qint64 bytes) const

@@ -2,7 +2,6 @@
 
 #include "tool/base/Text.h"
 #include "tool/check/Validator.h"
-#include "tool/commands/Arguments.h"
 #include "tool/commands/Command.h"
 #include "tool/files/Copy.h"
 #include "tool/files/Digest.h"
@@ -91,11 +90,13 @@ bool BesideFiles::checkDigest(const InputFile& image, const HeaderPage& page, Ta
         refuseLines(image, *lines, *path, task);
         return false;
     }
-    const CopyObserver progress = task->progress("verify", image.size());
-    auto found = task->findings.valueOf(Digest::of({&image, 0, image.size(), nullptr}, progress));
+    const auto digestOf = [&](qint64 bytes) {
+        return task->findings.valueOf(
+            Digest::of({&image, 0, bytes, nullptr}, task->progress("verify", image.size())));
+    };
+    auto found = digestOf(image.size());
     if (found && page.fillerBytes > 0 && !expected.contains(*found))
-        found =
-            task->findings.valueOf(Digest::of({&image, 0, page.imageBytes(), nullptr}, progress));
+        found = digestOf(page.imageBytes());
     if (!found)
         return false;
     if (mayBeRenamed && *found == expected.first())

@@ -3,7 +3,6 @@
 #include "fcf/FcfLayout.h"
 #include "tool/base/Text.h"
 #include "tool/check/Checker.h"
-#include "tool/commands/Arguments.h"
 #include "tool/commands/Command.h"
 
 #include <CLI/CLI.hpp>
@@ -26,17 +25,19 @@ void BinaryInput::declareOperand(CLI::App* app)
 void BinaryInput::declareOption(CLI::App* app)
 {
     m_name = "--bin";
-    Arguments::addOption(app, m_name, &m_path, "BIN",
-                         "the binary that the payload must be, or a .bit file, whose header is "
-                         "left out");
-    declareSwap(app);
+    CLI::Option* const binary =
+        Arguments::addOption(app, m_name, &m_path, "BIN",
+                             "the binary that the payload must be, or a .bit file, whose header is "
+                             "left out");
+    declareSwap(app)->needs(binary);
 }
 
-void BinaryInput::declareSwap(CLI::App* app)
+CLI::Option* BinaryInput::declareSwap(CLI::App* app)
 {
-    Arguments::addOption(app, "--swap", &m_swap, "bits|bytes|halfwords",
-                         "swap the bits of each byte, or the bytes or halfwords of each word of "
-                         "the binary; several with commas (default: none)");
+    return Arguments::addOption(
+        app, "--swap", &m_swap, "bits|bytes|halfwords",
+        "swap the bits of each byte, or the bytes or halfwords of each word of "
+        "the binary; several with commas (default: none)");
 }
 
 QString BinaryInput::label() const

@@ -1,14 +1,15 @@
 #include "tool/commands/BuildOptions.h"
 
+#include "fcf/FcfLayout.h"
 #include "fcf/FcfTarget.h"
 #include "tool/base/Text.h"
 #include "tool/build/BuildJson.h"
 #include "tool/check/HeaderPage.h"
-#include "tool/commands/Arguments.h"
 #include "tool/commands/Command.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <CLI/CLI.hpp>
 
@@ -17,7 +18,6 @@ namespace {
 /// A slot is called so as well.
 const std::string SlotOption = "--config";
 constexpr char SlotNames[] = "--config,--slot";
-constexpr int TextsOfFunction = 4;
 /// Many times what a page has room for: enough to say by how much a text is too long.
 constexpr int LargestDescriptionFile = 256 * 1024;
 
@@ -75,21 +75,12 @@ public:
 
     void read(const std::string& argument, const BuildField<qint32>& field)
     {
-        const auto text = m_task->text(argument, field.option);
-        m_build->*field.value = text ? wholeNumber(*text) : std::nullopt;
-        if (text && !(m_build->*field.value))
-            m_task->refuse(field.option,
-                           QStringLiteral("\"%1\" is not a number").arg(shownText(*text)));
+        read(argument, field, &wholeNumber, "\"%1\" is not a number");
     }
 
     void read(const std::string& argument, const BuildField<Version>& field)
     {
-        const auto text = m_task->text(argument, field.option);
-        m_build->*field.value = text ? Version::of(*text) : std::nullopt;
-        if (text && !(m_build->*field.value))
-            m_task->refuse(
-                field.option,
-                QStringLiteral("\"%1\" is not two numbers like 1.12").arg(shownText(*text)));
+        read(argument, field, &Version::of, "\"%1\" is not two numbers like 1.12");
     }
 
     /// Functions have several arguments each.
@@ -97,24 +88,70 @@ public:
 
     void readFunctions(const std::vector<std::string>& arguments)
     {
-        constexpr char option[] = "--function";
         QVector<FcfFunction> functions;
-        for (auto text = arguments.begin(); text != arguments.end(); text += TextsOfFunction) {
-            FcfFunction function;
-            function.name = m_task->text(text[0], option).value_or(QString());
-            function.author = m_task->text(text[1], option).value_or(QString());
-            function.ciNumber = m_task->text(text[2], option).value_or(QString());
-            function.description = m_task->text(text[3], option).value_or(QString());
-            functions.append(function);
+        for (std::size_t index = 0; index < arguments.size(); ++index) {
+            const auto& field = FcfLayout::FunctionTexts[index % FcfLayout::FunctionTextCount];
+            if (index % FcfLayout::FunctionTextCount == 0)
+                functions.append(FcfFunction());
+            functions.last().*field.value =
+                m_task->text(arguments[index], "--function").value_or(QString());
         }
         if (!functions.isEmpty())
             m_build->functions = functions;
     }
 
 private:
+    template <class Value>
+    void read(const std::string& argument, const BuildField<Value>& field,
+              std::optional<Value> (*parse)(const QString&), const QString& complaint)
+    {
+        const auto text = m_task->text(argument, field.option);
+        m_build->*field.value = text ? parse(*text) : std::nullopt;
+        if (text && !(m_build->*field.value))
+            m_task->refuse(field.option, complaint.arg(shownText(*text)));
+    }
+
     Build* m_build;
     Task* m_task;
 };
+
+const QString DatePattern = "yyyy-MM-dd";
+const QString TimePattern = "HH:mm:ss";
+/// Behind the date and a T.
+constexpr int TimeStart = 11;
+/// The last second of the year 9999, so that a date keeps its form.
+constexpr qint64 LastSecond = 253402300799;
+
+/// What --date-time says.
+Result<QDateTime> given(const QString& text)
+{
+    // In UTC, which has every time of day: a local clock that is put forward leaves some out.
+    const QDate date = QDate::fromString(text.left(DatePattern.size()), DatePattern);
+    const QTime time = QTime::fromString(text.mid(TimeStart, TimePattern.size()), TimePattern);
+    // An offset from UTC, as version control systems write it, says nothing about the time of day.
+    // Qt would take signs, letters and less than there must be.
+    static const QRegularExpression digits("^[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}"
+                                           "(Z|[+-][0-9]{2}:[0-9]{2})?\\z");
+    if (digits.match(text).hasMatch() && date.isValid() && time.isValid())
+        return QDateTime(date, time, Qt::UTC);
+    return failure(ExitCode::Refused, QString(), "--date-time",
+                   QStringLiteral("\"%1\" is not a date and time like 2024-05-31T13:45:00")
+                       .arg(shownText(text)));
+}
+
+/// What SOURCE_DATE_EPOCH says, in UTC.
+Result<QDateTime> sourceDate(const QByteArray& value)
+{
+    const QString text = QString::fromLatin1(value);
+    static const QRegularExpression digits("^[0-9]{1,12}\\z");
+    const qint64 seconds = text.toLongLong();
+    if (digits.match(text).hasMatch() && seconds <= LastSecond)
+        return QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC);
+    return failure(
+        ExitCode::Refused, QString(), "SOURCE_DATE_EPOCH",
+        QStringLiteral("\"%1\" is not a number of seconds since 1970, up to the year 9999")
+            .arg(shownText(text)));
+}
 
 } // namespace
 
@@ -122,8 +159,8 @@ void BuildOptions::declare(CLI::App* app)
 {
     forEachBuildField([&](const auto& field) {
         if (std::is_same_v<decltype(field), const BuildField<QVector<FcfFunction>>&>)
-            Arguments::addRepeatedOption(app, field.option, TextsOfFunction, &m_functions,
-                                         field.type, field.help);
+            Arguments::addRepeatedOption(app, field.option, FcfLayout::FunctionTextCount,
+                                         &m_functions, field.type, field.help);
         else
             Arguments::addOption(app, field.option == SlotOption ? SlotNames : field.option,
                                  &m_given[field.name], field.type, field.help)
@@ -138,6 +175,11 @@ void BuildOptions::declare(CLI::App* app)
     Arguments::addOption(app, "--like", &m_like, "FILE",
                          "take what is not given from an image (.fcf), a companion (.txt) or a "
                          "recipe (.json; - is a recipe on standard input)");
+    Arguments::addOption(app, "--date-time", &m_dateTime, "YYYY-MM-DDTHH:MM:SS",
+                         "the date and time in the header (default: SOURCE_DATE_EPOCH in UTC, or "
+                         "without that the clock)");
+    Arguments::addOption(app, "--date-format", &m_dateFormat, "locale|iso",
+                         "how the date is written (default: locale)");
 }
 
 Build BuildOptions::build(Task* task) const
@@ -203,4 +245,22 @@ std::optional<Build> BuildOptions::like(Task* task) const
     task->findings.error(ExitCode::Refused, *path, QLatin1String(option),
                          "the name ends with neither .fcf, .txt nor .json");
     return std::nullopt;
+}
+
+void BuildOptions::stamp(FcfHeader* header, Task* task) const
+{
+    Findings& findings = task->findings;
+    QDateTime moment = task->environment.clock();
+    if (const auto& source = task->environment.sourceDateEpoch)
+        moment = findings.valueOf(sourceDate(*source)).value_or(moment);
+    if (const auto text = m_dateTime ? task->text(*m_dateTime, "--date-time") : std::nullopt)
+        moment = findings.valueOf(given(*text)).value_or(moment);
+    header->stamp(moment);
+    const auto format = m_dateFormat ? task->text(*m_dateFormat, "--date-format") : std::nullopt;
+    if (format == "iso")
+        header->date = moment.date().toString(Qt::ISODate);
+    else if (format && format != "locale")
+        task->refuse(
+            "--date-format",
+            QStringLiteral("\"%1\" is neither \"locale\" nor \"iso\"").arg(shownText(*format)));
 }

@@ -14,7 +14,7 @@ namespace CLI {
 class App;
 }
 
-/// The arguments that describe a build.
+/// The arguments that describe a build, and when it is made.
 class BuildOptions {
 public:
     void declare(CLI::App* app);
@@ -23,6 +23,10 @@ public:
     /// given is refused.
     Build build(Task* task) const;
 
+    /// Sets date and time: --date-time, else SOURCE_DATE_EPOCH, else the clock. Whatever is
+    /// malformed is refused, used or not.
+    void stamp(FcfHeader* header, Task* task) const;
+
 private:
     std::optional<Build> like(Task* task) const;
 
@@ -30,6 +34,8 @@ private:
     std::map<std::string, std::optional<std::string>> m_given;
     std::vector<std::string> m_functions;
     std::optional<std::string> m_like;
+    std::optional<std::string> m_dateTime;
+    std::optional<std::string> m_dateFormat;
 };
 
 #endif

@@ -4,14 +4,43 @@
 #include "tool/check/Findings.h"
 #include "tool/check/HeaderPage.h"
 #include "tool/console/Console.h"
-#include "tool/console/Report.h"
 #include "tool/files/InputFile.h"
 
 #include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace CLI {
 class App;
-}
+class Option;
+} // namespace CLI
+
+/// Arguments that are taken as they are.
+namespace Arguments {
+
+/// An argument as the parser must get it: in operands it would read what is in brackets as a list.
+/// The functions below take the guard off again.
+std::string guarded(const std::string& argument);
+
+/// A message of the parser without the guards of the arguments in it.
+std::string unguarded(std::string message);
+
+/// Adds an option, or an operand, that takes one argument, whatever that looks like, and may be
+/// given once.
+CLI::Option* addOption(CLI::App* app, const char* name, std::optional<std::string>* value,
+                       const char* type, const char* help);
+
+/// Adds an option that takes \p count arguments each time it is given.
+CLI::Option* addRepeatedOption(CLI::App* app, const char* name, int count,
+                               std::vector<std::string>* values, const char* type,
+                               const char* help);
+
+/// Adds an operand that must be given at least once.
+CLI::Option* addOperands(CLI::App* app, const char* name, std::vector<std::string>* values,
+                         const char* help);
+
+} // namespace Arguments
 
 /// An image or a companion, and its header page.
 struct FcfFile {
@@ -24,6 +53,9 @@ struct FcfFile {
 struct Task {
     /// \p environment does not become its own.
     Task(const Environment* environment, const std::string& command);
+
+    /// Writes what there is to report, and returns what the run ends with.
+    int finish() { return report.finish(environment, inputs, &findings); }
 
     /// What shows that \p label goes on, for \p total bytes.
     CopyObserver progress(const QString& label, qint64 total) const;
@@ -56,8 +88,7 @@ public:
     /// Adds the command to \p parent, which fills its arguments into this object and owns app.
     Command(CLI::App* parent, const char* name, const char* summary);
     virtual ~Command() = default;
-    Command(const Command&) = delete;
-    Command& operator=(const Command&) = delete;
+    Q_DISABLE_COPY(Command)
 
     /// Does it. Whatever is to be said goes to \p task.
     virtual void run(Task* task) = 0;

@@ -6,12 +6,10 @@
 #include "tool/check/Checker.h"
 #include "tool/check/HeaderPage.h"
 #include "tool/check/Validator.h"
-#include "tool/commands/Arguments.h"
 #include "tool/commands/BinaryInput.h"
 #include "tool/commands/BuildOptions.h"
 #include "tool/commands/Command.h"
-#include "tool/commands/ImageFiles.h"
-#include "tool/commands/Stamp.h"
+#include "tool/commands/Outputs.h"
 
 #include <CLI/CLI.hpp>
 
@@ -64,7 +62,6 @@ private:
 
     BuildOptions m_build;
     BinaryInput m_binary;
-    Stamp m_stamp;
     std::optional<std::string> m_output;
     std::optional<std::string> m_padTo;
     bool m_noCompanion = false;
@@ -82,7 +79,6 @@ CreateCommand::CreateCommand(CLI::App* parent)
     Arguments::addOption(app, "-o,--output", &m_output, "FILE",
                          "the image, its name ending with .fcf; - is standard output (default: "
                          "BIN with .fcf in place of .bin)");
-    m_stamp.declare(app);
     app->add_flag("--no-companion", m_noCompanion, "write no companion (.txt)");
     app->add_flag("--digest", m_digest, "write the image's SHA-256 beside it (.fcf.sha256)");
     Arguments::addOption(app, "--pad-to", &m_padTo, "page|block|BYTES",
@@ -160,14 +156,14 @@ void CreateCommand::guard(const Outputs& outputs, Task* task) const
         return;
     }
     OutputGuard::guard(outputs.image, isReplaced, task);
-    if (m_noCompanion)
-        OutputGuard::guardUnwritten(outputs.companion, "--no-companion", task);
-    else
-        OutputGuard::guard(outputs.companion, isReplaced, task);
-    if (m_digest)
-        OutputGuard::guard(outputs.digest, isReplaced, task);
-    else
-        OutputGuard::guardUnwritten(outputs.digest, "--digest", task);
+    const auto guard = [&](const QString& path, bool isWritten, const char* option) {
+        if (isWritten)
+            OutputGuard::guard(path, isReplaced, task);
+        else
+            OutputGuard::guardUnwritten(path, option, task);
+    };
+    guard(outputs.companion, !m_noCompanion, "--no-companion");
+    guard(outputs.digest, m_digest, "--digest");
 }
 
 FcfHeader CreateCommand::header(const Build& build, qint64 binaryBytes, const QString& imageName,
@@ -177,7 +173,7 @@ FcfHeader CreateCommand::header(const Build& build, qint64 binaryBytes, const QS
     PelkFcfGeneratorFileInfo().measure(binaryBytes, &header);
     build.describe(&header);
     header.fileName = imageName;
-    m_stamp.apply(&header, task);
+    m_build.stamp(&header, task);
     Checker(&task->findings, QString(), build.origins).checkTexts(header, task->codec);
     return header;
 }

@@ -1,6 +1,5 @@
 #include "tool/base/Text.h"
 #include "tool/build/BuildJson.h"
-#include "tool/commands/Arguments.h"
 #include "tool/commands/Command.h"
 #include "tool/files/Copy.h"
 

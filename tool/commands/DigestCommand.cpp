@@ -1,4 +1,3 @@
-#include "tool/commands/Arguments.h"
 #include "tool/commands/Command.h"
 #include "tool/files/Digest.h"
 
@@ -12,31 +11,30 @@ public:
     {
         Arguments::addOperands(app, "FILE", &m_files, "images; - is standard input (required)");
     }
-    void run(Task* task) override;
+
+    void run(Task* task) override
+    {
+        QJsonArray digests;
+        for (const std::string& argument : m_files) {
+            const auto fcf = task->openFcf(argument, Task::Whole);
+            if (!fcf)
+                continue;
+            const InputFile& file = fcf->file;
+            const auto digest = task->findings.valueOf(Digest::of(
+                {&file, 0, file.size(), nullptr}, task->progress("digest", file.size())));
+            if (!digest)
+                continue;
+            if (!task->report.json)
+                task->report.printRaw(Digest::line(*digest, file.path()));
+            digests.append(QJsonObject{{"file", file.label()},
+                                       {"sha256", QString::fromLatin1(digest->toHex())}});
+        }
+        task->report.result["files"] = digests;
+    }
 
 private:
     std::vector<std::string> m_files;
 };
-
-void DigestCommand::run(Task* task)
-{
-    QJsonArray digests;
-    for (const std::string& argument : m_files) {
-        const auto fcf = task->openFcf(argument, Task::Whole);
-        if (!fcf)
-            continue;
-        const InputFile& file = fcf->file;
-        const auto digest = task->findings.valueOf(
-            Digest::of({&file, 0, file.size(), nullptr}, task->progress("digest", file.size())));
-        if (!digest)
-            continue;
-        if (!task->report.json)
-            task->report.printRaw(Digest::line(*digest, file.path()));
-        digests.append(
-            QJsonObject{{"file", file.label()}, {"sha256", QString::fromLatin1(digest->toHex())}});
-    }
-    task->report.result["files"] = digests;
-}
 
 } // namespace
 

@@ -1,7 +1,6 @@
 #include "tool/base/Text.h"
 #include "tool/check/HeaderPage.h"
 #include "tool/check/Validator.h"
-#include "tool/commands/Arguments.h"
 #include "tool/commands/BesideFiles.h"
 #include "tool/commands/Command.h"
 #include "tool/commands/Outputs.h"
@@ -19,7 +18,6 @@ public:
     void run(Task* task) override;
 
 private:
-    void guard(const QString& output, Task* task) const;
     Status write(const Region& payload, const QString& output, Task* task) const;
 
     std::optional<std::string> m_file;
@@ -46,8 +44,12 @@ void ExtractCommand::run(Task* task)
     // As JSON it is refused, and that is what goes there.
     task->report.outIsTaken = output == StandardStream && !task->report.json;
     const auto fcf = output ? task->openFcf(*m_file, Task::Whole) : std::nullopt;
-    if (output)
-        guard(*output, task);
+    OutputGuard::guardStandardOutput(output == StandardStream, task);
+    if (output && output != StandardStream)
+        OutputGuard::guard(*output, m_force, task);
+    else if (output && task->report.json)
+        task->findings.error(ExitCode::Refused, StandardOutputLabel, "--output",
+                             "takes the payload alone: --json needs a file");
     if (!fcf || task->findings.hasErrors())
         return;
     const auto& [file, page] = *fcf;
@@ -64,16 +66,6 @@ void ExtractCommand::run(Task* task)
     task->report.print(*output);
     task->report.result["payload"] = *output;
     task->report.result["payloadBytes"] = page.payloadBytes;
-}
-
-void ExtractCommand::guard(const QString& output, Task* task) const
-{
-    OutputGuard::guardStandardOutput(output == StandardStream, task);
-    if (output != StandardStream)
-        OutputGuard::guard(output, m_force, task);
-    else if (task->report.json)
-        task->findings.error(ExitCode::Refused, StandardOutputLabel, "--output",
-                             "takes the payload alone: --json needs a file");
 }
 
 Status ExtractCommand::write(const Region& payload, const QString& output, Task* task) const

@@ -2,7 +2,6 @@
 #include "tool/base/Text.h"
 #include "tool/build/Build.h"
 #include "tool/check/Validator.h"
-#include "tool/commands/Arguments.h"
 #include "tool/commands/BesideFiles.h"
 #include "tool/commands/Command.h"
 #include "tool/files/Digest.h"
@@ -52,13 +51,13 @@ public:
     void run(Task* task) override;
 
 private:
-    void listFolder(const QString& path, Task* task);
+    void list(const QFileInfo& path, Task* task);
     void listImage(const QString& path, Task* task);
     QJsonObject describe(const FcfFile& fcf, Task* task);
     QByteArray digest(const FcfFile& fcf, Task* task) const;
     void print(const QJsonObject& row, Task* task);
     QByteArray line(const QJsonObject& row, const Task& task) const;
-    void stop(const Finding& finding, Task* task);
+    void stop(ExitCode code, const QString& reason, Task* task);
 
     struct Slot {
         QString first;
@@ -81,10 +80,10 @@ void ListCommand::run(Task* task)
     task->report.findingsAreResults = !m_csv;
     for (const std::string& argument : m_paths) {
         const std::optional<QString> path = task->path(argument, "PATH");
-        if (path && QFileInfo(*path).isDir())
-            listFolder(*path, task);
+        if (path == StandardStream)
+            task->refuse("PATH", "standard input cannot be listed; show reads it");
         else if (path)
-            listImage(*path, task);
+            list(QFileInfo(*path), task);
     }
     if (m_isEmpty)
         task->report.result["files"] = QJsonArray();
@@ -98,19 +97,22 @@ void ListCommand::run(Task* task)
     }
 }
 
-/// Sorted by name at each level.
-void ListCommand::listFolder(const QString& path, Task* task)
+/// An image, or what is in a folder, sorted by name at each level.
+void ListCommand::list(const QFileInfo& path, Task* task)
 {
-    const QDir folder(path);
+    if (!path.isDir()) {
+        listImage(path.filePath(), task);
+        return;
+    }
+    const QDir folder(path.filePath());
     if (!folder.isReadable())
-        task->findings.error(ExitCode::CannotAccess, path, "PATH", "the folder cannot be read");
-    for (const QFileInfo& entry : folder.entryInfoList(
-             {"*.fcf"}, QDir::AllDirs | QDir::Files | QDir::NoDotAndDotDot, QDir::Name)) {
+        task->findings.error(ExitCode::CannotAccess, folder.path(), "PATH",
+                             "the folder cannot be read");
+    const auto wanted = QDir::AllDirs | QDir::Files | QDir::NoDotAndDotDot;
+    for (const QFileInfo& entry : folder.entryInfoList({"*.fcf"}, wanted, QDir::Name)) {
         // A link to a folder may lead back here.
-        if (entry.isDir() && !entry.isSymLink())
-            listFolder(entry.filePath(), task);
-        else if (entry.isFile())
-            listImage(entry.filePath(), task);
+        if (!entry.isDir() || !entry.isSymLink())
+            list(entry, task);
     }
 }
 
@@ -124,8 +126,7 @@ void ListCommand::listImage(const QString& path, Task* task)
     const auto fcf =
         one.openFcf(QFile::encodeName(path).toStdString(), m_digest ? Task::Whole : Task::PageOnly);
     if (const ReadFile* const input = one.inputs.behind(task->environment.out)) {
-        stop(failure(ExitCode::Refused, StandardOutputLabel, QString(), isInput(*input)).value(),
-             task);
+        stop(ExitCode::Refused, isInput(*input), task);
         return;
     }
     QJsonObject row = fcf ? describe(*fcf, &one) : QJsonObject();
@@ -209,10 +210,7 @@ void ListCommand::print(const QJsonObject& row, Task* task)
     m_isEmpty = false;
     const auto written = task->report.stream(bytes, task->environment);
     if (!written)
-        stop(failure(ExitCode::CannotAccess, StandardOutputLabel, QString(),
-                     QStringLiteral("cannot be written: %1").arg(written.error()))
-                 .value(),
-             task);
+        stop(ExitCode::CannotAccess, "cannot be written: " + written.error(), task);
 }
 
 QByteArray ListCommand::line(const QJsonObject& row, const Task& task) const
@@ -234,9 +232,9 @@ QByteArray ListCommand::line(const QJsonObject& row, const Task& task) const
     return encoded(m_csv ? line : line.trimmed(), task.codec);
 }
 
-void ListCommand::stop(const Finding& finding, Task* task)
+void ListCommand::stop(ExitCode code, const QString& reason, Task* task)
 {
-    task->findings.add(finding);
+    task->findings.error(code, StandardOutputLabel, QString(), reason);
     task->report.outIsTaken = true;
     m_isStopped = true;
 }

@@ -1,5 +1,4 @@
 #include "tool/build/BuildJson.h"
-#include "tool/commands/Arguments.h"
 #include "tool/commands/Command.h"
 
 #include <QJsonDocument>
@@ -18,29 +17,29 @@ public:
                              "an image or a companion; - is standard input (required)")
             ->required();
     }
-    void run(Task* task) override;
+
+    void run(Task* task) override
+    {
+        const auto fcf = task->openFcf(*m_file, Task::PageOnly);
+        if (!fcf)
+            return;
+        const FcfHeader& header = fcf->page.reading.header;
+        const Build build = Build::of(header);
+        if (build.module && task->report.json)
+            task->report.result["recipe"] =
+                QJsonDocument::fromJson(BuildJson::recipe(build)).object();
+        else if (build.module)
+            task->report.printRaw(BuildJson::recipe(build));
+        else
+            task->findings.error(ExitCode::NotValid, fcf->file.label(), "moduleCode",
+                                 QStringLiteral("%1 with device code %2 is of no known target")
+                                     .arg(header.moduleCode)
+                                     .arg(header.deviceCode));
+    }
 
 private:
     std::optional<std::string> m_file;
 };
-
-void RecipeCommand::run(Task* task)
-{
-    const auto fcf = task->openFcf(*m_file, Task::PageOnly);
-    if (!fcf)
-        return;
-    const FcfHeader& header = fcf->page.reading.header;
-    const Build build = Build::of(header);
-    if (build.module && task->report.json)
-        task->report.result["recipe"] = QJsonDocument::fromJson(BuildJson::recipe(build)).object();
-    else if (build.module)
-        task->report.printRaw(BuildJson::recipe(build));
-    else
-        task->findings.error(ExitCode::NotValid, fcf->file.label(), "moduleCode",
-                             QStringLiteral("%1 with device code %2 is of no known target")
-                                 .arg(header.moduleCode)
-                                 .arg(header.deviceCode));
-}
 
 } // namespace
 

@@ -3,7 +3,6 @@
 #include "tool/base/Text.h"
 #include "tool/build/BuildJson.h"
 #include "tool/check/Validator.h"
-#include "tool/commands/Arguments.h"
 #include "tool/commands/Command.h"
 
 #include <QJsonDocument>

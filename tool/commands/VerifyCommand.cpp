@@ -1,6 +1,5 @@
 #include "tool/base/Text.h"
 #include "tool/check/Validator.h"
-#include "tool/commands/Arguments.h"
 #include "tool/commands/BesideFiles.h"
 #include "tool/commands/BinaryInput.h"
 #include "tool/commands/Command.h"
@@ -16,7 +15,6 @@ public:
     void run(Task* task) override;
 
 private:
-    bool usageIsRight(Task* task) const;
     std::optional<Validator::Kind> kindOf(const QString& path, Task* task) const;
     void verify(const std::string& argument, const QString& path, Task* task, QJsonObject* result);
 
@@ -40,8 +38,10 @@ VerifyCommand::VerifyCommand(CLI::App* parent)
 void VerifyCommand::run(Task* task)
 {
     task->report.findingsAreResults = true;
-    if (!usageIsRight(task))
+    if (m_files.size() > 1 && (m_binary.isGiven() || m_beside.areNamed())) {
+        task->refuse("FILE", "--bin, --companion and --digest are about one file");
         return;
+    }
     QJsonArray results;
     for (const std::string& argument : m_files) {
         const std::optional<QString> path = task->path(argument, "FILE");
@@ -60,14 +60,6 @@ void VerifyCommand::run(Task* task)
                 shownText(label), verdict == ExitCode::Done ? "valid" : "not valid"));
     }
     task->report.result["files"] = results;
-}
-
-bool VerifyCommand::usageIsRight(Task* task) const
-{
-    if (m_files.size() == 1 || (!m_binary.isGiven() && !m_beside.areNamed()))
-        return true;
-    task->refuse("FILE", "--bin, --companion and --digest are about one file");
-    return false;
 }
 
 /// What --type says, else the ending of the name, and never what is in the file: an image that was

@@ -34,8 +34,7 @@ QList<QByteArray> find(const QByteArray& lines, const std::optional<QString>& im
 class Hash {
 public:
     Hash() { nettle_sha256_init(&m_state); }
-    Hash(const Hash&) = delete;
-    Hash& operator=(const Hash&) = delete;
+    Q_DISABLE_COPY(Hash)
 
     void add(const char* data, qint64 bytes);
     /// The binary digest of all that was added. Ends the adding.

@@ -17,26 +17,22 @@ const QString OutputOption = "--output";
 
 using Stat = struct stat;
 
-std::optional<FileSystem::Identity> identityOf(const Stat& status, bool found)
-{
-    return found ? std::optional<FileSystem::Identity>({status.st_dev, status.st_ino})
-                 : std::nullopt;
-}
-
 } // namespace
 
 std::optional<FileSystem::Identity> FileSystem::identityOf(const QString& path)
 {
     Stat status;
-    const int failed = ::stat(QFile::encodeName(path).constData(), &status);
-    return ::identityOf(status, failed == 0);
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0)
+        return std::nullopt;
+    return Identity{status.st_dev, status.st_ino};
 }
 
 std::optional<FileSystem::Identity> FileSystem::identityOf(int descriptor)
 {
     Stat status;
-    const int failed = ::fstat(descriptor, &status);
-    return ::identityOf(status, failed == 0);
+    if (::fstat(descriptor, &status) != 0)
+        return std::nullopt;
+    return Identity{status.st_dev, status.st_ino};
 }
 
 std::optional<FileSystem::Version> FileSystem::versionOf(int descriptor)

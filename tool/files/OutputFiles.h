@@ -19,8 +19,7 @@ public:
 
     explicit OutputFiles(Existing existing) : m_existing(existing) {}
     ~OutputFiles();
-    OutputFiles(const OutputFiles&) = delete;
-    OutputFiles& operator=(const OutputFiles&) = delete;
+    Q_DISABLE_COPY(OutputFiles)
 
     /// Adds the file \p path, open for writing; it stays this object's. The first one is put in
     /// place last. From the start nobody may read it who may not read what it is to replace.

@@ -30,8 +30,7 @@ class SignalBlock {
 public:
     SignalBlock();
     ~SignalBlock();
-    SignalBlock(const SignalBlock&) = delete;
-    SignalBlock& operator=(const SignalBlock&) = delete;
+    Q_DISABLE_COPY(SignalBlock)
 
 private:
     sigset_t m_before;

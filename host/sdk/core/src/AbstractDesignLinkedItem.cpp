@@ -12,7 +12,7 @@ namespace {
 
 QString tr(const char* text)
 {
-    return QCoreApplication::translate("AbstractDesignLinkedItem", text);
+    return QCoreApplication::translate("OrvanticCore::AbstractDesignLinkedItem", text);
 }
 
 } // namespace
