@@ -82,6 +82,8 @@ void PelkFcfGenerator::editFunction(const FcfFunction& function)
     ui->EditFunctionName->setText(function.name);
     ui->AuthorFunctions->setText(function.author);
     ui->CiNumberEditBoxFunctions->setText(function.ciNumber);
+    // The text of before may be endless, and is not laid out once more in the mode of the next one.
+    ui->DescriptionMemoFunctions->clear();
     ui->DescriptionMemoFunctions->setWordWrapMode(wrapModeFor(function.description));
     ui->DescriptionMemoFunctions->setPlainText(function.description);
 }
