@@ -4,7 +4,7 @@ namespace {
 
 constexpr int HexDigits = 64;
 /// Less is not worth a thread.
-constexpr int BackgroundBytes = 512 * 1024;
+constexpr int BackgroundBytes = 256 * 1024;
 
 /// sha256sum marks a line in which a name is escaped with a backslash at its start.
 QByteArray escaped(QByteArray name)
