@@ -3,8 +3,8 @@
 
 #include <QIcon>
 
-/// The icons of the design view: the style's own, with a coloured label on those of files, by
-/// which kinds differ at a glance.
+/// The icons of the design view: a page with a coloured label for the kinds of files that a design
+/// has, which differ at a glance, and the style's own for everything else.
 namespace FileIcons {
 
 /// For a file with that name.

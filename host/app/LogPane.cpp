@@ -43,7 +43,6 @@ QString nameOf(Logger::MessageType type)
 
 LogPane::LogPane(QWidget* parent) : QTreeWidget(parent)
 {
-    setObjectName("LogPane");
     setAccessibleName(tr("Log"));
     setHeaderLabels({tr("Time"), tr("Kind"), tr("Message")});
     setRootIsDecorated(false);

@@ -3,16 +3,13 @@
 #include "host/app/Commands.h"
 #include "host/app/common/WindowPlace.h"
 #include "host/app/DesignCommands.h"
-#include "host/app/DesignEditor.h"
 #include "host/app/DesignModel.h"
 #include "host/app/DesignSession.h"
 #include "host/app/DesignView.h"
 #include "host/app/HelpMenu.h"
-#include "host/app/ImageInspector.h"
 #include "host/app/ItemCommands.h"
-#include "host/app/LogPane.h"
-#include "host/app/StartPage.h"
 #include "host/app/ViewExtensions.h"
+#include "ui_MainWindow.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
@@ -21,22 +18,16 @@
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 
 #include <QAction>
-#include <QBoxLayout>
 #include <QCloseEvent>
 #include <QDir>
-#include <QDockWidget>
 #include <QFileInfo>
-#include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QScrollArea>
 #include <QSettings>
-#include <QStackedWidget>
 #include <QStatusBar>
 #include <QStyle>
-#include <QToolBar>
 #include <QUrl>
 
 using OrvanticCore::Design;
@@ -53,20 +44,20 @@ constexpr int LogHeight = 8;
 } // namespace
 
 MainWindow::MainWindow(QWidget* parent)
-    : QMainWindow(parent), m_model(new DesignModel(this)), m_session(new DesignSession(this))
+    : QMainWindow(parent), m_ui(new Ui::MainWindow), m_model(new DesignModel(this)),
+      m_session(new DesignSession(this))
 {
     // A static library's resources are not there by themselves.
     Q_INIT_RESOURCE(host);
-    setObjectName("MainWindow");
+    m_ui->setupUi(this);
     setWindowIcon(QIcon(":/icons/radar_128x128.png"));
     // Boxes that plug-ins show without a parent have the icon too.
     QtilitiesApplication::setWindowIcon(windowIcon());
-    setAcceptDrops(true);
     resizeToScreen(this, InitialSize);
     buildCentre();
     buildMenus();
-    buildDocks();
     buildViewMenu();
+    resetLayout();
     connectDesigns();
     const QSettings settings(DesignManager::instance()->settingsFilePath(), QSettings::IniFormat);
     restoreGeometry(settings.value("MainWindow/geometry").toByteArray());
@@ -87,9 +78,9 @@ void MainWindow::openDesign(const QString& path) { m_session->open(path); }
 
 void MainWindow::inspect(const QString& path)
 {
-    findChild<ImageInspector*>()->inspect(path);
-    m_inspectorDock->show();
-    m_inspectorDock->raise();
+    m_ui->inspector->inspect(path);
+    m_ui->InspectorDock->show();
+    m_ui->InspectorDock->raise();
 }
 
 void MainWindow::open(const QString& path)
@@ -107,16 +98,12 @@ void MainWindow::setPluginFolders(const QStringList& folders) { m_help->setPlugi
 
 void MainWindow::buildCentre()
 {
-    auto* const start = new StartPage;
     m_view = new DesignView(m_model);
-    m_pages = new QStackedWidget(this);
-    m_pages->addWidget(start);
-    m_pages->addWidget(m_view);
-    setCentralWidget(m_pages);
-    connect(start, &StartPage::chosen, this, [](const QString& command) {
+    m_ui->pages->addWidget(m_view);
+    connect(m_ui->startPage, &StartPage::chosen, this, [](const QString& command) {
         QtilitiesApplication::actionManager()->command(command)->action()->trigger();
     });
-    connect(start, &StartPage::recentChosen, this, &MainWindow::openDesign);
+    connect(m_ui->startPage, &StartPage::recentChosen, this, &MainWindow::openDesign);
 
     m_path = new QLabel(this);
     m_path->setObjectName("DesignPath");
@@ -139,14 +126,10 @@ void MainWindow::buildMenus()
         menu->setToolTipsVisible(true);
         menuBar()->addMenu(menu);
     }
-    m_toolBar = addToolBar(tr("Tool Bar"));
-    m_toolBar->setMovable(false);
-    m_toolBar->setObjectName("ToolBar");
     const int iconSize = style()->pixelMetric(QStyle::PM_SmallIconSize);
-    m_toolBar->setIconSize(QSize(iconSize, iconSize));
-    m_toolBar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    auto* const items = new ItemCommands(m_session, m_model, m_view, m_toolBar);
-    new DesignCommands(m_session, m_view, items, m_toolBar, this);
+    m_ui->ToolBar->setIconSize(QSize(iconSize, iconSize));
+    auto* const items = new ItemCommands(m_session, m_model, m_view, m_ui->ToolBar);
+    new DesignCommands(m_session, m_view, items, m_ui->ToolBar, this);
     connect(items, &ItemCommands::inspectionWanted, this, &MainWindow::inspect);
     m_help = new HelpMenu(this);
 
@@ -154,33 +137,12 @@ void MainWindow::buildMenus()
     Commands::add("File.Quit", tr("&Quit"), QKeySequence("Ctrl+Q"), this, [this] { close(); });
 }
 
-void MainWindow::buildDocks()
-{
-    const auto makeDock = [this](const char* name, const QString& title, QWidget* body) {
-        auto* const dock = new QDockWidget(title, this);
-        dock->setObjectName(name);
-        dock->setWidget(body);
-        return dock;
-    };
-    m_editor = new DesignEditor;
-    // A small screen, or a large font, has no room for all of it.
-    auto* const scrolled = new QScrollArea;
-    scrolled->setFocusPolicy(Qt::NoFocus);
-    scrolled->setFrameShape(QFrame::NoFrame);
-    scrolled->setWidgetResizable(true);
-    scrolled->setWidget(m_editor);
-    m_propertyDock = makeDock("PropertyDock", tr("Design Properties"), scrolled);
-    m_inspectorDock = makeDock("InspectorDock", tr("Image"), new ImageInspector);
-    m_logDock = makeDock("LogDock", tr("Log"), new LogPane);
-    resetLayout();
-}
-
 void MainWindow::buildViewMenu()
 {
     QMenu* const view = Commands::menu("View");
-    for (const QDockWidget* dock : {m_propertyDock, m_inspectorDock, m_logDock})
+    for (const QDockWidget* dock : {m_ui->PropertyDock, m_ui->InspectorDock, m_ui->LogDock})
         view->addAction(dock->toggleViewAction());
-    view->addAction(m_toolBar->toggleViewAction());
+    view->addAction(m_ui->ToolBar->toggleViewAction());
     view->addSeparator();
     auto* const reset = new QAction(tr("&Reset Layout"), this);
     reset->setObjectName("View.ResetLayout");
@@ -212,8 +174,9 @@ void MainWindow::connectDesigns()
 void MainWindow::showCurrentDesign()
 {
     Design* const design = m_view->currentDesign();
-    m_pages->setCurrentWidget(m_model->rowCount() > 0 ? m_view : m_pages->widget(0));
-    m_editor->setDesign(design);
+    const bool hasDesigns = m_model->rowCount() > 0;
+    m_ui->pages->setCurrentWidget(hasDesigns ? static_cast<QWidget*>(m_view) : m_ui->startPage);
+    m_ui->editor->setDesign(design);
     setWindowTitle(design ? tr("%1[*] - Pelk Design Host").arg(design->name())
                           : tr("Pelk Design Host"));
     setWindowModified(design && design->isModified());
@@ -226,19 +189,19 @@ void MainWindow::showCurrentDesign()
 void MainWindow::resetLayout()
 {
     // Step by step: restoring a state into docks that are tabs and float crashes in Qt 5.15.
-    for (QDockWidget* dock : {m_propertyDock, m_inspectorDock, m_logDock})
+    for (QDockWidget* dock : {m_ui->PropertyDock, m_ui->InspectorDock, m_ui->LogDock})
         dock->setFloating(false);
-    addDockWidget(Qt::RightDockWidgetArea, m_propertyDock);
-    addDockWidget(Qt::RightDockWidgetArea, m_inspectorDock);
-    addDockWidget(Qt::BottomDockWidgetArea, m_logDock);
-    tabifyDockWidget(m_propertyDock, m_inspectorDock);
-    m_inspectorDock->hide();
-    m_propertyDock->show();
-    m_logDock->show();
-    m_toolBar->show();
-    resizeDocks({m_propertyDock}, {PropertyWidth * fontMetrics().averageCharWidth()},
+    addDockWidget(Qt::RightDockWidgetArea, m_ui->PropertyDock);
+    addDockWidget(Qt::RightDockWidgetArea, m_ui->InspectorDock);
+    addDockWidget(Qt::BottomDockWidgetArea, m_ui->LogDock);
+    tabifyDockWidget(m_ui->PropertyDock, m_ui->InspectorDock);
+    m_ui->InspectorDock->hide();
+    m_ui->PropertyDock->show();
+    m_ui->LogDock->show();
+    m_ui->ToolBar->show();
+    resizeDocks({m_ui->PropertyDock}, {PropertyWidth * fontMetrics().averageCharWidth()},
                 Qt::Horizontal);
-    resizeDocks({m_logDock}, {LogHeight * fontMetrics().lineSpacing()}, Qt::Vertical);
+    resizeDocks({m_ui->LogDock}, {LogHeight * fontMetrics().lineSpacing()}, Qt::Vertical);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

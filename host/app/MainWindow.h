@@ -4,18 +4,16 @@
 #include <QMainWindow>
 #include <QStringList>
 
-class DesignEditor;
+#include <memory>
+
 class DesignModel;
 class DesignSession;
 class DesignView;
 class HelpMenu;
-class QDockWidget;
 class QLabel;
-class QStackedWidget;
-class QToolBar;
 
-namespace OrvanticCore {
-class Design;
+namespace Ui {
+class MainWindow;
 }
 
 /// The reference host's one window: the open designs with their properties, a menu bar that
@@ -47,23 +45,17 @@ protected:
 private:
     void buildCentre();
     void buildMenus();
-    void buildDocks();
     void buildViewMenu();
     void connectDesigns();
     void resetLayout();
     void showCurrentDesign();
 
+    const std::unique_ptr<Ui::MainWindow> m_ui;
     DesignModel* m_model;
     DesignView* m_view = nullptr;
     DesignSession* m_session = nullptr;
-    DesignEditor* m_editor = nullptr;
     HelpMenu* m_help = nullptr;
-    QStackedWidget* m_pages = nullptr;
     QLabel* m_path = nullptr;
-    QToolBar* m_toolBar = nullptr;
-    QDockWidget* m_propertyDock = nullptr;
-    QDockWidget* m_inspectorDock = nullptr;
-    QDockWidget* m_logDock = nullptr;
 };
 
 #endif

@@ -77,7 +77,7 @@ void Scenario::runAfterRestart()
     m_host = UserActions::window("MainWindow");
     const QString style = QApplication::style()->objectName();
     require(style == "windows", "The style is " + style + " in place of windows.");
-    const QStringList log = UserActions::column(find<QTreeView>(m_host, "LogPane"), 2);
+    const QStringList log = UserActions::column(find<QTreeView>(m_host, "logMessages"), 2);
     require(!log.filter(QRegularExpression("^Cannot load plug-in \".*/broken\\.so\": .")).isEmpty(),
             "The log does not name the broken library: " + log.join("; "));
     withArchiveDialog([](QWidget* dialog) {
@@ -178,7 +178,7 @@ void Scenario::checkDesignView()
         require(UserActions::row(view, name).mid(0, 3) == QStringList({name, "Generated", "1.0"}),
                 QString("The design shows %1 as: ").arg(name) +
                     UserActions::row(view, name).join(", "));
-    const QStringList log = UserActions::column(find<QTreeView>(m_host, "LogPane"), 2);
+    const QStringList log = UserActions::column(find<QTreeView>(m_host, "logMessages"), 2);
     const QStringList added = {
         "Successfully added generated file \"" + path("top.fcf") + "\" to design.",
         "Successfully added generated file \"" + path("top.txt") + "\" to design."};

@@ -189,7 +189,7 @@ void ArchiveDialog::showContents()
 void ArchiveDialog::enterExtension(Extension* extension)
 {
     connect(m_extension, SIGNAL(destinationPathChanged(QString)), this,
-            SLOT(followDestinationPath(QString)));
+            SLOT(showDestination(QString)));
     setIncludedItems(extension->archiveDesignItems());
     extension->updateArchiveDialogWidget();
     m_extensionWidget = extension->extensionWidget();
@@ -277,8 +277,6 @@ void ArchiveDialog::showDestination(const QString& path)
     m_ui->stateLabel->clear();
     updateState();
 }
-
-void ArchiveDialog::followDestinationPath(const QString& path) { showDestination(path); }
 
 ArchiveFormat ArchiveDialog::currentFormat() const
 {

@@ -57,9 +57,9 @@ public:
     void reject() override;
 
 private Q_SLOTS:
-    /// What the chosen extension's signal is connected to; extensions know the dialog by its base
-    /// alone, so the two meet by name.
-    void followDestinationPath(const QString& path);
+    /// What the chosen extension's signal is connected to as well; extensions know the dialog by
+    /// its base alone, so the two meet by name.
+    void showDestination(const QString& path);
 
 private:
     using Extension = OrvanticCore::Interfaces::IDesignArchiveExtension;
@@ -90,7 +90,6 @@ private:
 
     /// For changes by the user, which the extension is notified of.
     void changeDestination(const QString& path);
-    void showDestination(const QString& path);
 
     ArchiveFormat currentFormat() const;
     /// For use at once: it does not notice when the design is deleted.

@@ -297,7 +297,7 @@ void HostCommandsTest::copiesAndClearsTheLog()
     HostFixture host;
     host.openDesign("radar");
     PluginList::logMissing({host.path("no plug-ins")});
-    auto* const log = host.child<QTreeView>("LogPane");
+    auto* const log = host.child<QTreeView>("logMessages");
     host.activate();
     log->setFocus();
     log->setCurrentIndex(log->model()->index(log->model()->rowCount() - 1, 0));

@@ -139,7 +139,7 @@ QStringList HostFixture::row(const QString& name) const
 QStringList HostFixture::log() const
 {
     QStringList messages;
-    const QAbstractItemModel* const model = child<QTreeView>("LogPane")->model();
+    const QAbstractItemModel* const model = child<QTreeView>("logMessages")->model();
     for (int row = 0; row < model->rowCount(); ++row)
         messages << model->index(row, 2).data().toString();
     return messages;

@@ -53,7 +53,7 @@ void HostFrameTest::showsTheMenusOfTheActionManager()
 void HostFrameTest::listsPriorityMessagesWithTheirKinds()
 {
     const HostFixture host;
-    const QAbstractItemModel* const log = host.child<QTreeView>("LogPane")->model();
+    const QAbstractItemModel* const log = host.child<QTreeView>("logMessages")->model();
     const int before = log->rowCount();
     for (const auto type : {Logger::Info, Logger::Warning, Logger::Error, Logger::Fatal})
         Logger::instance()->logPriorityMessage(QString(), type, QString("number %1").arg(type));
@@ -72,7 +72,7 @@ void HostFrameTest::showsMarkupInMessagesAsItIs()
     const HostFixture host;
     Logger::instance()->logPriorityMessage(QString(), Logger::Info, "<b>bold</b> & more");
     QCOMPARE(host.log().last(), QString("<b>bold</b> & more"));
-    const QAbstractItemModel* const log = host.child<QTreeView>("LogPane")->model();
+    const QAbstractItemModel* const log = host.child<QTreeView>("logMessages")->model();
     QCOMPARE(log->index(log->rowCount() - 1, 2).data(Qt::ToolTipRole).toString(),
              QString("&lt;b&gt;bold&lt;/b&gt; &amp; more"));
 }
