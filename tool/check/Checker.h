@@ -3,7 +3,6 @@
 
 #include <QHash>
 #include <QString>
-#include <QtGlobal>
 
 class Findings;
 class QTextCodec;

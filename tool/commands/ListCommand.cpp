@@ -22,8 +22,6 @@ struct Column {
     int width;
 };
 
-/// The table has the first digits of a digest alone.
-constexpr int DigestDigits = 64;
 constexpr int LongestText = 1 << 30;
 
 constexpr Column Columns[] = {
@@ -223,9 +221,10 @@ QByteArray ListCommand::line(const QJsonObject& row, const Task& task) const
                                         : shownText(value.toString(), LongestText);
         if (m_csv && text.contains(special))
             text = QLatin1Char('"') + text.replace(QLatin1Char('"'), "\"\"") + QLatin1Char('"');
+        // The table has the first digits of a digest alone.
+        const bool isCut = qstrcmp(column.name, "sha256") == 0;
         if (!m_csv && column.width > 0)
-            text = (text.isEmpty() ? "-" : text)
-                       .leftJustified(column.width, QLatin1Char(' '), text.size() == DigestDigits);
+            text = (text.isEmpty() ? "-" : text).leftJustified(column.width, ' ', isCut);
         cells << text;
     }
     const QString line = cells.join(m_csv ? "," : "  ");

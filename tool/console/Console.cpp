@@ -6,8 +6,6 @@
 
 #include <QJsonDocument>
 
-#include <memory>
-
 namespace {
 
 constexpr qint64 PatienceMilliseconds = 1000;
@@ -43,10 +41,7 @@ public:
     }
 
 private:
-    void write(const QByteArray& bytes) const
-    {
-        writeAll(m_environment->err, bytes.constData(), bytes.size());
-    }
+    void write(const QByteArray& bytes) const { writeAll(m_environment->err, bytes); }
 
     QString state() const
     {
@@ -96,15 +91,14 @@ int Report::finish(const Environment& environment, const Inputs& inputs, Finding
     }
     if (m_isStreaming && isJson)
         bytes = "],\n" + bytes.mid(bytes.indexOf('\n') + 1);
-    const auto written = writeAll(environment.out, bytes.constData(), bytes.size());
+    const auto written = writeAll(environment.out, bytes);
     if (!written)
         findings->error(
             ExitCode::CannotAccess, StandardOutputLabel, QString(),
             QStringLiteral("cannot be written: %1%2")
                 .arg(written.error(), QLatin1String(isInPlace ? "; the files are in place" : "")));
     // When a message cannot be written there is nowhere left to say so.
-    const QByteArray messages = encoded(text(*findings, false), environment.codec);
-    writeAll(environment.err, messages.constData(), messages.size());
+    writeAll(environment.err, encoded(text(*findings, false), environment.codec));
     return exitCode(*findings);
 }
 
@@ -114,7 +108,7 @@ FileSystem::OrReason<void> Report::stream(const QByteArray& row, const Environme
     if (json)
         bytes.prepend(m_isStreaming ? ",\n" : "{\n\"files\": [\n");
     m_isStreaming = true;
-    return writeAll(environment.out, bytes.constData(), bytes.size());
+    return writeAll(environment.out, bytes);
 }
 
 int Report::exitCode(const Findings& findings) const

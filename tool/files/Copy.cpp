@@ -4,7 +4,6 @@
 #include "tool/files/InputFile.h"
 
 #include <algorithm>
-#include <functional>
 #include <numeric>
 
 namespace {
@@ -43,17 +42,17 @@ Status readParts(const Region& region, Take take)
 
 } // namespace
 
-FileSystem::OrReason<void> writeAll(QIODevice* device, const char* data, qint64 bytes)
+FileSystem::OrReason<void> writeAll(QIODevice* device, const QByteArray& bytes)
 {
     QString error;
-    if (FcfWriter::writeAll(device, QByteArray::fromRawData(data, static_cast<int>(bytes)), &error))
+    if (FcfWriter::writeAll(device, bytes, &error))
         return {};
     return tl::make_unexpected(error);
 }
 
 Status writeAll(QIODevice* sink, const QByteArray& bytes, const QString& label)
 {
-    const auto written = writeAll(sink, bytes.constData(), bytes.size());
+    const auto written = writeAll(sink, bytes);
     return written ? Status() : FileSystem::notWritten(label, written.error());
 }
 

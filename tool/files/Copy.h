@@ -7,7 +7,6 @@
 #include <QByteArray>
 
 #include <functional>
-#include <optional>
 
 class InputFile;
 class QIODevice;
@@ -15,8 +14,8 @@ class QIODevice;
 /// Called with each part of what is read or copied, in turn. Shows progress, or takes a digest.
 using CopyObserver = PayloadCopy::Observer;
 
-/// Writes all \p bytes bytes of \p data.
-FileSystem::OrReason<void> writeAll(QIODevice* device, const char* data, qint64 bytes);
+/// Writes all of \p bytes.
+FileSystem::OrReason<void> writeAll(QIODevice* device, const QByteArray& bytes);
 
 /// Writes all of \p bytes to \p sink, an output that messages call \p label.
 Status writeAll(QIODevice* sink, const QByteArray& bytes, const QString& label);
@@ -34,8 +33,7 @@ struct Region {
     Result<QByteArray> bytesAt(qint64 position, qint64 count) const;
 };
 
-/// Reads all of \p region, in parts, and calls \p observe for each. A file that ends before them
-/// is an error.
+/// Reads all of \p region, each part for \p observe. A file that ends early is an error.
 Status readAll(const Region& region, const CopyObserver& observe);
 
 /// Copies all of \p region to \p sink, which messages call \p label. A file that was changed since
@@ -46,8 +44,7 @@ Status copyPayload(const Region& region, QIODevice* sink, const QString& label,
 /// The bytes of 0xFF behind an image that fill flash.
 namespace Filler {
 
-/// Writes \p bytes of them to \p sink, which messages call \p label. Calls \p observe for each
-/// part.
+/// Writes \p bytes of them to \p sink, each part for \p observe. Messages call it \p label.
 Status write(QIODevice* sink, qint64 bytes, const QString& label, const CopyObserver& observe);
 
 /// Whether there is nothing else in \p region.

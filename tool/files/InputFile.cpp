@@ -143,7 +143,8 @@ Result<InputFile> Inputs::spool(QIODevice* stream, qint64 limit, const QString& 
             return file.notRead(count.error(), field);
         if (*count == 0)
             break;
-        if (const auto written = writeAll(spooled->get(), chunk.constData(), *count); !written)
+        const auto part = QByteArray::fromRawData(chunk.constData(), static_cast<int>(*count));
+        if (const auto written = writeAll(spooled->get(), part); !written)
             return notSpooled(written.error());
         file.m_size += *count;
         observe(chunk.constData(), *count);
