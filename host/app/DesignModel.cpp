@@ -7,6 +7,7 @@
 #include <OrvanticCore/DesignFile.h>
 #include <OrvanticCore/DesignFolder.h>
 
+#include <QElapsedTimer>
 #include <QMimeData>
 #include <QUrl>
 
@@ -34,7 +35,13 @@ DesignModel::DesignModel(QObject* parent) : QStandardItemModel(0, ColumnCount, p
 {
     setHorizontalHeaderLabels({tr("Name"), tr("State"), tr("Version"), tr("Size"), tr("Changed")});
     horizontalHeaderItem(SizeColumn)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    connect(&m_lookAtDisk, &QTimer::timeout, this, &DesignModel::refreshFromDisk);
+    connect(&m_lookAtDisk, &QTimer::timeout, this, [this] {
+        QElapsedTimer timer;
+        timer.start();
+        refreshFromDisk();
+        // Thousands of files, or a slow network drive, leave the most of the time to the user.
+        m_lookAtDisk.start(qMax(LookIntervalMs, 20 * static_cast<int>(timer.elapsed())));
+    });
     m_lookAtDisk.start(LookIntervalMs);
 }
 
