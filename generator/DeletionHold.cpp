@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QEvent>
 
+#include <new>
+
 namespace {
 
 /// Takes its window with it. Qt drops a second deleteLater() of one object, so that another object
@@ -28,8 +30,11 @@ private:
 
 DeletionHold::~DeletionHold()
 {
-    if (m_window && m_isDue)
-        (new LateDeletion(m_window))->deleteLater();
+    if (!m_window || !m_isDue)
+        return;
+    // Without memory for it the window stays hidden: a destructor must not throw.
+    if (LateDeletion* const deletion = new (std::nothrow) LateDeletion(m_window))
+        deletion->deleteLater();
 }
 
 bool DeletionHold::eventFilter(QObject* watched, QEvent* event)
