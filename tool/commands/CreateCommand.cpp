@@ -198,7 +198,7 @@ std::optional<QByteArray> CreateCommand::digestIfUnchanged(FcfHeader* header, Im
     image.page = pageOf(same, codec);
     const auto filler = fillerBytes(m_padTo, image.page.size() + image.payload.bytes);
     image.fillerBytes = filler.value_or(0);
-    const auto digest = filler ? image.digestIfThere() : std::nullopt;
+    auto digest = filler ? image.digestIfThere() : std::nullopt;
     if (digest)
         *header = same;
     return digest;
