@@ -49,8 +49,8 @@ QString ArchiveDestination::withFormat(const QString& path, ArchiveFormat format
     const std::optional<ArchiveFormat> former = formatOf(path);
     if (!former)
         return path;
-    const QString renamed = path.left(path.size() - knownExtension(path).size()) + '.' +
-                            ArchiveFormats::extension(format);
+    QString renamed = path.left(path.size() - knownExtension(path).size()) + '.' +
+                      ArchiveFormats::extension(format);
     if (!m_design || folderFor(*former) == folderFor(format))
         return renamed;
     const QFileInfo file(filePath(renamed));

@@ -62,6 +62,7 @@ void ArchiveDialog::buildForm()
     m_ui->setupUi(this);
     if (design())
         setWindowTitle(tr("Archive \"%1\"").arg(QDir(design()->workingFolderPath()).dirName()));
+    m_ui->contentsList->setHeaderLabels({tr("Contents"), tr("Size")});
     m_ui->contentsList->headerItem()->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
     m_ui->contentsList->setMinimumHeight(fontMetrics().lineSpacing() * LeastRows);
     m_ui->contentsList->header()->setSectionResizeMode(0, QHeaderView::Stretch);
