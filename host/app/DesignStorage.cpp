@@ -22,7 +22,7 @@ struct Texts {
 };
 
 /// Of a description: many thousands of files. A larger one is none, and would take the memory.
-constexpr qint64 MaximumBytes = 16 * 1024 * 1024;
+constexpr qint64 MaximumBytes = qint64(16) * 1024 * 1024;
 
 /// Where a design keeps the bytes of its description as they were last seen on the disk.
 const char SeenProperty[] = "host.description";

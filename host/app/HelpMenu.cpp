@@ -27,7 +27,7 @@ public:
     QVariant loadResource(int type, const QUrl& name) override
     {
         constexpr double PageWidth = 680;
-        const QVariant resource = QTextBrowser::loadResource(type, name);
+        QVariant resource = QTextBrowser::loadResource(type, name);
         if (type != QTextDocument::ImageResource)
             return resource;
         QImage image = QImage::fromData(resource.toByteArray());

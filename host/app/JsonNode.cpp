@@ -47,6 +47,7 @@ std::vector<JsonNode> JsonNode::optionalList() const
     expect(isMissing() || m_value.isArray(), tr("a list is expected"));
     const QJsonArray array = m_value.toArray();
     std::vector<JsonNode> nodes;
+    nodes.reserve(static_cast<std::size_t>(array.size()));
     for (int index = 0; index < array.size(); ++index)
         nodes.emplace_back(array.at(index), QString("%1[%2]").arg(m_place).arg(index));
     return nodes;
