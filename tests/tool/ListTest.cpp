@@ -1,24 +1,10 @@
 #include "ToolFixture.h"
 
+#include "support/ReadCount.h"
+
 #include <QFile>
 #include <QJsonArray>
 #include <QtTest>
-
-namespace {
-
-/// More than what it takes to ask for the count itself.
-constexpr int CountingBytes = 512;
-
-/// What this process has asked the kernel for.
-qint64 bytesReadSoFar()
-{
-    QFile io("/proc/self/io");
-    if (!io.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        qFatal("%s", qPrintable(io.errorString()));
-    return io.read(CountingBytes).split('\n').first().mid(sizeof("rchar:")).toLongLong();
-}
-
-} // namespace
 
 /// What list gives of images and folders.
 class ListTest : public QObject {
