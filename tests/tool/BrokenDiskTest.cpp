@@ -17,10 +17,10 @@ private slots:
     void leavesWhatWasThereOnAFullDisk();
     void needsRoomToSpoolStandardInput();
     void leavesWhatWasThereWhenTheDiskTakesNothing();
-    void tellsOfABinaryThatChangesMeanwhile_data();
-    void tellsOfABinaryThatChangesMeanwhile();
-    void tellsOfEachReadThatFails_data() { addCommands(); }
-    void tellsOfEachReadThatFails();
+    void reportsABinaryThatChangesMeanwhile_data();
+    void reportsABinaryThatChangesMeanwhile();
+    void reportsEachReadThatFails_data() { addCommands(); }
+    void reportsEachReadThatFails();
 
 private:
     static void addCommands();
@@ -103,7 +103,7 @@ void BrokenDiskTest::leavesWhatWasThereWhenTheDiskTakesNothing()
     verifyNothingChanged();
 }
 
-void BrokenDiskTest::tellsOfABinaryThatChangesMeanwhile_data()
+void BrokenDiskTest::reportsABinaryThatChangesMeanwhile_data()
 {
     QTest::addColumn<int>("bytes");
     QTest::addColumn<QByteArray>("reason");
@@ -111,7 +111,7 @@ void BrokenDiskTest::tellsOfABinaryThatChangesMeanwhile_data()
     QTest::newRow("longer") << 4001 << QByteArray("the payload is longer than its 4000 bytes");
 }
 
-void BrokenDiskTest::tellsOfABinaryThatChangesMeanwhile()
+void BrokenDiskTest::reportsABinaryThatChangesMeanwhile()
 {
     QFETCH(int, bytes);
     QFETCH(QByteArray, reason);
@@ -165,7 +165,7 @@ Arguments BrokenDiskTest::named(const QStringList& arguments) const
     return all;
 }
 
-void BrokenDiskTest::tellsOfEachReadThatFails()
+void BrokenDiskTest::reportsEachReadThatFails()
 {
     QFETCH(QStringList, arguments);
     const Arguments command = named(arguments);
