@@ -1,5 +1,3 @@
-#include "tool/CommandLine.h"
-
 #include "tool/base/Text.h"
 #include "tool/commands/Command.h"
 

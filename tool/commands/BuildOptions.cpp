@@ -11,8 +11,6 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
-#include <CLI/CLI.hpp>
-
 namespace {
 
 /// A slot is called so as well.
@@ -163,15 +161,16 @@ void BuildOptions::declare(CLI::App* app)
                                          &m_functions, field.type, field.help);
         else
             Arguments::addOption(app, field.option == SlotOption ? SlotNames : field.option,
-                                 &m_given[field.name], field.type, field.help)
-                ->group(field.isRequired ? "Required, unless --like gives it" : "Options");
+                                 &m_given[field.name], field.type, field.help);
+        if (field.isRequired)
+            Arguments::setGroup(app, field.option, "Required, unless --like gives it");
     });
     std::string footer = "Modules and their devices:\n";
     for (const QString& module : FcfTarget::modules())
         footer += QStringLiteral("  %1: %2\n")
                       .arg(module, FcfTarget::devicesOf(module).join(", "))
                       .toStdString();
-    app->footer(footer + '\n');
+    Arguments::setFooter(app, footer + '\n');
     Arguments::addOption(app, "--like", &m_like, "FILE",
                          "take what is not given from an image (.fcf), a companion (.txt) or a "
                          "recipe (.json; - is a recipe on standard input)");

@@ -11,6 +11,7 @@
 namespace {
 
 constexpr char Guard = '\x01';
+const std::string Required = " (required)";
 
 std::string valueOf(const std::string& argument)
 {
@@ -44,22 +45,28 @@ std::string Arguments::unguarded(std::string message)
     return message;
 }
 
-CLI::Option* Arguments::addOption(CLI::App* app, const char* name,
-                                  std::optional<std::string>* value, const char* type,
-                                  const char* help)
+void Arguments::addOption(CLI::App* app, const char* name, std::optional<std::string>* value,
+                          const char* type, const char* help)
 {
     const auto take = [value](const CLI::results_t& results) {
         *value = valueOf(results.back());
         return true;
     };
-    return app->add_option(name, take, help)->type_name(type);
+    app->add_option(name, take, help)->type_name(type);
 }
 
-CLI::Option* Arguments::addRepeatedOption(CLI::App* app, const char* name, int count,
-                                          std::vector<std::string>* values, const char* type,
-                                          const char* help)
+void Arguments::addRequired(CLI::App* app, const char* name, std::optional<std::string>* value,
+                            const char* type, const char* help)
 {
-    return app->add_option(name, takeAll(values), help)
+    addOption(app, name, value, type, help);
+    app->get_options().back()->required()->description(help + Required);
+}
+
+void Arguments::addRepeatedOption(CLI::App* app, const char* name, int count,
+                                  std::vector<std::string>* values, const char* type,
+                                  const char* help)
+{
+    app->add_option(name, takeAll(values), help)
         ->type_name(type)
         ->type_size(count)
         ->expected(1, CLI::detail::expected_max_vector_size)
@@ -67,14 +74,31 @@ CLI::Option* Arguments::addRepeatedOption(CLI::App* app, const char* name, int c
         ->allow_extra_args(false);
 }
 
-CLI::Option* Arguments::addOperands(CLI::App* app, const char* name,
-                                    std::vector<std::string>* values, const char* help)
+void Arguments::addOperands(CLI::App* app, const char* name, std::vector<std::string>* values,
+                            const char* help)
 {
-    return app->add_option(name, takeAll(values), help)
+    app->add_option(name, takeAll(values), help + Required)
         ->required()
         ->type_name("")
         ->expected(CLI::detail::expected_max_vector_size);
 }
+
+void Arguments::addFlag(CLI::App* app, const char* name, bool* value, const char* help)
+{
+    app->add_flag(name, *value, help);
+}
+
+void Arguments::setNeeded(CLI::App* app, const char* option, const char* other)
+{
+    app->get_option(option)->needs(app->get_option(other));
+}
+
+void Arguments::setGroup(CLI::App* app, const char* option, const char* title)
+{
+    app->get_option(option)->group(title);
+}
+
+void Arguments::setFooter(CLI::App* app, const std::string& text) { app->footer(text); }
 
 Task::Task(const Environment* world, const std::string& command)
     : environment(*world), codec(world->codec), report(command),
