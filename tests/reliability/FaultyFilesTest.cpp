@@ -16,7 +16,6 @@
 
 #include <QBuffer>
 #include <QFile>
-#include <QProcess>
 #include <QtTest>
 
 #include <functional>
@@ -82,7 +81,6 @@ private slots:
     void neverWaitsForAPipeInPlaceOfAnOutput();
     void endsInRedWhenTheFolderVanishes();
     void writesThroughALink();
-    void endsInRedOnASmallDisk();
 
     void inspectsNothingButAFile_data() { addPlaces(); }
     void inspectsNothingButAFile();
@@ -263,41 +261,6 @@ void FaultyFilesTest::writesThroughALink()
     const PlainFcf image = PlainFcf::fromFile(m_driver->path("target.fcf").toStdString());
     QCOMPARE(image.fault, std::string());
     QCOMPARE(image.payload.size(), std::size_t(5000));
-}
-
-void FaultyFilesTest::endsInRedOnASmallDisk()
-{
-    if (qEnvironmentVariableIsSet("SMALL_DISK")) {
-        const QString binary = qEnvironmentVariable("SMALL_DISK") + "/top.bin";
-        m_driver->fillIn(binary);
-        m_driver->click("GenerateButton");
-        QCOMPARE(m_driver->text("StatusBar"), QString(Red));
-        QVERIFY2(m_driver->log().constLast().contains("No space left on device"),
-                 qPrintable(m_driver->log().join('\n')));
-
-        ToolFixture tool;
-        const Arguments create{"create", binary.toStdString(), "--force"};
-        const Run run = tool.run(create + ToolFixture::described());
-        QCOMPARE(run.code, 3);
-        QVERIFY2(run.err.contains("No space left on device"), run.err);
-        return;
-    }
-    // A file system of its own needs a namespace of its own, which not every machine gives.
-    const QString disk = m_driver->path("disk");
-    QVERIFY(QDir().mkpath(disk));
-    const QString script = "mount -t tmpfs -o size=64k tmpfs \"$1\" || exit 77; "
-                           "head -c 40000 /dev/zero >\"$1/top.bin\" || exit 1; "
-                           "SMALL_DISK=\"$1\" exec \"$0\" endsInRedOnASmallDisk";
-    QProcess process;
-    process.start("unshare", {"--user", "--map-root-user", "--mount", "sh", "-c", script,
-                              QCoreApplication::applicationFilePath(), disk});
-    if (!process.waitForStarted())
-        QSKIP("there is no unshare");
-    QVERIFY(process.waitForFinished(60000));
-    const QByteArray output = process.readAllStandardOutput() + process.readAllStandardError();
-    if (process.exitCode() == 77 || output.contains("unshare failed"))
-        QSKIP("there is no file system for a user");
-    QVERIFY2(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0, output);
 }
 
 void FaultyFilesTest::inspectsNothingButAFile()

@@ -39,6 +39,7 @@ private slots:
     void takesNamesOfAllKinds();
     void takesANameThatBeginsWithAColon();
     void worksThroughPipes();
+    void readsANamedPipe();
     void readsAFileOnStandardInputFromItsPosition();
     void confusesNoFileWithAClosedStream_data();
     void confusesNoFileWithAClosedStream();
@@ -141,6 +142,20 @@ void BlackBoxTest::worksThroughPipes()
     QCOMPARE(streamed.code, 0);
     QCOMPARE(streamed.out.right(payload.size()), payload);
     QCOMPARE(run(arguments, QByteArray()).code, 2);
+}
+
+void BlackBoxTest::readsANamedPipe()
+{
+    ToolFixture tool;
+    tool.write("all", ToolFixture::payload(300000));
+    QProcess process;
+    process.setWorkingDirectory(tool.path("."));
+    process.start("sh", QStringList{"-c", "mkfifo top.bin && { cat all >top.bin & } && exec \"$@\"",
+                                    "sh", PELK_FCF} +
+                            create(tool, "top.bin"));
+    const Run run = finished(&process);
+    QVERIFY2(run.code == 0, run.err);
+    QCOMPARE(tool.read("top.fcf").right(300000), ToolFixture::payload(300000));
 }
 
 void BlackBoxTest::readsAFileOnStandardInputFromItsPosition()

@@ -17,6 +17,7 @@ private slots:
     void leavesWhatWasThereOnAFullDisk();
     void needsRoomToSpoolStandardInput();
     void leavesWhatWasThereWhenTheDiskTakesNothing();
+    void reportsAFolderThatVanishes();
     void reportsABinaryThatChangesMeanwhile_data();
     void reportsABinaryThatChangesMeanwhile();
     void reportsEachReadThatFails_data() { addCommands(); }
@@ -100,6 +101,24 @@ void BrokenDiskTest::leavesWhatWasThereWhenTheDiskTakesNothing()
     const Run run = m_tool->run(m_tool->createAll({"--force"}));
     QCOMPARE(run.code, 3);
     QVERIFY2(run.err.contains("top.fcf: --output: cannot be written: Input/output error"), run.err);
+    verifyNothingChanged();
+}
+
+void BrokenDiskTest::reportsAFolderThatVanishes()
+{
+    const QString folder = m_tool->path("out");
+    QVERIFY(QDir().mkdir(folder));
+    // The clock is read after the binary was opened.
+    m_tool->environment.clock = [&folder] {
+        QDir(folder).removeRecursively();
+        return QDateTime({2024, 5, 31}, {13, 45, 0});
+    };
+    const Run run = m_tool->run(m_tool->createAll({"--output", m_tool->argument("out/new.fcf")}));
+    QCOMPARE(run.code, 3);
+    QCOMPARE(QString::fromUtf8(run.err),
+             QString("pelk-fcf: error: %1/new.fcf: --output: cannot be written: No such file or "
+                     "directory\n")
+                 .arg(folder));
     verifyNothingChanged();
 }
 

@@ -94,6 +94,13 @@ extern "C" int renameat2(int fromFolder, const char* from, int toFolder, const c
     return static_cast<int>(::syscall(SYS_renameat2, fromFolder, from, toFolder, to, flags));
 }
 
+extern "C" int rename(const char* from, const char* to) noexcept
+{
+    if (failsNaming(to))
+        return failed(EIO);
+    return static_cast<int>(::syscall(SYS_rename, from, to));
+}
+
 extern "C" int linkat(int fromFolder, const char* from, int toFolder, const char* to,
                       int flags) noexcept
 {

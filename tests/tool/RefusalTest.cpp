@@ -125,6 +125,10 @@ void RefusalTest::refusesABinary_data()
                               << "folder.bin: BIN: cannot be read: it is a folder" << 3;
     QTest::newRow("a device") << "device.bin"
                               << "device.bin: BIN: cannot be read: it is a device" << 3;
+    QTest::newRow("a link to nothing") << "link.bin"
+                                       << "link.bin: BIN: cannot be read: No such file" << 3;
+    QTest::newRow("a link to itself") << "loop.bin"
+                                      << "loop.bin: BIN: cannot be read: Too many levels" << 3;
     QTest::newRow("2 GiB less a page") << "huge.bin"
                                        << "huge.bin: binFileSize: the binary is too "
                                           "large: a size field holds no more than "
@@ -149,6 +153,8 @@ void RefusalTest::refusesABinary()
     tool.write("empty.bin", QByteArray());
     QVERIFY(QDir().mkdir(tool.path("folder.bin")));
     QVERIFY(QFile::link("/dev/zero", tool.path("device.bin")));
+    QVERIFY(QFile::link("nothing", tool.path("link.bin")));
+    QVERIFY(QFile::link("loop.bin", tool.path("loop.bin")));
     tool.write("huge.bin", ToolFixture::payload(100));
     QCOMPARE(::truncate(tool.argument("huge.bin").c_str(), 2147483648L - 2112), 0);
     const QStringList before = tool.names();

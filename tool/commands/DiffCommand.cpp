@@ -3,8 +3,6 @@
 #include "tool/commands/Command.h"
 #include "tool/files/Copy.h"
 
-#include <CLI/CLI.hpp>
-
 namespace {
 
 constexpr int NameWidth = 24;
@@ -91,8 +89,8 @@ public:
     explicit DiffCommand(CLI::App* parent)
         : Command(parent, "diff", "Say how two images or companions differ")
     {
-        Arguments::addOption(app, "A", &m_a, "", "an image or a companion (required)")->required();
-        Arguments::addOption(app, "B", &m_b, "", "what to compare it with (required)")->required();
+        Argument::addRequired(app, "A", &m_a, "", "an image or a companion");
+        Argument::addRequired(app, "B", &m_b, "", "what to compare it with");
     }
     void run(Task* task) override;
 

@@ -7,8 +7,6 @@
 #include "tool/files/Copy.h"
 #include "tool/files/OutputFiles.h"
 
-#include <CLI/CLI.hpp>
-
 namespace {
 
 /// Takes the payload out of a valid image.
@@ -29,13 +27,11 @@ private:
 ExtractCommand::ExtractCommand(CLI::App* parent)
     : Command(parent, "extract", "Take the payload out of an image")
 {
-    Arguments::addOption(app, "FILE", &m_file, "", "an image; - is standard input (required)")
-        ->required();
-    Arguments::addOption(app, "-o,--output", &m_output, "FILE",
-                         "where the payload goes; - is standard output (required)")
-        ->required();
+    Argument::addRequired(app, "FILE", &m_file, "", "an image; - is standard input");
+    Argument::addRequired(app, "-o,--output", &m_output, "FILE",
+                          "where the payload goes; - is standard output");
     m_beside.declareSkipping(app);
-    app->add_flag("-f,--force", m_force, "replace an output that exists");
+    Argument::addFlag(app, "-f,--force", &m_force, "replace an output that exists");
 }
 
 void ExtractCommand::run(Task* task)

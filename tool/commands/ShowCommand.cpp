@@ -8,8 +8,6 @@
 #include <QJsonDocument>
 #include <QLocale>
 
-#include <CLI/CLI.hpp>
-
 namespace {
 
 constexpr int NameWidth = 14;
@@ -80,11 +78,10 @@ public:
     explicit ShowCommand(CLI::App* parent)
         : Command(parent, "show", "List the header of images and companions")
     {
-        Arguments::addOperands(app, "FILE", &m_files,
-                               "images or companions; - is standard input (required)");
-        Arguments::addOption(app, "--field", &m_field, "NAME",
-                             "print the value of this field alone, as \"version\" (default: all)");
-        app->add_flag("--check", m_check, "end with 1 if a file is not valid");
+        Argument::addOperands(app, "FILE", &m_files, "images or companions; - is standard input");
+        Argument::addOption(app, "--field", &m_field, "NAME",
+                            "print the value of this field alone, as \"version\" (default: all)");
+        Argument::addFlag(app, "--check", &m_check, "end with 1 if a file is not valid");
     }
     void run(Task* task) override;
 

@@ -16,7 +16,7 @@ int openDesigns() { return DesignManager::instance()->designs().count(); }
 
 } // namespace
 
-/// Saving a design whose description another program writes too.
+/// Saving a design whose description another program writes too, or whose folder is gone.
 class HostSavingTest : public QObject {
     Q_OBJECT
 
@@ -28,6 +28,7 @@ private slots:
     void doesNotAskAgainAfterReplacing();
     void asksNothingWhenTheSameIsWrittenAgain();
     void asksNothingWhenTheDescriptionIsGone();
+    void reportsAFolderThatIsGone();
 };
 
 void HostSavingTest::asksBeforeItReplacesAChangedDescription_data()
@@ -145,6 +146,28 @@ void HostSavingTest::asksNothingWhenTheDescriptionIsGone()
     QVERIFY(QFile::remove(host.path("radar/design.json")));
     host.press(Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(host.dialogs().texts(), QStringList());
+    QVERIFY(!design->isModified());
+    QVERIFY(host.bytesOf("radar/design.json").contains("\"major\": 7"));
+}
+
+void HostSavingTest::reportsAFolderThatIsGone()
+{
+    HostFixture host;
+    Design* const design = host.openDesign("radar");
+    design->setVersion(7, 0);
+    QVERIFY(QDir(host.path("radar")).removeRecursively());
+    host.dialogs().click(QMessageBox::Ok);
+    host.press(Qt::Key_S, Qt::ControlModifier);
+    QVERIFY(host.dialogs().allGiven());
+    QCOMPARE(host.dialogs().texts(),
+             QStringList("Cannot save the design.\n\n" + host.path("radar/design.json") +
+                         ": No such file or directory"));
+    QVERIFY(design->isModified());
+    QVERIFY(!QFileInfo::exists(host.path("radar")));
+
+    // With the folder back, nothing is lost.
+    QVERIFY(QDir().mkdir(host.path("radar")));
+    host.press(Qt::Key_S, Qt::ControlModifier);
     QVERIFY(!design->isModified());
     QVERIFY(host.bytesOf("radar/design.json").contains("\"major\": 7"));
 }

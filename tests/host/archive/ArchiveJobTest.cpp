@@ -30,6 +30,7 @@ private slots:
     void leavesNothingWhenItIsCancelled_data();
     void leavesNothingWhenItIsCancelled();
     void leavesNothingWhenItIsDeleted();
+    void reportsAFolderThatVanishes();
     void refusesAnArchiveOfNothing();
     void refusesAFolderAsDestination();
     void refusesALinkToWhatIsNoFile();
@@ -234,6 +235,21 @@ void ArchiveJobTest::leavesNothingWhenItIsDeleted()
         QVERIFY(job.isRunning());
     }
     QCOMPARE(ArchivedDesign::filesBeside(bench->path("radar.zip")), before);
+}
+
+void ArchiveJobTest::reportsAFolderThatVanishes()
+{
+    const QString folder = bench->outside("archives");
+    QVERIFY(QDir().mkdir(folder));
+    ArchiveJob job(order(folder + "/radar.zip"));
+    connect(
+        &job, &ArchiveJob::progressed, this, [&folder](int) { QDir(folder).removeRecursively(); },
+        Qt::DirectConnection);
+    job.start();
+    QVERIFY(job.wait(60000));
+    QCOMPARE(job.outcome(), ArchiveJob::Failed);
+    QCOMPARE(job.error(), folder + "/radar.zip: No such file or directory");
+    QVERIFY(!QFileInfo::exists(folder));
 }
 
 void ArchiveJobTest::refusesAnArchiveOfNothing()
