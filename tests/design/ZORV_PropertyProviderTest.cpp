@@ -28,7 +28,9 @@ private slots:
 void ZORV_PropertyProviderTest::isFoundByAllItsNames()
 {
     ZORV_PropertyProvider provider;
-    QCOMPARE(provider.objectBase(), &provider);
+    IAvailablePropertyProvider* const seenByHost = &provider;
+    QCOMPARE(seenByHost->objectBase(), &provider);
+    QCOMPARE(const_cast<const IAvailablePropertyProvider*>(seenByHost)->objectBase(), &provider);
     QCOMPARE(provider.objectName(), QString());
     QCOMPARE(provider.qt_metacast("ZORV_Plugin::ZORV_PropertyProvider"),
              static_cast<void*>(&provider));

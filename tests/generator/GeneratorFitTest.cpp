@@ -32,10 +32,8 @@ public:
     bool wasBusy = false;
 };
 
-bool drop(QWidget* on, const QString& path)
+bool drop(QWidget* on, const QMimeData& data)
 {
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(path)});
     const QPoint place = on->rect().center();
     QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(on, &enter);
@@ -56,6 +54,7 @@ private slots:
     void showsThatALargeBinaryIsCopied();
     void takesADroppedFileAsItsInput_data();
     void takesADroppedFileAsItsInput();
+    void leavesADroppedTextToItsField();
 
 private:
     QToolButton* arrow() const
@@ -123,11 +122,22 @@ void GeneratorFitTest::takesADroppedFileAsItsInput()
     // What takes no drops passes them on to the window.
     if (!target->acceptDrops())
         target = driver->window();
-    QVERIFY(drop(target, binary));
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(binary)});
+    QVERIFY(drop(target, data));
     QCOMPARE(driver->text("txtInputFile"), binary);
     QCOMPARE(driver->text("BinFileSize"), QString("5000  Bytes"));
     QCOMPARE(driver->text("AuthoEditBox"), QString());
     QCOMPARE(driver->text("DescriptionMemo"), QString());
+}
+
+void GeneratorFitTest::leavesADroppedTextToItsField()
+{
+    QMimeData data;
+    data.setText("R. Vos");
+    QVERIFY(drop(driver->find<QWidget>("AuthoEditBox"), data));
+    QCOMPARE(driver->text("AuthoEditBox"), QString("R. Vos"));
+    QCOMPARE(driver->text("txtInputFile"), QString());
 }
 
 QTEST_MAIN(GeneratorFitTest)
