@@ -4,7 +4,6 @@
 #include "fcf/FcfTarget.h"
 #include "tool/base/Text.h"
 #include "tool/build/BuildJson.h"
-#include "tool/check/HeaderPage.h"
 #include "tool/commands/Command.h"
 
 #include <QDir>

@@ -2,7 +2,6 @@
 
 #include "tool/base/Text.h"
 #include "tool/check/Validator.h"
-#include "tool/console/Console.h"
 
 #include <CLI/CLI.hpp>
 

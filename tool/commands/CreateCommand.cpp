@@ -4,7 +4,6 @@
 #include "tool/base/Text.h"
 #include "tool/build/BuildJson.h"
 #include "tool/check/Checker.h"
-#include "tool/check/HeaderPage.h"
 #include "tool/check/Validator.h"
 #include "tool/commands/BinaryInput.h"
 #include "tool/commands/BuildOptions.h"

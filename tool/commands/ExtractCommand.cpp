@@ -1,5 +1,4 @@
 #include "tool/base/Text.h"
-#include "tool/check/HeaderPage.h"
 #include "tool/check/Validator.h"
 #include "tool/commands/BesideFiles.h"
 #include "tool/commands/Command.h"

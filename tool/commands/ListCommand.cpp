@@ -20,8 +20,6 @@ struct Column {
     int width;
 };
 
-constexpr int LongestText = 1 << 30;
-
 constexpr Column Columns[] = {
     {"module", "MODULE", 6},   {"device", "DEVICE", 19},   {"configNumber", "SLOT", 4},
     {"version", "VERSION", 7}, {"author", "AUTHOR", 12},   {"ciNumber", "CI", 8},
@@ -217,7 +215,7 @@ QByteArray ListCommand::line(const QJsonObject& row, const Task& task) const
     for (const Column& column : Columns) {
         const QJsonValue value = row[column.name];
         QString text = value.isDouble() ? QString::number(value.toVariant().toLongLong())
-                                        : shownText(value.toString(), LongestText);
+                                        : shownText(value.toString(), WholeText);
         if (m_csv && text.contains(special))
             text = QLatin1Char('"') + text.replace(QLatin1Char('"'), "\"\"") + QLatin1Char('"');
         // The table has the first digits of a digest alone.

@@ -12,7 +12,6 @@ namespace {
 
 constexpr int NameWidth = 14;
 constexpr int Kibibyte = 1024;
-constexpr int ShowAll = 1 << 30;
 
 /// One field, the lines of its value below each other.
 void print(const QString& indent, const char* name, const QString& value, Report* report)
@@ -20,7 +19,7 @@ void print(const QString& indent, const char* name, const QString& value, Report
     QString label = QLatin1String(name);
     for (const QString& line : value.split(QLatin1Char('\n'))) {
         const QString text =
-            indent + label.leftJustified(NameWidth) + QLatin1Char(' ') + shownText(line, ShowAll);
+            indent + label.leftJustified(NameWidth) + QLatin1Char(' ') + shownText(line, WholeText);
         report->print(text.trimmed().isEmpty() ? QString() : text);
         label.clear();
     }
@@ -144,7 +143,7 @@ bool ShowCommand::showField(const QString& field, const QJsonObject& header, Tas
         task->report.print(QString::number(value.toInt()));
     else
         for (const QString& line : value.toString().split(QLatin1Char('\n')))
-            task->report.print(shownText(line, ShowAll));
+            task->report.print(shownText(line, WholeText));
     return true;
 }
 
