@@ -39,6 +39,12 @@ function(zorv_target target)
     zorv_warnings(${target})
 endfunction()
 
+# One without signals, forms and resources: AUTOMOC would compile one more, empty file for it.
+function(zorv_plain_target target)
+    set_target_properties(${target} PROPERTIES CXX_STANDARD 17)
+    zorv_warnings(${target})
+endfunction()
+
 function(zorv_warnings target)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
 endfunction()
@@ -51,12 +57,16 @@ set(ZORV_TEST_ENVIRONMENT
     ASAN_OPTIONS=fast_unwind_on_malloc=0
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan-suppressions.txt")
 
-# A Qt Test program made of NAME.cpp and the further SOURCES. It runs without a screen, in a locale
-# that does not depend on the machine, and with settings of its own, also when started by hand.
+# A Qt Test program made of NAME.cpp, which includes NAME.moc, and the further SOURCES, which need no moc.
+# It runs without a screen, in a locale that does not depend on the machine, and with settings of its own,
+# also when started by hand.
 function(zorv_test name)
     cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
     add_executable(${name} ${name}.cpp ${arg_SOURCES} $<TARGET_OBJECTS:own-environment>)
-    zorv_target(${name})
+    zorv_plain_target(${name})
+    qt5_generate_moc(${name}.cpp ${name}.moc TARGET ${name})
+    target_sources(${name} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/${name}.moc")
+    target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}")
     # Widgets for all, so that the headers are the same ones.
     target_link_libraries(${name} PRIVATE Qt5::Test Qt5::Widgets ${arg_LIBRARIES})
     target_precompile_headers(${name} REUSE_FROM test-headers)

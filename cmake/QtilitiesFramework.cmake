@@ -1,6 +1,6 @@
 # Makes HostSdk::Framework from the framework installed in QTILITIES_ROOT: a folder include/ with a
 # folder for each module, and the framework's libraries in lib/, bin/ or a folder in lib/, one or
-# several, with or without a version in their names. Whoever uses it is compiled with
+# several, with or without a version in their names. What uses it is compiled with
 # QTILITIES_DEFINITIONS.
 
 foreach(module QtilitiesCore QtilitiesCoreGui QtilitiesExtensionSystem QtilitiesLogging)

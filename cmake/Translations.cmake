@@ -37,4 +37,5 @@ function(zorv_embed_catalogue target name)
     file(CONFIGURE OUTPUT "${resources}" CONTENT
 "<RCC><qresource prefix=\"/translations\"><file>@name@_de.qm</file></qresource></RCC>\n" @ONLY)
     target_sources(${target} PRIVATE "${catalogue}" "${resources}")
+    set_target_properties(${target} PROPERTIES AUTORCC ON)
 endfunction()

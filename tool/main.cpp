@@ -1,6 +1,4 @@
-#include "tool/base/Result.h"
-#include "tool/CommandLine.h"
-#include "tool/console/Console.h"
+#include "tool/commands/Command.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

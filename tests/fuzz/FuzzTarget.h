@@ -10,7 +10,7 @@
 /// inputs that it makes up, Replay.cpp with seeds and earlier findings.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-/// Aborts, with \p what as the reason, unless \p condition holds.
+/// Aborts, with \p what as the reason, unless \p condition is true.
 inline void require(bool condition, const char* what)
 {
     if (condition)

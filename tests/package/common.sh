@@ -1,4 +1,4 @@
-# What the tests of the package share: sourced with the source and the build folder as arguments.
+# What the tests of the installed SDK share: sourced with the source and the build folder as arguments.
 # What they build stays in the build folder, so that a second run compiles only what has changed.
 
 source=$1

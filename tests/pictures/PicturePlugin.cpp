@@ -15,7 +15,6 @@
 #include <QScreen>
 #include <QStyleFactory>
 #include <QTextEdit>
-#include <QTimer>
 #include <QToolButton>
 #include <QTreeView>
 #include <QtTest>
@@ -215,8 +214,8 @@ void PicturePlugin::takeDialogs()
 void PicturePlugin::withDialog(const char* context, const char* entry,
                                const std::function<void(QWidget*)>& look)
 {
-    QTimer::singleShot(500, this, [look] {
-        QWidget* const dialog = QApplication::activeModalWidget();
+    m_dialogs.leaveTo([look](QWidget* dialog) {
+        settle();
         look(dialog);
         dialog->close();
     });

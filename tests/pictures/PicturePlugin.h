@@ -2,6 +2,7 @@
 #define TESTS_PICTURES_PICTUREPLUGIN_H
 
 #include "support/DriverPlugin.h"
+#include "support/ModalAnswer.h"
 
 #include <functional>
 
@@ -36,6 +37,7 @@ private:
     void saveWindow(const QString& name, const QWidget* window);
 
     QString m_folder;
+    ModalAnswer m_dialogs;
     QWidget* m_host = nullptr;
     QTreeView* m_view = nullptr;
     int m_exitCode = 0;

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// More than a pipe holds.
+/// More than fits in a pipe.
 constexpr int LargePayload = 4 * 1024 * 1024;
 
 /// A process that can write no more than this much into any file, as on a full disk.
@@ -40,7 +40,7 @@ private slots:
     void takesANameThatBeginsWithAColon();
     void worksThroughPipes();
     void readsANamedPipe();
-    void readsAFileOnStandardInputFromWhereItStands();
+    void readsAFileOnStandardInputFromItsPosition();
     void confusesNoFileWithAClosedStream_data();
     void confusesNoFileWithAClosedStream();
     void isCheckedBySha256sum();
@@ -51,9 +51,9 @@ private slots:
     void refusesAnInputAsStandardOutput();
     void leavesNothingOnAFullDisk_data();
     void leavesNothingOnAFullDisk();
-    void tellsThatStandardOutputIsFull();
+    void reportsThatStandardOutputIsFull();
     void saysThatTheFilesAreInPlaceWhenTheResultIsLost();
-    void tellsThatNobodyReadsStandardOutput();
+    void reportsThatNobodyReadsStandardOutput();
 };
 
 void BlackBoxTest::endsWithEachExitCode()
@@ -158,7 +158,7 @@ void BlackBoxTest::readsANamedPipe()
     QCOMPARE(tool.read("top.fcf").right(300000), ToolFixture::payload(300000));
 }
 
-void BlackBoxTest::readsAFileOnStandardInputFromWhereItStands()
+void BlackBoxTest::readsAFileOnStandardInputFromItsPosition()
 {
     ToolFixture tool;
     const QByteArray payload = ToolFixture::payload(3000);
@@ -357,7 +357,7 @@ void BlackBoxTest::leavesNothingOnAFullDisk()
     }
 }
 
-void BlackBoxTest::tellsThatStandardOutputIsFull()
+void BlackBoxTest::reportsThatStandardOutputIsFull()
 {
     ToolFixture tool;
     tool.makeImage();
@@ -388,7 +388,7 @@ void BlackBoxTest::saysThatTheFilesAreInPlaceWhenTheResultIsLost()
     QCOMPARE(run({"verify", tool.path("top.fcf")}).code, 0);
 }
 
-void BlackBoxTest::tellsThatNobodyReadsStandardOutput()
+void BlackBoxTest::reportsThatNobodyReadsStandardOutput()
 {
     ToolFixture tool;
     tool.write("top.bin", ToolFixture::payload(LargePayload));

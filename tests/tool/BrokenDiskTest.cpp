@@ -18,10 +18,10 @@ private slots:
     void needsRoomToSpoolStandardInput();
     void leavesWhatWasThereWhenTheDiskTakesNothing();
     void reportsAFolderThatVanishes();
-    void tellsOfABinaryThatChangesMeanwhile_data();
-    void tellsOfABinaryThatChangesMeanwhile();
-    void tellsOfEachReadThatFails_data() { addCommands(); }
-    void tellsOfEachReadThatFails();
+    void reportsABinaryThatChangesMeanwhile_data();
+    void reportsABinaryThatChangesMeanwhile();
+    void reportsEachReadThatFails_data() { addCommands(); }
+    void reportsEachReadThatFails();
 
 private:
     static void addCommands();
@@ -122,7 +122,7 @@ void BrokenDiskTest::reportsAFolderThatVanishes()
     verifyNothingChanged();
 }
 
-void BrokenDiskTest::tellsOfABinaryThatChangesMeanwhile_data()
+void BrokenDiskTest::reportsABinaryThatChangesMeanwhile_data()
 {
     QTest::addColumn<int>("bytes");
     QTest::addColumn<QByteArray>("reason");
@@ -130,7 +130,7 @@ void BrokenDiskTest::tellsOfABinaryThatChangesMeanwhile_data()
     QTest::newRow("longer") << 4001 << QByteArray("the payload is longer than its 4000 bytes");
 }
 
-void BrokenDiskTest::tellsOfABinaryThatChangesMeanwhile()
+void BrokenDiskTest::reportsABinaryThatChangesMeanwhile()
 {
     QFETCH(int, bytes);
     QFETCH(QByteArray, reason);
@@ -184,7 +184,7 @@ Arguments BrokenDiskTest::named(const QStringList& arguments) const
     return all;
 }
 
-void BrokenDiskTest::tellsOfEachReadThatFails()
+void BrokenDiskTest::reportsEachReadThatFails()
 {
     QFETCH(QStringList, arguments);
     const Arguments command = named(arguments);

@@ -13,7 +13,7 @@ class CreateTest : public CreatingTest {
 
 private slots:
     void writesEveryByteAsTheFormatSays();
-    void tellsWhatItWrote();
+    void reportsWhatItWrote();
     void takesTheLocalesDateUnlessToldOtherwise();
     void stampsWithSourceDateEpochInUtc();
     void prefersAGivenDateAndTime();
@@ -51,7 +51,7 @@ void CreateTest::writesEveryByteAsTheFormatSays()
     QCOMPARE(tool.read("top.txt"), expected.page());
 }
 
-void CreateTest::tellsWhatItWrote()
+void CreateTest::reportsWhatItWrote()
 {
     ToolFixture tool;
     const Run run = create(&tool, {"--digest"});

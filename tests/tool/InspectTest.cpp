@@ -16,7 +16,7 @@ private slots:
     void listsSeveralFilesAndGoesOnAfterABadOne();
     void listsAnUnknownTarget();
     void showsAByteThatIsNoTextAsAnEscape();
-    void tellsAllThatCreateTakes();
+    void showsAllThatCreateTakes();
     void letsNoTextAtTheTerminal();
     void neverReadsThePayload();
     void readsFromStandardInput();
@@ -162,7 +162,7 @@ void InspectTest::showsAByteThatIsNoTextAsAnEscape()
     QCOMPARE(tool.run({"verify", path}).code, 1);
 }
 
-void InspectTest::tellsAllThatCreateTakes()
+void InspectTest::showsAllThatCreateTakes()
 {
     const QByteArray help = ToolFixture().run({"create", "--help"}).out;
     for (const char* const part :

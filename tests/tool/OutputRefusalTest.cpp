@@ -138,7 +138,7 @@ void OutputRefusalTest::refusesTheInputAsOutputUnderAnyName()
     QCOMPARE(run.code, 2);
     QCOMPARE(tool.read(binary), bytes);
 
-    // The same holds for what is taken out of an image.
+    // The same is true of what is taken out of an image.
     tool.makeImage();
     const QByteArray image = tool.read("top.fcf");
     const Run extracted = tool.run({"extract", tool.argument("top.fcf"), "--output",

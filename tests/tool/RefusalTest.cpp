@@ -24,7 +24,7 @@ private slots:
     void knowsTheLargestBinary();
     void refusesALocaleThatHasNoSuchLetter();
     void refusesArgumentsThatAreNoText();
-    void tellsByHowMuchAHeaderIsTooLong();
+    void reportsByHowMuchAHeaderIsTooLong();
     void refusesAnotherBuild_data();
     void refusesAnotherBuild();
     void refusesAMalformedSourceDateEpoch_data();
@@ -209,7 +209,7 @@ void RefusalTest::refusesArgumentsThatAreNoText()
     QCOMPARE(tool.names(), QStringList("top.bin"));
 }
 
-void RefusalTest::tellsByHowMuchAHeaderIsTooLong()
+void RefusalTest::reportsByHowMuchAHeaderIsTooLong()
 {
     ToolFixture tool;
     tool.makeImage();

@@ -1,6 +1,6 @@
 #include "ToolFixture.h"
 
-#include "tool/CommandLine.h"
+#include "tool/commands/Command.h"
 
 #include <QBuffer>
 #include <QDir>

@@ -48,7 +48,7 @@ public:
     /// All names in the folder, hidden ones too, sorted.
     QStringList names() const;
 
-    /// Everything that create wants to be told.
+    /// All options that create requires, and a description.
     static Arguments described();
     /// The arguments that make all there is of "top.bin".
     Arguments createAll(const Arguments& more = {}) const;

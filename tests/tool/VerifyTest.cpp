@@ -222,7 +222,7 @@ void VerifyTest::findsTextsThatAreNotWellFormed_data()
         QTest::newRow(name) << QByteArray(before) << QByteArray(after) << QString(field);
     };
     row("another first line", "Filename", "Filenom", "fileName");
-    row("a first line that only holds the keyword", "Filename", " Filename", "fileName");
+    row("a first line that has only the keyword", "Filename", " Filename", "fileName");
     row("a prefix without its blank", "CI No: 42", "CI No:42", "ciNumber");
     row("a missing line", "Author: Ann\n", "", "author");
     row("a line too many", "Author: Ann\n", "Author: Ann\nMore\n", "date");

@@ -6,7 +6,7 @@
 #include <QFile>
 #include <QtTest>
 
-/// One thing that is wrong with a file, as verify must tell it.
+/// One thing that is wrong with a file, as verify must report it.
 struct Lie {
     QString field;
     int offset;

@@ -25,6 +25,9 @@ bool isPrintable(char32_t character);
 /// \p json, in UTF-8, with an escape for everything that is not printable.
 QByteArray asPrintable(const QByteArray& json);
 
+/// A length behind which shownText() cuts nothing.
+constexpr int WholeText = 1 << 30;
+
 /// \p text with everything escaped that a terminal would act on or could not show, and cut behind
 /// \p length characters.
 QString shownText(const QString& text, int length = 120);

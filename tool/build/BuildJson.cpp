@@ -3,8 +3,8 @@
 #include "fcf/FcfLayout.h"
 #include "tool/base/Text.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
+#include <QMap>
 #include <QRegularExpression>
 #include <QSet>
 
@@ -174,6 +174,29 @@ private:
     const QString m_label;
 };
 
+/// The functions by their names; a name that several have gets a number.
+QMap<QString, QJsonObject> byName(const QJsonArray& functions)
+{
+    QMap<QString, QJsonObject> all;
+    for (const auto& function : functions) {
+        const QString name = function.toObject()["name"].toString();
+        QString key = name;
+        for (int number = 2; all.contains(key); ++number)
+            key = QStringLiteral("%1 #%2").arg(name).arg(number);
+        all[key] = function.toObject();
+    }
+    return all;
+}
+
+/// Adds the values that differ to \p fields, as objects of "field", "a" and "b".
+void compare(const QString& place, const QJsonObject& a, const QJsonObject& b, QJsonArray* fields)
+{
+    for (const QString& key : a.keys()) {
+        if (a[key] != b[key])
+            fields->append(QJsonObject{{"field", place + key}, {"a", a[key]}, {"b", b[key]}});
+    }
+}
+
 void checkRecipeVersion(const QJsonValue& value, RecipeReader* reader)
 {
     std::optional<qint32> version;
@@ -245,4 +268,29 @@ QJsonObject BuildJson::header(const FcfHeader& header)
             object[QLatin1String(name)] = QJsonValue();
     }
     return object;
+}
+
+QJsonArray BuildJson::differences(const FcfHeader& headerA, const FcfHeader& headerB)
+{
+    QJsonArray fields;
+    QJsonObject a = header(headerA);
+    QJsonObject b = header(headerB);
+    const auto own = byName(a.take("functions").toArray());
+    const auto other = byName(b.take("functions").toArray());
+    compare(QString(), a, b, &fields);
+    QStringList names = own.keys() + other.keys();
+    names.sort();
+    names.removeDuplicates();
+    const auto description = [](const auto& functions, const QString& name) {
+        return functions.contains(name) ? functions[name]["description"] : QJsonValue();
+    };
+    for (const QString& name : names) {
+        const QString place = QStringLiteral("functions[%1]").arg(name);
+        if (own.contains(name) && other.contains(name))
+            compare(place + QLatin1Char('.'), own[name], other[name], &fields);
+        else
+            fields.append(QJsonObject{
+                {"field", place}, {"a", description(own, name)}, {"b", description(other, name)}});
+    }
+    return fields;
 }

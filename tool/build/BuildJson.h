@@ -5,6 +5,7 @@
 #include "tool/build/Build.h"
 
 #include <QByteArray>
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QList>
 
@@ -27,6 +28,10 @@ tl::expected<Build, QList<Finding>> readRecipe(const QByteArray& json, const QSt
 
 /// "module" and "device" are null if the codes are those of no target.
 QJsonObject header(const FcfHeader& header);
+
+/// What differs in \p headerA and \p headerB, as objects of "field", "a" and "b". Functions are
+/// compared by their names.
+QJsonArray differences(const FcfHeader& headerA, const FcfHeader& headerB);
 
 } // namespace BuildJson
 

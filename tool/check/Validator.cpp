@@ -8,7 +8,6 @@
 #include "tool/check/Findings.h"
 #include "tool/check/HeaderPage.h"
 #include "tool/check/TextRules.h"
-#include "tool/files/Copy.h"
 #include "tool/files/InputFile.h"
 
 #include <QFileInfo>

@@ -8,8 +8,6 @@
 
 #include <QFileInfo>
 
-#include <CLI/CLI.hpp>
-
 namespace {
 
 const QString Field = "digest";
@@ -30,18 +28,20 @@ void refuseLines(const InputFile& image, const QByteArray& lines, const QString&
 
 void BesideFiles::declareSkipping(CLI::App* app)
 {
-    app->add_flag("--no-companion", m_noCompanion, "leave the companion beside the image alone");
-    app->add_flag("--no-digest", m_noDigest, "leave the digest beside the image alone");
+    Argument::addFlag(app, "--no-companion", &m_noCompanion,
+                      "leave the companion beside the image alone");
+    Argument::addFlag(app, "--no-digest", &m_noDigest, "leave the digest beside the image alone");
 }
 
 void BesideFiles::declareNaming(CLI::App* app)
 {
-    Arguments::addOption(app, "--companion", &m_companion, "TXT",
-                         "the companion that the header must be; without it, the one beside the "
-                         "image is taken if there is one");
-    Arguments::addOption(app, "--digest", &m_digest, "FILE",
-                         "the image's SHA-256; without it, FILE.sha256 is taken if there is one");
-    app->add_flag("--require-digest", m_requireDigest, "take an image without a digest for wrong");
+    Argument::addOption(app, "--companion", &m_companion, "TXT",
+                        "the companion that the header must be; without it, the one beside the "
+                        "image is taken if there is one");
+    Argument::addOption(app, "--digest", &m_digest, "FILE",
+                        "the image's SHA-256; without it, FILE.sha256 is taken if there is one");
+    Argument::addFlag(app, "--require-digest", &m_requireDigest,
+                      "take an image without a digest for wrong");
     declareSkipping(app);
 }
 

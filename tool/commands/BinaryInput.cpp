@@ -5,8 +5,6 @@
 #include "tool/check/Checker.h"
 #include "tool/commands/Command.h"
 
-#include <CLI/CLI.hpp>
-
 namespace {
 
 const QString Field = "payload";
@@ -15,29 +13,27 @@ const QString Field = "payload";
 
 void BinaryInput::declareOperand(CLI::App* app)
 {
-    Arguments::addOption(app, m_name, &m_path, "",
-                         "the binary, or a .bit file, whose header is left out; - is standard "
-                         "input (required)")
-        ->required();
+    Argument::addRequired(app, m_name, &m_path, "",
+                          "the binary, or a .bit file, whose header is left out; - is standard "
+                          "input");
     declareSwap(app);
 }
 
 void BinaryInput::declareOption(CLI::App* app)
 {
     m_name = "--bin";
-    CLI::Option* const binary =
-        Arguments::addOption(app, m_name, &m_path, "BIN",
-                             "the binary that the payload must be, or a .bit file, whose header is "
-                             "left out");
-    declareSwap(app)->needs(binary);
+    Argument::addOption(app, m_name, &m_path, "BIN",
+                        "the binary that the payload must be, or a .bit file, whose header is "
+                        "left out");
+    declareSwap(app);
+    Argument::setNeeded(app, "--swap", m_name);
 }
 
-CLI::Option* BinaryInput::declareSwap(CLI::App* app)
+void BinaryInput::declareSwap(CLI::App* app)
 {
-    return Arguments::addOption(
-        app, "--swap", &m_swap, "bits|bytes|halfwords",
-        "swap the bits of each byte, or the bytes or halfwords of each word of "
-        "the binary; several with commas (default: none)");
+    Argument::addOption(app, "--swap", &m_swap, "bits|bytes|halfwords",
+                        "swap the bits of each byte, or the bytes or halfwords of each word of "
+                        "the binary; several with commas (default: none)");
 }
 
 QString BinaryInput::label() const

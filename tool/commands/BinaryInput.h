@@ -12,8 +12,7 @@ struct Task;
 
 namespace CLI {
 class App;
-class Option;
-} // namespace CLI
+}
 
 /// The binary that an image is made of: a file without the header of its container, if it has one,
 /// and with its words swapped, if that was asked for.
@@ -38,7 +37,7 @@ public:
     void check(const InputFile& file, Task* task) const;
 
 private:
-    CLI::Option* declareSwap(CLI::App* app);
+    void declareSwap(CLI::App* app);
     void readContainer(const InputFile& file, const QByteArray& start, Task* task);
     void readSwap(Task* task);
     void refuse(const QString& field, const QString& reason, Task* task) const;

@@ -4,14 +4,11 @@
 #include "fcf/FcfTarget.h"
 #include "tool/base/Text.h"
 #include "tool/build/BuildJson.h"
-#include "tool/check/HeaderPage.h"
 #include "tool/commands/Command.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
-
-#include <CLI/CLI.hpp>
 
 namespace {
 
@@ -159,27 +156,28 @@ void BuildOptions::declare(CLI::App* app)
 {
     forEachBuildField([&](const auto& field) {
         if (std::is_same_v<decltype(field), const BuildField<QVector<FcfFunction>>&>)
-            Arguments::addRepeatedOption(app, field.option, FcfLayout::FunctionTextCount,
-                                         &m_functions, field.type, field.help);
+            Argument::addRepeatedOption(app, field.option, FcfLayout::FunctionTextCount,
+                                        &m_functions, field.type, field.help);
         else
-            Arguments::addOption(app, field.option == SlotOption ? SlotNames : field.option,
-                                 &m_given[field.name], field.type, field.help)
-                ->group(field.isRequired ? "Required, unless --like gives it" : "Options");
+            Argument::addOption(app, field.option == SlotOption ? SlotNames : field.option,
+                                &m_given[field.name], field.type, field.help);
+        if (field.isRequired)
+            Argument::setGroup(app, field.option, "Required, unless --like gives it");
     });
     std::string footer = "Modules and their devices:\n";
     for (const QString& module : FcfTarget::modules())
         footer += QStringLiteral("  %1: %2\n")
                       .arg(module, FcfTarget::devicesOf(module).join(", "))
                       .toStdString();
-    app->footer(footer + '\n');
-    Arguments::addOption(app, "--like", &m_like, "FILE",
-                         "take what is not given from an image (.fcf), a companion (.txt) or a "
-                         "recipe (.json; - is a recipe on standard input)");
-    Arguments::addOption(app, "--date-time", &m_dateTime, "YYYY-MM-DDTHH:MM:SS",
-                         "the date and time in the header (default: SOURCE_DATE_EPOCH in UTC, or "
-                         "without that the clock)");
-    Arguments::addOption(app, "--date-format", &m_dateFormat, "locale|iso",
-                         "how the date is written (default: locale)");
+    Argument::setFooter(app, footer + '\n');
+    Argument::addOption(app, "--like", &m_like, "FILE",
+                        "take what is not given from an image (.fcf), a companion (.txt) or a "
+                        "recipe (.json; - is a recipe on standard input)");
+    Argument::addOption(app, "--date-time", &m_dateTime, "YYYY-MM-DDTHH:MM:SS",
+                        "the date and time in the header (default: SOURCE_DATE_EPOCH in UTC, or "
+                        "without that the clock)");
+    Argument::addOption(app, "--date-format", &m_dateFormat, "locale|iso",
+                        "how the date is written (default: locale)");
 }
 
 Build BuildOptions::build(Task* task) const

@@ -2,7 +2,6 @@
 
 #include "tool/base/Text.h"
 #include "tool/check/Validator.h"
-#include "tool/console/Console.h"
 
 #include <CLI/CLI.hpp>
 
@@ -11,6 +10,7 @@
 namespace {
 
 constexpr char Guard = '\x01';
+const std::string Required = " (required)";
 
 std::string valueOf(const std::string& argument)
 {
@@ -31,35 +31,41 @@ CLI::callback_t takeAll(std::vector<std::string>* values)
 
 } // namespace
 
-std::string Arguments::guarded(const std::string& argument)
+std::string Argument::guarded(const std::string& argument)
 {
     const bool mistakable =
         !argument.empty() && (argument.front() == '[' || argument.front() == Guard);
     return mistakable ? Guard + argument : argument;
 }
 
-std::string Arguments::unguarded(std::string message)
+std::string Argument::unguarded(std::string message)
 {
     message.erase(std::remove(message.begin(), message.end(), Guard), message.end());
     return message;
 }
 
-CLI::Option* Arguments::addOption(CLI::App* app, const char* name,
-                                  std::optional<std::string>* value, const char* type,
-                                  const char* help)
+void Argument::addOption(CLI::App* app, const char* name, std::optional<std::string>* value,
+                         const char* type, const char* help)
 {
     const auto take = [value](const CLI::results_t& results) {
         *value = valueOf(results.back());
         return true;
     };
-    return app->add_option(name, take, help)->type_name(type);
+    app->add_option(name, take, help)->type_name(type);
 }
 
-CLI::Option* Arguments::addRepeatedOption(CLI::App* app, const char* name, int count,
-                                          std::vector<std::string>* values, const char* type,
-                                          const char* help)
+void Argument::addRequired(CLI::App* app, const char* name, std::optional<std::string>* value,
+                           const char* type, const char* help)
 {
-    return app->add_option(name, takeAll(values), help)
+    addOption(app, name, value, type, help);
+    app->get_options().back()->required()->description(help + Required);
+}
+
+void Argument::addRepeatedOption(CLI::App* app, const char* name, int count,
+                                 std::vector<std::string>* values, const char* type,
+                                 const char* help)
+{
+    app->add_option(name, takeAll(values), help)
         ->type_name(type)
         ->type_size(count)
         ->expected(1, CLI::detail::expected_max_vector_size)
@@ -67,14 +73,31 @@ CLI::Option* Arguments::addRepeatedOption(CLI::App* app, const char* name, int c
         ->allow_extra_args(false);
 }
 
-CLI::Option* Arguments::addOperands(CLI::App* app, const char* name,
-                                    std::vector<std::string>* values, const char* help)
+void Argument::addOperands(CLI::App* app, const char* name, std::vector<std::string>* values,
+                           const char* help)
 {
-    return app->add_option(name, takeAll(values), help)
+    app->add_option(name, takeAll(values), help + Required)
         ->required()
         ->type_name("")
         ->expected(CLI::detail::expected_max_vector_size);
 }
+
+void Argument::addFlag(CLI::App* app, const char* name, bool* value, const char* help)
+{
+    app->add_flag(name, *value, help);
+}
+
+void Argument::setNeeded(CLI::App* app, const char* option, const char* other)
+{
+    app->get_option(option)->needs(app->get_option(other));
+}
+
+void Argument::setGroup(CLI::App* app, const char* option, const char* title)
+{
+    app->get_option(option)->group(title);
+}
+
+void Argument::setFooter(CLI::App* app, const std::string& text) { app->footer(text); }
 
 Task::Task(const Environment* world, const std::string& command)
     : environment(*world), codec(world->codec), report(command),

@@ -13,11 +13,11 @@
 
 namespace CLI {
 class App;
-class Option;
-} // namespace CLI
+}
 
-/// Arguments that are taken as they are.
-namespace Arguments {
+/// The arguments of a command, which are taken as they are. Commands declare theirs by these
+/// functions and see no more of the parser.
+namespace Argument {
 
 /// An argument as the parser must get it: in operands it would read what is in brackets as a list.
 /// The functions below take the guard off again.
@@ -28,19 +28,30 @@ std::string unguarded(std::string message);
 
 /// Adds an option, or an operand, that takes one argument, whatever that looks like, and may be
 /// given once.
-CLI::Option* addOption(CLI::App* app, const char* name, std::optional<std::string>* value,
-                       const char* type, const char* help);
+void addOption(CLI::App* app, const char* name, std::optional<std::string>* value, const char* type,
+               const char* help);
+void addRequired(CLI::App* app, const char* name, std::optional<std::string>* value,
+                 const char* type, const char* help);
 
 /// Adds an option that takes \p count arguments each time it is given.
-CLI::Option* addRepeatedOption(CLI::App* app, const char* name, int count,
-                               std::vector<std::string>* values, const char* type,
-                               const char* help);
+void addRepeatedOption(CLI::App* app, const char* name, int count, std::vector<std::string>* values,
+                       const char* type, const char* help);
 
 /// Adds an operand that must be given at least once.
-CLI::Option* addOperands(CLI::App* app, const char* name, std::vector<std::string>* values,
-                         const char* help);
+void addOperands(CLI::App* app, const char* name, std::vector<std::string>* values,
+                 const char* help);
 
-} // namespace Arguments
+/// Adds an option without an argument.
+void addFlag(CLI::App* app, const char* name, bool* value, const char* help);
+
+/// Refuses \p option without \p other.
+void setNeeded(CLI::App* app, const char* option, const char* other);
+
+/// What --help says above \p option, and at its end.
+void setGroup(CLI::App* app, const char* option, const char* title);
+void setFooter(CLI::App* app, const std::string& text);
+
+} // namespace Argument
 
 /// An image or a companion, and its header page.
 struct FcfFile {
@@ -107,5 +118,8 @@ CommandPointer extractCommand(CLI::App* parent);
 CommandPointer recipeCommand(CLI::App* parent);
 CommandPointer diffCommand(CLI::App* parent);
 CommandPointer digestCommand(CLI::App* parent);
+
+/// Runs the tool with \p arguments (without the program's own name), and returns the exit code.
+int runCommandLine(const std::vector<std::string>& arguments, const Environment& environment);
 
 #endif

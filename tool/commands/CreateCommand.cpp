@@ -4,14 +4,11 @@
 #include "tool/base/Text.h"
 #include "tool/build/BuildJson.h"
 #include "tool/check/Checker.h"
-#include "tool/check/HeaderPage.h"
 #include "tool/check/Validator.h"
 #include "tool/commands/BinaryInput.h"
 #include "tool/commands/BuildOptions.h"
 #include "tool/commands/Command.h"
 #include "tool/commands/Outputs.h"
-
-#include <CLI/CLI.hpp>
 
 namespace {
 
@@ -76,19 +73,21 @@ CreateCommand::CreateCommand(CLI::App* parent)
 {
     m_binary.declareOperand(app);
     m_build.declare(app);
-    Arguments::addOption(app, "-o,--output", &m_output, "FILE",
-                         "the image, its name ending with .fcf; - is standard output (default: "
-                         "BIN with .fcf in place of .bin)");
-    app->add_flag("--no-companion", m_noCompanion, "write no companion (.txt)");
-    app->add_flag("--digest", m_digest, "write the image's SHA-256 beside it (.fcf.sha256)");
-    Arguments::addOption(app, "--pad-to", &m_padTo, "page|block|BYTES",
-                         "fill the image with 0xFF to the end of a page or block, or to a size "
-                         "(default: no filling)");
-    app->add_flag("--if-changed", m_ifChanged,
-                  "replace outputs that exist, but leave them untouched where nothing but date and "
-                  "time would change");
-    app->add_flag("-f,--force", m_force, "replace outputs that exist");
-    app->add_flag("--strict", m_strict, "take warnings for errors");
+    Argument::addOption(app, "-o,--output", &m_output, "FILE",
+                        "the image, its name ending with .fcf; - is standard output (default: "
+                        "BIN with .fcf in place of .bin)");
+    Argument::addFlag(app, "--no-companion", &m_noCompanion, "write no companion (.txt)");
+    Argument::addFlag(app, "--digest", &m_digest,
+                      "write the image's SHA-256 beside it (.fcf.sha256)");
+    Argument::addOption(app, "--pad-to", &m_padTo, "page|block|BYTES",
+                        "fill the image with 0xFF to the end of a page or block, or to a size "
+                        "(default: no filling)");
+    Argument::addFlag(
+        app, "--if-changed", &m_ifChanged,
+        "replace outputs that exist, but leave them untouched where nothing but date and "
+        "time would change");
+    Argument::addFlag(app, "-f,--force", &m_force, "replace outputs that exist");
+    Argument::addFlag(app, "--strict", &m_strict, "take warnings for errors");
 }
 
 void CreateCommand::run(Task* task)

@@ -3,8 +3,6 @@
 #include "tool/commands/Command.h"
 #include "tool/files/Copy.h"
 
-#include <CLI/CLI.hpp>
-
 namespace {
 
 constexpr int NameWidth = 24;
@@ -15,54 +13,6 @@ QString shownValue(const QJsonValue& value)
         return "-";
     return value.isString() ? QStringLiteral("\"%1\"").arg(shownText(value.toString()))
                             : QString::number(value.toInt());
-}
-
-/// The functions by their names; a name that several have gets a number.
-QMap<QString, QJsonObject> byName(const QJsonArray& functions)
-{
-    QMap<QString, QJsonObject> all;
-    for (const auto& function : functions) {
-        const QString name = function.toObject()["name"].toString();
-        QString key = name;
-        for (int number = 2; all.contains(key); ++number)
-            key = QStringLiteral("%1 #%2").arg(name).arg(number);
-        all[key] = function.toObject();
-    }
-    return all;
-}
-
-/// Adds the values that differ to \p fields, as objects of "field", "a" and "b".
-void compare(const QString& place, const QJsonObject& a, const QJsonObject& b, QJsonArray* fields)
-{
-    for (const QString& key : a.keys()) {
-        if (a[key] != b[key])
-            fields->append(QJsonObject{{"field", place + key}, {"a", a[key]}, {"b", b[key]}});
-    }
-}
-
-QJsonArray compare(const FcfHeader& headerA, const FcfHeader& headerB)
-{
-    QJsonArray fields;
-    QJsonObject a = BuildJson::header(headerA);
-    QJsonObject b = BuildJson::header(headerB);
-    const auto own = byName(a.take("functions").toArray());
-    const auto other = byName(b.take("functions").toArray());
-    compare(QString(), a, b, &fields);
-    QStringList names = own.keys() + other.keys();
-    names.sort();
-    names.removeDuplicates();
-    const auto description = [](const auto& functions, const QString& name) {
-        return functions.contains(name) ? functions[name]["description"] : QJsonValue();
-    };
-    for (const QString& name : names) {
-        const QString place = QStringLiteral("functions[%1]").arg(name);
-        if (own.contains(name) && other.contains(name))
-            compare(place + QLatin1Char('.'), own[name], other[name], &fields);
-        else
-            fields.append(QJsonObject{
-                {"field", place}, {"a", description(own, name)}, {"b", description(other, name)}});
-    }
-    return fields;
 }
 
 /// What one has more than the other differs. A companion has no payload to compare.
@@ -91,8 +41,8 @@ public:
     explicit DiffCommand(CLI::App* parent)
         : Command(parent, "diff", "Say how two images or companions differ")
     {
-        Arguments::addOption(app, "A", &m_a, "", "an image or a companion (required)")->required();
-        Arguments::addOption(app, "B", &m_b, "", "what to compare it with (required)")->required();
+        Argument::addRequired(app, "A", &m_a, "", "an image or a companion");
+        Argument::addRequired(app, "B", &m_b, "", "what to compare it with");
     }
     void run(Task* task) override;
 
@@ -109,7 +59,8 @@ void DiffCommand::run(Task* task)
         a && b ? task->findings.valueOf(comparePayloads(*a, *b, *task)) : std::nullopt;
     if (!payload)
         return;
-    const QJsonArray fields = compare(a->page.reading.header, b->page.reading.header);
+    const QJsonArray fields =
+        BuildJson::differences(a->page.reading.header, b->page.reading.header);
     const bool isSame = fields.isEmpty() && payload->isEmpty();
     task->report.verdict = isSame ? ExitCode::Done : ExitCode::NotValid;
     task->report.result["same"] = isSame;

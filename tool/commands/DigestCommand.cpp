@@ -9,7 +9,7 @@ public:
     explicit DigestCommand(CLI::App* parent)
         : Command(parent, "digest", "Print the SHA-256 of images")
     {
-        Arguments::addOperands(app, "FILE", &m_files, "images; - is standard input (required)");
+        Argument::addOperands(app, "FILE", &m_files, "images; - is standard input");
     }
 
     void run(Task* task) override

@@ -1,13 +1,10 @@
 #include "tool/base/Text.h"
-#include "tool/check/HeaderPage.h"
 #include "tool/check/Validator.h"
 #include "tool/commands/BesideFiles.h"
 #include "tool/commands/Command.h"
 #include "tool/commands/Outputs.h"
 #include "tool/files/Copy.h"
 #include "tool/files/OutputFiles.h"
-
-#include <CLI/CLI.hpp>
 
 namespace {
 
@@ -29,13 +26,11 @@ private:
 ExtractCommand::ExtractCommand(CLI::App* parent)
     : Command(parent, "extract", "Take the payload out of an image")
 {
-    Arguments::addOption(app, "FILE", &m_file, "", "an image; - is standard input (required)")
-        ->required();
-    Arguments::addOption(app, "-o,--output", &m_output, "FILE",
-                         "where the payload goes; - is standard output (required)")
-        ->required();
+    Argument::addRequired(app, "FILE", &m_file, "", "an image; - is standard input");
+    Argument::addRequired(app, "-o,--output", &m_output, "FILE",
+                          "where the payload goes; - is standard output");
     m_beside.declareSkipping(app);
-    app->add_flag("-f,--force", m_force, "replace an output that exists");
+    Argument::addFlag(app, "-f,--force", &m_force, "replace an output that exists");
 }
 
 void ExtractCommand::run(Task* task)

@@ -11,8 +11,6 @@
 #include <QMap>
 #include <QRegularExpression>
 
-#include <CLI/CLI.hpp>
-
 namespace {
 
 /// The name of a column in JSON and CSV, its heading in the table, and its width there.
@@ -21,8 +19,6 @@ struct Column {
     const char* heading;
     int width;
 };
-
-constexpr int LongestText = 1 << 30;
 
 constexpr Column Columns[] = {
     {"module", "MODULE", 6},   {"device", "DEVICE", 19},   {"configNumber", "SLOT", 4},
@@ -38,11 +34,12 @@ public:
     explicit ListCommand(CLI::App* parent)
         : Command(parent, "list", "List images and the images in folders, one line each")
     {
-        Arguments::addOperands(app, "PATH", &m_paths,
-                               "images, and folders, which are searched for .fcf files (required)");
-        app->add_flag("--csv", m_csv, "give the result as comma-separated values, with a heading");
-        app->add_flag(
-            "--digest", m_digest,
+        Argument::addOperands(app, "PATH", &m_paths,
+                              "images, and folders, which are searched for .fcf files");
+        Argument::addFlag(app, "--csv", &m_csv,
+                          "give the result as comma-separated values, with a heading");
+        Argument::addFlag(
+            app, "--digest", &m_digest,
             "compute each SHA-256, and compare it with the one beside the image (default: "
             "only the header page is read)");
     }
@@ -218,7 +215,7 @@ QByteArray ListCommand::line(const QJsonObject& row, const Task& task) const
     for (const Column& column : Columns) {
         const QJsonValue value = row[column.name];
         QString text = value.isDouble() ? QString::number(value.toVariant().toLongLong())
-                                        : shownText(value.toString(), LongestText);
+                                        : shownText(value.toString(), WholeText);
         if (m_csv && text.contains(special))
             text = QLatin1Char('"') + text.replace(QLatin1Char('"'), "\"\"") + QLatin1Char('"');
         // The table has the first digits of a digest alone.

@@ -3,8 +3,6 @@
 
 #include <QJsonDocument>
 
-#include <CLI/CLI.hpp>
-
 namespace {
 
 /// Writes the recipe of an image or a companion, which create takes.
@@ -13,9 +11,8 @@ public:
     explicit RecipeCommand(CLI::App* parent)
         : Command(parent, "recipe", "Write the recipe that create --like takes")
     {
-        Arguments::addOption(app, "FILE", &m_file, "",
-                             "an image or a companion; - is standard input (required)")
-            ->required();
+        Argument::addRequired(app, "FILE", &m_file, "",
+                              "an image or a companion; - is standard input");
     }
 
     void run(Task* task) override

@@ -8,13 +8,10 @@
 #include <QJsonDocument>
 #include <QLocale>
 
-#include <CLI/CLI.hpp>
-
 namespace {
 
 constexpr int NameWidth = 14;
 constexpr int Kibibyte = 1024;
-constexpr int ShowAll = 1 << 30;
 
 /// One field, the lines of its value below each other.
 void print(const QString& indent, const char* name, const QString& value, Report* report)
@@ -22,7 +19,7 @@ void print(const QString& indent, const char* name, const QString& value, Report
     QString label = QLatin1String(name);
     for (const QString& line : value.split(QLatin1Char('\n'))) {
         const QString text =
-            indent + label.leftJustified(NameWidth) + QLatin1Char(' ') + shownText(line, ShowAll);
+            indent + label.leftJustified(NameWidth) + QLatin1Char(' ') + shownText(line, WholeText);
         report->print(text.trimmed().isEmpty() ? QString() : text);
         label.clear();
     }
@@ -80,11 +77,10 @@ public:
     explicit ShowCommand(CLI::App* parent)
         : Command(parent, "show", "List the header of images and companions")
     {
-        Arguments::addOperands(app, "FILE", &m_files,
-                               "images or companions; - is standard input (required)");
-        Arguments::addOption(app, "--field", &m_field, "NAME",
-                             "print the value of this field alone, as \"version\" (default: all)");
-        app->add_flag("--check", m_check, "end with 1 if a file is not valid");
+        Argument::addOperands(app, "FILE", &m_files, "images or companions; - is standard input");
+        Argument::addOption(app, "--field", &m_field, "NAME",
+                            "print the value of this field alone, as \"version\" (default: all)");
+        Argument::addFlag(app, "--check", &m_check, "end with 1 if a file is not valid");
     }
     void run(Task* task) override;
 
@@ -147,7 +143,7 @@ bool ShowCommand::showField(const QString& field, const QJsonObject& header, Tas
         task->report.print(QString::number(value.toInt()));
     else
         for (const QString& line : value.toString().split(QLatin1Char('\n')))
-            task->report.print(shownText(line, ShowAll));
+            task->report.print(shownText(line, WholeText));
     return true;
 }
 

@@ -4,8 +4,6 @@
 #include "tool/commands/BinaryInput.h"
 #include "tool/commands/Command.h"
 
-#include <CLI/CLI.hpp>
-
 namespace {
 
 /// Says whether files are valid images or companions.
@@ -27,12 +25,11 @@ private:
 VerifyCommand::VerifyCommand(CLI::App* parent)
     : Command(parent, "verify", "Say whether images and companions are valid")
 {
-    Arguments::addOperands(app, "FILE", &m_files,
-                           "images or companions; - is standard input (required)");
+    Argument::addOperands(app, "FILE", &m_files, "images or companions; - is standard input");
     m_binary.declareOption(app);
     m_beside.declareNaming(app);
-    Arguments::addOption(app, "--type", &m_type, "image|companion",
-                         "what FILE is (default: by its name, .fcf or .txt)");
+    Argument::addOption(app, "--type", &m_type, "image|companion",
+                        "what FILE is (default: by its name, .fcf or .txt)");
 }
 
 void VerifyCommand::run(Task* task)

@@ -9,6 +9,7 @@
 #include <QJsonObject>
 #include <QLineEdit>
 #include <QSettings>
+#include <QTranslator>
 #include <QtTest>
 
 using OrvanticCore::Design;
@@ -25,8 +26,12 @@ private slots:
     void makesAConfigPackageFromTheMenu();
     void archivesTheDesignThatIsCurrent();
     void archivesWhatIsNotSavedYet();
+    void writesTheSameFilesInGerman();
 
 private:
+    /// What a changed design leaves on the disk that is saved, archived and packaged: files,
+    /// members and settings, by name.
+    QMap<QString, QByteArray> filesOfADesign();
     /// Chooses the command from the menu by the mouse. The dialog is driven by a promise made
     /// before; this returns when the dialog is closed.
     void chooseArchive();
@@ -104,6 +109,59 @@ void HostArchiveTest::archivesWhatIsNotSavedYet()
     const QByteArray archived = Unpacked(host->path("radar/radar.zip")).members["design.json"];
     QCOMPARE(QJsonDocument::fromJson(archived)["version"]["major"].toInt(), 3);
     QVERIFY(design->isModified());
+}
+
+QMap<QString, QByteArray> HostArchiveTest::filesOfADesign()
+{
+    host->openDesign("radar")->setVersion(3, 0);
+    host->press(Qt::Key_S, Qt::ControlModifier);
+    host->dialogs().press(Qt::Key_Return);
+    host->press(Qt::Key_R, Qt::ControlModifier);
+    host->dialogs().inspect([](QWidget* dialog) {
+        QTest::keyClick(dialog->findChild<QComboBox*>("typeBox"), Qt::Key_End);
+        auto* const packageType = dialog->findChild<QComboBox*>("cmbPackageType");
+        QTest::keyClick(packageType, Qt::Key_Down);
+        QTest::keyClick(packageType, Qt::Key_Up);
+    });
+    host->dialogs().press(Qt::Key_Return);
+    host->press(Qt::Key_R, Qt::ControlModifier);
+
+    const QString package = "radar/7010-GNRL-ELEC-FW-01-V-03_00.zip";
+    QMap<QString, QByteArray> files{{"design.json", host->bytesOf("radar/design.json")}};
+    for (const QString& archive : {QString("radar/radar.zip"), package}) {
+        const Unpacked unpacked(host->path(archive));
+        files[archive] = (unpacked.fault + unpacked.names.join('\n')).toUtf8();
+        for (const QString& name : unpacked.names)
+            files[archive + '/' + name] = unpacked.members[name];
+    }
+    QSettings settings(host->path("settings/host.ini"), QSettings::IniFormat);
+    settings.beginGroup("Plugins");
+    for (const QString& key : settings.allKeys())
+        files[key] = settings.value(key).toByteArray();
+    return files;
+}
+
+void HostArchiveTest::writesTheSameFilesInGerman()
+{
+    const QMap<QString, QByteArray> english = filesOfADesign();
+    QVERIFY(english["design.json"].contains("\"major\": 3"));
+    QCOMPARE(english["radar/radar.zip"], QByteArray("design.json\ntop.bin"));
+    QCOMPARE(english["ZORV_Plugin/active_package_type"], QByteArray("7010 (Firmware)"));
+    QCOMPARE(host->action("File.ArchiveDesign")->text(), QString("&Archive Design..."));
+
+    QTranslator ofHost;
+    QTranslator ofPlugin;
+    QVERIFY(ofHost.load(":/translations/pelk-host_de.qm"));
+    QVERIFY(ofPlugin.load(":/translations/zorv_de.qm"));
+    QVERIFY(QCoreApplication::installTranslator(&ofHost));
+    QVERIFY(QCoreApplication::installTranslator(&ofPlugin));
+    QLocale::setDefault(QLocale(QLocale::German));
+    host.reset();
+    host.reset(new HostFixture);
+    const QMap<QString, QByteArray> german = filesOfADesign();
+    QLocale::setDefault(QLocale::c());
+    QCOMPARE(german, english);
+    QCOMPARE(host->action("File.ArchiveDesign")->text(), QString("Design &archivieren..."));
 }
 
 int main(int argc, char** argv)

@@ -65,7 +65,7 @@ private slots:
     void makesADesignOfFilesDroppedOnNothing();
     void makesADesignOfFilesChosenWithoutOne();
     void opensADroppedDesign();
-    void tellsWhichFilesItCannotAdd();
+    void reportsWhichFilesItCannotAdd();
     void editsTheVersion();
     void keepsAVersionNumberTooLargeForItsBox();
     void remembersItsGeometry();
@@ -286,7 +286,7 @@ void HostDesignsTest::opensADroppedDesign()
     QCOMPARE(lastDesign()->workingFolderPath(), host.path("radar"));
 }
 
-void HostDesignsTest::tellsWhichFilesItCannotAdd()
+void HostDesignsTest::reportsWhichFilesItCannotAdd()
 {
     HostFixture host;
     const Design* const design = host.openDesign("radar");

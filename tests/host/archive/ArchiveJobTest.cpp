@@ -34,7 +34,7 @@ private slots:
     void refusesAnArchiveOfNothing();
     void refusesAFolderAsDestination();
     void refusesALinkToWhatIsNoFile();
-    void tellsItsProgress();
+    void reportsItsProgress();
 
 private:
     ArchiveJob::Order order(const QString& destination, int items = 0x1B) const;
@@ -282,7 +282,7 @@ void ArchiveJobTest::refusesALinkToWhatIsNoFile()
     QVERIFY(QFileInfo::exists(pipe) && !QFileInfo(pipe).isFile());
 }
 
-void ArchiveJobTest::tellsItsProgress()
+void ArchiveJobTest::reportsItsProgress()
 {
     ArchiveJob job(order(bench->path("radar.zip")));
     QSignalSpy progress(&job, &ArchiveJob::progressed);

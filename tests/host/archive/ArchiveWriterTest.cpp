@@ -70,8 +70,8 @@ private slots:
     void keepsTheOrderOfItsMembers();
     void keepsLongAndForeignNames_data() { formats(); }
     void keepsLongAndForeignNames();
-    void tellsNoTimeAndNoOwner_data() { formats(); }
-    void tellsNoTimeAndNoOwner();
+    void recordsNoTimeAndNoOwner_data() { formats(); }
+    void recordsNoTimeAndNoOwner();
     void dependsOnTheMembersAlone_data();
     void dependsOnTheMembersAlone();
     void keepsTheRightToExecute_data() { formats(); }
@@ -148,7 +148,7 @@ void ArchiveWriterTest::keepsLongAndForeignNames()
     QCOMPARE(unpacked.members, (QMap<QString, QByteArray>{{deep, "deep"}, {foreign, "foreign"}}));
 }
 
-void ArchiveWriterTest::tellsNoTimeAndNoOwner()
+void ArchiveWriterTest::recordsNoTimeAndNoOwner()
 {
     QFETCH(ArchiveFormat, format);
     QProcess process;

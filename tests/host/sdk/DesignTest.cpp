@@ -29,7 +29,7 @@ private slots:
     void init();
 
     void isKnownByItsClassName();
-    void tellsItsVersion();
+    void reportsItsVersion();
     void sharesTheChangesOfItsVersion();
     void keepsPropertiesInOrder();
     void hasInvalidValuesForPropertiesNeverSet();
@@ -47,7 +47,7 @@ private slots:
     void takesFoldersToo();
     void removesAFile();
     void notesWhatChangesIt();
-    void tellsItsLockStates();
+    void reportsItsLockStates();
     void handsFilesOverForRefreshing();
     void leavesTheManagerWhenDeleted();
     void hasASettingsFile();
@@ -81,7 +81,7 @@ void DesignTest::isKnownByItsClassName()
     QCOMPARE(m_design->name(), QFileInfo(m_folder->path()).fileName());
 }
 
-void DesignTest::tellsItsVersion()
+void DesignTest::reportsItsVersion()
 {
     m_design->setVersion(3, 14);
     QCOMPARE(m_design->versionMajor(), 3);
@@ -321,7 +321,7 @@ void DesignTest::notesWhatChangesIt()
     QCOMPARE(modified.count(), 3);
 }
 
-void DesignTest::tellsItsLockStates()
+void DesignTest::reportsItsLockStates()
 {
     QSignalSpy state(m_design.data(), SIGNAL(stateChanged(bool, bool)));
     m_design->setLocked(true);

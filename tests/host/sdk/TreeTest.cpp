@@ -29,7 +29,7 @@ private slots:
     void announcesNothingAfterASilentCycle();
     void ignoresAnEndWithoutACycle();
     void announcesChangesOfNodesBelow();
-    void tellsNameAndCategory();
+    void reportsNameAndCategory();
     void takesFileNamesApart_data();
     void takesFileNamesApart();
     void knowsWhetherAFileExists();
@@ -156,7 +156,7 @@ void TreeTest::announcesChangesOfNodesBelow()
     QCOMPARE(changed.count(), 1);
 }
 
-void TreeTest::tellsNameAndCategory()
+void TreeTest::reportsNameAndCategory()
 {
     TreeNode root("root");
     TreeNode* const outer = root.addNode("outer");

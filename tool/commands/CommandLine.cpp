@@ -1,5 +1,3 @@
-#include "tool/CommandLine.h"
-
 #include "tool/base/Text.h"
 #include "tool/commands/Command.h"
 
@@ -95,13 +93,13 @@ private:
                 return tl::make_unexpected(reasonAgainst(*option, argument));
             areOperands = areOperands || (values == 0 && argument == "--");
             if (values > 0 || !named) {
-                split.push_back(Arguments::guarded(argument));
+                split.push_back(Argument::guarded(argument));
                 values = std::max(values - 1, 0);
                 continue;
             }
             option = named;
             const bool isEmpty = argument == name + '=';
-            split.push_back(isEmpty ? name : Arguments::guarded(argument));
+            split.push_back(isEmpty ? name : Argument::guarded(argument));
             if (isEmpty)
                 split.emplace_back();
             values = argument == name ? valuesOf(*named) : isEmpty ? valuesOf(*named) - 1 : 0;
@@ -157,9 +155,8 @@ private:
         Task task(m_environment, command ? command->app->get_name() : std::string());
         task.report.json =
             std::find(arguments.begin(), arguments.end(), "--json") != arguments.end();
-        task.findings.error(
-            ExitCode::Refused, QString(), QString(),
-            shownText(QString::fromLocal8Bit(Arguments::unguarded(reason).c_str())));
+        task.findings.error(ExitCode::Refused, QString(), QString(),
+                            shownText(QString::fromLocal8Bit(Argument::unguarded(reason).c_str())));
         return task.finish();
     }
 
