@@ -23,6 +23,16 @@ function(zorv_product_target target)
     zorv_warnings(${target})
 endfunction()
 
+option(PELK_COVERAGE "Count which lines and branches of what runs in the host are reached" OFF)
+
+# Has the lines and branches of a product target counted, for scripts/coverage.
+function(zorv_counted_target target)
+    if(PELK_COVERAGE)
+        target_compile_options(${target} PRIVATE --coverage)
+        target_link_options(${target} PUBLIC --coverage)
+    endif()
+endfunction()
+
 # A target that only ever builds on Qt 5.15.
 function(zorv_target target)
     set_target_properties(${target} PROPERTIES CXX_STANDARD 17 AUTOMOC ON AUTOUIC ON AUTORCC ON)

@@ -119,9 +119,11 @@ bool PelkFcfGenerator::readConfigFile(QString filename)
     showTexts(reading);
     if (reading.outcome == FcfReading::EndedEarly) {
         showLoadingFailed();
-        logLoadingFailed(filename, tr("its text does not end within %1 bytes and %2 functions")
-                                       .arg(qMin<qint64>(file.size(), FcfReader::MaximumBytes))
-                                       .arg(FcfReader::MaximumFunctions));
+        logLoadingFailed(filename,
+                         file.atEnd() ? tr("it ends before the end mark of its text")
+                                      : tr("its text does not end within %1 bytes and %2 functions")
+                                            .arg(FcfReader::MaximumBytes)
+                                            .arg(FcfReader::MaximumFunctions));
         return false;
     }
     showStatus(tr("<font color='green'>Loaded ") + ui->txtInputFile->text() +

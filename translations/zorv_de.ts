@@ -15,6 +15,10 @@
         <source>a line feed at the end of the line</source>
         <translation>ein Zeilenvorschub am Zeilenende</translation>
     </message>
+    <message>
+        <source>a line feed without a carriage return at the end of the line</source>
+        <translation>ein Zeilenvorschub ohne Wagenrücklauf am Zeilenende</translation>
+    </message>
 </context>
 <context>
     <name>FcfOutput</name>
@@ -470,6 +474,10 @@
     <message>
         <source>its text does not end within %1 bytes and %2 functions</source>
         <translation>der Text endet nicht innerhalb von %1 Bytes und %2 Funktionen</translation>
+    </message>
+    <message>
+        <source>it ends before the end mark of its text</source>
+        <translation>sie endet vor der Endmarke ihres Textes</translation>
     </message>
 </context>
 <context>

@@ -108,6 +108,8 @@ void FcfExactReaderTest::reportsTheFirstDeviation_data()
         "Function CI No: ");
     row("a line that is missing", "Date: \n", "", "date", -1, "Date: ");
     row("an early mark", "Author: D\n", "\n---\n", "name", 0, "Function name: ");
+    row("a carriage return after a mark", "\n---\n", "\n---\r\n", "description", -1,
+        "a line feed without a carriage return at the end of the line");
     row("bytes that are no text", "Gr", "\xff", "author", -1, "text that can be decoded");
 }
 

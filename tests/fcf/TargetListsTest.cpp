@@ -2,6 +2,8 @@
 #include "fcf/FcfTarget.h"
 
 #include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QRegularExpression>
 #include <QtTest>
 
@@ -15,6 +17,8 @@ QString textOf(const char* path)
         qFatal("%s: %s", qPrintable(file.fileName()), qPrintable(file.errorString()));
     return QString::fromUtf8(file.readAll()).replace("\\\n", " ").simplified();
 }
+
+QString lacking(const QString& path, const QString& text) { return path + " lacks: " + text; }
 
 /// "a, b or c"
 QString enumerated(QStringList words)
@@ -63,6 +67,7 @@ private slots:
     void theCompletionsAgree();
     void theFormatTestsAgree();
     void theGuideAgrees();
+    void theRecipeSchemaAgrees();
 };
 
 void TargetListsTest::theFormatDocumentAgrees()
@@ -75,7 +80,7 @@ void TargetListsTest::theFormatDocumentAgrees()
                     .arg(target.module, target.device);
     const QString document = textOf("docs/fcf-format.md");
     QVERIFY2(document.contains("|---|---|---|---| " + rows + "A device without"),
-             qPrintable("This is missing: " + rows));
+             qPrintable(lacking("docs/fcf-format.md", rows)));
     QVERIFY(document.contains(
         QString("`configNumber` is %1 to %2.").arg(FcfTarget::FirstSlot).arg(FcfTarget::LastSlot)));
 }
@@ -88,12 +93,13 @@ void TargetListsTest::theMeaningsOfTheCodesAgree()
             const QRegularExpression module(
                 QString("\\b%1 for (\\w+ and )?%2\\b").arg(target.moduleCode).arg(target.module));
             if (field.value == &FcfHeader::moduleCode)
-                QVERIFY2(module.match(meaning).hasMatch(), target.module);
+                QVERIFY2(module.match(meaning).hasMatch(),
+                         qPrintable(lacking("fcf/FcfLayout.cpp", target.module)));
             const QRegularExpression device(
                 QString("\\b%1 ([\\w()]+ or )?%2\\b").arg(target.deviceCode).arg(target.device));
             if (field.value == &FcfHeader::deviceCode && target.deviceCode != FcfTarget::NoCode)
                 QVERIFY2(device.match(meaning.simplified().replace(" (GPM)", "")).hasMatch(),
-                         target.device);
+                         qPrintable(lacking("fcf/FcfLayout.cpp", target.device)));
         }
         if (field.value == &FcfHeader::configNumber)
             QVERIFY(meaning.endsWith(
@@ -108,7 +114,8 @@ void TargetListsTest::theKaitaiDescriptionAgrees()
         const QRegularExpression name(QString("module_code:.* %1: (\\w+_or_)?%2(_or_\\w+)?\\b")
                                           .arg(target.moduleCode)
                                           .arg(QString(target.module).toLower()));
-        QVERIFY2(name.match(document).hasMatch(), target.module);
+        QVERIFY2(name.match(document).hasMatch(),
+                 qPrintable(lacking("docs/fcf.ksy", target.module)));
     }
 }
 
@@ -120,13 +127,15 @@ void TargetListsTest::theHexPatternAgrees()
             QString("enum ModuleCode : s32 \\{[^}]*\\b(\\w+_or_)?%1(_or_\\w+)? = %2\\b")
                 .arg(target.module)
                 .arg(target.moduleCode));
-        QVERIFY2(module.match(document).hasMatch(), target.module);
+        QVERIFY2(module.match(document).hasMatch(),
+                 qPrintable(lacking("docs/fcf.hexpat", target.module)));
         const bool hasCode = target.deviceCode != FcfTarget::NoCode;
         const QRegularExpression device(
             QString("enum DeviceCode : s32 \\{[^}]*\\b(\\w+_or_)?%1(_or_\\w+)? = %2\\b")
                 .arg(hasCode ? target.device : "Without_code")
                 .arg(target.deviceCode));
-        QVERIFY2(device.match(document).hasMatch(), target.device);
+        QVERIFY2(device.match(document).hasMatch(),
+                 qPrintable(lacking("docs/fcf.hexpat", target.device)));
     }
 }
 
@@ -137,7 +146,8 @@ void TargetListsTest::theManualAgrees()
         targets << QString("*%1* with %2")
                        .arg(module, enumerated(emphasised(FcfTarget::devicesOf(module))));
     const QString manual = textOf("packaging/man/pelk-fcf.1.scd");
-    QVERIFY2(manual.contains(targets.join(", ") + '.'), qPrintable(targets.join(", ")));
+    QVERIFY2(manual.contains(targets.join(", ") + '.'),
+             qPrintable(lacking("packaging/man/pelk-fcf.1.scd", targets.join(", "))));
     QVERIFY(manual.contains(
         QString("The flash slot, %1 to %2.").arg(FcfTarget::FirstSlot).arg(FcfTarget::LastSlot)));
 }
@@ -176,7 +186,7 @@ void TargetListsTest::theCompletionsAgree()
     QVERIFY(completion.contains(modules.arg(FcfTarget::modules().join(' '))));
     for (const QString& module : FcfTarget::modules()) {
         const QString list = devices.arg(module, FcfTarget::devicesOf(module).join(' '));
-        QVERIFY2(completion.contains(list), qPrintable("This is missing: " + list));
+        QVERIFY2(completion.contains(list), qPrintable(lacking(path, list)));
     }
     QStringList others = allDevices();
     others.removeAll("Interface_FPGA");
@@ -189,7 +199,7 @@ void TargetListsTest::theFormatTestsAgree()
     for (const QString& module : FcfTarget::modules()) {
         const QString list =
             QString(" %1: ['%2'],").arg(module, FcfTarget::devicesOf(module).join("', '"));
-        QVERIFY2(script.contains(list), qPrintable("This is missing: " + list));
+        QVERIFY2(script.contains(list), qPrintable(lacking("tests/formats/kaitai-test.js", list)));
     }
 }
 
@@ -201,8 +211,27 @@ void TargetListsTest::theGuideAgrees()
     const QString changing = textOf("docs/guide/changing-a-build.md");
     for (const auto& target : FcfTarget::Targets) {
         const QString row = QString("| %1, %2 | ").arg(target.module, target.device);
-        QVERIFY2(changing.contains(row), qPrintable("This is missing: " + row));
+        QVERIFY2(changing.contains(row),
+                 qPrintable(lacking("docs/guide/changing-a-build.md", row)));
     }
+}
+
+void TargetListsTest::theRecipeSchemaAgrees()
+{
+    QFile file(PROJECT_FOLDER "/docs/schemas/recipe.schema.json");
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QJsonObject properties =
+        QJsonDocument::fromJson(file.readAll()).object()["properties"].toObject();
+    const auto values = [&properties](const char* property) {
+        QStringList texts = properties[property].toObject()["enum"].toVariant().toStringList();
+        texts.sort();
+        return texts;
+    };
+    QCOMPARE(values("module"), FcfTarget::modules());
+    QCOMPARE(values("device"), allDevices());
+    const QJsonObject slot = properties["configNumber"].toObject();
+    QCOMPARE(slot["minimum"].toInt(), FcfTarget::FirstSlot);
+    QCOMPARE(slot["maximum"].toInt(), FcfTarget::LastSlot);
 }
 
 QTEST_GUILESS_MAIN(TargetListsTest)
