@@ -276,7 +276,7 @@ void DesignStorageTest::replacesADescriptionAsAWhole()
     QVERIFY(old.open(QIODevice::ReadOnly));
     QString error;
     QVERIFY(DesignStorage::save(makeDesign().get(), &error));
-    // Who had it open still reads the old one: it was not written over in place.
+    // What has it open still reads the old one: it was not written over in place.
     QCOMPARE(old.readAll(), QByteArray(100000, 'x'));
     QVERIFY(DesignStorage::load(m_folder->path(), &error));
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList("design.json"));
