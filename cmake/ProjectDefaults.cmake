@@ -1,5 +1,5 @@
 # What every target of this project shares: where its products go, how strict the compiler is, and
-# which C++ each room speaks.
+# which C++ it is in.
 
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
@@ -17,7 +17,7 @@ check_pie_supported(LANGUAGES CXX)
 set(CMAKE_INSTALL_RPATH_USE_LINK_PATH ON)
 set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}" ${QTILITIES_LIBRARY_DIR})
 
-# A target of the rooms that also build for the host's own Qt 4.8.
+# A target of the folders that also build for the host's own Qt 4.8.
 function(zorv_product_target target)
     set_target_properties(${target} PROPERTIES CXX_STANDARD 11 AUTOMOC ON AUTOUIC ON AUTORCC ON)
     zorv_warnings(${target})

@@ -1,6 +1,7 @@
 #include "design/DesignFixture.h"
 
 #include "generator/PelkFcfGenerator.h"
+#include "support/TestFile.h"
 
 #include <OrvanticCore/DesignManager.h>
 #include <OrvanticCore/DesignStructure.h>
@@ -9,7 +10,6 @@
 #include <QtilitiesLogging/Logger.h>
 
 #include <QApplication>
-#include <QFile>
 #include <QPointer>
 #include <QtTest>
 
@@ -61,10 +61,7 @@ QString DesignFixture::path(const QString& name) const { return m_folder.filePat
 
 QString DesignFixture::writeFile(const QString& name, const QByteArray& bytes)
 {
-    QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("cannot write %s", qPrintable(file.fileName()));
-    return file.fileName();
+    return TestFile::write(path(name), bytes);
 }
 
 DesignFile* DesignFixture::addFile(const QString& name, const QByteArray& bytes)

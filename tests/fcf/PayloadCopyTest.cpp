@@ -1,6 +1,7 @@
 #include "fcf/PayloadCopy.h"
 #include "support/FullDisk.h"
 #include "support/StubbornDevices.h"
+#include "support/TestFile.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -21,13 +22,6 @@ QByteArray content(int bytes)
     for (int i = 0; i < bytes; ++i)
         content[i] = static_cast<char>(i * 31 + i / 251);
     return content;
-}
-
-QByteArray bytesOf(const QString& path)
-{
-    QFile file(path);
-    file.open(QIODevice::ReadOnly);
-    return file.readAll();
 }
 
 } // namespace
@@ -64,10 +58,7 @@ void PayloadCopyTest::init() { m_folder = std::make_unique<QTemporaryDir>(); }
 
 QString PayloadCopyTest::file(const char* name, const QByteArray& bytes) const
 {
-    QFile file(m_folder->filePath(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("cannot write %s", name);
-    return file.fileName();
+    return TestFile::write(m_folder->filePath(name), bytes);
 }
 
 void PayloadCopyTest::copiesBetweenDevices_data()
@@ -113,7 +104,7 @@ void PayloadCopyTest::copiesBetweenFiles()
     QVERIFY2(copy.run(seen ? PayloadCopy::Seen : PayloadCopy::Unseen), qPrintable(copy.error()));
     QCOMPARE(image.write("end"), qint64(3));
     image.close();
-    QVERIFY(bytesOf(image.fileName()) == QByteArray(PageBytes, 'h') + expected + "end");
+    QVERIFY(TestFile::read(image.fileName()) == QByteArray(PageBytes, 'h') + expected + "end");
 }
 
 void PayloadCopyTest::startsAtThePositionOfBothFiles()
@@ -127,7 +118,7 @@ void PayloadCopyTest::startsAtThePositionOfBothFiles()
     PayloadCopy copy(&payload, 7, &image);
     QVERIFY2(copy.run(), qPrintable(copy.error()));
     image.close();
-    QCOMPARE(bytesOf(image.fileName()), QByteArray("abpayload9"));
+    QCOMPARE(TestFile::read(image.fileName()), QByteArray("abpayload9"));
 }
 
 void PayloadCopyTest::copiesToAFileThatTheKernelRefuses()
@@ -145,7 +136,7 @@ void PayloadCopyTest::copiesToAFileThatTheKernelRefuses()
     QVERIFY2(copy.run(), qPrintable(copy.error()));
     QVERIFY((::fcntl(descriptor, F_GETFL) & O_APPEND) != 0);
     image.close();
-    QVERIFY(bytesOf(path) == "before " + expected);
+    QVERIFY(TestFile::read(path) == "before " + expected);
 }
 
 void PayloadCopyTest::showsEachByteToAnObserverThatAsks()
@@ -205,7 +196,7 @@ void PayloadCopyTest::reportsAPayloadThatHasGrown()
     QVERIFY(copy.isPayloadAtFault());
     QCOMPARE(copy.error(), QString("the payload is longer than its 1024 bytes"));
     image.close();
-    QCOMPARE(bytesOf(image.fileName()), bytes.left(1024));
+    QCOMPARE(TestFile::read(image.fileName()), bytes.left(1024));
 }
 
 void PayloadCopyTest::reportsAnImageThatIsItsOwnPayload()
@@ -267,7 +258,7 @@ void PayloadCopyTest::reportsADiskThatFillsUp()
     }
     QVERIFY(!copy.isPayloadAtFault());
     QCOMPARE(copy.error(), QString("File too large"));
-    QVERIFY(bytesOf(image.fileName()) == expected.left(100000));
+    QVERIFY(TestFile::read(image.fileName()) == expected.left(100000));
 }
 
 QTEST_GUILESS_MAIN(PayloadCopyTest)

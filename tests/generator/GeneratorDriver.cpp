@@ -2,6 +2,7 @@
 
 #include "fcf/FcfWriter.h"
 #include "generator/FunctionEntries.h"
+#include "support/TestFile.h"
 
 #include <QFile>
 #include <QMenu>
@@ -134,10 +135,7 @@ QString GeneratorDriver::binary(const QString& name, int bytes) const
 
 QString GeneratorDriver::write(const QString& name, const QByteArray& bytes) const
 {
-    QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("Cannot write %s", qPrintable(file.fileName()));
-    return file.fileName();
+    return TestFile::write(path(name), bytes);
 }
 
 QString GeneratorDriver::writeHeader(const QString& name, const FcfHeader& header) const
@@ -148,8 +146,7 @@ QString GeneratorDriver::writeHeader(const QString& name, const FcfHeader& heade
 
 QByteArray GeneratorDriver::content(const QString& filePath) const
 {
-    QFile file(filePath);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return TestFile::readIfPossible(filePath);
 }
 
 bool GeneratorDriver::exists(const QString& filePath) const { return QFile::exists(filePath); }

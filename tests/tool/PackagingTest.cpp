@@ -1,5 +1,7 @@
 #include "ToolFixture.h"
 
+#include "support/TestFile.h"
+
 #include <QDir>
 #include <QFile>
 #include <QMimeDatabase>
@@ -17,14 +19,6 @@ const QStringList Shells = {"bash", "zsh", "fish"};
 /// A shell takes some tenths of a second; one that hangs is not waited for.
 constexpr int ShellSeconds = 20;
 constexpr int ProcessMilliseconds = 2 * ShellSeconds * 1000;
-
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("%s: %s", qPrintable(path), qPrintable(file.errorString()));
-    return file.readAll();
-}
 
 /// The options that \p command has by its own help.
 QStringList optionsOf(const QString& command)
@@ -79,10 +73,8 @@ void PackagingTest::initTestCase()
                           "pelk-fcf"});
     QVERIFY(cmake.waitForFinished());
     QVERIFY2(cmake.exitCode() == 0, cmake.readAllStandardError());
-    for (const char* const name : {"two words.bin", "two words.fcf", "two words.json", "two.o"}) {
-        QFile file(installed(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-    }
+    for (const char* const name : {"two words.bin", "two words.fcf", "two words.json", "two.o"})
+        TestFile::write(installed(name), QByteArray());
 }
 
 /// The lines that \p program prints.
@@ -161,7 +153,7 @@ void PackagingTest::runsWhereItWasInstalled()
 
 void PackagingTest::describesEveryOptionInTheManual()
 {
-    QString manual = readFile(installed("share/man/man1/pelk-fcf.1"));
+    QString manual = TestFile::read(installed("share/man/man1/pelk-fcf.1"));
     manual.remove("\\fR").remove("\\fB").remove("\\fI").replace("\\-", "-");
     for (const QString& command : Commands) {
         QVERIFY2(manual.contains("\npelk-fcf " + command), qPrintable(command));
@@ -173,7 +165,7 @@ void PackagingTest::describesEveryOptionInTheManual()
 
 void PackagingTest::describesTheExitCodesInTheManual()
 {
-    QString manual = readFile(installed("share/man/man1/pelk-fcf.1"));
+    QString manual = TestFile::read(installed("share/man/man1/pelk-fcf.1"));
     manual = manual.mid(manual.indexOf("EXIT STATUS"));
     for (int code = 0; code <= 4; ++code)
         QVERIFY(manual.contains(QString("\n\\fB%1\\fR\n").arg(code)));

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int PatienceMilliseconds = 60000;
 
-/// A pseudo terminal, seen from the side of who sits at it.
+/// A pseudo terminal, seen from the side of the person at it.
 class Terminal {
 public:
     Terminal() : m_master(::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC))

@@ -1,5 +1,6 @@
 #include "ToolFixture.h"
 
+#include "support/TestFile.h"
 #include "tool/commands/Command.h"
 
 #include <QBuffer>
@@ -84,18 +85,10 @@ std::string ToolFixture::argument(const QString& name) const
 
 void ToolFixture::write(const QString& name, const QByteArray& bytes) const
 {
-    QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())
-        qFatal("%s: %s", qPrintable(path(name)), qPrintable(file.errorString()));
+    TestFile::write(path(name), bytes);
 }
 
-QByteArray ToolFixture::read(const QString& name) const
-{
-    QFile file(path(name));
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("%s: %s", qPrintable(path(name)), qPrintable(file.errorString()));
-    return file.readAll();
-}
+QByteArray ToolFixture::read(const QString& name) const { return TestFile::read(path(name)); }
 
 bool ToolFixture::exists(const QString& name) const { return QFile::exists(path(name)); }
 

@@ -1,5 +1,7 @@
 #include "toolkit/Host.h"
 
+#include "support/TestFile.h"
+
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 #include <QtilitiesExtensionSystem/ExtensionSystemCore.h>
 
@@ -180,14 +182,7 @@ QString WorkFolder::path(const QString& name) const
 
 QString WorkFolder::write(const QString& name, const QByteArray& bytes) const
 {
-    QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("cannot write %s", qPrintable(file.fileName()));
-    return file.fileName();
+    return TestFile::write(path(name), bytes);
 }
 
-QByteArray WorkFolder::read(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
+QByteArray WorkFolder::read(const QString& path) { return TestFile::readIfPossible(path); }

@@ -1,5 +1,6 @@
 #include "host/app/DesignStorage.h"
 #include "support/FullDisk.h"
+#include "support/TestFile.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
@@ -46,15 +47,12 @@ void DesignStorageTest::init() { m_folder.reset(new QTemporaryDir); }
 
 QByteArray DesignStorageTest::description() const
 {
-    QFile file(path("design.json"));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return TestFile::readIfPossible(path("design.json"));
 }
 
 void DesignStorageTest::writeDescription(const QByteArray& bytes) const
 {
-    QFile file(path("design.json"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), qint64(bytes.size()));
+    TestFile::write(path("design.json"), bytes);
 }
 
 std::unique_ptr<Design> DesignStorageTest::makeDesign() const
@@ -278,7 +276,7 @@ void DesignStorageTest::replacesADescriptionAsAWhole()
     QVERIFY(old.open(QIODevice::ReadOnly));
     QString error;
     QVERIFY(DesignStorage::save(makeDesign().get(), &error));
-    // Who had it open still reads the old one: it was not written over in place.
+    // What has it open still reads the old one: it was not written over in place.
     QCOMPARE(old.readAll(), QByteArray(100000, 'x'));
     QVERIFY(DesignStorage::load(m_folder->path(), &error));
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList("design.json"));

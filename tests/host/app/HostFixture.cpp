@@ -1,6 +1,7 @@
 #include "host/app/HostFixture.h"
 
 #include "host/app/DesignModel.h"
+#include "support/TestFile.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignManager.h>
@@ -87,16 +88,12 @@ void HostFixture::show()
 QString HostFixture::writeFile(const QString& name, const QByteArray& bytes) const
 {
     QDir().mkpath(QFileInfo(path(name)).absolutePath());
-    QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("cannot write %s", qPrintable(file.fileName()));
-    return file.fileName();
+    return TestFile::write(path(name), bytes);
 }
 
 QByteArray HostFixture::bytesOf(const QString& name) const
 {
-    QFile file(path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return TestFile::readIfPossible(path(name));
 }
 
 QString HostFixture::makeDesign(const QString& name) const

@@ -1,9 +1,10 @@
 #include "host/archive/ArchivedDesign.h"
 
+#include "support/TestFile.h"
+
 #include <OrvanticCore/DesignFile.h>
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -52,19 +53,10 @@ QString ArchivedDesign::path(const QString& name) const
 
 QString ArchivedDesign::write(const QString& path, const QByteArray& content)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qFatal("cannot write %s", qPrintable(path));
-    return path;
+    return TestFile::write(path, content);
 }
 
-QByteArray ArchivedDesign::read(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read %s", qPrintable(path));
-    return file.readAll();
-}
+QByteArray ArchivedDesign::read(const QString& path) { return TestFile::read(path); }
 
 QStringList ArchivedDesign::filesBeside(const QString& path)
 {
