@@ -4,7 +4,9 @@
 
 #include <QCheckBox>
 #include <QClipboard>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QTextEdit>
 #include <QtTest>
 
 namespace {
@@ -197,6 +199,14 @@ void FunctionListTest::clearsForANewBuild()
     modify->setChecked(true);
     driver->click("ModifyFunctionCheckBox");
 
+    // Each field that a text can be entered in, also one that will be new.
+    const auto lines = driver->window()->findChildren<QLineEdit*>();
+    const auto memos = driver->window()->findChildren<QTextEdit*>();
+    for (auto* const field : lines)
+        field->setText("1");
+    for (auto* const field : memos)
+        field->setPlainText("1");
+
     driver->chooseFromFileMenu("Clear");
     QVERIFY(!editorEnabled().contains(false));
     QVERIFY(!modify->isChecked());
@@ -204,6 +214,10 @@ void FunctionListTest::clearsForANewBuild()
     for (const char* label : {"txtInputFile", "BinFileSize", "BinFilePages", "BinFileBlocks",
                               "StatusBar", "finalPages", "finalBlocks", "finalSize"})
         QCOMPARE(driver->text(label), QString());
+    for (const auto* field : lines)
+        QVERIFY2(field->text().isEmpty(), qPrintable(field->objectName()));
+    for (const auto* field : memos)
+        QVERIFY2(field->toPlainText().isEmpty(), qPrintable(field->objectName()));
 
     driver->upload("D", "d1", "d2", "d3");
     QCOMPARE(shown(0), QStringList({"D", "d1", "d2", "d3"}));
