@@ -54,7 +54,8 @@ QJsonObject asJson(const Build& build)
 /// one of the two values.
 std::optional<QString> repeatedName(const QString& json)
 {
-    static const QRegularExpression token(QStringLiteral(R"([{}]|("(?:[^"\\]++|\\.)*+")(\s*:)?)"));
+    static const QRegularExpression token(
+        QStringLiteral(R"((?s)[{}]|("(?:[^"\\]++|\\.)*+")(\s*:)?)"));
     std::vector<QSet<QString>> names;
     for (auto tokens = token.globalMatch(json); tokens.hasNext();) {
         const QRegularExpressionMatch match = tokens.next();
@@ -232,7 +233,7 @@ tl::expected<Build, QList<Finding>> BuildJson::readRecipe(const QByteArray& json
                                    .arg(parseError.offset));
         return tl::make_unexpected(reader.errors);
     }
-    if (const auto repeated = repeatedName(QString::fromUtf8(json)))
+    if (const auto repeated = repeatedName(QString::fromUtf8(json.constData(), json.size())))
         reader.fail(*repeated, "is given twice");
     QJsonObject object = document.object();
     checkRecipeVersion(object.take(RecipeKey), &reader);
