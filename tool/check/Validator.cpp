@@ -85,8 +85,7 @@ void Validator::validate(const HeaderPage& page) const
                 QStringLiteral("%1 bytes").arg(m_file->size()));
     if (page.bytes > FcfLayout::PageBytes && page.reading.textEnd <= FcfLayout::PageBytes)
         note("page", FcfLayout::PageBytes,
-             QStringLiteral(
-                 "the header page has %1 bytes, as most: its last filler unit goes beyond %2")
+             QStringLiteral("the header page has %1 bytes, as most: its filler goes beyond %2")
                  .arg(page.bytes)
                  .arg(FcfLayout::PageBytes));
 }
