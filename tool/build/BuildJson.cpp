@@ -54,8 +54,7 @@ QJsonObject asJson(const Build& build)
 /// one of the two values.
 std::optional<QString> repeatedName(const QString& json)
 {
-    static const QRegularExpression token(
-        QStringLiteral(R"((?s)[{}]|("(?:[^"\\]++|\\.)*+")(\s*:)?)"));
+    static const QRegularExpression token(R"((?s)[{}]|("(?:[^"\\]++|\\.)*+")(\s*:)?)");
     std::vector<QSet<QString>> names;
     for (auto tokens = token.globalMatch(json); tokens.hasNext();) {
         const QRegularExpressionMatch match = tokens.next();
