@@ -15,6 +15,14 @@
 
 namespace {
 
+/// Makes its archive in the caller's thread. A copy of this process has no other, and one that is
+/// just ending when the copy is made would leave its locks in it.
+class ArchiveInThisThread : public ArchiveJob {
+public:
+    using ArchiveJob::ArchiveJob;
+    using ArchiveJob::run;
+};
+
 class WindowOutput : public Output {
 public:
     QString file() const override { return m_driver.path("top.fcf"); }
@@ -72,9 +80,8 @@ public:
     {
         ArchivePlan plan(m_bench.design(), ArchivePlan::Items(QFlag(0x1B)));
         plan.setDescription("design.json", QByteArray::number(m_version));
-        ArchiveJob job({plan, ArchiveFormat::Zip, file(), folder(), true});
-        job.start();
-        job.wait();
+        ArchiveInThisThread job({plan, ArchiveFormat::Zip, file(), folder(), true});
+        job.run();
         return job.outcome() == ArchiveJob::Written ? QString() : job.error() + '.';
     }
 
