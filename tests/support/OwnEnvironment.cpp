@@ -1,5 +1,6 @@
 // Linked into every test program: however it is started, it runs without a screen, in a locale that
-// does not depend on the machine, and with settings of its own, which go when it ends.
+// does not depend on the machine, with settings of its own, which go when it ends, and with time
+// enough.
 
 #include <QTemporaryDir>
 #include <QtGlobal>
@@ -16,6 +17,10 @@ public:
         if (!qEnvironmentVariableIsSet("LC_ALL"))
             qputenv("LC_ALL", "C.UTF-8");
         qunsetenv("LANGUAGE");
+        // With sanitizers on a busy machine one function can take minutes. What hangs is ended,
+        // with its stack, shortly before ctest would end it.
+        if (!qEnvironmentVariableIsSet("QTEST_FUNCTION_TIMEOUT"))
+            qputenv("QTEST_FUNCTION_TIMEOUT", "800000");
     }
 
 private:
