@@ -45,6 +45,14 @@ function(zorv_plain_target target)
     zorv_warnings(${target})
 endfunction()
 
+# Has the headers read once for all files of a target: each then compiles in half the time. The packages
+# and clang-tidy's build, which have no tests, read them for each file, and so find a missing include.
+function(zorv_precompile target)
+    if(BUILD_TESTING AND ZORV_QT EQUAL 5)
+        target_precompile_headers(${target} PRIVATE ${ARGN})
+    endif()
+endfunction()
+
 function(zorv_warnings target)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
 endfunction()
