@@ -290,9 +290,6 @@ void LifeCycleTest::keepsItsMemoryOverManyBuilds()
 
 int main(int argc, char** argv)
 {
-    // Many rounds take longer than a test usually may.
-    if (qEnvironmentVariableIsSet("PELK_ROUNDS"))
-        qputenv("QTEST_FUNCTION_TIMEOUT", "86400000");
     QtilitiesApplication application(argc, argv);
     LifeCycleTest test;
     return QTest::qExec(&test, argc, argv);
