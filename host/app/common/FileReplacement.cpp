@@ -1,5 +1,6 @@
 #include "host/app/common/FileReplacement.h"
 
+#include "fcf/FcfDevice.h"
 #include "host/app/common/FileProblem.h"
 #include "host/app/common/HostError.h"
 
@@ -32,13 +33,9 @@ FileReplacement::FileReplacement(const QString& path) : m_file(path)
 
 void FileReplacement::write(const QByteArray& bytes)
 {
-    qint64 written = 0;
-    while (written < bytes.size()) {
-        const qint64 count = m_file.write(bytes.constData() + written, bytes.size() - written);
-        if (count <= 0)
-            fail(m_file.errorString());
-        written += count;
-    }
+    QString problem;
+    if (!FcfDevice::writeAll(&m_file, bytes, &problem))
+        fail(problem);
 }
 
 void FileReplacement::sync()
