@@ -1,6 +1,6 @@
 #include "host/app/DesignStorage.h"
 
-#include "fcf/FcfWriter.h"
+#include "fcf/FcfDevice.h"
 #include "host/app/common/FileProblem.h"
 #include "host/app/DesignDescription.h"
 #include "host/app/JsonNode.h"
@@ -112,7 +112,7 @@ bool DesignStorage::save(Design* design, QString* error)
     // Unbuffered: QSaveFile would not notice when the last of its buffer cannot be written.
     QString problem;
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) ||
-        !FcfWriter::writeAll(&file, bytes, &problem) || !file.commit()) {
+        !FcfDevice::writeAll(&file, bytes, &problem) || !file.commit()) {
         *error = fileProblem(path, problem.isEmpty() ? file.errorString() : problem);
         return false;
     }

@@ -134,21 +134,27 @@ void FaultyFilesTest::loadsNothingButAFile()
 
 void FaultyFilesTest::logsATextWithoutEnd_data()
 {
-    QTest::addColumn<int>("bytes");
+    QTest::addColumn<QByteArray>("rest");
     QTest::addColumn<QString>("reason");
-    QTest::newRow("a short one") << 100 << "it ends before the end mark of its text";
-    QTest::newRow("a long one")
-        << FcfReader::MaximumBytes + 1000
-        << "its text does not end within 16777216 bytes and 30000 functions";
+    const QByteArray header = "CI No: 1\nAuthor: a\nDate: d\nTime: t\nDescription: d\n---\n";
+    QTest::newRow("a short one") << QByteArray("CI No: 1\n")
+                                 << "it ends before the end mark of its text";
+    QTest::newRow("a long one") << QByteArray(FcfReader::MaximumBytes, 'x')
+                                << "its text does not end within 16777216 bytes";
+    QTest::newRow("a function name without end")
+        << header + QByteArray(FcfReader::MaximumFunctionBytes + 3000, 'n')
+        << "its functions do not end within 1048576 bytes";
+    QTest::newRow("a function too many")
+        << header + QByteArray("\n\n\n: ---\n").repeated(FcfReader::MaximumFunctions + 1) + "----\n"
+        << "it has more than 30000 functions";
 }
 
 void FaultyFilesTest::logsATextWithoutEnd()
 {
-    QFETCH(int, bytes);
+    QFETCH(QByteArray, rest);
     QFETCH(QString, reason);
-    QByteArray text = ForgedImage().preamble() + "\nFilename: top.fcf\n";
-    text += QByteArray(bytes - text.size(), 'x');
-    const QString path = m_driver->write("top.txt", text);
+    const QString path =
+        m_driver->write("top.txt", ForgedImage().preamble() + "\nFilename: top.fcf\n" + rest);
     m_driver->window()->setTxtFile(path);
     QCOMPARE(m_driver->text("StatusBar"), "<font color='red'>Loading " + path + " failed.</font>");
     QCOMPARE(m_driver->log(),

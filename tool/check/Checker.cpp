@@ -3,6 +3,7 @@
 #include "fcf/FcfLayout.h"
 #include "fcf/FcfTarget.h"
 #include "fcf/FcfWriter.h"
+#include "fcf/FormLimits.h"
 #include "tool/base/Text.h"
 #include "tool/build/Build.h"
 #include "tool/check/Findings.h"
@@ -119,12 +120,12 @@ void Checker::checkTexts(const FcfHeader& header, QTextCodec* codec) const
     // A reader has its limits too.
     if (excess > 0)
         return;
-    if (header.description.size() > FcfLayout::FormDescriptionLength)
+    if (header.description.size() > FormLimits::DescriptionLength)
         m_findings->warning(
             m_file, "description",
             QStringLiteral("has %1 characters: the generator window cuts it behind %2")
                 .arg(header.description.size())
-                .arg(FcfLayout::FormDescriptionLength));
+                .arg(FormLimits::DescriptionLength));
     for (const TextRules::Breach& breach :
          TextRules::unprintable(header) + TextRules::lostInForm(header, codec))
         m_findings->warning(fileOf(breach.field), breach.field, breach.reason);

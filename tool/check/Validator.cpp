@@ -100,11 +100,10 @@ void Validator::checkSizes(const FcfHeader& header, qint64 bytes) const
                 bytes == header.binFileSize ? "1 or more" : QString::number(bytes));
         return;
     }
-    FcfHeader sizes;
-    PelkFcfGeneratorFileInfo().measure(bytes, &sizes);
-    qint32 FcfHeader::*const fields[] = {&FcfHeader::totalPages, &FcfHeader::totalBlocks,
-                                         &FcfHeader::totalSize,  &FcfHeader::binPages,
-                                         &FcfHeader::binBlocks,  &FcfHeader::binFileSize};
+    const FcfSizes sizes = PelkFcfGeneratorFileInfo().measure(bytes);
+    qint32 FcfSizes::*const fields[] = {&FcfSizes::totalPages, &FcfSizes::totalBlocks,
+                                        &FcfSizes::totalSize,  &FcfSizes::binPages,
+                                        &FcfSizes::binBlocks,  &FcfSizes::binFileSize};
     for (const auto field : fields) {
         if (header.*field != sizes.*field)
             invalid(field, header,

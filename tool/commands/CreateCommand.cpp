@@ -169,7 +169,7 @@ FcfHeader CreateCommand::header(const Build& build, qint64 binaryBytes, const QS
                                 Task* task) const
 {
     FcfHeader header;
-    PelkFcfGeneratorFileInfo().measure(binaryBytes, &header);
+    header.setSizes(PelkFcfGeneratorFileInfo().measure(binaryBytes));
     build.describe(&header);
     header.fileName = imageName;
     m_build.stamp(&header, task);

@@ -1,6 +1,6 @@
 #include "tool/files/Copy.h"
 
-#include "fcf/FcfWriter.h"
+#include "fcf/FcfDevice.h"
 #include "tool/files/InputFile.h"
 
 #include <algorithm>
@@ -45,7 +45,7 @@ Status readParts(const Region& region, Take take)
 FileSystem::OrReason<void> writeAll(QIODevice* device, const QByteArray& bytes)
 {
     QString error;
-    if (FcfWriter::writeAll(device, bytes, &error))
+    if (FcfDevice::writeAll(device, bytes, &error))
         return {};
     return tl::make_unexpected(error);
 }
