@@ -60,7 +60,7 @@ const int MaximumBytes = 32 * 1024;
 
 /// Reads from the current position of \p device, an image or a companion; the payload is left
 /// alone. A device that cannot be read counts as one that ends. Texts are decoded with \p codec,
-/// which stays the caller's; null means the locale's.
+/// null means the locale's. Not owned.
 FcfExactReading read(QIODevice* device, QTextCodec* codec = nullptr);
 
 } // namespace FcfExactReader

@@ -24,9 +24,6 @@ const quint32 ReservedWord = 0xFFFFFFFFu;
 /// Bytes before the line feed that ends the preamble.
 const int PreambleBytes = (NumberCount + ReservedWordCount) * WordBytes;
 
-/// UTF-16 units of a description that a form takes; a file may have more.
-const int FormDescriptionLength = 1000;
-
 /// What one more filler unit is written as: three characters, through the codec of the text.
 const ushort FillerUnit[] = {0x00EF, 0x00BF, 0x00BD};
 const int FillerUnitLength = 3;

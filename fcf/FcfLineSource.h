@@ -13,7 +13,7 @@ public:
     /// What ends a line, and is left out of it.
     enum LineEnd { LineFeed, LineFeedWithOrWithoutReturn };
 
-    /// Neither \p device nor \p codec becomes the source's own; a null codec means the locale's.
+    /// A null \p codec means the locale's. Neither is owned.
     FcfLineSource(QIODevice* device, QTextCodec* codec, int maximumBytes, LineEnd lineEnd);
 
     /// The next big-endian 32-bit word, or 0 when fewer than its four bytes are left.
@@ -26,8 +26,12 @@ public:
     /// Whether the last takeLine() found no line.
     bool isAtEnd() const { return m_isAtEnd; }
 
-    /// From now on at most \p bytes more are read from the device.
+    /// Bytes that may still be read from the device. At 0, the end is that of the bound.
+    int allowance() const { return m_allowance; }
     void limitTo(int bytes) { m_allowance = qMin(m_allowance, bytes); }
+
+    /// Whether the device could not be read, in place of ending.
+    bool hasFailed() const { return m_hasFailed; }
 
     /// Bytes taken so far, line ends included.
     int position() const { return m_dropped + m_position; }
@@ -51,6 +55,7 @@ private:
     int m_position;
     LineEnd m_lineEnd;
     bool m_isAtEnd;
+    bool m_hasFailed;
     int m_lineOffset;
     bool m_lineIsEnded;
     bool m_lineIsDecodable;

@@ -1,5 +1,6 @@
 #include "generator/FcfOutput.h"
 
+#include "fcf/FcfDevice.h"
 #include "fcf/FcfLayout.h"
 #include "fcf/FcfWriter.h"
 #include "fcf/PayloadCopy.h"
@@ -123,7 +124,7 @@ bool FcfOutput::writeHeader(Page* page, const QByteArray& header)
 bool FcfOutput::append(Page* page, const QByteArray& bytes)
 {
     QString error;
-    if (!FcfWriter::writeAll(&page->file, bytes, &error))
+    if (!FcfDevice::writeAll(&page->file, bytes, &error))
         return fail(Failed, page->file, error);
     page->bytes += bytes.size();
     return true;

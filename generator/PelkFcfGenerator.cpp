@@ -140,7 +140,7 @@ void PelkFcfGenerator::setBinFile(const QString& path)
 void PelkFcfGenerator::displayBinFileSizeInfo(const QString& path)
 {
     const qint64 size = fileInfo->getFileSize(path);
-    fileInfo->measure(size, &m_sizes);
+    m_sizes = fileInfo->measure(size);
     ui->BinFileSize->setText(QString::number(size) + tr("  Bytes"));
     ui->BinFilePages->setText(QString::number(m_sizes.binPages) + tr(" Pages"));
     ui->BinFileBlocks->setText(QString::number(m_sizes.binBlocks) + tr(" blocks"));

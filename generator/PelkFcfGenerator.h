@@ -2,6 +2,7 @@
 #define GENERATOR_PELKFCFGENERATOR_H
 
 #include "fcf/FcfHeader.h"
+#include "fcf/FcfSizes.h"
 #include "generator/FcfClock.h"
 
 #include <QMainWindow>
@@ -140,8 +141,8 @@ private:
     /// Keeps its value over generations in which the device has no code of its own.
     qint32 deviceCode;
 
-    /// Its six sizes are those of the binary when it was last selected; nothing else is set.
-    FcfHeader m_sizes;
+    /// Those of the binary when it was last selected.
+    FcfSizes m_sizes;
 };
 
 #endif

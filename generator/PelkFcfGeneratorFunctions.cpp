@@ -2,7 +2,7 @@
 
 #include "generator/PelkFcfGenerator.h"
 
-#include "fcf/FcfLayout.h"
+#include "fcf/FormLimits.h"
 #include "generator/GeneratorDialogs.h"
 
 #include "ui_PelkFcfGenerator.h"
@@ -203,9 +203,9 @@ void PelkFcfGenerator::on_btnItsMe_clicked()
 void PelkFcfGenerator::DescriptionMemoExit()
 {
     const QString description = ui->DescriptionMemo->toPlainText();
-    if (description.length() <= FcfLayout::FormDescriptionLength)
+    if (description.length() <= FormLimits::DescriptionLength)
         return;
-    ui->DescriptionMemo->setPlainText(description.left(FcfLayout::FormDescriptionLength));
+    ui->DescriptionMemo->setPlainText(description.left(FormLimits::DescriptionLength));
     ui->DescriptionMemo->setFocus();
     GeneratorDialogs::inform(
         this, tr("The Description can not be more 1000 characters long The description is "

@@ -105,7 +105,8 @@ bool PelkFcfGenerator::writeHeaders(FcfOutput* output, const QString& imageName)
 
 FcfHeader PelkFcfGenerator::headerFromForm() const
 {
-    FcfHeader header = m_sizes;
+    FcfHeader header;
+    header.setSizes(m_sizes);
     header.moduleCode = moduleCode;
     header.deviceCode = deviceCode;
     header.configNumber = ui->ConfigComboBox->currentIndex() + 1;

@@ -2,8 +2,8 @@
 
 #include "generator/PelkFcfGenerator.h"
 
-#include "fcf/FcfLayout.h"
 #include "fcf/FcfReader.h"
+#include "fcf/FormLimits.h"
 #include "generator/DeletionHold.h"
 #include "generator/GeneratorDialogs.h"
 #include "generator/GeneratorLog.h"
@@ -26,8 +26,7 @@ namespace {
 /// than shows that the text is too long: a file may have millions of lines.
 void appendParagraphs(QTextEdit* memo, const QString& text)
 {
-    const QStringList lines =
-        text.left(FcfLayout::FormDescriptionLength + 1).split(QLatin1Char('\n'));
+    const QStringList lines = text.left(FormLimits::DescriptionLength + 1).split(QLatin1Char('\n'));
     QTextCursor cursor(memo->document());
     cursor.movePosition(QTextCursor::End);
     cursor.beginEditBlock();
@@ -37,6 +36,30 @@ void appendParagraphs(QTextEdit* memo, const QString& text)
         cursor.insertText(line);
     }
     cursor.endEditBlock();
+}
+
+/// Why \p reading, of \p device, is not complete.
+QString reasonOf(const FcfReading& reading, const QIODevice& device)
+{
+    switch (reading.outcome) {
+    case FcfReading::EndedEarly:
+        return PelkFcfGenerator::tr("it ends before the end mark of its text");
+    case FcfReading::ReadFailed:
+        return device.errorString();
+    case FcfReading::TooLong:
+        return PelkFcfGenerator::tr("its text does not end within %1 bytes")
+            .arg(FcfReader::MaximumBytes);
+    case FcfReading::FunctionsTooLong:
+        return PelkFcfGenerator::tr("its functions do not end within %1 bytes")
+            .arg(FcfReader::MaximumFunctionBytes);
+    case FcfReading::TooManyFunctions:
+        return PelkFcfGenerator::tr("it has more than %1 functions")
+            .arg(FcfReader::MaximumFunctions);
+    case FcfReading::NoFilenameLine:
+    case FcfReading::Complete:
+        break;
+    }
+    return QString();
 }
 
 /// The window itself says only that loading \p path has failed.
@@ -117,13 +140,9 @@ bool PelkFcfGenerator::readConfigFile(QString filename)
         return false;
     }
     showTexts(reading);
-    if (reading.outcome == FcfReading::EndedEarly) {
+    if (reading.outcome != FcfReading::Complete) {
         showLoadingFailed();
-        logLoadingFailed(filename,
-                         file.atEnd() ? tr("it ends before the end mark of its text")
-                                      : tr("its text does not end within %1 bytes and %2 functions")
-                                            .arg(FcfReader::MaximumBytes)
-                                            .arg(FcfReader::MaximumFunctions));
+        logLoadingFailed(filename, reasonOf(reading, file));
         return false;
     }
     showStatus(tr("<font color='green'>Loaded ") + ui->txtInputFile->text() +

@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>FcfDevice</name>
+    <message>
+        <source>the device takes no more bytes</source>
+        <translation>das Gerät nimmt keine weiteren Bytes an</translation>
+    </message>
+</context>
+<context>
     <name>FcfExactReader</name>
     <message>
         <source>a line feed</source>
@@ -33,13 +40,6 @@
     <message>
         <source>it has %1 bytes, but %2 were written</source>
         <translation>sie hat %1 Bytes, geschrieben wurden aber %2</translation>
-    </message>
-</context>
-<context>
-    <name>FcfWriter</name>
-    <message>
-        <source>the device takes no more bytes</source>
-        <translation>das Gerät nimmt keine weiteren Bytes an</translation>
     </message>
 </context>
 <context>
@@ -472,12 +472,20 @@
         <translation>Nummer des Konfigurationselements (CI) der Funktion, eine Zeile des Kopfes</translation>
     </message>
     <message>
-        <source>its text does not end within %1 bytes and %2 functions</source>
-        <translation>der Text endet nicht innerhalb von %1 Bytes und %2 Funktionen</translation>
-    </message>
-    <message>
         <source>it ends before the end mark of its text</source>
         <translation>sie endet vor der Endmarke ihres Textes</translation>
+    </message>
+    <message>
+        <source>its text does not end within %1 bytes</source>
+        <translation>der Text endet nicht innerhalb von %1 Bytes</translation>
+    </message>
+    <message>
+        <source>its functions do not end within %1 bytes</source>
+        <translation>die Funktionen enden nicht innerhalb von %1 Bytes</translation>
+    </message>
+    <message>
+        <source>it has more than %1 functions</source>
+        <translation>sie hat mehr als %1 Funktionen</translation>
     </message>
 </context>
 <context>

@@ -110,11 +110,10 @@ void FcfFileChecker::checkSizes(const FcfHeader& header, qint64 bytes) const
         return;
     }
 
-    FcfHeader sizes;
-    PelkFcfGeneratorFileInfo().measure(bytes, &sizes);
-    qint32 FcfHeader::*const fields[] = {&FcfHeader::totalPages, &FcfHeader::totalBlocks,
-                                         &FcfHeader::totalSize,  &FcfHeader::binPages,
-                                         &FcfHeader::binBlocks,  &FcfHeader::binFileSize};
+    const FcfSizes sizes = PelkFcfGeneratorFileInfo().measure(bytes);
+    qint32 FcfSizes::*const fields[] = {&FcfSizes::totalPages, &FcfSizes::totalBlocks,
+                                        &FcfSizes::totalSize,  &FcfSizes::binPages,
+                                        &FcfSizes::binBlocks,  &FcfSizes::binFileSize};
     for (const auto field : fields) {
         if (header.*field != sizes.*field)
             invalid(field, header,

@@ -3,6 +3,7 @@
 #include "fcf/FcfLayout.h"
 #include "fcf/FcfTarget.h"
 #include "fcf/FcfWriter.h"
+#include "fcf/FormLimits.h"
 #include "tool/base/Text.h"
 #include "tool/check/Findings.h"
 #include "tool/check/TextRules.h"
@@ -157,12 +158,12 @@ bool NewImageChecker::checkLength(const FcfHeader& header, QTextCodec* codec) co
 /// Warns of texts that people or the generator window do not see as they are.
 void NewImageChecker::checkReaders(const FcfHeader& header, QTextCodec* codec) const
 {
-    if (header.description.size() > FcfLayout::FormDescriptionLength)
+    if (header.description.size() > FormLimits::DescriptionLength)
         m_findings->warning(
             m_file, "description",
             QStringLiteral("has %1 characters: the generator window cuts it behind %2")
                 .arg(header.description.size())
-                .arg(FcfLayout::FormDescriptionLength));
+                .arg(FormLimits::DescriptionLength));
 
     const auto breaches = TextRules::unprintable(header) + TextRules::lostInForm(header, codec);
     for (const TextRules::Breach& breach : breaches)

@@ -207,7 +207,7 @@ FcfHeader CreateCommand::header(const Recipe& recipe, qint64 binaryBytes, const 
                                 Task* task) const
 {
     FcfHeader header;
-    PelkFcfGeneratorFileInfo().measure(binaryBytes, &header);
+    header.setSizes(PelkFcfGeneratorFileInfo().measure(binaryBytes));
     recipe.fill(&header);
     header.fileName = imageName;
     m_timestamp.stamp(&header, task);

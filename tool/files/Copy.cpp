@@ -1,6 +1,6 @@
 #include "tool/files/Copy.h"
 
-#include "fcf/FcfWriter.h"
+#include "fcf/FcfDevice.h"
 #include "tool/files/InputFile.h"
 
 namespace {
@@ -40,7 +40,7 @@ Status copyToEnd(const Region& region, QIODevice* output, const QString& label,
 FileSystem::OrReason<void> writeBytes(QIODevice* device, const QByteArray& bytes)
 {
     QString error;
-    if (FcfWriter::writeAll(device, bytes, &error))
+    if (FcfDevice::writeAll(device, bytes, &error))
         return {};
     return tl::make_unexpected(error);
 }
