@@ -1,6 +1,7 @@
 #ifndef GENERATOR_FORMFIT_H
 #define GENERATOR_FORMFIT_H
 
+#include <QEvent>
 #include <QList>
 #include <QMap>
 #include <QObject>
@@ -17,14 +18,17 @@ class FormFit : public QObject {
     Q_OBJECT
 
 public:
-    /// \p window owns the object. \p bodies are the parts of the form that are folded by hiding.
+    /// Owned by \p window. \p bodies are the parts of the form that are folded by hiding.
     FormFit(QMainWindow* window, QScrollArea* area, const QList<QWidget*>& bodies);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void handleWindowEvent(QEvent::Type type);
+    void handleBodyEvent(QWidget* body, QEvent::Type type);
     void growWide();
     void grow();
+    void moveUp();
     void shrink(int height);
     /// What folding \p body no longer needs: where the form is scrolled, less than its height.
     int spareHeight(const QWidget* body) const;

@@ -127,6 +127,7 @@ private:
     void showGenerated(const QStringList& files);
     void showGenerationFailed();
     void reportFailure(FcfOutput* output);
+    static void removeFiles(FcfOutput* output);
     void warnOfOtherSize(const QString& binPath, qint64 payloadBytes) const;
 
     QScopedPointer<Ui_PelkFcfGenerator> ui;

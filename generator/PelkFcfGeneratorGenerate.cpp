@@ -149,10 +149,7 @@ void PelkFcfGenerator::reportFailure(FcfOutput* output)
         break;
     case FcfOutput::HeaderTooLarge:
         GeneratorDialogs::inform(this, tr("The file Size is too large please change some fields"));
-        if (!output->removeFiles())
-            GeneratorLog::write(
-                Logger::Error,
-                tr("\"%1\" cannot be deleted: %2.").arg(output->path(), output->reason()));
+        removeFiles(output);
         break;
     case FcfOutput::Failed:
         GeneratorLog::write(
@@ -162,6 +159,14 @@ void PelkFcfGenerator::reportFailure(FcfOutput* output)
         break;
     }
     showGenerationFailed();
+}
+
+void PelkFcfGenerator::removeFiles(FcfOutput* output)
+{
+    const QList<FcfOutput::Remaining> remaining = output->removeFiles();
+    for (const FcfOutput::Remaining& file : remaining)
+        GeneratorLog::write(Logger::Error,
+                            tr("\"%1\" cannot be deleted: %2.").arg(file.path, file.reason));
 }
 
 void PelkFcfGenerator::warnOfOtherSize(const QString& binPath, qint64 payloadBytes) const
