@@ -46,7 +46,7 @@ QString twoDigits(int number)
 
 } // namespace
 
-/// What the label of a package type means in a package's name.
+/// A package type of the form, with its codes in the name of a package.
 struct ZORV_ArchiveConfigExtension::PackageType {
     const char* label;
     const char* packageCode;
@@ -54,7 +54,7 @@ struct ZORV_ArchiveConfigExtension::PackageType {
     DesignTypes ZORV_ArchiveConfigExtension::*designTypes;
 };
 
-/// In the order of the form.
+/// The package types, in the order of the form.
 const ZORV_ArchiveConfigExtension::PackageType ZORV_ArchiveConfigExtension::PackageTypes[] = {
     {"7010 (Firmware)", "7010", "FW", &ZORV_ArchiveConfigExtension::firmwareDesignTypes},
     {"7030 (Software)", "7030", "SW", &ZORV_ArchiveConfigExtension::softwareDesignTypes},
@@ -70,7 +70,7 @@ ZORV_ArchiveConfigExtension::ZORV_ArchiveConfigExtension(QWidget* parent)
         ui->cmbPackageType->addItem(QLatin1String(type.label));
     restorePackageType();
     handlePackageTypeChange();
-    // Only now, or filling the list would have overwritten the setting that was just read.
+    // Connected only now: filling the list would have overwritten the setting that was just read.
     connect(ui->cmbPackageType, SIGNAL(currentIndexChanged(QString)),
             SLOT(handlePackageTypeChange()));
 }
@@ -186,7 +186,7 @@ void ZORV_ArchiveConfigExtension::updatePackageName()
                               << number << QLatin1String("V") << major + QLatin1Char('_') + minor;
     destinationPath = folder + QLatin1Char('/') + parts.join(QLatin1String("-")) +
                       QLatin1Char('.') + archiveDialog->currentExtension();
-    // By its full name, for the constructor gets here too.
+    // By its full name, since the constructor comes here too.
     emit ZORV_ArchiveConfigExtension::destinationPathChanged(destinationPath);
 }
 

@@ -15,7 +15,7 @@ class IDesign;
 
 namespace ZORV_Plugin {
 
-// Under this name moc also has the interface's short name accepted in meta-casts.
+// By this name moc also has the interface's short name accepted in meta-casts.
 using OrvanticCore::Interfaces::IDesignArchiveExtension;
 
 /// The form in the host's archive dialog that names a configuration package, for example
@@ -42,7 +42,7 @@ public:
     QString archiveType() const override;
 
 Q_SIGNALS:
-    /// A package name was built; also sent when it is the same as before.
+    /// Sent whenever a package name was built, even the same as before.
     void destinationPathChanged(const QString& new_destination_path) override;
 
 public:

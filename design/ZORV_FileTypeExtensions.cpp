@@ -43,7 +43,8 @@ struct ZORV_FileTypeExtensionsData {
 
 namespace {
 
-/// Null unless exactly one design is open: with several it is not certain which one is meant.
+/// Returns the design that is open, or null for none and for several, where it is not certain which
+/// one is meant.
 IDesign* onlyDesign()
 {
     const QList<IDesign*> designs = DesignManager::instance()->designs();
@@ -56,13 +57,14 @@ bool belongsToFirmwareDesign(TreeFileItem* item)
     return file && file->design() && file->design()->typeName() == QLatin1String("Firmware Design");
 }
 
-/// A property that was added but never given a value is as good as absent.
+/// Returns whether \p property has a value. One that was added but never filled in counts as
+/// absent.
 bool hasValue(const QVariant& property)
 {
     return property.isValid() && !property.toString().isEmpty();
 }
 
-/// The node for bit-stream files, or null when the design has none.
+/// Returns the node for bit-stream files, or null when the design has none.
 const AbstractTreeItem* bitStreamNode(const IDesign* design)
 {
     const DesignStructure* const structure = design->structure();
@@ -76,7 +78,7 @@ const AbstractTreeItem* bitStreamNode(const IDesign* design)
     return structure->designNodeWithName(name, true);
 }
 
-/// One that is open already may be behind the host.
+/// Shows \p window, which may be open already behind the host.
 void bringToFront(QWidget* window)
 {
     window->show();
@@ -133,7 +135,7 @@ void logMessage(Logger::MessageType type, const QString& text)
     Logger::instance()->logPriorityMessage(QString(), type, text);
 }
 
-/// Adds the file at \p path to \p design. Null, and logged, when the design refuses it.
+/// Adds the file at \p path to \p design. Returns null, and logs why, when the design refuses it.
 DesignFile* addFile(IDesign* design, const QString& path)
 {
     QString error;
@@ -264,7 +266,7 @@ void ZORV_FileTypeExtensions::handleNewFilesCreated(QStringList created_files)
     if (!designGuard)
         return;
 
-    // Without a node no cycle was started: ending one would end another's.
+    // No cycle was started without a node: ending one would end another's.
     if (node)
         design->tree()->endProcessingCycle(true);
 

@@ -10,7 +10,7 @@ class PelkFcfGenerator;
 
 namespace ZORV_Plugin {
 
-// Under this name moc also has the interface's short name accepted in meta-casts.
+// By this name moc also has the interface's short name accepted in meta-casts.
 using OrvanticCore::Interfaces::IDesignViewExtensions;
 
 struct ZORV_FileTypeExtensionsData;

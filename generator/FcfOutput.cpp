@@ -12,7 +12,7 @@ namespace {
 // Unbuffered, so that the result of each write is known at once and not only on closing the file.
 const QIODevice::OpenMode Truncating =
     QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered;
-// Not for appending: the kernel copies to no file that is open so.
+// The kernel copies nothing to a file that is open for appending.
 const QIODevice::OpenMode Continuing = QIODevice::ReadWrite | QIODevice::Unbuffered;
 
 } // namespace

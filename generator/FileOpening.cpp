@@ -35,7 +35,7 @@ bool FileOpening::open(QFile* file, QIODevice::OpenMode mode, QString* reason)
     return false;
 }
 
-/// Why \p file is not opened in \p mode; empty if it may be.
+/// Returns why \p file is not opened in \p mode, or an empty text.
 QString FileOpening::refusal(const QFile& file, QIODevice::OpenMode mode)
 {
     if (isPipe(file))

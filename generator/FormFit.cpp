@@ -9,7 +9,8 @@
 
 namespace {
 
-/// What a desktop draws around a window. Before the window is shown it is not known.
+/// The usual height of the frame that a desktop draws around a window. The real one is known only
+/// once the window is shown.
 const int FrameHeight = 36;
 
 /// Updates the layouts from \p widget up to \p top, which otherwise wait for the event loop.

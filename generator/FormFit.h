@@ -30,15 +30,15 @@ private:
     void grow();
     void moveUp();
     void shrink(int height);
-    /// What folding \p body no longer needs: where the form is scrolled, less than its height.
+    /// The height that is free once \p body is folded: its own, less what was scrolled out of view.
     int spareHeight(const QWidget* body) const;
-    /// Without the frame.
+    /// The size that the window may have on its screen, without the frame.
     QSize availableSize() const;
 
     QMainWindow* m_window;
     QScrollArea* m_area;
     bool m_wasShown;
-    /// How much the window grew when a body was unfolded.
+    /// The height by which the window grew when a body was unfolded.
     QMap<QWidget*, int> m_grown;
 };
 

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Where each text of a function is among its entries of the flat list.
+/// The place of each text among the entries that a function has in the flat list.
 enum Entry { NameEntry, AuthorEntry, DescriptionEntry, CiNumberEntry, EntryCount };
 
 const char* const DefaultText = "0000";

@@ -129,7 +129,7 @@ void PelkFcfGenerator::showTotals()
 
 void PelkFcfGenerator::showGenerated(const QStringList& files)
 {
-    // Who takes the files may let events run, and the user close the window in one of them.
+    // A receiver of the signal may let events run, and the user may close the window meanwhile.
     const DeletionHold hold(this);
     emit newFilesCreated(files);
     showStatus(tr("<font color='green'>Successfully generated output files.</font>"));

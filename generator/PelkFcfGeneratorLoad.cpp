@@ -38,7 +38,7 @@ void appendParagraphs(QTextEdit* memo, const QString& text)
     cursor.endEditBlock();
 }
 
-/// Why \p reading, of \p device, is not complete.
+/// Returns why the \p reading of \p device is not complete.
 QString reasonOf(const FcfReading& reading, const QIODevice& device)
 {
     switch (reading.outcome) {
@@ -62,17 +62,17 @@ QString reasonOf(const FcfReading& reading, const QIODevice& device)
     return QString();
 }
 
-/// What a code of the header selects.
+/// A code of the header, and the index of what it selects.
 struct CodeIndex {
     qint32 code;
     int index;
 };
 
-// By index, not the inverse of the codes that are written: what a device code means depends on the
-// module, and module code 2 is that of two modules.
+// These are not the inverse of the codes that are written: what a device code means depends on the
+// module, and two modules have module code 2.
 const CodeIndex ModuleIndexes[] = {{1, 1}, {2, 0}};
 const CodeIndex DeviceIndexes[] = {{1, 0}, {2, 1}, {4, 2}};
-/// Of module code 2 only.
+/// Selected under module code 2 only.
 const CodeIndex FourthDevice = {8, 3};
 
 template <int Count>

@@ -7,9 +7,9 @@ class QString;
 
 namespace WordWrap {
 
-/// Where the lines of \p text are broken: between words. In a text with an endless word, as a
-/// damaged file has, anywhere: the time to find that no break fits grows with the square of its
-/// length.
+/// Returns how the lines of \p text are broken: between words, but anywhere in a text with an
+/// endless word, as a damaged file has. The time to find that no break fits grows with the square
+/// of its length.
 QTextOption::WrapMode modeFor(const QString& text);
 
 } // namespace WordWrap
