@@ -46,7 +46,7 @@ public:
         auto page = m_findings.valueOf(HeaderPage::read(m_file, m_codec, ExitCode::NotValid));
         if (page && m_findings.accept(page->measure(m_file)))
             addPayload(*page);
-        // Such as a page of 2114 bytes, which many images have.
+        // Notes are about what is allowed, such as a page of 2114 bytes.
         m_findings.dropNotes();
         for (Finding finding : m_findings.list()) {
             finding.file.clear();
@@ -127,7 +127,7 @@ ImageReport ImageReport::of(const QString& path)
 {
     ImageReport report;
     report.rows << qMakePair(Texts::tr("File"), QDir::toNativeSeparators(path));
-    // To open a pipe would wait for another program, and the host with it.
+    // A pipe would block the host until another program writes to it.
     if (QFileInfo::exists(path) && !QFileInfo(path).isFile()) {
         report.findings << Texts::tr("This is not a file.");
         return report;

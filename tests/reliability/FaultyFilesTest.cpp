@@ -11,6 +11,7 @@
 #include "host/app/archive/ArchiveWriter.h"
 #include "host/app/DesignStorage.h"
 #include "host/app/ImageInspector.h"
+#include "host/HostErrorOf.h"
 
 #include <OrvanticCore/Design.h>
 
@@ -291,8 +292,7 @@ void FaultyFilesTest::opensNoDesignWithoutAFile()
 {
     QFETCH(Place, place);
     place(m_driver->path("design.json"));
-    QString error;
-    QVERIFY(!DesignStorage::load(m_driver->path(""), &error));
+    const QString error = hostErrorOf([this] { DesignStorage::load(m_driver->path("")); });
     QVERIFY2(error.contains("design.json: "), qPrintable(error));
     QVERIFY2(!error.contains("Unknown error"), qPrintable(error));
 }
@@ -301,8 +301,7 @@ void FaultyFilesTest::opensNoDesignOfOneGibibyte()
 {
     const QString path = m_driver->write("design.json", "{");
     QVERIFY(QFile::resize(path, 1LL << 30));
-    QString error;
-    QVERIFY(!DesignStorage::load(m_driver->path(""), &error));
+    const QString error = hostErrorOf([this] { DesignStorage::load(m_driver->path("")); });
     QVERIFY2(error.endsWith("it is too large: 1073741824 bytes"), qPrintable(error));
 }
 
@@ -325,11 +324,10 @@ void FaultyFilesTest::savesADesignInPlaceOfWhatIsThere()
     QVERIFY(QDir().mkpath(folder));
     place(folder + "/design.json");
     OrvanticCore::Design design(folder, "Firmware Design");
-    QString error;
-    QCOMPARE(DesignStorage::save(&design, &error), isSaved);
+    const QString error = hostErrorOf([&design] { DesignStorage::save(&design); });
     QCOMPARE(error.isEmpty(), isSaved);
     if (isSaved)
-        QVERIFY2(DesignStorage::load(folder, &error), qPrintable(error));
+        DesignStorage::load(folder);
     else
         QVERIFY(!QFileInfo(folder + "/design.json").isFile());
 }
@@ -348,7 +346,7 @@ void FaultyFilesTest::archivesNothingButAFile()
     try {
         writer.add(member, [](qint64) {});
         QFAIL("it was archived");
-    } catch (const ArchiveError& error) {
+    } catch (const HostError& error) {
         QVERIFY2(error.text().contains(member.source), qPrintable(error.text()));
         QVERIFY2(!error.text().contains("Unknown error"), qPrintable(error.text()));
     }
