@@ -23,11 +23,11 @@ function(zorv_product_target target)
     zorv_warnings(${target})
 endfunction()
 
-option(PELK_COVERAGE "Count which lines and branches of what runs in the host are reached" OFF)
+option(ZORV_COVERAGE "Count which lines and branches of what runs in the host are reached" OFF)
 
 # Has the lines and branches of a product target counted, for scripts/coverage.
 function(zorv_counted_target target)
-    if(PELK_COVERAGE)
+    if(ZORV_COVERAGE)
         target_compile_options(${target} PRIVATE --coverage)
         target_link_options(${target} PUBLIC --coverage)
     endif()

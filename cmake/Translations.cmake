@@ -20,7 +20,7 @@ function(zorv_embed_catalogue target name)
     set(resources "${CMAKE_CURRENT_BINARY_DIR}/${name}_translations.qrc")
     if(ZORV_PSEUDO_TRANSLATION)
         set(longer "${CMAKE_CURRENT_BINARY_DIR}/${name}_pseudo.ts")
-        set(script "${PROJECT_SOURCE_DIR}/scripts/pseudo-translation")
+        set(script "${PROJECT_SOURCE_DIR}/cmake/pseudo-translation")
         add_custom_command(
             OUTPUT "${longer}"
             COMMAND "${script}" "${source}" "${longer}"

@@ -1,6 +1,8 @@
 #ifndef FCF_FCFHEADER_H
 #define FCF_FCFHEADER_H
 
+#include "fcf/FcfSizes.h"
+
 #include <QDateTime>
 #include <QString>
 #include <QtGlobal>
@@ -21,13 +23,7 @@ bool operator!=(const FcfFunction& left, const FcfFunction& right);
 ///
 /// The numbers are whatever the file or the form had; nothing here checks them. FcfLayout says
 /// where each field is in the page, in which unit and what it means.
-struct FcfHeader {
-    qint32 totalPages = 0;
-    qint32 totalBlocks = 0;
-    qint32 totalSize = 0;
-    qint32 binPages = 0;
-    qint32 binBlocks = 0;
-    qint32 binFileSize = 0;
+struct FcfHeader : FcfSizes {
     qint32 moduleCode = 0;
     qint32 deviceCode = 0;
     qint32 configNumber = 0;
@@ -41,6 +37,8 @@ struct FcfHeader {
     QString time;
     QString description;
     QVector<FcfFunction> functions;
+
+    void setSizes(const FcfSizes& sizes) { FcfSizes::operator=(sizes); }
 
     /// Sets `date` in the system locale's short format and `time` as hours, minutes and seconds.
     void stamp(const QDateTime& moment);

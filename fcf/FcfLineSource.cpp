@@ -8,7 +8,7 @@
 
 namespace {
 
-/// What the text of a header may take up at most: a payload behind it is not touched.
+/// Bytes read from the device at a time. No more than a page, since a payload may follow it.
 const int FetchBytes = FcfLayout::PageBytes;
 
 } // namespace
@@ -17,7 +17,7 @@ FcfLineSource::FcfLineSource(QIODevice* device, QTextCodec* codec, int maximumBy
                              LineEnd lineEnd)
     : m_device(device), m_codec(codec ? codec : QTextCodec::codecForLocale()),
       m_allowance(maximumBytes), m_dropped(0), m_position(0), m_lineEnd(lineEnd), m_isAtEnd(false),
-      m_lineOffset(0), m_lineIsEnded(false), m_lineIsDecodable(true)
+      m_hasFailed(false), m_lineOffset(0), m_lineIsEnded(false), m_lineIsDecodable(true)
 {
 }
 
@@ -29,6 +29,7 @@ qint32 FcfLineSource::takeWord()
         m_position = m_bytes.size();
         return 0;
     }
+
     const uchar* const word = reinterpret_cast<const uchar*>(m_bytes.constData()) + m_position;
     m_position += FcfLayout::WordBytes;
     return qFromBigEndian<qint32>(word);
@@ -44,6 +45,7 @@ QString FcfLineSource::takeLine()
             break;
         end = m_bytes.indexOf('\n', searched);
     }
+
     m_lineIsEnded = end >= 0;
     if (!m_lineIsEnded) {
         end = m_bytes.size();
@@ -51,16 +53,19 @@ QString FcfLineSource::takeLine()
         if (m_isAtEnd)
             return QString();
     }
+
     int length = end - m_position;
     if (m_lineIsEnded && m_lineEnd == LineFeedWithOrWithoutReturn && length > 0 &&
         m_bytes.at(end - 1) == '\r')
         --length;
+
     if (length == 0) {
         // A codec takes longer to convert nothing, and a hostile text has millions of empty lines.
         m_lineIsDecodable = true;
         m_position = m_lineIsEnded ? end + 1 : end;
         return QString();
     }
+
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
     QString line = m_codec->toUnicode(m_bytes.constData() + m_position, length, &state);
     m_lineIsDecodable = state.invalidChars == 0 && state.remainingChars == 0;
@@ -74,8 +79,16 @@ bool FcfLineSource::fetch()
     m_bytes.remove(0, m_position);
     m_dropped += m_position;
     m_position = 0;
-    const QByteArray more = m_device->read(qMin(FetchBytes, m_allowance));
+
+    QByteArray more(qMin(FetchBytes, m_allowance), Qt::Uninitialized);
+    const qint64 count = m_device->read(more.data(), more.size());
+    if (count < 0)
+        m_hasFailed = true;
+    if (count <= 0)
+        return false;
+
+    more.truncate(static_cast<int>(count));
     m_allowance -= more.size();
     m_bytes += more;
-    return !more.isEmpty();
+    return true;
 }

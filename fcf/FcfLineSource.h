@@ -10,10 +10,10 @@ class QTextCodec;
 /// Reads a device's first bytes as words and lines, and never more than a given number.
 class FcfLineSource {
 public:
-    /// What ends a line, and is left out of it.
+    /// The mark that ends a line. It is not part of the line.
     enum LineEnd { LineFeed, LineFeedWithOrWithoutReturn };
 
-    /// Neither \p device nor \p codec becomes the source's own; a null codec means the locale's.
+    /// A null \p codec means the locale's. Neither is owned.
     FcfLineSource(QIODevice* device, QTextCodec* codec, int maximumBytes, LineEnd lineEnd);
 
     /// The next big-endian 32-bit word, or 0 when fewer than its four bytes are left.
@@ -26,15 +26,20 @@ public:
     /// Whether the last takeLine() found no line.
     bool isAtEnd() const { return m_isAtEnd; }
 
-    /// From now on at most \p bytes more are read from the device.
+    /// Bytes that may still be read from the device. At 0, the end is that of the bound.
+    int allowance() const { return m_allowance; }
     void limitTo(int bytes) { m_allowance = qMin(m_allowance, bytes); }
+
+    /// Whether the device could not be read, in place of ending.
+    bool hasFailed() const { return m_hasFailed; }
 
     /// Bytes taken so far, line ends included.
     int position() const { return m_dropped + m_position; }
 
-    /// Of the line taken last: its offset in bytes from the first byte read, whether its end was
-    /// there, and whether the codec could decode all of it.
+    /// The offset of the line taken last, in bytes from the first byte read.
     int lineOffset() const { return m_lineOffset; }
+
+    /// Whether the end of that line was there, and whether the codec could decode all of it.
     bool lineIsEnded() const { return m_lineIsEnded; }
     bool lineIsDecodable() const { return m_lineIsDecodable; }
 
@@ -44,13 +49,14 @@ private:
     QIODevice* m_device;
     QTextCodec* m_codec;
     int m_allowance;
-    /// What was fetched, but for the bytes before it that were taken and dropped. The position is
-    /// counted from its start.
+    /// The bytes fetched last. Those before them were taken and dropped; the position is counted
+    /// from the start of this one.
     QByteArray m_bytes;
     int m_dropped;
     int m_position;
     LineEnd m_lineEnd;
     bool m_isAtEnd;
+    bool m_hasFailed;
     int m_lineOffset;
     bool m_lineIsEnded;
     bool m_lineIsDecodable;

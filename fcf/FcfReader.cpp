@@ -5,8 +5,8 @@
 
 namespace {
 
-/// What is between the first and the second \p separator of \p line. Works in place: a line may be
-/// long.
+/// Returns the piece between the first and the second \p separator of \p line. It is cut out in
+/// place, since a line may be long.
 QString valueAt(const char* separator, QString line)
 {
     const QLatin1String mark(separator);
@@ -21,6 +21,14 @@ QString valueAt(const char* separator, QString line)
 bool endsRecord(const QString& line) { return line.contains(QLatin1String(FcfLayout::RecordEnd)); }
 
 bool endsText(const QString& line) { return line.contains(QLatin1String(FcfLayout::TextEnd)); }
+
+/// Returns why \p source has no further line.
+FcfReading::Outcome endOf(const FcfLineSource& source, FcfReading::Outcome atBound)
+{
+    if (source.hasFailed())
+        return FcfReading::ReadFailed;
+    return source.allowance() == 0 ? atBound : FcfReading::EndedEarly;
+}
 
 /// Reads the lines of the header up to and including its end mark. Returns false where the text
 /// ends before it.
@@ -64,19 +72,40 @@ bool readFunction(const QString& firstLine, FcfLineSource* source, FcfFunction* 
     return true;
 }
 
-bool readFunctions(FcfLineSource* source, QVector<FcfFunction>* functions)
+FcfReading::Outcome readFunctions(FcfLineSource* source, QVector<FcfFunction>* functions)
 {
+    const FcfReading::Outcome atBound = source->allowance() > FcfReader::MaximumFunctionBytes
+                                            ? FcfReading::FunctionsTooLong
+                                            : FcfReading::TooLong;
     source->limitTo(FcfReader::MaximumFunctionBytes);
+
     QString line = source->takeLine();
     while (!endsText(line)) {
-        if (source->isAtEnd() || functions->size() == FcfReader::MaximumFunctions)
-            return false;
+        if (source->isAtEnd())
+            return endOf(*source, atBound);
+        if (functions->size() == FcfReader::MaximumFunctions)
+            return FcfReading::TooManyFunctions;
+
         functions->append(FcfFunction());
         if (!readFunction(line, source, &functions->last()))
-            return false;
+            return endOf(*source, atBound);
         line = source->takeLine();
     }
-    return true;
+    return FcfReading::Complete;
+}
+
+FcfReading::Outcome readText(FcfLineSource* source, FcfReading* reading)
+{
+    // The reserved words, up to the line feed that ends the preamble.
+    source->takeLine();
+
+    const QString firstLine = source->takeLine();
+    if (!firstLine.contains(QLatin1String(FcfLayout::FirstLineKeyword)))
+        return FcfReading::NoFilenameLine;
+
+    if (!readHeader(firstLine, source, reading))
+        return endOf(*source, FcfReading::TooLong);
+    return readFunctions(source, &reading->header.functions);
 }
 
 } // namespace
@@ -87,16 +116,6 @@ FcfReading FcfReader::read(QIODevice* device, QTextCodec* codec)
     FcfLineSource source(device, codec, MaximumBytes, FcfLineSource::LineFeedWithOrWithoutReturn);
     for (const FcfLayout::NumberField& field : FcfLayout::Numbers)
         reading.header.*field.value = source.takeWord();
-
-    // The reserved words, up to the line feed that ends the preamble.
-    source.takeLine();
-    const QString firstLine = source.takeLine();
-    if (!firstLine.contains(QLatin1String(FcfLayout::FirstLineKeyword)))
-        reading.outcome = FcfReading::NoFilenameLine;
-    else if (readHeader(firstLine, &source, &reading) &&
-             readFunctions(&source, &reading.header.functions))
-        reading.outcome = FcfReading::Complete;
-    else
-        reading.outcome = FcfReading::EndedEarly;
+    reading.outcome = readText(&source, &reading);
     return reading;
 }

@@ -14,9 +14,20 @@ struct FcfReading {
         /// The first text line is not a header's, or there is none. Only the numbers are set, to 0
         /// where they were missing.
         NoFilenameLine,
-        /// The text ends, or passes the reader's bound, before its end mark. Texts not reached are
-        /// empty; a function that was begun is the last one.
-        EndedEarly
+
+        // The end mark was not reached. Texts that come after the place are empty; a function that
+        // was begun is the last one.
+
+        /// The device has no more bytes.
+        EndedEarly,
+        /// The device cannot be read any further; it has the reason.
+        ReadFailed,
+        /// There are more than FcfReader::MaximumBytes.
+        TooLong,
+        /// The functions take more than FcfReader::MaximumFunctionBytes.
+        FunctionsTooLong,
+        /// There are more than FcfReader::MaximumFunctions.
+        TooManyFunctions
     };
 
     Outcome outcome = EndedEarly;
@@ -29,16 +40,14 @@ struct FcfReading {
 /// at its second separator, and the lines of a function's description are joined.
 namespace FcfReader {
 
-/// What a hostile file can make the reader take, in bytes and functions. A text that has not ended
-/// by then counts as one without an end.
+/// What a hostile file can make the reader take, in bytes and functions.
 const int MaximumBytes = 16 * 1024 * 1024;
 /// A window shows all of every function, but only the start of the description before them.
 const int MaximumFunctionBytes = 1024 * 1024;
 const int MaximumFunctions = 30000;
 
 /// Reads from the current position of \p device, an image or a companion; the payload is left
-/// alone. A device that cannot be read counts as one that ends. Texts are decoded with \p codec,
-/// which stays the caller's; null means the locale's.
+/// alone. Texts are decoded with \p codec; null means the locale's. Neither is owned.
 FcfReading read(QIODevice* device, QTextCodec* codec = nullptr);
 
 } // namespace FcfReader

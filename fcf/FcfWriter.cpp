@@ -2,7 +2,6 @@
 
 #include "fcf/FcfLayout.h"
 
-#include <QIODevice>
 #include <QScopedPointer>
 #include <QtEndian>
 #include <QTextCodec>
@@ -49,13 +48,6 @@ QByteArray encode(QTextCodec* codec, const QString& text)
     return encoder->fromUnicode(text);
 }
 
-bool fail(QString* error, const QString& reason)
-{
-    if (error)
-        *error = reason;
-    return false;
-}
-
 } // namespace
 
 FcfWriter::FcfWriter(QTextCodec* codec) : m_codec(codec ? codec : QTextCodec::codecForLocale()) {}
@@ -79,18 +71,4 @@ QByteArray FcfWriter::fillerFor(int headerBytes) const
     if (missing <= 0 || unit.isEmpty())
         return QByteArray();
     return unit.repeated((missing + unit.size() - 1) / unit.size());
-}
-
-bool FcfWriter::writeAll(QIODevice* device, const QByteArray& bytes, QString* error)
-{
-    qint64 written = 0;
-    while (written < bytes.size()) {
-        const qint64 count = device->write(bytes.constData() + written, bytes.size() - written);
-        if (count < 0)
-            return fail(error, device->errorString());
-        if (count == 0)
-            return fail(error, tr("the device takes no more bytes"));
-        written += count;
-    }
-    return true;
 }

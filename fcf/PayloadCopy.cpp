@@ -1,6 +1,6 @@
 #include "fcf/PayloadCopy.h"
 
-#include "fcf/FcfWriter.h"
+#include "fcf/FcfDevice.h"
 
 #include <QByteArray>
 #include <QFile>
@@ -8,15 +8,14 @@
 #include <cerrno>
 
 #ifdef __linux__
-#include <fcntl.h>
 #include <unistd.h>
 #endif
 
 namespace {
 
-/// What is read at a time: it stays in the processor's cache until it is written.
+/// Bytes read at a time. They stay in the processor's cache until they are written.
 const int PieceBytes = 256 * 1024;
-/// What the kernel copies at a time, so that a person sees the progress.
+/// Bytes that the kernel copies at a time, so that a person sees the progress.
 const qint64 KernelPieceBytes = qint64(4) * 1024 * 1024;
 
 /// The file behind \p device if it is one that the kernel can copy from or to, else null.
@@ -24,18 +23,6 @@ QFile* fileOf(QIODevice* device)
 {
     QFile* const file = qobject_cast<QFile*>(device);
     return file && !file->isSequential() && file->handle() >= 0 ? file : nullptr;
-}
-
-/// The kernel copies to no file that is open for appending. The file was opened so by this process
-/// alone, so that nobody else notices the change.
-void endAppending(const QFile& file)
-{
-#ifdef __linux__
-    if ((file.openMode() & QIODevice::Append) == QIODevice::Append)
-        ::fcntl(file.handle(), F_SETFL, ::fcntl(file.handle(), F_GETFL) & ~O_APPEND);
-#else
-    Q_UNUSED(file)
-#endif
 }
 
 /// Copies up to \p bytes bytes and moves both offsets on. Returns how many, or -1 where the kernel
@@ -84,18 +71,21 @@ void PayloadCopy::copyInKernel(const Observer& observer)
     QFile* const to = fileOf(m_image);
     if (!from || !to || !to->flush())
         return;
-    endAppending(*to);
+
     qint64 fromOffset = from->pos();
     qint64 toOffset = to->pos();
     while (m_copied < m_bytes) {
-        const qint64 count = copyFileRange(*from, &fromOffset, *to, &toOffset,
-                                           qMin(KernelPieceBytes, m_bytes - m_copied));
+        const qint64 missing = m_bytes - m_copied;
+        const qint64 count =
+            copyFileRange(*from, &fromOffset, *to, &toOffset, qMin(KernelPieceBytes, missing));
         if (count <= 0)
             break;
+
         m_copied += count;
         if (observer)
             observer(nullptr, count);
     }
+
     from->seek(fromOffset);
     to->seek(toOffset);
 }
@@ -104,23 +94,26 @@ bool PayloadCopy::copyPieces(const Observer& observer)
 {
     if (m_copied == m_bytes)
         return true;
-    QByteArray piece(static_cast<int>(qMin<qint64>(PieceBytes, m_bytes)), Qt::Uninitialized);
+
+    QByteArray buffer(static_cast<int>(qMin<qint64>(PieceBytes, m_bytes)), Qt::Uninitialized);
     while (m_copied < m_bytes) {
-        const qint64 count =
-            m_payload->read(piece.data(), qMin<qint64>(piece.size(), m_bytes - m_copied));
+        const qint64 missing = m_bytes - m_copied;
+        const qint64 count = m_payload->read(buffer.data(), qMin<qint64>(buffer.size(), missing));
         if (count < 0)
             return fail(true, m_payload->errorString());
         if (count == 0)
             return fail(true,
                         tr("the payload ends after %1 of %2 bytes").arg(m_copied).arg(m_bytes));
+
+        const QByteArray piece =
+            QByteArray::fromRawData(buffer.constData(), static_cast<int>(count));
         QString error;
-        if (!FcfWriter::writeAll(
-                m_image, QByteArray::fromRawData(piece.constData(), static_cast<int>(count)),
-                &error))
+        if (!FcfDevice::writeAll(m_image, piece, &error))
             return fail(false, error);
+
         m_copied += count;
         if (observer)
-            observer(piece.constData(), count);
+            observer(buffer.constData(), count);
     }
     return true;
 }
@@ -132,7 +125,9 @@ bool PayloadCopy::checkEnd()
     const qint64 count = m_payload->read(&more, 1);
     if (count < 0)
         return fail(true, m_payload->errorString());
-    return count == 0 || fail(true, tr("the payload is longer than its %1 bytes").arg(m_bytes));
+    if (count > 0)
+        return fail(true, tr("the payload is longer than its %1 bytes").arg(m_bytes));
+    return true;
 }
 
 bool PayloadCopy::fail(bool isPayloadAtFault, const QString& error)

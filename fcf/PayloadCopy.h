@@ -12,7 +12,8 @@ class QIODevice;
 /// Copies a payload of known length from one device to another.
 ///
 /// Between two files the kernel copies, which saves moving each byte through the process. Where it
-/// refuses, or somebody wants to see the bytes, they are read and written in pieces.
+/// refuses, as for a file that is open for appending, or somebody wants to see the bytes, they are
+/// read and written in pieces.
 class PayloadCopy {
     Q_DECLARE_TR_FUNCTIONS(PayloadCopy)
 
@@ -27,8 +28,8 @@ public:
         Seen
     };
 
-    /// Copies \p bytes bytes from the current position of \p payload to that of \p image. Neither
-    /// becomes its own.
+    /// Copies \p bytes bytes from the current position of \p payload to that of \p image. Not
+    /// owned.
     PayloadCopy(QIODevice* payload, qint64 bytes, QIODevice* image);
 
     /// Returns false, with error(), when a device fails, and when the payload ends before its bytes

@@ -1,6 +1,5 @@
 #include "fcf/PelkFcfGeneratorFileInfo.h"
 
-#include "fcf/FcfHeader.h"
 #include "fcf/FcfLayout.h"
 
 #include <QFileInfo>
@@ -32,12 +31,15 @@ int PelkFcfGeneratorFileInfo::blocks(int bytes) const
     return pages <= FcfLayout::BlockPages ? 0 : pages / FcfLayout::BlockPages;
 }
 
-void PelkFcfGeneratorFileInfo::measure(qint64 binaryBytes, FcfHeader* header) const
+FcfSizes PelkFcfGeneratorFileInfo::measure(qint64 binaryBytes) const
 {
-    header->binFileSize = static_cast<qint32>(binaryBytes);
-    header->binPages = pages(header->binFileSize);
-    header->binBlocks = blocks(header->binFileSize);
-    header->totalSize = static_cast<qint32>(binaryBytes + FcfLayout::PageBytes);
-    header->totalPages = pages(header->totalSize);
-    header->totalBlocks = blocks(header->totalSize);
+    FcfSizes sizes;
+    sizes.binFileSize = static_cast<qint32>(binaryBytes);
+    sizes.binPages = pages(sizes.binFileSize);
+    sizes.binBlocks = blocks(sizes.binFileSize);
+
+    sizes.totalSize = static_cast<qint32>(binaryBytes + FcfLayout::PageBytes);
+    sizes.totalPages = pages(sizes.totalSize);
+    sizes.totalBlocks = blocks(sizes.totalSize);
+    return sizes;
 }

@@ -1,14 +1,14 @@
 #ifndef FCF_PELKFCFGENERATORFILEINFO_H
 #define FCF_PELKFCFGENERATORFILEINFO_H
 
+#include "fcf/FcfSizes.h"
+
 #include <QString>
 #include <QtGlobal>
 
-struct FcfHeader;
-
 /// Sizes in the units of the flash. Stateless.
 ///
-/// What fits in one block is given in pages alone, up to 64 of them; anything larger in whole
+/// A size of up to one block is given in pages alone, up to 64 of them; a larger one in whole
 /// blocks and the 0 to 63 pages left over. A page begun counts as a whole one.
 class PelkFcfGeneratorFileInfo {
 public:
@@ -21,9 +21,9 @@ public:
     /// The whole blocks of \p bytes; 0 up to and including one full block.
     int blocks(int bytes) const;
 
-    /// Sets the six sizes of \p header for a binary of \p binaryBytes bytes. A size field has 32
-    /// bits; what does not fit is cut off.
-    void measure(qint64 binaryBytes, FcfHeader* header) const;
+    /// The sizes of a header whose payload has \p binaryBytes bytes. Each has 32 bits; what does
+    /// not fit is cut off.
+    FcfSizes measure(qint64 binaryBytes) const;
 };
 
 #endif

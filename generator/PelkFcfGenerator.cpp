@@ -15,7 +15,7 @@ using QtCreatorUtilities::DetailsWidget;
 
 namespace {
 
-/// Of all windows, which it has no state of.
+/// One object for all windows, since it has no state.
 QScopedPointer<PelkFcfGeneratorFileInfo> fileInfo;
 
 /// Selects the item with exactly the text \p text; an unknown one changes nothing.
@@ -140,7 +140,7 @@ void PelkFcfGenerator::setBinFile(const QString& path)
 void PelkFcfGenerator::displayBinFileSizeInfo(const QString& path)
 {
     const qint64 size = fileInfo->getFileSize(path);
-    fileInfo->measure(size, &m_sizes);
+    m_sizes = fileInfo->measure(size);
     ui->BinFileSize->setText(QString::number(size) + tr("  Bytes"));
     ui->BinFilePages->setText(QString::number(m_sizes.binPages) + tr(" Pages"));
     ui->BinFileBlocks->setText(QString::number(m_sizes.binBlocks) + tr(" blocks"));

@@ -2,9 +2,10 @@
 
 #include "generator/PelkFcfGenerator.h"
 
-#include "fcf/FcfLayout.h"
 #include "fcf/FcfReader.h"
+#include "fcf/FormLimits.h"
 #include "generator/DeletionHold.h"
+#include "generator/FileOpening.h"
 #include "generator/GeneratorDialogs.h"
 #include "generator/GeneratorLog.h"
 
@@ -13,7 +14,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QTextBlock>
 #include <QTextCursor>
 
@@ -26,8 +26,7 @@ namespace {
 /// than shows that the text is too long: a file may have millions of lines.
 void appendParagraphs(QTextEdit* memo, const QString& text)
 {
-    const QStringList lines =
-        text.left(FcfLayout::FormDescriptionLength + 1).split(QLatin1Char('\n'));
+    const QStringList lines = text.left(FormLimits::DescriptionLength + 1).split(QLatin1Char('\n'));
     QTextCursor cursor(memo->document());
     cursor.movePosition(QTextCursor::End);
     cursor.beginEditBlock();
@@ -37,6 +36,61 @@ void appendParagraphs(QTextEdit* memo, const QString& text)
         cursor.insertText(line);
     }
     cursor.endEditBlock();
+}
+
+/// Returns why the \p reading of \p device is not complete.
+QString reasonOf(const FcfReading& reading, const QIODevice& device)
+{
+    switch (reading.outcome) {
+    case FcfReading::EndedEarly:
+        return PelkFcfGenerator::tr("it ends before the end mark of its text");
+    case FcfReading::ReadFailed:
+        return device.errorString();
+    case FcfReading::TooLong:
+        return PelkFcfGenerator::tr("its text does not end within %1 bytes")
+            .arg(FcfReader::MaximumBytes);
+    case FcfReading::FunctionsTooLong:
+        return PelkFcfGenerator::tr("its functions do not end within %1 bytes")
+            .arg(FcfReader::MaximumFunctionBytes);
+    case FcfReading::TooManyFunctions:
+        return PelkFcfGenerator::tr("it has more than %1 functions")
+            .arg(FcfReader::MaximumFunctions);
+    case FcfReading::NoFilenameLine:
+    case FcfReading::Complete:
+        break;
+    }
+    return QString();
+}
+
+/// A code of the header, and the index of what it selects.
+struct CodeIndex {
+    qint32 code;
+    int index;
+};
+
+// These are not the inverse of the codes that are written: what a device code means depends on the
+// module, and two modules have module code 2.
+const CodeIndex ModuleIndexes[] = {{1, 1}, {2, 0}};
+const CodeIndex DeviceIndexes[] = {{1, 0}, {2, 1}, {4, 2}};
+/// Selected under module code 2 only.
+const CodeIndex FourthDevice = {8, 3};
+
+template <int Count>
+int indexOf(qint32 code, const CodeIndex (&indexes)[Count])
+{
+    for (const CodeIndex& candidate : indexes) {
+        if (candidate.code == code)
+            return candidate.index;
+    }
+    return -1;
+}
+
+/// The device that \p header selects, or -1 when it leaves the device as it is.
+int deviceIndex(const FcfHeader& header)
+{
+    if (header.moduleCode == 2 && header.deviceCode == FourthDevice.code)
+        return FourthDevice.index;
+    return indexOf(header.deviceCode, DeviceIndexes);
 }
 
 /// The window itself says only that loading \p path has failed.
@@ -97,14 +151,15 @@ void PelkFcfGenerator::displayConfigFileInfo(QString file)
 bool PelkFcfGenerator::readConfigFile(QString filename)
 {
     functionsFieldSetNotEditable();
+
     QFile file(filename);
-    // To open a pipe would wait for another program, and the host with it.
-    const bool isNoFile = QFileInfo(file).exists() && !QFileInfo(file).isFile();
-    if (isNoFile || !file.open(QIODevice::ReadOnly)) {
+    QString reason;
+    if (!FileOpening::open(&file, QIODevice::ReadOnly, &reason)) {
         showLoadingFailed();
-        logLoadingFailed(filename, isNoFile ? tr("it is not a file") : file.errorString());
+        logLoadingFailed(filename, reason);
         return false;
     }
+
     functions.clear();
     ui->ModifyFunctionCheckBox->setEnabled(true);
 
@@ -116,16 +171,14 @@ bool PelkFcfGenerator::readConfigFile(QString filename)
                      "with this programme "));
         return false;
     }
+
     showTexts(reading);
-    if (reading.outcome == FcfReading::EndedEarly) {
+    if (reading.outcome != FcfReading::Complete) {
         showLoadingFailed();
-        logLoadingFailed(filename,
-                         file.atEnd() ? tr("it ends before the end mark of its text")
-                                      : tr("its text does not end within %1 bytes and %2 functions")
-                                            .arg(FcfReader::MaximumBytes)
-                                            .arg(FcfReader::MaximumFunctions));
+        logLoadingFailed(filename, reasonOf(reading, file));
         return false;
     }
+
     showStatus(tr("<font color='green'>Loaded ") + ui->txtInputFile->text() +
                tr(" successfully.</font>"));
     return true;
@@ -162,31 +215,12 @@ void PelkFcfGenerator::showNumbers(const FcfHeader& header)
 
 void PelkFcfGenerator::selectTarget(const FcfHeader& header)
 {
-    // By index, not the inverse of the codes that are written: what a device code means depends on
-    // the module, and module code 2 is that of two modules.
-    if (header.moduleCode == 1)
-        ui->ModuleComboBox->setCurrentIndex(1);
-    else if (header.moduleCode == 2)
-        ui->ModuleComboBox->setCurrentIndex(0);
-
-    if (header.moduleCode == 1 || header.moduleCode == 2) {
-        switch (header.deviceCode) {
-        case 1:
-            ui->FpgaComboBox->setCurrentIndex(0);
-            break;
-        case 2:
-            ui->FpgaComboBox->setCurrentIndex(1);
-            break;
-        case 4:
-            ui->FpgaComboBox->setCurrentIndex(2);
-            break;
-        case 8:
-            if (header.moduleCode == 2)
-                ui->FpgaComboBox->setCurrentIndex(3);
-            break;
-        default:
-            break;
-        }
+    const int module = indexOf(header.moduleCode, ModuleIndexes);
+    if (module >= 0) {
+        ui->ModuleComboBox->setCurrentIndex(module);
+        const int device = deviceIndex(header);
+        if (device >= 0)
+            ui->FpgaComboBox->setCurrentIndex(device);
     }
     ui->ConfigComboBox->setCurrentIndex(qMax(header.configNumber, 0) - 1);
 }

@@ -169,10 +169,6 @@
         <source>The file has come up meanwhile.</source>
         <translation>Die Datei ist inzwischen entstanden.</translation>
     </message>
-    <message>
-        <source>It is not a file.</source>
-        <translation>Es ist keine Datei.</translation>
-    </message>
 </context>
 <context>
     <name>ArchivePlan</name>
@@ -573,6 +569,28 @@ Soll sie ersetzt werden?</translation>
     </message>
 </context>
 <context>
+    <name>FileReplacement</name>
+    <message>
+        <source>It is not a file.</source>
+        <translation>Es ist keine Datei.</translation>
+    </message>
+</context>
+<context>
+    <name>GuideWindow</name>
+    <message>
+        <source>Guide</source>
+        <translation>Anleitung</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>Inhalt</translation>
+    </message>
+</context>
+<context>
     <name>HelpMenu</name>
     <message>
         <source>&amp;Guide</source>
@@ -585,18 +603,6 @@ Soll sie ersetzt werden?</translation>
     <message>
         <source>About &amp;Plug-ins</source>
         <translation>Über &amp;Plug-ins</translation>
-    </message>
-    <message>
-        <source>Guide</source>
-        <translation>Anleitung</translation>
-    </message>
-    <message>
-        <source>Back</source>
-        <translation>Zurück</translation>
-    </message>
-    <message>
-        <source>Contents</source>
-        <translation>Inhalt</translation>
     </message>
     <message>
         <source>About Pelk Design Host</source>

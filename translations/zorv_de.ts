@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>FcfDevice</name>
+    <message>
+        <source>the device takes no more bytes</source>
+        <translation>das Gerät nimmt keine weiteren Bytes an</translation>
+    </message>
+</context>
+<context>
     <name>FcfExactReader</name>
     <message>
         <source>a line feed</source>
@@ -27,19 +34,19 @@
         <translation>das Auffüllen fügt nichts hinzu</translation>
     </message>
     <message>
-        <source>it is a named pipe</source>
-        <translation>es ist eine benannte Pipe</translation>
-    </message>
-    <message>
         <source>it has %1 bytes, but %2 were written</source>
         <translation>sie hat %1 Bytes, geschrieben wurden aber %2</translation>
     </message>
 </context>
 <context>
-    <name>FcfWriter</name>
+    <name>FileOpening</name>
     <message>
-        <source>the device takes no more bytes</source>
-        <translation>das Gerät nimmt keine weiteren Bytes an</translation>
+        <source>it is a named pipe</source>
+        <translation>es ist eine benannte Pipe</translation>
+    </message>
+    <message>
+        <source>it is not a file</source>
+        <translation>es ist keine Datei</translation>
     </message>
 </context>
 <context>
@@ -252,10 +259,6 @@
         <translation>Leeren</translation>
     </message>
     <message>
-        <source>Pelk FCF Generator: </source>
-        <translation>Pelk FCF Generator: </translation>
-    </message>
-    <message>
         <source>&lt;b&gt;Functions In Build:&lt;/b&gt;</source>
         <translation>&lt;b&gt;Funktionen im Build:&lt;/b&gt;</translation>
     </message>
@@ -384,10 +387,6 @@
         <translation>Dokumente (*.txt)</translation>
     </message>
     <message>
-        <source>it is not a file</source>
-        <translation>es ist keine Datei</translation>
-    </message>
-    <message>
         <source>please select a correct text file,the selected file is not compartable with this programme </source>
         <translation>Bitte eine passende Textdatei auswählen. Die ausgewählte Datei ist mit diesem Programm nicht kompatibel.</translation>
     </message>
@@ -472,12 +471,24 @@
         <translation>Nummer des Konfigurationselements (CI) der Funktion, eine Zeile des Kopfes</translation>
     </message>
     <message>
-        <source>its text does not end within %1 bytes and %2 functions</source>
-        <translation>der Text endet nicht innerhalb von %1 Bytes und %2 Funktionen</translation>
-    </message>
-    <message>
         <source>it ends before the end mark of its text</source>
         <translation>sie endet vor der Endmarke ihres Textes</translation>
+    </message>
+    <message>
+        <source>its text does not end within %1 bytes</source>
+        <translation>der Text endet nicht innerhalb von %1 Bytes</translation>
+    </message>
+    <message>
+        <source>its functions do not end within %1 bytes</source>
+        <translation>die Funktionen enden nicht innerhalb von %1 Bytes</translation>
+    </message>
+    <message>
+        <source>it has more than %1 functions</source>
+        <translation>sie hat mehr als %1 Funktionen</translation>
+    </message>
+    <message>
+        <source>Pelk FCF Generator: %1</source>
+        <translation>Pelk FCF Generator: %1</translation>
     </message>
 </context>
 <context>

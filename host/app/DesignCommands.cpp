@@ -33,7 +33,7 @@ public:
 protected:
     void accept() override
     {
-        // A file dialog accepts no folder; being done with one does no more than that.
+        // A file dialog does not accept a folder, so that it is closed without asking it.
         if (DesignStorage::hasDescription(selectedFiles().value(0)))
             done(QDialog::Accepted);
         else
@@ -50,10 +50,12 @@ DesignCommands::DesignCommands(DesignSession* session, DesignView* view, ItemCom
 {
     addFileCommands();
     addEditCommands();
+
     Commands::menu("Design")->addSeparator();
     m_lock = Commands::add("Design.Locked", tr("&Locked"), QKeySequence("Ctrl+L"), this,
                            [this] { m_view->currentDesign()->setLocked(m_lock->isChecked()); });
     m_lock->setCheckable(true);
+
     toolBar->addActions({m_new, m_open, m_save});
     toolBar->addSeparator();
     toolBar->addActions({m_items->addFiles(), m_archive});
@@ -62,7 +64,7 @@ DesignCommands::DesignCommands(DesignSession* session, DesignView* view, ItemCom
         {m_items->addFiles(), m_archive, m_items->openFolder(), m_save, m_close});
 
     connect(view, &DesignView::currentItemChanged, this, &DesignCommands::refresh);
-    // The view reports the current item before the last design has left the model.
+    // The view reports its current item while the last design is still in the model.
     connect(view->model(), &QAbstractItemModel::rowsRemoved, this, &DesignCommands::refresh);
     connect(session, &DesignSession::opened, this, [this](const Design* design) {
         m_history->addStack(DesignHistory::of(design));
@@ -77,23 +79,28 @@ void DesignCommands::addFileCommands()
     m_new = Commands::add("File.NewDesign", tr("&New Design..."), QKeySequence::New, this,
                           [this] { m_session->make(QString()); });
     m_new->setIcon(Commands::icon(QStyle::SP_FileDialogNewFolder));
+
     m_open = Commands::add("File.OpenDesign", tr("&Open Design..."), QKeySequence::Open, this,
                            [this] { chooseDesign(); });
     m_open->setIcon(Commands::icon(QStyle::SP_DialogOpenButton));
-    // Of the window: the menus of the action manager outlive it.
+
+    // The menu belongs to the window, since the menus of the action manager outlive the window.
     m_recentMenu = new QMenu(tr("Open &Recent"), m_window);
     m_recentMenu->setObjectName("RecentDesignsMenu");
     Commands::menu("File")->addMenu(m_recentMenu);
     connect(Commands::menu("File"), &QMenu::aboutToShow, this, &DesignCommands::fillRecentMenu);
+
     m_reload = Commands::add("File.ReloadDesign", QString(), QKeySequence::Refresh, this,
                              [this] { m_session->reload(m_view->currentDesign()); });
     Commands::menu("File")->addSeparator();
     m_save = Commands::add("File.SaveDesign", QString(), QKeySequence::Save, this,
                            [this] { m_session->save(m_view->currentDesign()); });
     m_save->setIcon(Commands::icon(QStyle::SP_DialogSaveButton));
+
     m_archive = Commands::add("File.ArchiveDesign", QString(), QKeySequence("Ctrl+R"), this,
                               [this] { archiveCurrent(); });
     m_archive->setIcon(QIcon(":/icons/config_output_16x16.png"));
+
     m_close = Commands::add("File.CloseDesign", QString(), QKeySequence("Ctrl+W"), this,
                             [this] { m_session->close(m_view->currentDesign()); });
 }
@@ -104,10 +111,12 @@ void DesignCommands::addEditCommands()
     undo->setObjectName("Edit.Undo");
     undo->setShortcut(QKeySequence::Undo);
     undo->setIcon(Commands::icon(QStyle::SP_ArrowBack));
+
     QAction* const redo = m_history->createRedoAction(this, tr("&Redo"));
     redo->setObjectName("Edit.Redo");
     redo->setShortcuts(QKeySequence::Redo);
     redo->setIcon(Commands::icon(QStyle::SP_ArrowForward));
+
     Commands::menu("Edit")->addActions({undo, redo});
 }
 
@@ -115,17 +124,20 @@ void DesignCommands::refresh()
 {
     const Design* const design = m_view->currentDesign();
     const bool editable = design && !design->isLocked() && !design->isReadOnly();
+
     nameDesign(m_save, tr("&Save Design"), tr("&Save \"%1\""));
     nameDesign(m_reload, tr("Re&load Design"), tr("Re&load \"%1\""));
     nameDesign(m_archive, tr("&Archive Design..."), tr("&Archive \"%1\"..."));
     nameDesign(m_close, tr("&Close Design"), tr("&Close \"%1\""));
     nameDesign(m_lock, tr("&Locked"), tr("&Lock \"%1\""));
+
     m_save->setEnabled(design && !design->isReadOnly() && design->isModified());
     m_reload->setEnabled(design);
     m_archive->setEnabled(design);
     m_close->setEnabled(design);
     m_lock->setEnabled(design && !design->isReadOnly());
     m_lock->setChecked(design && design->isLocked());
+
     m_history->setActiveStack(editable ? DesignHistory::of(design) : nullptr);
     m_items->refresh();
 }
@@ -155,7 +167,7 @@ void DesignCommands::chooseDesign()
                             recent.isEmpty() ? QString() : QFileInfo(recent.first()).absolutePath(),
                             tr("Designs (design.json)"));
     dialog.setObjectName("OpenDesignDialog");
-    // The desktop's own dialog cannot take a folder and a file alike.
+    // The dialog of the desktop takes either a file or a folder, not both.
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setFileMode(QFileDialog::ExistingFile);
     if (dialog.exec() == QDialog::Accepted)

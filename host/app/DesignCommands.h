@@ -22,9 +22,9 @@ class DesignCommands : public QObject {
     Q_OBJECT
 
 public:
-    /// Everything stays its owner's and outlives the commands, which are added to the menus
-    /// "File", "Edit" and "Design", which must exist, and to \p toolBar. \p window is the parent of
-    /// dialogs.
+    /// The commands are added to the menus "File", "Edit" and "Design", which must exist, and to
+    /// \p toolBar. \p window is the parent of dialogs. Nothing is owned, and all of it must outlive
+    /// the commands.
     DesignCommands(DesignSession* session, DesignView* view, ItemCommands* items, QToolBar* toolBar,
                    QWidget* window);
 

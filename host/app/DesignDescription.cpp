@@ -117,6 +117,7 @@ void readFile(const JsonNode& node, Design* design)
         path.fail(Texts::tr("a path is expected"));
     if (design->fileAt(path.text()))
         path.fail(Texts::tr("\"%1\" is listed twice").arg(path.text()));
+
     DesignFile* const file = design->restoreFile(path.text());
     file->setCustomNode(node["node"].optionalText());
     file->setIsGenerated(node["generated"].optionalFlag());
@@ -141,8 +142,7 @@ void readProperty(const JsonNode& node, Design* design)
     QStringList levels;
     for (const JsonNode& level : node["category"].optionalList())
         levels << level.text();
-    // Joined by a character that cannot be typed into a level.
-    const QString separator(QChar::Null);
+
     const JsonNode name = node["name"];
     if (name.text().isEmpty())
         name.fail(Texts::tr("a name is expected"));
@@ -150,6 +150,9 @@ void readProperty(const JsonNode& node, Design* design)
         if (property.name == name.text())
             name.fail(Texts::tr("\"%1\" is listed twice").arg(name.text()));
     }
+
+    // Nobody can type this character into a level.
+    const QString separator(QChar::Null);
     design->setDesignProperty(name.text(), readValue(node["value"]),
                               QtilitiesCategory(levels.join(separator), separator));
 }
@@ -218,7 +221,7 @@ QJsonObject DesignDescription::write(const Design& design)
 
 std::unique_ptr<Design> DesignDescription::read(const JsonNode& description, const QString& folder)
 {
-    // The format comes first: a newer one may have entries that are not known here.
+    // The format is read first, since a newer one may have entries that are not known here.
     const JsonNode format = description["format"];
     const int number = format.number(1, MaximumNumber);
     if (number > Format)
@@ -230,12 +233,14 @@ std::unique_ptr<Design> DesignDescription::read(const JsonNode& description, con
 
     auto design = std::make_unique<Design>(folder, description["type"].text());
     readVersion(description, design.get());
+
     for (const JsonNode& file : description["files"].optionalList())
         readFile(file, design.get());
     for (const JsonNode& path : description["folders"].optionalList())
         readFolder(path, design.get());
     for (const JsonNode& property : description["properties"].optionalList())
         readProperty(property, design.get());
+
     if (!description["structure"].isMissing())
         design->setStructure(readStructure(description["structure"]).release());
     design->setLocked(description["locked"].optionalFlag());

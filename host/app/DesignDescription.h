@@ -20,7 +20,7 @@ constexpr int Format = 1;
 
 QJsonObject write(const OrvanticCore::Design& design);
 
-/// A new, unmodified design in \p folder. Throws a JsonError for a description that is not whole
+/// A new, unmodified design in \p folder. Throws a HostError for a description that is not whole
 /// or of a newer format.
 std::unique_ptr<OrvanticCore::Design> read(const JsonNode& description, const QString& folder);
 

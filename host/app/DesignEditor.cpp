@@ -76,15 +76,17 @@ DesignEditor::DesignEditor(QWidget* parent)
     m_ui->PropertyView->header()->setSectionResizeMode(PropertyModel::NameColumn,
                                                        QHeaderView::ResizeToContents);
     m_ui->PropertyHelp->viewport()->setAutoFillBackground(false);
+
     m_menu->setObjectName("AddPropertyMenu");
     m_menu->setToolTipsVisible(true);
     m_ui->AddPropertyButton->setMenu(m_menu);
+
     auto* const remove = new QAction(tr("Remove"), m_ui->PropertyView);
     remove->setShortcut(QKeySequence::Delete);
     remove->setShortcutContext(Qt::WidgetShortcut);
     m_ui->PropertyView->addAction(remove);
 
-    // Each sets its own number only: the other one may be larger than its box can show.
+    // Each box sets its own number only, since the other number may be too large for its box.
     const auto valueChanged = QOverload<int>::of(&QSpinBox::valueChanged);
     connect(m_ui->VersionMajor, valueChanged, this, [this](int number) {
         if (m_design)
@@ -98,16 +100,19 @@ DesignEditor::DesignEditor(QWidget* parent)
         if (m_design)
             m_design->setVersionChanges(m_ui->VersionChanges->toPlainText());
     });
+
     connect(m_menu, &QMenu::aboutToShow, this, &DesignEditor::fillMenu);
     connect(m_menu, &QMenu::hovered, this,
             [this](const QAction* action) { m_ui->PropertyHelp->setHtml(action->toolTip()); });
     connect(m_menu, &QMenu::aboutToHide, this, &DesignEditor::refresh);
+
     connect(remove, &QAction::triggered, this, &DesignEditor::removeCurrent);
     connect(m_ui->RemovePropertyButton, &QPushButton::clicked, this, &DesignEditor::removeCurrent);
     connect(m_ui->PropertyView->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &DesignEditor::refresh);
     connect(m_model, &QAbstractItemModel::dataChanged, this, &DesignEditor::refresh);
     connect(m_model, &PropertyModel::refused, this, &DesignEditor::showHelp);
+
     showVersion();
     refresh();
 }
@@ -127,6 +132,7 @@ void DesignEditor::setDesign(Design* design)
         connect(design, &Design::stateChanged, this, &DesignEditor::showVersion);
         connect(design, &Design::stateChanged, this, &DesignEditor::refresh);
     }
+
     showVersion();
     refresh();
 }
@@ -141,9 +147,11 @@ void DesignEditor::showVersion()
     const QSignalBlocker majorBlocker(m_ui->VersionMajor);
     const QSignalBlocker minorBlocker(m_ui->VersionMinor);
     const QSignalBlocker changesBlocker(m_ui->VersionChanges);
+
     m_ui->DesignTypeName->setText(m_design ? m_design->typeName() : QString());
     m_ui->VersionMajor->setValue(m_design ? m_design->versionMajor() : 0);
     m_ui->VersionMinor->setValue(m_design ? m_design->versionMinor() : 0);
+
     const QString changes = m_design ? m_design->versionChanges() : QString();
     // Setting the same text would move the cursor of a user who is typing.
     if (m_ui->VersionChanges->toPlainText() != changes)
@@ -152,7 +160,7 @@ void DesignEditor::showVersion()
     const bool editable = isEditable();
     m_ui->VersionMajor->setEnabled(editable);
     m_ui->VersionMinor->setEnabled(editable);
-    // Read-only rather than disabled, so that it can be scrolled and copied.
+    // It is read-only rather than disabled, so that it can be scrolled and copied.
     m_ui->VersionChanges->setReadOnly(!editable);
     m_ui->VersionChanges->setEnabled(m_design);
     QPalette colours = palette();
@@ -176,13 +184,15 @@ void DesignEditor::fillMenu()
     for (const PropertySpecification& property : m_model->available()) {
         QAction* const action = m_menu->addAction(property.d_displayed_name);
         action->setToolTip(property.d_description);
+
         const QString name = property.propertyName();
         for (const OrvanticCore::DesignProperty& present : m_design->designProperties()) {
             if (present.name == name)
                 action->setEnabled(false);
         }
-        // Queued until the menu is closed, which takes the focus from the new value's editor
-        // otherwise.
+
+        // The slot is called when the menu is closed, which would take the focus from the editor of
+        // the new value.
         connect(
             action, &QAction::triggered, this,
             [this, design = m_design.data(), name, value = property.d_default_value] {
@@ -199,8 +209,10 @@ void DesignEditor::addProperty(Design* design, const QString& name, const QVaria
     // The design may have been closed or locked since the choice.
     if (!m_design || design != m_design || !m_ui->AddPropertyButton->isEnabled())
         return;
+
     DesignHistory::record(m_design, tr("Add %1").arg(name),
                           [&] { m_design->setDesignProperty(name, value, QtilitiesCategory()); });
+
     const QModelIndex added = m_model->index(m_model->rowCount() - 1, PropertyModel::ValueColumn);
     m_ui->PropertyView->setFocus();
     m_ui->PropertyView->setCurrentIndex(added);

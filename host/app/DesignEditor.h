@@ -28,7 +28,7 @@ public:
     explicit DesignEditor(QWidget* parent = nullptr);
     ~DesignEditor() override;
 
-    /// \p design may be null, and stays its owner's.
+    /// \p design may be null. Not owned.
     void setDesign(OrvanticCore::Design* design);
 
 private:

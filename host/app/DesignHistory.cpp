@@ -25,7 +25,7 @@ using Key = QPair<Kind, QString>;
 /// What can be undone of a design: each item with what is noted about it.
 using Snapshot = QMap<Key, QVariantList>;
 
-/// Of the levels of a category: a character that cannot be typed into one.
+/// Stands between the levels of a category. Nobody can type it into one.
 const QString Separator(QChar::Null);
 
 Snapshot snapshotOf(const Design& design)

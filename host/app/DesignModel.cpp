@@ -17,8 +17,8 @@ using OrvanticCore::DesignFolder;
 
 namespace {
 
-/// Rather than a notification: it also works for network drives, and for folders that are moved,
-/// replaced or made later.
+/// How often the model looks at the disk. Notifications do not come from network drives, nor for
+/// folders that are moved, replaced or made later.
 constexpr int LookIntervalMs = 500;
 
 DesignRows::Row rowOf(const QStandardItemModel& model, const QModelIndex& index)
@@ -39,7 +39,7 @@ DesignModel::DesignModel(QObject* parent) : QStandardItemModel(0, ColumnCount, p
         QElapsedTimer timer;
         timer.start();
         refreshFromDisk();
-        // Thousands of files, or a slow network drive, leave the most of the time to the user.
+        // With thousands of files or a slow network drive most of the time is still the user's.
         m_lookAtDisk.start(qMax(LookIntervalMs, 20 * static_cast<int>(timer.elapsed())));
     });
     m_lookAtDisk.start(LookIntervalMs);
@@ -87,7 +87,7 @@ DesignFolder* DesignModel::folderAt(const QModelIndex& index) const
 bool DesignModel::isNode(const QModelIndex& index) const
 {
     const QModelIndex name = index.siblingAtColumn(NameColumn);
-    return name.parent().isValid() && !name.data(DesignRows::SubjectRole).isValid();
+    return name.parent().isValid() && !name.data(SubjectRole).isValid();
 }
 
 QString DesignModel::nodeAt(const QModelIndex& index) const

@@ -19,25 +19,29 @@ class DesignModel : public QStandardItemModel {
 public:
     enum Column { NameColumn, StateColumn, VersionColumn, SizeColumn, DateColumn, ColumnCount };
 
-    /// A text that stays the same for an item while the rows of its design are made anew.
-    static constexpr int KeyRole = Qt::UserRole + 1;
-
-    /// The name of a node's row, whatever extensions show in its place.
-    static constexpr int NodeRole = Qt::UserRole + 3;
+    enum Role {
+        /// A text that stays the same for an item while the rows of its design are made anew.
+        KeyRole = Qt::UserRole + 1,
+        /// The design, file or folder of a row. Guarded, since a row may outlive its subject while
+        /// a processing cycle delays the changes.
+        SubjectRole,
+        /// The name of a node, whatever an extension shows in its place.
+        NodeRole
+    };
 
     explicit DesignModel(QObject* parent = nullptr);
 
-    /// \p design stays its owner's and must be removed before it is deleted.
+    /// \p design must be removed before it is deleted. Not owned.
     void addDesign(OrvanticCore::Design* design);
     void removeDesign(OrvanticCore::Design* design);
 
-    /// The design that \p index is or belongs to; null for an invalid index.
+    /// The design that \p index belongs to. Null for an invalid index.
     OrvanticCore::Design* designAt(const QModelIndex& index) const;
-    /// Null unless \p index is that of a file, or of a folder.
+    /// Null unless \p index is that of a file, or that of a folder.
     OrvanticCore::DesignFile* fileAt(const QModelIndex& index) const;
     OrvanticCore::DesignFolder* folderAt(const QModelIndex& index) const;
 
-    /// The name of the node that \p index is or is below of; empty outside of nodes.
+    /// The name of the node of \p index, or of the one around it. Empty outside of nodes.
     QString nodeAt(const QModelIndex& index) const;
     bool isNode(const QModelIndex& index) const;
 

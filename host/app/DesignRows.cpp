@@ -1,6 +1,5 @@
 #include "host/app/DesignRows.h"
 
-#include "host/app/DesignModel.h"
 #include "host/app/DesignStorage.h"
 #include "host/app/FileIcons.h"
 #include "host/app/ViewExtensions.h"
@@ -49,7 +48,7 @@ DesignRows::Row makeRow(const QString& name, const QIcon& icon, const QString& k
 
 void setSubject(const DesignRows::Row& row, QObject* subject)
 {
-    row.first()->setData(QVariant::fromValue(QPointer<QObject>(subject)), DesignRows::SubjectRole);
+    row.first()->setData(QVariant::fromValue(QPointer<QObject>(subject)), DesignModel::SubjectRole);
 }
 
 /// Lets extensions replace what the host itself shows in the first column.
@@ -74,9 +73,11 @@ QStringList reasonsOutdated(const DesignFile& file)
     const QFileInfo info(file.filePath());
     if (!file.isGenerated() || !info.exists())
         return reasons;
+
     const QFileInfo source(info.dir().filePath(info.completeBaseName() + ".bin"));
     if (source.exists() && source != info && source.lastModified() > info.lastModified())
         reasons << Texts::tr("%1 has changed since").arg(source.fileName());
+
     const IDesign* const design = file.design();
     const QString made = file.versionAssociation();
     if (design && !made.isEmpty() && made != design->versionString("."))
@@ -109,6 +110,7 @@ QString toolTipOf(const DesignFile& file)
         lines << Texts::tr("%1, changed %2")
                      .arg(QLocale().formattedDataSize(info.size()),
                           QLocale().toString(info.lastModified(), QLocale::ShortFormat));
+
     const QStringList reasons = reasonsOutdated(file);
     if (!reasons.isEmpty())
         lines << Texts::tr("<b>Outdated</b>: %1. Generate it again.")
@@ -129,12 +131,14 @@ void appendNodes(QStandardItem* parent, const TreeNode* node, QMap<QString, QSta
     for (int index = 0; index < node->subjectCount(); ++index) {
         const auto* const below = qobject_cast<const TreeNode*>(node->subjectAt(index));
         const QString key = parent->data(DesignModel::KeyRole).toString() + "::" + below->getName();
+
         const DesignRows::Row row = makeRow(below->getName(), FileIcons::forNode(), key);
         applyRoleData(row.first(), [below](IDesignViewExtensions* extension, int role) {
             return extension->customDesignFileNodeRoleData(const_cast<TreeNode*>(below), role);
         });
         row.first()->setData(below->getName(), DesignModel::NodeRole);
         parent->appendRow(row);
+
         if (!nodes->contains(below->getName()))
             nodes->insert(below->getName(), row.first());
         appendNodes(row.first(), below, nodes);
@@ -166,6 +170,7 @@ void DesignRows::refresh(const Row& row, const Design& design)
         states << Texts::tr("Read-only");
     if (DesignStorage::isChangedOnDisk(design))
         states << Texts::tr("Changed on disk");
+
     row.first()->setText(design.isModified() ? Texts::tr("%1 (modified)").arg(design.name())
                                              : design.name());
     row.at(DesignModel::StateColumn)->setText(states.join(", "));
@@ -178,10 +183,12 @@ void DesignRows::refresh(const Row& row, const DesignFile& file)
     const QString toolTip = toolTipOf(file);
     QStandardItem* const stateItem = row.at(DesignModel::StateColumn);
     QStandardItem* const versionItem = row.at(DesignModel::VersionColumn);
-    // Asked for twice a second: what is as it was is not painted again.
+
+    // This is called twice a second, so that what is as it was is not painted again.
     if (stateItem->text() == state && stateItem->toolTip() == toolTip &&
         versionItem->text() == file.versionAssociation())
         return;
+
     const QFileInfo info(file.filePath());
     row.first()->setIcon(info.exists() ? FileIcons::forFile(file.fileName())
                                        : FileIcons::forMissing());
@@ -192,6 +199,7 @@ void DesignRows::refresh(const Row& row, const DesignFile& file)
     row.at(DesignModel::SizeColumn)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     row.at(DesignModel::DateColumn)
         ->setText(info.exists() ? info.lastModified().toString("yyyy-MM-dd HH:mm") : QString());
+
     for (QStandardItem* item : row)
         item->setToolTip(toolTip);
     applyRoleData(row.first(), [&file](IDesignViewExtensions* extension, int role) {

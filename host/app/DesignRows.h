@@ -1,6 +1,8 @@
 #ifndef HOST_APP_DESIGNROWS_H
 #define HOST_APP_DESIGNROWS_H
 
+#include "host/app/DesignModel.h"
+
 #include <QList>
 #include <QPointer>
 #include <QStandardItem>
@@ -33,14 +35,11 @@ void fill(QStandardItem* top, const OrvanticCore::Design& design);
 /// The names of the nodes below \p node, from the top.
 QStringList nodeNames(const Qtilities::CoreGui::TreeNode* node);
 
-/// The role under which a row keeps its subject. Guarded: a row may outlive its subject while a
-/// processing cycle delays the changes.
-constexpr int SubjectRole = Qt::UserRole + 2;
-
+/// The subject of a row if it is a Subject, else null.
 template <class Subject>
 Subject* subjectOf(const QModelIndex& index)
 {
-    const QVariant subject = index.siblingAtColumn(0).data(SubjectRole);
+    const QVariant subject = index.siblingAtColumn(0).data(DesignModel::SubjectRole);
     return qobject_cast<Subject*>(subject.value<QPointer<QObject>>().data());
 }
 

@@ -1,6 +1,7 @@
 #include "host/app/DesignSession.h"
 
 #include "host/app/common/FileProblem.h"
+#include "host/app/common/HostError.h"
 #include "host/app/common/PlainMessageBox.h"
 #include "host/app/DesignHistory.h"
 #include "host/app/DesignStorage.h"
@@ -83,6 +84,7 @@ Design* DesignSession::open(const QString& path)
                   tr("There is no folder %1.").arg(QDir::toNativeSeparators(folder)));
         return nullptr;
     }
+
     if (!DesignStorage::hasDescription(folder)) {
         const QString question = tr("There is no design in %1: it has no file design.json.\n\n"
                                     "Do you want to make a new design there?")
@@ -91,15 +93,16 @@ Design* DesignSession::open(const QString& path)
             return nullptr;
         return make(folder);
     }
-    QString error;
-    Design* const design = load(folder, &error);
-    if (!design) {
-        showError("CannotOpenBox", tr("Cannot open the design.\n\n%1").arg(error));
+
+    try {
+        Design* const design = load(folder);
+        rememberRecent(design->workingFolderPath());
+        emit chosen(design);
+        return design;
+    } catch (const HostError& error) {
+        showError("CannotOpenBox", tr("Cannot open the design.\n\n%1").arg(error.text()));
         return nullptr;
     }
-    rememberRecent(design->workingFolderPath());
-    emit chosen(design);
-    return design;
 }
 
 Design* DesignSession::make(const QString& folder)
@@ -107,27 +110,27 @@ Design* DesignSession::make(const QString& folder)
     NewDesignDialog dialog(folder, m_window);
     if (dialog.exec() != QDialog::Accepted)
         return nullptr;
-    QString error;
-    Design* const design = create(dialog.folder(), dialog.typeName(), dialog.versionMajor(),
-                                  dialog.versionMinor(), &error);
-    if (!design) {
-        showError("CannotSaveBox", tr("Cannot make the design.\n\n%1").arg(error));
+
+    try {
+        Design* const design = create(dialog.folder(), dialog.typeName(), dialog.versionMajor(),
+                                      dialog.versionMinor());
+        rememberRecent(design->workingFolderPath());
+        emit chosen(design);
+        return design;
+    } catch (const HostError& error) {
+        showError("CannotSaveBox", tr("Cannot make the design.\n\n%1").arg(error.text()));
         return nullptr;
     }
-    rememberRecent(design->workingFolderPath());
-    emit chosen(design);
-    return design;
 }
 
-Design* DesignSession::load(const QString& folder, QString* error)
+Design* DesignSession::load(const QString& folder)
 {
     const QString wanted = QDir(folder).canonicalPath();
     for (Design* design : m_designs) {
         if (!wanted.isEmpty() && QDir(design->workingFolderPath()).canonicalPath() == wanted)
             return design;
     }
-    std::unique_ptr<Design> loaded = DesignStorage::load(folder, error);
-    return loaded ? take(std::move(loaded)) : nullptr;
+    return take(DesignStorage::load(folder));
 }
 
 Design* DesignSession::take(std::unique_ptr<Design> loaded)
@@ -141,20 +144,19 @@ Design* DesignSession::take(std::unique_ptr<Design> loaded)
 }
 
 Design* DesignSession::create(const QString& folder, const QString& typeName, int versionMajor,
-                              int versionMinor, QString* error)
+                              int versionMinor)
 {
-    if (DesignStorage::hasDescription(folder)) {
-        *error = tr("There is a design in %1 already.").arg(QDir::toNativeSeparators(folder));
-        return nullptr;
-    }
-    if (!QDir().mkpath(folder)) {
-        *error = tr("Cannot make the folder %1.").arg(QDir::toNativeSeparators(folder));
-        return nullptr;
-    }
+    const QString shown = QDir::toNativeSeparators(folder);
+    if (DesignStorage::hasDescription(folder))
+        throw HostError(tr("There is a design in %1 already.").arg(shown));
+    if (!QDir().mkpath(folder))
+        throw HostError(tr("Cannot make the folder %1.").arg(shown));
+
     Design design(folder, typeName);
     design.setVersion(versionMajor, versionMinor);
     design.setStructure(initialStructure());
-    return DesignStorage::save(&design, error) ? load(folder, error) : nullptr;
+    DesignStorage::save(&design);
+    return load(folder);
 }
 
 void DesignSession::addPaths(const QStringList& paths, Design* design, const QString& node)
@@ -169,6 +171,7 @@ void DesignSession::addPaths(const QStringList& paths, Design* design, const QSt
     }
     if (added.isEmpty())
         return;
+
     if (!design) {
         const QFileInfo first(added.first());
         design = make(first.isDir() ? first.absoluteFilePath() : first.absolutePath());
@@ -178,6 +181,7 @@ void DesignSession::addPaths(const QStringList& paths, Design* design, const QSt
                                    [&own](const QString& path) { return QDir(path) == QDir(own); }),
                     added.end());
     }
+
     if (design)
         addTo(design, added, node);
 }
@@ -186,44 +190,57 @@ void DesignSession::addTo(Design* design, const QStringList& paths, const QStrin
 {
     QList<DesignFile*> files;
     QStringList problems;
-    DesignHistory::record(design,
-                          paths.count() == 1 ? tr("Add %1").arg(QFileInfo(paths.first()).fileName())
-                                             : tr("Add %1 Items").arg(paths.count()),
-                          [&] {
-                              design->tree()->startProcessingCycle();
-                              for (const QString& path : paths) {
-                                  QString error;
-                                  DesignFile* file =
-                                      node.isEmpty() ? nullptr : design->fileAt(path);
-                                  if (!file && QFileInfo(path).isDir())
-                                      design->addFolder(path, &error);
-                                  else if (!file)
-                                      file = design->addFile(path, &error);
-                                  if (!error.isEmpty())
-                                      problems << fileProblem(path, error);
-                                  if (!file)
-                                      continue;
-                                  files << file;
-                                  if (!node.isEmpty())
-                                      file->setCustomNode(node);
-                              }
-                              design->tree()->endProcessingCycle();
-                          });
+    const auto addAll = [&] {
+        design->tree()->startProcessingCycle();
+        for (const QString& path : paths) {
+            const AddedItem added = addItem(design, path, node);
+            if (added.file)
+                files << added.file;
+            if (!added.error.isEmpty())
+                problems << fileProblem(path, added.error);
+        }
+        design->tree()->endProcessingCycle();
+    };
+
+    const QString step = paths.count() == 1 ? tr("Add %1").arg(QFileInfo(paths.first()).fileName())
+                                            : tr("Add %1 Items").arg(paths.count());
+    DesignHistory::record(design, step, addAll);
     design->refreshFiles(files);
+
     if (!problems.isEmpty())
         showError("CannotAddBox", tr("Not everything could be added to \"%1\".\n\n%2")
                                       .arg(design->name(), problems.join('\n')));
+}
+
+DesignSession::AddedItem DesignSession::addItem(Design* design, const QString& path,
+                                                const QString& node)
+{
+    AddedItem added;
+    DesignFile* const present = design->fileAt(path);
+    if (present && !node.isEmpty())
+        added.file = present;
+    else if (QFileInfo(path).isDir())
+        design->addFolder(path, &added.error);
+    else
+        added.file = design->addFile(path, &added.error);
+
+    if (added.file && !node.isEmpty())
+        added.file->setCustomNode(node);
+    return added;
 }
 
 bool DesignSession::save(Design* design)
 {
     if (DesignStorage::isChangedOnDisk(*design) && !mayReplace(*design))
         return false;
-    QString error;
-    if (DesignStorage::save(design, &error))
+
+    try {
+        DesignStorage::save(design);
         return true;
-    showError("CannotSaveBox", tr("Cannot save the design.\n\n%1").arg(error));
-    return false;
+    } catch (const HostError& error) {
+        showError("CannotSaveBox", tr("Cannot save the design.\n\n%1").arg(error.text()));
+        return false;
+    }
 }
 
 void DesignSession::close(Design* design)
@@ -247,12 +264,15 @@ void DesignSession::reload(Design* design)
     if (design->isModified() && ask("ReloadBox", question, QMessageBox::Yes | QMessageBox::No,
                                     QMessageBox::No) != QMessageBox::Yes)
         return;
-    QString error;
-    std::unique_ptr<Design> loaded = DesignStorage::load(design->workingFolderPath(), &error);
-    if (!loaded) {
-        showError("CannotOpenBox", tr("Cannot open the design.\n\n%1").arg(error));
+
+    std::unique_ptr<Design> loaded;
+    try {
+        loaded = DesignStorage::load(design->workingFolderPath());
+    } catch (const HostError& error) {
+        showError("CannotOpenBox", tr("Cannot open the design.\n\n%1").arg(error.text()));
         return;
     }
+
     drop(design);
     emit chosen(take(std::move(loaded)));
 }
@@ -296,13 +316,13 @@ void DesignSession::restoreLast()
     const QStringList folders =
         QSettings(settingsPath(), QSettings::IniFormat).value(LastKey).toStringList();
     for (const QString& folder : folders) {
-        QString error;
-        if (const Design* const design = load(folder, &error))
-            emit chosen(design);
-        else
+        try {
+            emit chosen(load(folder));
+        } catch (const HostError& error) {
             Logger::instance()->logPriorityMessage(
                 QString(), Logger::Warning,
-                tr("A design of the last session cannot be opened. %1").arg(error));
+                tr("A design of the last session cannot be opened. %1").arg(error.text()));
+        }
     }
 }
 

@@ -11,11 +11,12 @@ class QWidget;
 
 namespace OrvanticCore {
 class Design;
-}
+class DesignFile;
+} // namespace OrvanticCore
 
 /// Opens, makes, changes, saves and closes designs, with the questions and messages that belong to
-/// it. The open designs belong to the session, and are listed in the design manager in the order in
-/// which they were opened.
+/// it. The open designs are owned, and are listed in the design manager in the order in which they
+/// were opened.
 ///
 /// For drivers, the object names of its boxes: "NoDesignBox", "SaveChangesBox", "ChangedOnDiskBox",
 /// "ReloadBox", "CannotOpenBox", "CannotSaveBox", "CannotAddBox".
@@ -32,22 +33,21 @@ public:
     /// new one in a folder without. Returns null when there is none to show.
     OrvanticCore::Design* open(const QString& path);
 
-    /// Opens the design in \p folder, unless it is open, without questions. Returns null with the
-    /// reason in \p error.
-    OrvanticCore::Design* load(const QString& folder, QString* error);
+    /// Opens the design in \p folder, unless it is open, without questions. Throws a HostError.
+    OrvanticCore::Design* load(const QString& folder);
 
     /// Makes \p folder when there is none, writes the description of a new design into it and opens
-    /// that. Returns null with the reason in \p error, also when a design is there already.
+    /// that. Throws a HostError, also when a design is there already.
     OrvanticCore::Design* create(const QString& folder, const QString& typeName, int versionMajor,
-                                 int versionMinor, QString* error);
+                                 int versionMinor);
 
     /// Asks for place, type and version of a new design and makes it. Null when nothing is made.
     OrvanticCore::Design* make(const QString& folder);
 
     /// Adds files, and folders that are no designs, to \p design, below \p node unless that is
-    /// empty; a file that is in the design already moves there. Folders that are designs, and
-    /// descriptions of designs, are opened. Without a design a new one is offered in the place of
-    /// the files.
+    /// empty. A file that is in the design already moves to \p node. Folders that are designs, and
+    /// descriptions of designs, are opened. When \p design is null, a new one is offered in the
+    /// folder of the files.
     void addPaths(const QStringList& paths, OrvanticCore::Design* design, const QString& node);
 
     bool save(OrvanticCore::Design* design);
@@ -75,11 +75,21 @@ signals:
     void chosen(const OrvanticCore::Design* design);
 
 private:
+    /// What there is at a path that was added, if it could be.
+    struct AddedItem {
+        /// Null for a folder, and after an error.
+        OrvanticCore::DesignFile* file = nullptr;
+        /// Empty unless nothing could be added.
+        QString error;
+    };
+
     OrvanticCore::Design* take(std::unique_ptr<OrvanticCore::Design> loaded);
     void drop(OrvanticCore::Design* design);
     bool mayReplace(const OrvanticCore::Design& design);
     bool mayClose(OrvanticCore::Design* design);
     void addTo(OrvanticCore::Design* design, const QStringList& paths, const QString& node);
+    static AddedItem addItem(OrvanticCore::Design* design, const QString& path,
+                             const QString& node);
     /// Returns the button that the user chose.
     int ask(const QString& name, const QString& text, QMessageBox::StandardButtons buttons,
             QMessageBox::StandardButton defaultButton = QMessageBox::NoButton);

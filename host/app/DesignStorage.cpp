@@ -1,7 +1,8 @@
 #include "host/app/DesignStorage.h"
 
-#include "fcf/FcfWriter.h"
 #include "host/app/common/FileProblem.h"
+#include "host/app/common/FileReplacement.h"
+#include "host/app/common/HostError.h"
 #include "host/app/DesignDescription.h"
 #include "host/app/JsonNode.h"
 
@@ -11,7 +12,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
-#include <QSaveFile>
 
 using OrvanticCore::Design;
 
@@ -21,7 +21,8 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(DesignStorage)
 };
 
-/// Of a description: many thousands of files. A larger one is none, and would take the memory.
+/// The most that a description may have, which is enough for many thousands of files. A larger file
+/// is no description, and would take up the memory.
 constexpr qint64 MaximumBytes = qint64(16) * 1024 * 1024;
 
 /// Where a design keeps the bytes of its description as they were last seen on the disk.
@@ -37,6 +38,37 @@ QString placeOf(const QByteArray& bytes, int offset)
         .arg(QString::fromUtf8(before.mid(lineStart)).size() + 1);
 }
 
+QByteArray readDescription(const QString& path)
+{
+    const QFileInfo info(path);
+    // A pipe would block the host until another program writes to it.
+    if (info.exists() && !info.isFile())
+        throw HostError(fileProblem(path, Texts::tr("it is not a file")));
+    if (info.size() > MaximumBytes)
+        throw HostError(fileProblem(path, Texts::tr("it is too large: %1 bytes").arg(info.size())));
+
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw HostError(fileProblem(path, file.errorString()));
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        throw HostError(fileProblem(path, file.errorString()));
+    return bytes;
+}
+
+/// The outermost value of \p bytes.
+QJsonValue parse(const QByteArray& bytes)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
+    if (error.error != QJsonParseError::NoError)
+        throw HostError(QString("%1: %2").arg(placeOf(bytes, error.offset), error.errorString()));
+
+    if (document.isObject())
+        return document.object();
+    return document.array();
+}
+
 } // namespace
 
 QString DesignStorage::descriptionPath(const QString& folder)
@@ -49,48 +81,20 @@ bool DesignStorage::hasDescription(const QString& folder)
     return QFileInfo::exists(descriptionPath(folder));
 }
 
-std::unique_ptr<Design> DesignStorage::load(const QString& folder, QString* error)
+std::unique_ptr<Design> DesignStorage::load(const QString& folder)
 {
-    const QString path = descriptionPath(folder);
-    const QFileInfo info(path);
-    // To open a pipe would wait for another program, and the host with it.
-    if (info.exists() && !info.isFile()) {
-        *error = fileProblem(path, Texts::tr("it is not a file"));
-        return nullptr;
-    }
-    if (info.size() > MaximumBytes) {
-        *error = fileProblem(path, Texts::tr("it is too large: %1 bytes").arg(info.size()));
-        return nullptr;
-    }
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        *error = fileProblem(path, file.errorString());
-        return nullptr;
-    }
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError) {
-        *error = fileProblem(path, file.errorString());
-        return nullptr;
+    const QByteArray bytes = readDescription(descriptionPath(folder));
+
+    std::unique_ptr<Design> design;
+    try {
+        design = DesignDescription::read(JsonNode(parse(bytes)), folder);
+    } catch (const HostError& wrong) {
+        throw HostError(fileProblem(descriptionPath(folder), wrong.text()));
     }
 
-    QJsonParseError parseError;
-    const QJsonDocument document = QJsonDocument::fromJson(bytes, &parseError);
-    if (parseError.error != QJsonParseError::NoError) {
-        *error = fileProblem(path, QString("%1: %2").arg(placeOf(bytes, parseError.offset),
-                                                         parseError.errorString()));
-        return nullptr;
-    }
-    try {
-        const QJsonValue value =
-            document.isObject() ? QJsonValue(document.object()) : QJsonValue(document.array());
-        std::unique_ptr<Design> design = DesignDescription::read(JsonNode(value), folder);
-        refreshReadOnly(design.get());
-        design->setProperty(SeenProperty, bytes);
-        return design;
-    } catch (const JsonError& wrong) {
-        *error = fileProblem(path, wrong.text());
-        return nullptr;
-    }
+    refreshReadOnly(design.get());
+    design->setProperty(SeenProperty, bytes);
+    return design;
 }
 
 QByteArray DesignStorage::text(const Design& design)
@@ -98,35 +102,26 @@ QByteArray DesignStorage::text(const Design& design)
     return QJsonDocument(DesignDescription::write(design)).toJson();
 }
 
-bool DesignStorage::save(Design* design, QString* error)
+void DesignStorage::save(Design* design)
 {
-    const QString path = descriptionPath(design->workingFolderPath());
     const QByteArray bytes = text(*design);
-    const QFileInfo present(path);
-    // Through a link, a device of the system would be replaced.
-    if (present.exists() && !present.isFile()) {
-        *error = fileProblem(path, Texts::tr("it is not a file"));
-        return false;
-    }
-    QSaveFile file(path);
-    // Unbuffered: QSaveFile would not notice when the last of its buffer cannot be written.
-    QString problem;
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) ||
-        !FcfWriter::writeAll(&file, bytes, &problem) || !file.commit()) {
-        *error = fileProblem(path, problem.isEmpty() ? file.errorString() : problem);
-        return false;
-    }
+
+    FileReplacement file(descriptionPath(design->workingFolderPath()));
+    file.write(bytes);
+    file.sync();
+    file.commit();
+
     design->setProperty(SeenProperty, bytes);
     design->setModified(false);
-    return true;
 }
 
 bool DesignStorage::isChangedOnDisk(const Design& design)
 {
     QFile file(descriptionPath(design.workingFolderPath()));
-    // In place of a description that is gone nothing can be lost.
+    // A description that is gone cannot be lost.
     if (!QFileInfo(file).isFile())
         return false;
+
     const QByteArray seen = design.property(SeenProperty).toByteArray();
     return file.size() != seen.size() || !file.open(QIODevice::ReadOnly) || file.readAll() != seen;
 }

@@ -77,7 +77,7 @@ QModelIndex DesignView::itemAt(const QPoint& place) const
 
 void DesignView::showFiles(const QList<DesignFile*>& files)
 {
-    // Backwards, so that in a small view the first one is sure to be seen.
+    // The first one comes last, so that it is visible even in a small view.
     for (int index = files.count() - 1; index >= 0; --index)
         scrollTo(m_model->indexOf(files.at(index)));
     if (!files.isEmpty())
@@ -146,6 +146,7 @@ void DesignView::rememberRows()
     m_currentKeys = QStringList{keyOf(current)};
     if (!current.isValid())
         return;
+
     for (int row = current.row() + 1; row < m_model->rowCount(current.parent()); ++row)
         m_currentKeys << keyOf(current.siblingAtRow(row));
     for (int row = current.row() - 1; row >= 0; --row)

@@ -18,7 +18,7 @@ class DesignView : public QTreeView {
     Q_OBJECT
 
 public:
-    /// \p model stays its owner's.
+    /// \p model is not owned.
     explicit DesignView(DesignModel* model, QWidget* parent = nullptr);
 
     /// The host's own actions in the menus of files and folders, and of designs and nodes.

@@ -7,7 +7,7 @@
 /// has, which differ at a glance, and the style's own for everything else.
 namespace FileIcons {
 
-/// For a file with that name.
+/// The icon of a file with the name \p fileName.
 QIcon forFile(const QString& fileName);
 QIcon forMissing();
 QIcon forNode();

@@ -12,7 +12,7 @@ class HelpMenu : public QObject {
     Q_OBJECT
 
 public:
-    /// \p window stays its owner's. The menu "Help" must exist.
+    /// The menu "Help" must exist. \p window is not owned.
     explicit HelpMenu(QMainWindow* window);
 
     void setPluginFolders(const QStringList& folders) { m_pluginFolders = folders; }

@@ -41,18 +41,21 @@ ItemCommands::ItemCommands(DesignSession* session, DesignModel* model, DesignVie
     m_add->setIcon(Commands::icon(QStyle::SP_FileIcon));
     m_moveMenu->setObjectName("MoveToMenu");
     Commands::menu("Design")->addMenu(m_moveMenu);
+
     m_remove = Commands::add("Design.Remove", tr("&Remove from Design"), QKeySequence::Delete, this,
                              [this] { removeSelected(); });
-    // Delete means something else to text fields and to the property editor.
+    // Text fields and the property editor use the key Delete for themselves.
     m_remove->setShortcutContext(Qt::WidgetShortcut);
     view->addAction(m_remove);
+
     m_inspect = Commands::add("Design.Inspect", tr("&Inspect Image"), QKeySequence("Ctrl+I"), this,
                               [this] { inspect(); });
     m_openFolder = Commands::add("Design.OpenFolder", tr("Open &Folder"), QKeySequence(), this,
                                  [this] { openCurrentFolder(); });
+
     connect(m_moveMenu, &QMenu::aboutToShow, this, &ItemCommands::fillMoveMenu);
     connect(view, &DesignView::currentItemChanged, this, &ItemCommands::refreshExtensions);
-    // A context menu asks the extensions too, and may be for another item.
+    // A context menu asks the extensions as well, and may be that of another item.
     connect(view, &DesignView::menuShown, this, &ItemCommands::refreshExtensions);
     connect(view, &QAbstractItemView::activated, this, &ItemCommands::activate);
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
@@ -66,11 +69,12 @@ void ItemCommands::refresh()
     const bool editable = design && !design->isLocked() && !design->isReadOnly();
     const DesignFile* const file = m_model->fileAt(m_view->currentIndex());
     const bool hasFiles = !m_view->selectedFiles().isEmpty();
-    // Without a design it makes a new one.
+
+    // When no design is open, adding files makes one.
     m_add->setEnabled(!design || editable);
     m_moveMenu->menuAction()->setEnabled(editable && hasFiles);
     m_remove->setEnabled(editable && (hasFiles || !m_view->selectedFolders().isEmpty()));
-    // Visible first: an invisible action cannot be enabled.
+    // An invisible action cannot be enabled, so that this comes first.
     const bool isFcf = file && QStringList({"fcf", "txt"}).contains(file->suffix());
     m_inspect->setVisible(isFcf);
     m_inspect->setEnabled(isFcf);
@@ -82,6 +86,7 @@ void ItemCommands::refreshExtensions()
     const QModelIndex current = m_view->currentIndex();
     DesignFile* const file = m_model->fileAt(current);
     Design* const design = m_view->currentDesign();
+
     QMenu* const menu = Commands::menu("Design");
     for (const QPointer<QAction>& action : m_shown) {
         menu->removeAction(action);
@@ -89,8 +94,7 @@ void ItemCommands::refreshExtensions()
     }
     m_shown.clear();
     m_ofFile.clear();
-    if (!m_separator)
-        m_separator = menu->addSeparator();
+
     QList<QAction*> inMenu;
     QList<QAction*> onToolBar;
     if (design && !m_model->folderAt(current)) {
@@ -98,11 +102,15 @@ void ItemCommands::refreshExtensions()
         inMenu = ViewExtensions::actions(ViewExtensions::Menu, file, design, view);
         onToolBar = ViewExtensions::actions(ViewExtensions::ToolBar, file, design, view);
     }
+
+    if (!m_separator)
+        m_separator = menu->addSeparator();
     m_separator->setVisible(!inMenu.isEmpty());
     menu->addActions(inMenu);
     m_toolBar->addActions(inMenu + onToolBar);
     for (QAction* action : inMenu + onToolBar)
         m_shown << action;
+
     for (QAction* action : inMenu) {
         if (file)
             m_ofFile << action;
@@ -142,6 +150,7 @@ void ItemCommands::removeSelected()
     const QList<DesignFolder*> folders = m_view->selectedFolders();
     if (!design || (files.isEmpty() && folders.isEmpty()))
         return;
+
     const int count = files.count() + folders.count();
     const QString text = count == 1 ? tr("Remove Item") : tr("Remove %1 Items").arg(count);
     DesignHistory::record(design, text, [&] {
@@ -172,7 +181,7 @@ void ItemCommands::activate(const QModelIndex& index)
 {
     if (!m_model->fileAt(index) && !m_model->folderAt(index))
         m_view->setExpanded(index, !m_view->isExpanded(index));
-    // What an extension does with the file comes first: it is what the file is there for.
+    // The action of an extension comes first, since extensions give the file its purpose.
     else if (QAction* const first = m_ofFile.value(0))
         first->trigger();
     else if (m_inspect->isEnabled())
@@ -197,6 +206,7 @@ void ItemCommands::openCurrentFolder()
         path = QFileInfo(file->filePath()).absolutePath();
     else if (const DesignFolder* const folder = m_model->folderAt(current))
         path = folder->folderPath();
+
     if (!path.isEmpty() && !QDesktopServices::openUrl(QUrl::fromLocalFile(path)))
         m_session->showError("CannotOpenBox",
                              tr("Cannot open the folder %1.").arg(QDir::toNativeSeparators(path)));
@@ -207,6 +217,7 @@ void ItemCommands::logWhyNothingIsFilledIn()
     const int designs = DesignManager::instance()->designs().count();
     if (designs == 1)
         return;
+
     const auto* const action = qobject_cast<QAction*>(sender());
     Logger::instance()->logPriorityMessage(
         QString(), Logger::Info,

@@ -13,14 +13,13 @@ class QMenu;
 class QModelIndex;
 class QToolBar;
 
-/// The commands on the items of the current design. What extensions have for the current item in
-/// its context menu is also in the menu Design and in the tool bar, where nobody has to look for
-/// it.
+/// The commands on the items of the current design. What extensions add to the context menu of the
+/// current item is also in the menu Design and in the tool bar, where it is easier to find.
 class ItemCommands : public QObject {
     Q_OBJECT
 
 public:
-    /// All stay their owner's. The commands are added to the menu "Design", which must exist.
+    /// The commands are added to the menu "Design", which must exist. Nothing is owned.
     ItemCommands(DesignSession* session, DesignModel* model, DesignView* view, QToolBar* toolBar);
 
     QAction* addFiles() const { return m_add; }
@@ -54,7 +53,7 @@ private:
     QAction* m_inspect;
     QAction* m_openFolder;
     QAction* m_separator = nullptr;
-    /// Guarded: they belong to extensions, which may delete them.
+    /// The actions of extensions, which may delete them at any time. Not owned.
     QList<QPointer<QAction>> m_shown;
     QList<QPointer<QAction>> m_ofFile;
 };

@@ -1,30 +1,34 @@
 #include "host/app/JsonNode.h"
 
+#include "host/app/common/HostError.h"
+
 #include <QCoreApplication>
 
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("JsonNode", text); }
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(JsonNode)
+};
 
 } // namespace
 
 JsonNode JsonNode::operator[](const QString& name) const
 {
-    expect(m_value.isObject(), tr("an object is expected"));
+    expect(m_value.isObject(), Texts::tr("an object is expected"));
     return JsonNode(m_value.toObject().value(name),
                     m_place.isEmpty() ? name : m_place + '.' + name);
 }
 
 void JsonNode::expectEntries(const QStringList& names) const
 {
-    expect(m_value.isObject(), tr("an object is expected"));
+    expect(m_value.isObject(), Texts::tr("an object is expected"));
     for (const QString& name : m_value.toObject().keys())
-        expect(names.contains(name), tr("the entry \"%1\" is not known").arg(name));
+        expect(names.contains(name), Texts::tr("the entry \"%1\" is not known").arg(name));
 }
 
 QString JsonNode::text() const
 {
-    expect(m_value.isString(), tr("a text is expected"));
+    expect(m_value.isString(), Texts::tr("a text is expected"));
     return m_value.toString();
 }
 
@@ -32,19 +36,19 @@ int JsonNode::number(int least, int most) const
 {
     const double exact = m_value.toDouble(-1.5);
     expect(exact >= least && exact <= most && exact == static_cast<int>(exact),
-           tr("a whole number from %1 to %2 is expected").arg(least).arg(most));
+           Texts::tr("a whole number from %1 to %2 is expected").arg(least).arg(most));
     return static_cast<int>(exact);
 }
 
 bool JsonNode::optionalFlag() const
 {
-    expect(isMissing() || m_value.isBool(), tr("true or false is expected"));
+    expect(isMissing() || m_value.isBool(), Texts::tr("true or false is expected"));
     return m_value.toBool();
 }
 
 std::vector<JsonNode> JsonNode::optionalList() const
 {
-    expect(isMissing() || m_value.isArray(), tr("a list is expected"));
+    expect(isMissing() || m_value.isArray(), Texts::tr("a list is expected"));
     const QJsonArray array = m_value.toArray();
     std::vector<JsonNode> nodes;
     nodes.reserve(static_cast<std::size_t>(array.size()));
@@ -56,11 +60,11 @@ std::vector<JsonNode> JsonNode::optionalList() const
 void JsonNode::expect(bool found, const QString& reason) const
 {
     if (!found)
-        fail(isMissing() ? tr("the entry is missing") : reason);
+        fail(isMissing() ? Texts::tr("the entry is missing") : reason);
 }
 
 void JsonNode::fail(const QString& reason) const
 {
-    const QString place = m_place.isEmpty() ? tr("the outermost object") : m_place;
-    throw JsonError(place + ": " + reason);
+    const QString place = m_place.isEmpty() ? Texts::tr("the outermost object") : m_place;
+    throw HostError(place + ": " + reason);
 }

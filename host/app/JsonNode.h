@@ -6,19 +6,10 @@
 #include <QString>
 #include <QStringList>
 
-#include <stdexcept>
 #include <vector>
 
-/// What is wrong with a description, and at which place in it.
-class JsonError : public std::runtime_error {
-public:
-    explicit JsonError(const QString& text) : std::runtime_error(text.toStdString()) {}
-
-    QString text() const { return QString::fromUtf8(what()); }
-};
-
 /// A value in a JSON document that knows its place in it, such as "files[2].path". Every access
-/// that does not find what it expects throws a JsonError.
+/// that does not find what it expects throws a HostError with that place.
 class JsonNode {
 public:
     explicit JsonNode(const QJsonValue& value, const QString& place = QString())

@@ -3,8 +3,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QCoreApplication>
 #include <QHeaderView>
-#include <QMetaEnum>
 #include <QStyle>
 #include <QTime>
 
@@ -12,7 +12,11 @@ using Qtilities::Logging::Logger;
 
 namespace {
 
-/// Enough to look back over a day's work; older messages make room.
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(LogPane)
+};
+
+/// Enough to look back over a day's work. Older messages are removed.
 constexpr int MaximumMessages = 5000;
 
 QStyle::StandardPixmap symbolOf(Logger::MessageType type)
@@ -28,15 +32,18 @@ QStyle::StandardPixmap symbolOf(Logger::MessageType type)
     }
 }
 
-/// The kinds that plug-ins log, for the catalogue.
-[[maybe_unused]] const char* const KindNames[] = {
-    QT_TRANSLATE_NOOP("LogPane", "Info"), QT_TRANSLATE_NOOP("LogPane", "Warning"),
-    QT_TRANSLATE_NOOP("LogPane", "Error"), QT_TRANSLATE_NOOP("LogPane", "Fatal")};
-
 QString nameOf(Logger::MessageType type)
 {
-    const QMetaObject& meta = Logger::staticMetaObject;
-    return LogPane::tr(meta.enumerator(meta.indexOfEnumerator("MessageType")).valueToKey(type));
+    switch (type) {
+    case Logger::Error:
+        return Texts::tr("Error");
+    case Logger::Fatal:
+        return Texts::tr("Fatal");
+    case Logger::Warning:
+        return Texts::tr("Warning");
+    default:
+        return Texts::tr("Info");
+    }
 }
 
 } // namespace
@@ -52,12 +59,14 @@ LogPane::LogPane(QWidget* parent) : QTreeWidget(parent)
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
+
     setContextMenuPolicy(Qt::ActionsContextMenu);
     QAction* const copyAction = addMenuAction(tr("&Copy"));
     copyAction->setShortcut(QKeySequence::Copy);
     copyAction->setShortcutContext(Qt::WidgetShortcut);
     connect(copyAction, &QAction::triggered, this, &LogPane::copy);
     connect(addMenuAction(tr("C&lear Log")), &QAction::triggered, this, &QTreeWidget::clear);
+
     connect(Logger::instance(), &Logger::newPriorityMessage, this, &LogPane::addMessage);
 }
 

@@ -37,7 +37,7 @@ using Qtilities::CoreGui::QtilitiesApplication;
 namespace {
 
 const QSize InitialSize(1160, 760);
-/// In characters and lines.
+/// The width is in characters, the height in lines.
 constexpr int PropertyWidth = 50;
 constexpr int LogHeight = 8;
 
@@ -47,29 +47,33 @@ MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent), m_ui(new Ui::MainWindow), m_model(new DesignModel(this)),
       m_session(new DesignSession(this))
 {
-    // A static library's resources are not there by themselves.
+    // The resources of a static library have to be loaded.
     Q_INIT_RESOURCE(host);
     m_ui->setupUi(this);
+
     setWindowIcon(QIcon(":/icons/radar_128x128.png"));
-    // Boxes that plug-ins show without a parent have the icon too.
+    // Boxes that plug-ins show without a parent have the icon, too.
     QtilitiesApplication::setWindowIcon(windowIcon());
+
     resizeToScreen(this, InitialSize);
     buildCentre();
     buildMenus();
     buildViewMenu();
     resetLayout();
     connectDesigns();
+
     const QSettings settings(DesignManager::instance()->settingsFilePath(), QSettings::IniFormat);
     restoreGeometry(settings.value("MainWindow/geometry").toByteArray());
     restoreState(settings.value("MainWindow/state").toByteArray());
-    // It may have been made on a larger screen.
+    // The stored size may be that of a larger screen.
     resizeToScreen(this, size());
+
     showCurrentDesign();
 }
 
 MainWindow::~MainWindow()
 {
-    // The model follows the designs, and goes before them.
+    // The model follows the designs, so that it is deleted before them.
     delete m_view;
     delete m_model;
 }
@@ -126,6 +130,7 @@ void MainWindow::buildMenus()
         menu->setToolTipsVisible(true);
         menuBar()->addMenu(menu);
     }
+
     const int iconSize = style()->pixelMetric(QStyle::PM_SmallIconSize);
     m_ui->ToolBar->setIconSize(QSize(iconSize, iconSize));
     auto* const items = new ItemCommands(m_session, m_model, m_view, m_ui->ToolBar);
@@ -163,10 +168,12 @@ void MainWindow::connectDesigns()
         connect(design, &Design::modifiedChanged, this, &MainWindow::showCurrentDesign);
         showCurrentDesign();
     });
+
     connect(m_session, &DesignSession::aboutToClose, this, [this](Design* design) {
         m_model->removeDesign(design);
         showCurrentDesign();
     });
+
     connect(m_session, &DesignSession::chosen, m_view, &DesignView::setCurrentDesign);
     connect(m_view, &DesignView::currentItemChanged, this, &MainWindow::showCurrentDesign);
 }
@@ -177,28 +184,35 @@ void MainWindow::showCurrentDesign()
     const bool hasDesigns = m_model->rowCount() > 0;
     m_ui->pages->setCurrentWidget(hasDesigns ? static_cast<QWidget*>(m_view) : m_ui->startPage);
     m_ui->editor->setDesign(design);
+
     setWindowTitle(design ? tr("%1[*] - Pelk Design Host").arg(design->name())
                           : tr("Pelk Design Host"));
     setWindowModified(design && design->isModified());
+
     m_path->setText(design ? QDir::toNativeSeparators(design->workingFolderPath()) : tr("Ready"));
     m_path->setToolTip(m_path->text().toHtmlEscaped());
+
     if (design)
         ViewExtensions::refresh(*design);
 }
 
 void MainWindow::resetLayout()
 {
-    // Step by step: restoring a state into docks that are tabs and float crashes in Qt 5.15.
+    // Qt 5.15 crashes when a state is restored into docks that are tabs and float. So each dock is
+    // put in its place by itself.
     for (QDockWidget* dock : {m_ui->PropertyDock, m_ui->InspectorDock, m_ui->LogDock})
         dock->setFloating(false);
+
     addDockWidget(Qt::RightDockWidgetArea, m_ui->PropertyDock);
     addDockWidget(Qt::RightDockWidgetArea, m_ui->InspectorDock);
     addDockWidget(Qt::BottomDockWidgetArea, m_ui->LogDock);
     tabifyDockWidget(m_ui->PropertyDock, m_ui->InspectorDock);
+
     m_ui->InspectorDock->hide();
     m_ui->PropertyDock->show();
     m_ui->LogDock->show();
     m_ui->ToolBar->show();
+
     resizeDocks({m_ui->PropertyDock}, {PropertyWidth * fontMetrics().averageCharWidth()},
                 Qt::Horizontal);
     resizeDocks({m_ui->LogDock}, {LogHeight * fontMetrics().lineSpacing()}, Qt::Vertical);
@@ -210,12 +224,14 @@ void MainWindow::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
+
     QSettings settings(DesignManager::instance()->settingsFilePath(), QSettings::IniFormat);
     settings.setValue("MainWindow/geometry", saveGeometry());
     settings.setValue("MainWindow/state", saveState());
     m_session->rememberOpen();
+
     QMainWindow::closeEvent(event);
-    // Windows of plug-ins do not keep a host alive that has been closed.
+    // A host that was closed ends, even if a plug-in still shows a window.
     if (event->isAccepted())
         QtilitiesApplication::closeAllWindows();
 }
@@ -235,6 +251,7 @@ void MainWindow::dropEvent(QDropEvent* event)
         if (url.isLocalFile())
             paths << url.toLocalFile();
     }
+
     const QModelIndex under = m_view->itemAt(m_view->mapFrom(this, event->pos()));
     Design* const design = under.isValid() ? m_model->designAt(under) : m_view->currentDesign();
     event->acceptProposedAction();

@@ -26,7 +26,7 @@ NewDesignDialog::~NewDesignDialog() = default;
 QString NewDesignDialog::folder() const
 {
     QString path = QDir::fromNativeSeparators(m_ui->NewDesignFolder->text().trimmed());
-    // As a shell reads it.
+    // A shell reads "~" as the home folder, too.
     if (path == "~" || path.startsWith("~/"))
         path.replace(0, 1, QDir::homePath());
     return path.isEmpty() ? path : QDir::cleanPath(path);

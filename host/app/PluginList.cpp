@@ -49,6 +49,7 @@ QString describe(const QString& path)
     if (!plugin)
         return Texts::tr("<h3>%1</h3><p>This library is no plug-in that can be loaded. %2</p>")
             .arg(place.toHtmlEscaped(), loader.errorString().toHtmlEscaped());
+
     const auto version = plugin->pluginVersionInformation().version();
     QStringList lines{plugin->pluginDescription(),
                       plugin->pluginPublisher(),
@@ -58,6 +59,7 @@ QString describe(const QString& path)
                       plugin->pluginLicense(),
                       place};
     lines.removeAll(QString());
+
     return QString("<h3>%1 %2.%3.%4</h3><p>%5</p>")
         .arg(plugin->pluginName().toHtmlEscaped())
         .arg(version.versionMajor())
@@ -88,16 +90,20 @@ void PluginList::showAbout(const QStringList& folders, QWidget* parent)
         for (const QString& library : librariesIn(folder))
             html += describe(library);
     }
+
     QDialog dialog(parent);
     dialog.setObjectName("AboutPluginsDialog");
     dialog.setWindowTitle(Texts::tr("About Plug-ins"));
+
     auto* const text = new QTextBrowser(&dialog);
     text->setObjectName("AboutPluginsText");
     text->setAccessibleName(dialog.windowTitle());
     text->setOpenExternalLinks(true);
     text->setHtml(html.isEmpty() ? Texts::tr("<p>No plug-in was found.</p>") : html);
+
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, &dialog);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+
     auto* const layout = new QVBoxLayout(&dialog);
     layout->addWidget(text);
     layout->addWidget(buttons);

@@ -40,15 +40,18 @@ void PropertyModel::load()
     bool hasSameNames = properties.count() == rowCount();
     for (int row = 0; hasSameNames && row < rowCount(); ++row)
         hasSameNames = properties.at(row).name == nameAt(index(row, NameColumn));
+
     // Views keep their place when only values have changed.
     if (!hasSameNames)
         setRowCount(0);
     setRowCount(properties.count());
+
     for (int row = 0; row < rowCount(); ++row) {
         const DesignProperty& property = properties.at(row);
         const QModelIndex name = index(row, NameColumn);
         const QModelIndex value = index(row, ValueColumn);
         const QString description = specification(property.name).d_description;
+
         QStandardItemModel::setData(name, property.name, Qt::EditRole);
         QStandardItemModel::setData(name, description, Qt::ToolTipRole);
         QStandardItemModel::setData(value, property.value, Qt::EditRole);
@@ -72,6 +75,7 @@ QList<PropertySpecification> PropertyModel::available() const
                 !m_design->inherits(property.d_class_name.toLatin1().constData()) ||
                 names.contains(property.propertyName()))
                 continue;
+
             names << property.propertyName();
             available << property;
         }
@@ -93,17 +97,20 @@ QStringList PropertyModel::choicesAt(const QModelIndex& index) const
 {
     if (!m_design)
         return QStringList();
+
     const QString property = nameAt(index);
     const char moduleProperty[] = "ZORV Pelk Module";
     QStringList values;
     if (property == moduleProperty)
         values = FcfTarget::modules();
+
     if (property == "ZORV Pelk Device") {
         values = FcfTarget::devicesOf(m_design->designProperty(moduleProperty).toString());
         for (const QString& module : values.isEmpty() ? FcfTarget::modules() : QStringList())
             values << FcfTarget::devicesOf(module);
         values.removeDuplicates();
     }
+
     if (property == "ZORV Pelk Config Number") {
         for (int number = FcfTarget::FirstSlot; number <= FcfTarget::LastSlot; ++number)
             values << QString::number(number);
@@ -135,8 +142,9 @@ bool PropertyModel::setData(const QModelIndex& index, const QVariant& value, int
 {
     if (role != Qt::EditRole || !flags(index).testFlag(Qt::ItemIsEditable))
         return false;
+
     const DesignProperty property = m_design->designProperties().at(index.row());
-    // Without a text there is no value, rather than an empty one.
+    // An empty text means no value, rather than an empty one.
     QVariant taken = value.toString().isEmpty() ? QVariant() : value;
     const PropertySpecification announced = specification(property.name);
     if (taken.isValid() && announced.isValid() && !taken.convert(int(announced.d_data_type))) {
@@ -145,6 +153,7 @@ bool PropertyModel::setData(const QModelIndex& index, const QVariant& value, int
         emit refused(tr("\"%1\" is no %2. The value is as before.").arg(value.toString(), kind));
         return false;
     }
+
     if (taken != property.value || taken.isValid() != property.value.isValid())
         DesignHistory::record(m_design, tr("Change %1").arg(property.name), [&] {
             m_design->setDesignProperty(property.name, taken, property.category);

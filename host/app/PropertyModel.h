@@ -18,7 +18,7 @@ public:
 
     explicit PropertyModel(QObject* parent = nullptr);
 
-    /// \p design may be null, and stays its owner's.
+    /// \p design may be null. Not owned.
     void setDesign(OrvanticCore::Design* design);
 
     /// The properties that a user may add to the design, which must not be null, or has added

@@ -26,16 +26,19 @@ void StartPage::showEvent(QShowEvent* event)
         delete item->widget();
         delete item;
     }
+
     for (const QString& folder : DesignSession::recentFolders().mid(0, 3)) {
         auto* const button = new QCommandLinkButton(QFileInfo(folder).fileName().replace("&", "&&"),
                                                     QDir::toNativeSeparators(folder));
         button->setObjectName("StartRecentButton");
         button->setIcon(QIcon(":/icons/radar_22x22.png"));
         m_ui->recent->addWidget(button);
-        // Queued: the button is deleted when the page is shown next.
+
+        // The slot is called later, since the button is deleted when the page is shown next.
         connect(
             button, &QPushButton::clicked, this, [this, folder] { emit recentChosen(folder); },
             Qt::QueuedConnection);
     }
+
     QWidget::showEvent(event);
 }

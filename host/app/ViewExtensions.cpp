@@ -58,7 +58,8 @@ QList<QAction*> ViewExtensions::actions(Place place, DesignFile* file, Design* d
             actions << actionsOf(extension->designToolBarActions(design, context),
                                  extension->designToolBarMenus(design, context));
     }
-    // Actions made just now do not know the lock states yet.
+
+    // The extensions may have made new actions, which do not know the lock states yet.
     refresh(*design);
     return actions;
 }

@@ -15,6 +15,10 @@ using Qtilities::ExtensionSystem::ExtensionSystemCore;
 
 namespace {
 
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(main)
+};
+
 /// Where the build and an installation both keep the plug-ins, seen from the program.
 QString defaultPluginPath()
 {
@@ -24,8 +28,8 @@ QString defaultPluginPath()
 /// Installs the catalogue of that name for the language of the user's desktop, if there is one.
 void installCatalogue(const QString& name, const QString& folder)
 {
-    // English texts are in no catalogue: to try the user's further languages would put one of them
-    // before English.
+    // There is no catalogue of English texts, so that a user who prefers English to German would
+    // get German if the further languages were tried.
     const QString language = QLocale::system().uiLanguages().value(0).replace('-', '_');
     auto* const catalogue = new QTranslator(qApp);
     if (catalogue->load(name + '_' + language, folder))
@@ -47,22 +51,20 @@ int main(int argc, char** argv)
     installCatalogue("pelk-host", ":/translations");
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QCoreApplication::translate("main", "Reference host for design plug-ins."));
+    parser.setApplicationDescription(Texts::tr("Reference host for design plug-ins."));
     parser.addHelpOption();
     parser.addVersionOption();
     const QCommandLineOption pluginPath(
-        "plugin-path",
-        QCoreApplication::translate("main", "Load the plug-ins in <folder>; may be repeated."),
-        "folder", defaultPluginPath());
+        "plugin-path", Texts::tr("Load the plug-ins in <folder>; may be repeated."), "folder",
+        defaultPluginPath());
     parser.addOption(pluginPath);
-    parser.addPositionalArgument(
-        "path", QCoreApplication::translate("main", "Folder of a design, or an image to inspect."),
-        "[path...]");
+    parser.addPositionalArgument("path", Texts::tr("Folder of a design, or an image to inspect."),
+                                 "[path...]");
     parser.process(application);
 
     MainWindow window;
     QtilitiesApplication::setMainWindow(&window);
+
     const QStringList folders = parser.values(pluginPath);
     for (const QString& path : folders)
         ExtensionSystemCore::instance()->addPluginPath(path);
@@ -70,6 +72,7 @@ int main(int argc, char** argv)
     PluginList::logMissing(folders);
     window.setPluginFolders(folders);
     window.show();
+
     if (parser.positionalArguments().isEmpty())
         window.restoreSession();
     for (const QString& path : parser.positionalArguments())

@@ -25,11 +25,12 @@ void FcfHeaderTest::equalContentIsEqual()
 void FcfHeaderTest::headersDifferInEachNumber()
 {
     const FcfHeader header = headerWithoutFunctions();
-    for (qint32 FcfHeader::*number :
-         {&FcfHeader::totalPages, &FcfHeader::totalBlocks, &FcfHeader::totalSize,
-          &FcfHeader::binPages, &FcfHeader::binBlocks, &FcfHeader::binFileSize,
-          &FcfHeader::moduleCode, &FcfHeader::deviceCode, &FcfHeader::configNumber,
-          &FcfHeader::versionMajor, &FcfHeader::versionMinor}) {
+    qint32 FcfHeader::*const numbers[] = {
+        &FcfHeader::totalPages,   &FcfHeader::totalBlocks, &FcfHeader::totalSize,
+        &FcfHeader::binPages,     &FcfHeader::binBlocks,   &FcfHeader::binFileSize,
+        &FcfHeader::moduleCode,   &FcfHeader::deviceCode,  &FcfHeader::configNumber,
+        &FcfHeader::versionMajor, &FcfHeader::versionMinor};
+    for (const auto number : numbers) {
         FcfHeader other = header;
         ++(other.*number);
         QVERIFY(other != header);

@@ -309,7 +309,8 @@ void FcfReaderTest::endsWhereADeviceFailsAtEveryByte()
         FailingSource device(whole, failsAt);
         const FcfReading failed = FcfReader::read(&device);
         const FcfReading cut = readingOf(whole.left(failsAt));
-        QCOMPARE(failed.outcome, cut.outcome);
+        QCOMPARE(failed.outcome,
+                 cut.outcome == FcfReading::EndedEarly ? FcfReading::ReadFailed : cut.outcome);
         QVERIFY(failed.header == cut.header);
     }
 }
@@ -322,26 +323,32 @@ void FcfReaderTest::endsAtItsBound_data()
     QTest::addColumn<int>("bound");
     const int whole = FcfReader::MaximumBytes;
     const int functions = FcfReader::MaximumFunctionBytes;
-    const int early = FcfReading::EndedEarly;
+    const int tooLong = FcfReading::TooLong;
+    // Long enough that it is not their number that ends them.
+    const QByteArray function = "name\nauthor\nnumber\na description\nof two lines\n---\n";
+    const int functionsTooLong = FcfReading::FunctionsTooLong;
     QTest::newRow("a preamble without end")
         << QByteArray() << QByteArray("x") << int(FcfReading::NoFilenameLine) << whole;
     QTest::newRow("a first line without end")
         << preamble() << QByteArray("Filename") << int(FcfReading::NoFilenameLine) << whole;
     QTest::newRow("an author without end")
-        << preamble() + "Filename: f\nCI No: c\nAuthor: " << QByteArray("a") << early << whole;
+        << preamble() + "Filename: f\nCI No: c\nAuthor: " << QByteArray("a") << tooLong << whole;
     QTest::newRow("a description in one endless line")
-        << preamble() + headerLines("") << QByteArray("d") << early << whole;
+        << preamble() + headerLines("") << QByteArray("d") << tooLong << whole;
     QTest::newRow("a description of endless lines")
-        << preamble() + headerLines("") << QByteArray("d\n") << early << whole;
+        << preamble() + headerLines("") << QByteArray("d\n") << tooLong << whole;
     QTest::newRow("empty lines for ever")
-        << preamble() + headerLines("") << QByteArray("\n") << early << whole;
+        << preamble() + headerLines("") << QByteArray("\n") << tooLong << whole;
     QTest::newRow("functions for ever")
-        << preamble() + headerLines("d\n---\n")
-        << QByteArray("name\nauthor\nnumber\ndescription\n---\n") << early << functions;
+        << preamble() + headerLines("d\n---\n") << function << functionsTooLong << functions;
     QTest::newRow("a function description of endless lines")
-        << preamble() + headerLines("d\n---\nn\na\nc\n") << QByteArray("d\n") << early << functions;
+        << preamble() + headerLines("d\n---\nn\na\nc\n") << QByteArray("d\n") << functionsTooLong
+        << functions;
     QTest::newRow("a function name without end")
-        << preamble() + headerLines("d\n---\n") << QByteArray("n") << early << functions;
+        << preamble() + headerLines("d\n---\n") << QByteArray("n") << functionsTooLong << functions;
+    QTest::newRow("functions for ever after a long description")
+        << preamble() + headerLines(QByteArray(whole - functions / 2, 'd') + "\n---\n") << function
+        << tooLong << whole;
 }
 
 void FcfReaderTest::endsAtItsBound()
@@ -366,7 +373,7 @@ void FcfReaderTest::takesABoundedNumberOfFunctions()
     QCOMPARE(whole.outcome, FcfReading::Complete);
     QCOMPARE(whole.header.functions.size(), most);
     const FcfReading more = readingOf(start + function.repeated(most + 1) + "----\n");
-    QCOMPARE(more.outcome, FcfReading::EndedEarly);
+    QCOMPARE(more.outcome, FcfReading::TooManyFunctions);
     QCOMPARE(more.header.functions.size(), most);
 }
 
@@ -378,7 +385,7 @@ void FcfReaderTest::readsATextUpToItsBound()
     const FcfReading reading = readingOf(start + QByteArray(room, 'd') + end + "payload");
     QCOMPARE(reading.outcome, FcfReading::Complete);
     QCOMPARE(reading.header.description.size(), room);
-    QCOMPARE(readingOf(start + QByteArray(room + 5, 'd') + end).outcome, FcfReading::EndedEarly);
+    QCOMPARE(readingOf(start + QByteArray(room + 5, 'd') + end).outcome, FcfReading::TooLong);
 }
 
 QTEST_GUILESS_MAIN(FcfReaderTest)

@@ -1,5 +1,6 @@
 #include "support/SampleHeaders.h"
 
+#include "fcf/FcfDevice.h"
 #include "fcf/FcfLayout.h"
 #include "fcf/FcfWriter.h"
 #include "support/Golden.h"
@@ -144,13 +145,13 @@ void FcfWriterTest::reportsAFullDeviceAtEveryByteOfThePage()
     for (int limit = 0; limit < page.size(); ++limit) {
         LimitedSink sink(limit, LimitedSink::Fails);
         QString error;
-        QVERIFY(!FcfWriter::writeAll(&sink, page, &error));
+        QVERIFY(!FcfDevice::writeAll(&sink, page, &error));
         QCOMPARE(error, QString("No space left on device"));
         QCOMPARE(sink.bytes(), page.left(limit));
     }
     LimitedSink sink(page.size(), LimitedSink::Fails);
     QString error;
-    QVERIFY(FcfWriter::writeAll(&sink, page, &error));
+    QVERIFY(FcfDevice::writeAll(&sink, page, &error));
     QCOMPARE(error, QString());
     QCOMPARE(sink.bytes(), page);
 }
@@ -159,7 +160,7 @@ void FcfWriterTest::endsOnADeviceThatTakesNothing()
 {
     LimitedSink sink(7, LimitedSink::TakesNothing);
     QString error;
-    QVERIFY(!FcfWriter::writeAll(&sink, QByteArray(8, 'x'), &error));
+    QVERIFY(!FcfDevice::writeAll(&sink, QByteArray(8, 'x'), &error));
     QCOMPARE(error, QString("the device takes no more bytes"));
 }
 
@@ -167,7 +168,7 @@ void FcfWriterTest::writesAllToADeviceThatTakesAByteAtATime()
 {
     LimitedSink sink(5000, LimitedSink::Fails, 1);
     const QByteArray page = pageOf(headerInSeveralScripts());
-    QVERIFY(FcfWriter::writeAll(&sink, page, nullptr));
+    QVERIFY(FcfDevice::writeAll(&sink, page, nullptr));
     QCOMPARE(sink.bytes(), page);
 }
 

@@ -99,7 +99,8 @@ void PayloadCopyTest::copiesBetweenFiles()
     QFile payload(file("in", expected));
     QVERIFY(payload.open(QIODevice::ReadOnly));
     QFile image(file("out", QByteArray(PageBytes, 'h')));
-    QVERIFY(image.open(QIODevice::Append | QIODevice::Unbuffered));
+    QVERIFY(image.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
+    QVERIFY(image.seek(image.size()));
     PayloadCopy copy(&payload, bytes, &image);
     QVERIFY2(copy.run(seen ? PayloadCopy::Seen : PayloadCopy::Unseen), qPrintable(copy.error()));
     QCOMPARE(image.write("end"), qint64(3));
@@ -205,7 +206,8 @@ void PayloadCopyTest::reportsAnImageThatIsItsOwnPayload()
     QFile payload(path);
     QVERIFY(payload.open(QIODevice::ReadOnly));
     QFile image(path);
-    QVERIFY(image.open(QIODevice::Append | QIODevice::Unbuffered));
+    QVERIFY(image.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
+    QVERIFY(image.seek(image.size()));
     PayloadCopy copy(&payload, 300000, &image);
     QVERIFY(!copy.run());
     QCOMPARE(copy.error(), QString("the payload is longer than its 300000 bytes"));

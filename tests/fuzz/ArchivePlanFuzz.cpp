@@ -7,6 +7,7 @@
 #include "fuzz/FuzzTarget.h"
 
 #include "host/app/archive/ArchivePlan.h"
+#include "host/app/common/HostError.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
@@ -90,7 +91,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         plan.setDescription("design.json", "{}");
     try {
         check(plan.members());
-    } catch (const ArchiveError& error) {
+    } catch (const HostError& error) {
         require(error.what()[0] != '\0', "refused without a reason");
     }
     return 0;

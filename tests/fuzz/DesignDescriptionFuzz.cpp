@@ -2,6 +2,7 @@
 
 #include "fuzz/FuzzTarget.h"
 
+#include "host/app/common/HostError.h"
 #include "host/app/DesignDescription.h"
 #include "host/app/JsonNode.h"
 
@@ -29,13 +30,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     QJsonObject written;
     try {
         written = rewritten(description);
-    } catch (const JsonError& error) {
+    } catch (const HostError& error) {
         require(!error.text().isEmpty(), "refused without a reason");
         return 0;
     }
     try {
         require(rewritten(written) == written, "another description");
-    } catch (const JsonError&) {
+    } catch (const HostError&) {
         require(false, "own description is refused");
     }
     return 0;

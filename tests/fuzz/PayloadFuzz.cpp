@@ -30,9 +30,7 @@ void checkSizes(qint32 bytes)
     const qint64 pages = qint64(info.blocks(bytes)) * FcfLayout::BlockPages + info.pages(bytes);
     require(pages * FcfLayout::PageBytes >= bytes, "too few pages");
     require((pages - 1) * FcfLayout::PageBytes < bytes || bytes == 0, "too many pages");
-    FcfHeader header;
-    info.measure(bytes, &header);
-    require(header.binFileSize == bytes, "another size");
+    require(info.measure(bytes).binFileSize == bytes, "another size");
 }
 
 void checkFiller(int headerBytes)
@@ -81,7 +79,7 @@ void copyBetweenFiles(const QByteArray& payload, qint64 bytes, PayloadCopy::Byte
     require(to.isOpen() || to.open(), "no file to copy to");
     require(to.resize(0), "no empty file");
     QFile target(to.fileName());
-    require(target.open(QIODevice::Append | QIODevice::Unbuffered), "no appending");
+    require(target.open(QIODevice::ReadWrite | QIODevice::Unbuffered), "no writing");
     checkCopy(&from, payload, bytes, &target, use, [] {
         to.seek(0);
         return to.readAll();

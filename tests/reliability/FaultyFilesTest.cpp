@@ -11,6 +11,7 @@
 #include "host/app/archive/ArchiveWriter.h"
 #include "host/app/DesignStorage.h"
 #include "host/app/ImageInspector.h"
+#include "host/HostErrorOf.h"
 
 #include <OrvanticCore/Design.h>
 
@@ -134,21 +135,27 @@ void FaultyFilesTest::loadsNothingButAFile()
 
 void FaultyFilesTest::logsATextWithoutEnd_data()
 {
-    QTest::addColumn<int>("bytes");
+    QTest::addColumn<QByteArray>("rest");
     QTest::addColumn<QString>("reason");
-    QTest::newRow("a short one") << 100 << "it ends before the end mark of its text";
-    QTest::newRow("a long one")
-        << FcfReader::MaximumBytes + 1000
-        << "its text does not end within 16777216 bytes and 30000 functions";
+    const QByteArray header = "CI No: 1\nAuthor: a\nDate: d\nTime: t\nDescription: d\n---\n";
+    QTest::newRow("a short one") << QByteArray("CI No: 1\n")
+                                 << "it ends before the end mark of its text";
+    QTest::newRow("a long one") << QByteArray(FcfReader::MaximumBytes, 'x')
+                                << "its text does not end within 16777216 bytes";
+    QTest::newRow("a function name without end")
+        << header + QByteArray(FcfReader::MaximumFunctionBytes + 3000, 'n')
+        << "its functions do not end within 1048576 bytes";
+    QTest::newRow("a function too many")
+        << header + QByteArray("\n\n\n: ---\n").repeated(FcfReader::MaximumFunctions + 1) + "----\n"
+        << "it has more than 30000 functions";
 }
 
 void FaultyFilesTest::logsATextWithoutEnd()
 {
-    QFETCH(int, bytes);
+    QFETCH(QByteArray, rest);
     QFETCH(QString, reason);
-    QByteArray text = ForgedImage().preamble() + "\nFilename: top.fcf\n";
-    text += QByteArray(bytes - text.size(), 'x');
-    const QString path = m_driver->write("top.txt", text);
+    const QString path =
+        m_driver->write("top.txt", ForgedImage().preamble() + "\nFilename: top.fcf\n" + rest);
     m_driver->window()->setTxtFile(path);
     QCOMPARE(m_driver->text("StatusBar"), "<font color='red'>Loading " + path + " failed.</font>");
     QCOMPARE(m_driver->log(),
@@ -285,8 +292,7 @@ void FaultyFilesTest::opensNoDesignWithoutAFile()
 {
     QFETCH(Place, place);
     place(m_driver->path("design.json"));
-    QString error;
-    QVERIFY(!DesignStorage::load(m_driver->path(""), &error));
+    const QString error = hostErrorOf([this] { DesignStorage::load(m_driver->path("")); });
     QVERIFY2(error.contains("design.json: "), qPrintable(error));
     QVERIFY2(!error.contains("Unknown error"), qPrintable(error));
 }
@@ -295,8 +301,7 @@ void FaultyFilesTest::opensNoDesignOfOneGibibyte()
 {
     const QString path = m_driver->write("design.json", "{");
     QVERIFY(QFile::resize(path, 1LL << 30));
-    QString error;
-    QVERIFY(!DesignStorage::load(m_driver->path(""), &error));
+    const QString error = hostErrorOf([this] { DesignStorage::load(m_driver->path("")); });
     QVERIFY2(error.endsWith("it is too large: 1073741824 bytes"), qPrintable(error));
 }
 
@@ -319,11 +324,10 @@ void FaultyFilesTest::savesADesignInPlaceOfWhatIsThere()
     QVERIFY(QDir().mkpath(folder));
     place(folder + "/design.json");
     OrvanticCore::Design design(folder, "Firmware Design");
-    QString error;
-    QCOMPARE(DesignStorage::save(&design, &error), isSaved);
+    const QString error = hostErrorOf([&design] { DesignStorage::save(&design); });
     QCOMPARE(error.isEmpty(), isSaved);
     if (isSaved)
-        QVERIFY2(DesignStorage::load(folder, &error), qPrintable(error));
+        DesignStorage::load(folder);
     else
         QVERIFY(!QFileInfo(folder + "/design.json").isFile());
 }
@@ -342,7 +346,7 @@ void FaultyFilesTest::archivesNothingButAFile()
     try {
         writer.add(member, [](qint64) {});
         QFAIL("it was archived");
-    } catch (const ArchiveError& error) {
+    } catch (const HostError& error) {
         QVERIFY2(error.text().contains(member.source), qPrintable(error.text()));
         QVERIFY2(!error.text().contains("Unknown error"), qPrintable(error.text()));
     }

@@ -3,6 +3,7 @@
 #include "archive/ArchiveHost.h"
 #include "generator/GeneratorDriver.h"
 #include "host/archive/ArchivedDesign.h"
+#include "host/HostErrorOf.h"
 #include "tool/ToolFixture.h"
 
 #include "host/app/archive/ArchiveJob.h"
@@ -97,8 +98,8 @@ public:
 
     QString write() override
     {
-        QString error;
-        return DesignStorage::save(&m_design, &error) ? QString() : error + '.';
+        const QString error = hostErrorOf([this] { DesignStorage::save(&m_design); });
+        return error.isEmpty() ? QString() : error + '.';
     }
 
 private:

@@ -17,7 +17,7 @@ int run(QObject* test, int argc, char** argv)
 
 } // namespace
 
-/// ZORV_PLUGINS names another folder with the plug-in than that of the build; SCREENSHOTS a folder
+/// PELK_PLUGINS names another folder with the plug-in than that of the build; SCREENSHOTS a folder
 /// that takes pictures of the window.
 int main(int argc, char** argv)
 {
@@ -25,7 +25,7 @@ int main(int argc, char** argv)
     const WorkFolder settings;
     OrvanticCore::DesignManager::instance()->setSettingsFilePath(
         settings.path(QLatin1String("host.ini")));
-    const QByteArray folder = qgetenv("ZORV_PLUGINS");
+    const QByteArray folder = qgetenv("PELK_PLUGINS");
     Host host(folder.isEmpty() ? QString::fromUtf8(ZORV_PLUGIN_FOLDER) : QFile::decodeName(folder));
     if (!host.plugin())
         qFatal("%s", qPrintable(host.takeMessages().join(QLatin1String("\n"))));

@@ -54,7 +54,7 @@ QString ArchiveDestination::withFormat(const QString& path, ArchiveFormat format
     if (!m_design || folderFor(*former) == folderFor(format))
         return renamed;
     const QFileInfo file(filePath(renamed));
-    // Elsewhere, the user has chosen the folder.
+    // A file elsewhere is in a folder that the user has chosen.
     if (file.path() != folderFor(*former))
         return renamed;
     return QDir::toNativeSeparators(folderFor(format) + '/' + file.fileName());
@@ -90,14 +90,13 @@ bool ArchiveDestination::isOfDesign(const QString& file) const
     if (m_design->fileAt(file) || file == description)
         return true;
 
-    // Under another name, through a link on either side: compared by where the paths end.
+    // It may have another name through a link on either side, so that the ends of the paths count.
     const QString end = QFileInfo(file).canonicalFilePath();
     if (end.isEmpty())
         return false;
     if (end == QFileInfo(description).canonicalFilePath())
         return true;
-    const auto* const concrete = qobject_cast<const Design*>(m_design->objectBase());
-    const QList<DesignFile*> files = concrete ? concrete->files() : QList<DesignFile*>();
+    const QList<DesignFile*> files = m_design->files();
     return std::any_of(files.begin(), files.end(), [&end](const DesignFile* present) {
         return QFileInfo(present->filePath()).canonicalFilePath() == end;
     });

@@ -6,7 +6,7 @@
 #include <QString>
 
 namespace OrvanticCore {
-class IDesign;
+class Design;
 }
 
 /// Where archives of a design go.
@@ -15,9 +15,9 @@ class IDesign;
 /// the design's folder. Without a design they are left as they are.
 class ArchiveDestination {
 public:
-    /// \p design stays the caller's and may be null. \p descriptionName is what its description is
-    /// called in its folder, empty when it has none.
-    ArchiveDestination(OrvanticCore::IDesign* design, const QString& descriptionName)
+    /// \p design may be null. Not owned. \p descriptionName is what its description is called in
+    /// its folder, empty when it has none.
+    ArchiveDestination(OrvanticCore::Design* design, const QString& descriptionName)
         : m_design(design), m_descriptionName(descriptionName)
     {
     }
@@ -41,10 +41,10 @@ public:
     bool isOfDesign(const QString& file) const;
 
 private:
-    /// Absolute, with slashes.
+    /// The absolute path of the folder that the structure has for \p format, with slashes.
     QString folderFor(ArchiveFormat format) const;
 
-    OrvanticCore::IDesign* m_design;
+    OrvanticCore::Design* m_design;
     QString m_descriptionName;
 };
 

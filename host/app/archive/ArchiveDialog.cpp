@@ -3,10 +3,11 @@
 #include "host/app/archive/ArchiveExtensions.h"
 #include "host/app/archive/ArchiveJob.h"
 #include "host/app/archive/ArchivePlan.h"
+#include "host/app/common/HostError.h"
 #include "host/app/common/WindowPlace.h"
 #include "ui_ArchiveDialog.h"
 
-#include <OrvanticCore/IDesign.h>
+#include <OrvanticCore/Design.h>
 
 #include <QtilitiesCore/IObjectManager.h>
 #include <QtilitiesCore/QtilitiesCoreApplication.h>
@@ -17,7 +18,7 @@
 #include <QLocale>
 #include <QPushButton>
 
-using OrvanticCore::IDesign;
+using OrvanticCore::Design;
 using Qtilities::Core::QtilitiesCoreApplication;
 using Qtilities::Core::Interfaces::IObjectManager;
 
@@ -29,14 +30,14 @@ const Extension::ArchiveItemFlags Everything =
     Extension::ArchiveItemFlags(Extension::SourceFiles) | Extension::DesignFolders |
     Extension::GeneratedFiles | Extension::ExternalFiles | Extension::DesignDescription;
 
-/// Of the list of contents on a small screen; otherwise there is more room.
+/// How many rows the list of contents has on a small screen. Elsewhere it has more room.
 constexpr int LeastRows = 4;
 
 } // namespace
 
-ArchiveDialog::ArchiveDialog(IDesign* design, const Description& description, QWidget* parent)
+ArchiveDialog::ArchiveDialog(Design* design, const Description& description, QWidget* parent)
     : DesignArchiveOutputParserDialog(parent), m_ui(new Ui::ArchiveDialog), m_design(design),
-      m_designObject(design ? design->objectBase() : nullptr), m_description(description)
+      m_description(description)
 {
     buildForm();
     m_plainDestination = destination().proposal(currentFormat());
@@ -62,14 +63,17 @@ void ArchiveDialog::buildForm()
     m_ui->setupUi(this);
     if (design())
         setWindowTitle(tr("Archive \"%1\"").arg(QDir(design()->workingFolderPath()).dirName()));
+
     m_ui->contentsList->setHeaderLabels({tr("Contents"), tr("Size")});
     m_ui->contentsList->headerItem()->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
     m_ui->contentsList->setMinimumHeight(fontMetrics().lineSpacing() * LeastRows);
     m_ui->contentsList->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_ui->contentsList->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
+
     m_archiveButton = m_ui->buttonBox->addButton(tr("&Archive"), QDialogButtonBox::AcceptRole);
     m_archiveButton->setObjectName("archiveButton");
     m_archiveButton->setDefault(true);
+
     for (const ArchiveFormat format : ArchiveFormats::all())
         m_ui->formatBox->addItem(ArchiveFormats::label(format), static_cast<int>(format));
     m_ui->progressBar->setMaximum(ArchiveJob::Whole);
@@ -105,8 +109,8 @@ void ArchiveDialog::connectForm()
         connect(box, &QCheckBox::toggled, this, &ArchiveDialog::showContents);
     connect(QtilitiesCoreApplication::objectManager(), &IObjectManager::objectRemoved, this,
             &ArchiveDialog::handleObjectRemoved);
-    if (m_designObject)
-        connect(m_designObject, &QObject::destroyed, this, &ArchiveDialog::updateState);
+    if (m_design)
+        connect(m_design, &QObject::destroyed, this, &ArchiveDialog::updateState);
 }
 
 QString ArchiveDialog::currentExtension() const
@@ -114,7 +118,7 @@ QString ArchiveDialog::currentExtension() const
     return ArchiveFormats::extension(currentFormat());
 }
 
-IDesign* ArchiveDialog::design() const { return m_designObject ? m_design : nullptr; }
+Design* ArchiveDialog::design() const { return m_design; }
 
 void ArchiveDialog::setAppendVersionCheckboxVisible(bool visible)
 {
@@ -149,6 +153,7 @@ void ArchiveDialog::enterType()
     setDestinationPathReadOnly(false);
     setIncludedItemsGroupboxVisible(true);
     setIncludedItems(m_plainItems);
+
     QString path = m_plainDestination;
     m_isPlain = m_ui->typeBox->currentIndex() == 0;
     m_extension = extensionOf(m_ui->typeBox->currentIndex());
@@ -157,6 +162,7 @@ void ArchiveDialog::enterType()
         const QString wanted = extension->destinationPathOnActivation();
         path = wanted.isEmpty() ? path : wanted;
     }
+
     // The format may be another one than when the path was built.
     showDestination(destination().withFormat(path, currentFormat()));
     showContents();
@@ -168,6 +174,7 @@ void ArchiveDialog::showContents()
     m_ui->contentsTotal->clear();
     if (!design())
         return;
+
     qint64 total = 0;
     int files = 0;
     try {
@@ -182,7 +189,7 @@ void ArchiveDialog::showContents()
         }
         const QString count = files == 1 ? tr("1 file") : tr("%1 files").arg(files);
         m_ui->contentsTotal->setText(tr("%1, %2").arg(count, QLocale().formattedDataSize(total)));
-    } catch (const ArchiveError& error) {
+    } catch (const HostError& error) {
         m_ui->contentsTotal->setText(error.text());
     }
 }
@@ -193,9 +200,11 @@ void ArchiveDialog::enterExtension(Extension* extension)
             SLOT(showDestination(QString)));
     setIncludedItems(extension->archiveDesignItems());
     extension->updateArchiveDialogWidget();
+
     m_extensionWidget = extension->extensionWidget();
     if (!m_extensionWidget)
         return;
+
     m_ui->extensionLayout->addWidget(m_extensionWidget);
     m_extensionWidget->show();
 }
@@ -206,6 +215,7 @@ void ArchiveDialog::leaveType()
         m_plainDestination = m_ui->destinationPath->text();
         m_plainItems = includedItems();
     }
+
     if (m_extension)
         disconnect(m_extension, nullptr, this, nullptr);
     if (m_extensionWidget) {
@@ -225,12 +235,14 @@ void ArchiveDialog::fitHeight()
 
 void ArchiveDialog::handleObjectRemoved(QObject* object)
 {
-    // A form that is about to be gone leaves its place by itself.
+    // A form that is being deleted leaves its place by itself.
     if (m_extensionWidget == object && !qobject_cast<Extension*>(object))
         m_extensionWidget = nullptr;
+
     for (int type = m_ui->typeBox->count() - 1; type > 0; --type) {
         if (extensionOf(type) && extensionOf(type) != object)
             continue;
+
         if (type == m_ui->typeBox->currentIndex())
             m_ui->typeBox->setCurrentIndex(0);
         if (Extension* const extension = qobject_cast<Extension*>(extensionOf(type)))
@@ -255,7 +267,7 @@ void ArchiveDialog::browse()
     QFileDialog dialog(this, tr("Choose Destination"),
                        destination().filePath(m_ui->destinationPath->text()));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    // Asked when the archive is made, however the path came about.
+    // That question comes when the archive is made, since the path may also be typed.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setNameFilters({ArchiveFormats::label(currentFormat()), tr("All files (*)")});
     dialog.setDefaultSuffix(currentExtension());
@@ -272,7 +284,7 @@ void ArchiveDialog::changeDestination(const QString& path)
 
 void ArchiveDialog::showDestination(const QString& path)
 {
-    // Setting the same text would move the cursor of someone who types.
+    // Setting the same text would move the cursor of a user who is typing.
     if (m_ui->destinationPath->text() != path)
         m_ui->destinationPath->setText(path);
     m_ui->stateLabel->clear();

@@ -5,6 +5,7 @@
 #include "host/app/archive/ArchiveFormat.h"
 #include "host/app/archive/ArchivePlan.h"
 
+#include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignArchiveOutputParserDialog.h>
 #include <OrvanticCore/IDesignArchiveExtension.h>
 
@@ -24,28 +25,28 @@ class ArchiveDialog;
 
 /// The reference host's archive dialog.
 ///
-/// It offers the plain archive and the types of the extensions in the object pool. An extension's
-/// form is shown while its type is chosen, goes back to the extension without a parent, and is
-/// never deleted here; the extension has the dialog from its construction to its destruction.
+/// It offers the plain archive and the types of the extensions in the object pool. The form of an
+/// extension is shown while its type is chosen, and has no parent afterwards. Not owned. Each
+/// extension has a pointer to the dialog as long as that exists.
 class ArchiveDialog final : public OrvanticCore::DesignArchiveOutputParserDialog {
     Q_OBJECT
 
 public:
     /// The design's description at the time of the archiving.
     struct Description {
-        /// Of the member in the archive; with none there is no description.
+        /// The name of the member in the archive. An empty one leaves the description out.
         QString name;
         std::function<QByteArray()> text;
     };
 
-    /// \p design stays the caller's. It may be null or be deleted: then nothing can be archived.
-    ArchiveDialog(OrvanticCore::IDesign* design, const Description& description,
+    /// \p design may be null or be deleted, and nothing can be archived then. Not owned.
+    ArchiveDialog(OrvanticCore::Design* design, const Description& description,
                   QWidget* parent = nullptr);
     /// Cancels an archive that is being made.
     ~ArchiveDialog() override;
 
     QString currentExtension() const override;
-    OrvanticCore::IDesign* design() const override;
+    OrvanticCore::Design* design() const override;
     void setAppendVersionCheckboxVisible(bool visible) override;
     void setDestinationPathReadOnly(bool read_only) override;
     void setIncludedItemsGroupboxVisible(bool visible) override;
@@ -56,9 +57,9 @@ public:
     /// While an archive is made, cancels that and stays open.
     void reject() override;
 
-private Q_SLOTS:
-    /// What the chosen extension's signal is connected to as well; extensions know the dialog by
-    /// its base alone, so the two meet by name.
+private slots:
+    /// Connected by its name to the signal of the chosen extension, too: the dialog knows no class
+    /// of an extension.
     void showDestination(const QString& path);
 
 private:
@@ -88,11 +89,11 @@ private:
     void changeVersionSuffix(bool present);
     void browse();
 
-    /// For changes by the user, which the extension is notified of.
+    /// Shows a path that the user has chosen, and notifies the extension.
     void changeDestination(const QString& path);
 
     ArchiveFormat currentFormat() const;
-    /// For use at once: it does not notice when the design is deleted.
+    /// Not to be kept, since it does not notice when the design is deleted.
     ArchiveDestination destination() const;
     Items includedItems() const;
     void setIncludedItems(Items items);
@@ -108,10 +109,9 @@ private:
     std::unique_ptr<Ui::ArchiveDialog> m_ui;
     QPushButton* m_archiveButton = nullptr;
     QString m_archivePath;
-    OrvanticCore::IDesign* m_design;
-    QPointer<QObject> m_designObject;
+    QPointer<OrvanticCore::Design> m_design;
     Description m_description;
-    /// Of the chosen type.
+    /// Whether the plain archive is chosen. Else the extension of the chosen type, and its form.
     bool m_isPlain = true;
     QPointer<QObject> m_extension;
     QPointer<QWidget> m_extensionWidget;
@@ -125,7 +125,7 @@ private:
 /// Shows the dialog for \p design until the user is done with it, and then where the archive is.
 ///
 /// For drivers: "ArchivedBox" with "ShowInFolderButton".
-void archiveDesign(OrvanticCore::IDesign* design, const ArchiveDialog::Description& description,
+void archiveDesign(OrvanticCore::Design* design, const ArchiveDialog::Description& description,
                    QWidget* parent);
 
 #endif

@@ -6,8 +6,8 @@
 #include "host/app/common/PlainMessageBox.h"
 #include "ui_ArchiveDialog.h"
 
+#include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignManager.h>
-#include <OrvanticCore/IDesign.h>
 
 #include <QtilitiesLogging/Logger.h>
 
@@ -18,8 +18,8 @@
 #include <QSettings>
 #include <QUrl>
 
+using OrvanticCore::Design;
 using OrvanticCore::DesignManager;
-using OrvanticCore::IDesign;
 using Qtilities::Logging::Logger;
 
 namespace {
@@ -29,12 +29,17 @@ using Extension = OrvanticCore::Interfaces::IDesignArchiveExtension;
 const char TypeKey[] = "ArchiveDialog/type";
 const char FormatKey[] = "ArchiveDialog/format";
 
-/// Of the folder of the last plain archive. A slash in a design's path would begin a group.
-QString folderKey(const IDesign& design)
+/// The key under which the folder of the last plain archive is kept. A slash in a design's path
+/// would begin a group.
+QString folderKey(const Design& design)
 {
     return "ArchiveDialog/folders/" +
            QString::fromLatin1(QUrl::toPercentEncoding(design.workingFolderPath()));
 }
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(ArchiveDialog)
+};
 
 void logInfo(const QString& text)
 {
@@ -52,6 +57,7 @@ void ArchiveDialog::archive()
                       .arg(QDir::toNativeSeparators(path)));
         return;
     }
+
     const QString question =
         tr("%1 exists already. Replace it?").arg(QDir::toNativeSeparators(path));
     if (present.isFile() &&
@@ -65,10 +71,12 @@ void ArchiveDialog::archive()
     const Extension* const extension = currentExtensionObject();
     if (extension && extension->archiveIncludeInstaller())
         logInfo(tr("The archive gets no installer: this host has none."));
+
     m_job = std::make_unique<ArchiveJob>(ArchiveJob::Order{
         plan(), currentFormat(), path, design()->workingFolderPath(), present.isFile()});
     connect(m_job.get(), &ArchiveJob::progressed, m_ui->progressBar, &QProgressBar::setValue);
     connect(m_job.get(), &ArchiveJob::finished, this, &ArchiveDialog::handleJobFinished);
+
     m_ui->progressBar->setValue(0);
     m_ui->stateLabel->clear();
     updateState();
@@ -97,6 +105,7 @@ void ArchiveDialog::handleJobFinished()
     const std::unique_ptr<ArchiveJob> job = std::move(m_job);
     job->wait();
     updateState();
+
     switch (job->outcome()) {
     case ArchiveJob::Written:
         logInfo(tr("The design is archived in %1.")
@@ -130,7 +139,7 @@ void ArchiveDialog::updateState()
 {
     const bool running = m_job != nullptr;
     m_ui->content->setDisabled(running);
-    // One in place of the other: both would make the dialog grow.
+    // One replaces the other, since the dialog would grow with both.
     m_ui->stateWidgets->setCurrentWidget(running ? static_cast<QWidget*>(m_ui->progressBar)
                                                  : m_ui->stateLabel);
     m_archiveButton->setEnabled(!running && design() && !m_ui->destinationPath->text().isEmpty());
@@ -140,12 +149,14 @@ void ArchiveDialog::recall()
 {
     if (!design())
         return;
+
     const QSettings settings(DesignManager::instance()->settingsFilePath(), QSettings::IniFormat);
     const QString folder = settings.value(folderKey(*design())).toString();
     if (QFileInfo(folder).isDir()) {
         const QString name = QFileInfo(m_ui->destinationPath->text()).fileName();
         showDestination(QDir::toNativeSeparators(QDir(folder).filePath(name)));
     }
+
     const int format = m_ui->formatBox->findText(settings.value(FormatKey).toString());
     m_ui->formatBox->setCurrentIndex(qMax(0, format));
     const int type = m_ui->typeBox->findText(settings.value(TypeKey).toString());
@@ -156,6 +167,7 @@ void ArchiveDialog::remember() const
 {
     if (!design())
         return;
+
     QSettings settings(DesignManager::instance()->settingsFilePath(), QSettings::IniFormat);
     settings.setValue(TypeKey, m_ui->typeBox->currentText());
     settings.setValue(FormatKey, m_ui->formatBox->currentText());
@@ -163,25 +175,27 @@ void ArchiveDialog::remember() const
         settings.setValue(folderKey(*design()), QFileInfo(m_archivePath).absolutePath());
 }
 
-void archiveDesign(IDesign* design, const ArchiveDialog::Description& description, QWidget* parent)
+void archiveDesign(Design* design, const ArchiveDialog::Description& description, QWidget* parent)
 {
     ArchiveDialog dialog(design, description, parent);
     if (dialog.exec() != QDialog::Accepted)
         return;
+
+    // The box is not modal, since nobody has to answer it.
     const QString path = dialog.archivePath();
-    // Not modal: nobody has to answer it.
     auto* const box = new PlainMessageBox(
         QMessageBox::Information, dialog.windowTitle(),
-        ArchiveDialog::tr("The design is archived in %1.").arg(QDir::toNativeSeparators(path)),
+        Texts::tr("The design is archived in %1.").arg(QDir::toNativeSeparators(path)),
         QMessageBox::Close, QMessageBox::Close, parent);
     box->setObjectName("ArchivedBox");
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setModal(false);
-    QPushButton* const show =
-        box->addButton(ArchiveDialog::tr("&Show in Folder"), QMessageBox::ActionRole);
+
+    QPushButton* const show = box->addButton(Texts::tr("&Show in Folder"), QMessageBox::ActionRole);
     show->setObjectName("ShowInFolderButton");
     QObject::connect(show, &QPushButton::clicked, box, [path] {
         QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absolutePath()));
     });
+
     box->show();
 }

@@ -1,12 +1,12 @@
 #include "host/app/archive/ArchiveExtensions.h"
 
-#include <OrvanticCore/IDesign.h>
+#include <OrvanticCore/Design.h>
 #include <OrvanticCore/IDesignArchiveExtension.h>
 
 #include <QtilitiesCore/IObjectManager.h>
 #include <QtilitiesCore/QtilitiesCoreApplication.h>
 
-using OrvanticCore::IDesign;
+using OrvanticCore::Design;
 using OrvanticCore::Interfaces::IDesignArchiveExtension;
 using Qtilities::Core::QtilitiesCoreApplication;
 
@@ -19,7 +19,7 @@ bool admits(const QStringList& names, bool inversed, const QString& name)
 
 } // namespace
 
-QList<QObject*> archiveExtensionsFor(const IDesign* design)
+QList<QObject*> archiveExtensionsFor(const Design* design)
 {
     const QString type = design ? design->typeName() : QString();
     QList<QObject*> meant;

@@ -2,6 +2,14 @@
 
 #include <QCoreApplication>
 
+namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(ArchiveFormats)
+};
+
+} // namespace
+
 QList<ArchiveFormat> ArchiveFormats::all() { return {ArchiveFormat::Zip, ArchiveFormat::TarGz}; }
 
 QString ArchiveFormats::extension(ArchiveFormat format)
@@ -11,7 +19,6 @@ QString ArchiveFormats::extension(ArchiveFormat format)
 
 QString ArchiveFormats::label(ArchiveFormat format)
 {
-    return format == ArchiveFormat::Zip
-               ? QCoreApplication::translate("ArchiveFormats", "Zip archive (*.zip)")
-               : QCoreApplication::translate("ArchiveFormats", "Compressed tar archive (*.tar.gz)");
+    return format == ArchiveFormat::Zip ? Texts::tr("Zip archive (*.zip)")
+                                        : Texts::tr("Compressed tar archive (*.tar.gz)");
 }

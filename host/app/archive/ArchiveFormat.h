@@ -8,7 +8,7 @@ enum class ArchiveFormat { Zip, TarGz };
 
 namespace ArchiveFormats {
 
-/// In the order in which the user is offered them.
+/// All formats in the order in which the user is offered them.
 QList<ArchiveFormat> all();
 
 /// The file extension, without the first dot.

@@ -2,17 +2,18 @@
 
 #include "host/app/archive/ArchivePlan.h"
 #include "host/app/archive/ArchiveWriter.h"
-
 #include "host/app/common/FileProblem.h"
+#include "host/app/common/FileReplacement.h"
+#include "host/app/common/HostError.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
-
-#include <cerrno>
-#include <unistd.h>
 
 namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(ArchiveJob)
+};
 
 /// Makes the missing folders on the way to a file, and removes them again unless they are kept.
 class MissingFolders {
@@ -22,12 +23,13 @@ public:
     {
         while (!QFileInfo::exists(m_present))
             m_present = QFileInfo(m_present).absolutePath();
+
         const bool isBelow = m_folder.startsWith(base + '/') && QFileInfo(base).isDir();
         if (!isBelow && !QFileInfo(m_folder).isDir())
-            throw ArchiveError(fileProblem(m_folder, ArchiveJob::tr("The folder does not exist.")));
+            throw HostError(fileProblem(m_folder, Texts::tr("The folder does not exist.")));
         if (!QDir().mkpath(m_folder)) {
             remove();
-            throw ArchiveError(fileProblem(m_folder, ArchiveJob::tr("The folder cannot be made.")));
+            throw HostError(fileProblem(m_folder, Texts::tr("The folder cannot be made.")));
         }
     }
     ~MissingFolders() { remove(); }
@@ -39,7 +41,7 @@ private:
 
     void remove()
     {
-        // Only empty folders go, so nothing is lost that came in meanwhile.
+        // Only empty folders are removed, so that nothing is lost that was added meanwhile.
         for (; m_folder != m_present; m_folder = QFileInfo(m_folder).absolutePath())
             QDir().rmdir(m_folder);
     }
@@ -69,7 +71,7 @@ void ArchiveJob::run()
         m_outcome = Written;
     } catch (const ArchiveCancelled&) {
         m_outcome = Cancelled;
-    } catch (const ArchiveError& error) {
+    } catch (const HostError& error) {
         m_error = error.text();
         m_outcome = Failed;
     } catch (const std::bad_alloc&) {
@@ -82,26 +84,18 @@ void ArchiveJob::makeArchive()
 {
     const std::vector<ArchiveMember> members = m_order.plan.members();
     if (members.empty())
-        throw ArchiveError(tr("There is nothing to archive."));
+        throw HostError(tr("There is nothing to archive."));
     checkCancelled();
 
     MissingFolders folders(m_order.destination, m_order.baseFolder);
-    const QFileInfo present(m_order.destination);
-    // Through a link, a device of the system would be replaced.
-    if (present.exists() && !present.isFile())
-        throw ArchiveError(fileProblem(m_order.destination, tr("It is not a file.")));
-    QSaveFile file(m_order.destination);
-    // Unbuffered: QSaveFile would not notice when the last of its buffer cannot be written.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        throw ArchiveError(fileProblem(m_order.destination, file.errorString()));
-    write(&file, members);
-    if (fsync(file.handle()) != 0)
-        throw ArchiveError(fileProblem(m_order.destination, qt_error_string(errno)));
+    FileReplacement file(m_order.destination);
+    write(file.device(), members);
+    file.sync();
+
     checkCancelled();
     if (!m_order.replace && QFileInfo::exists(m_order.destination))
-        throw ArchiveError(fileProblem(m_order.destination, tr("The file has come up meanwhile.")));
-    if (!file.commit())
-        throw ArchiveError(fileProblem(m_order.destination, file.errorString()));
+        throw HostError(fileProblem(m_order.destination, tr("The file has come up meanwhile.")));
+    file.commit();
     folders.keep();
 }
 

@@ -6,6 +6,11 @@
 
 #include <QThread>
 
+#include <exception>
+
+/// The user has cancelled the making of an archive.
+class ArchiveCancelled : public std::exception {};
+
 /// Makes one archive in a thread of its own.
 ///
 /// The archive is written under a temporary name in the destination's folder and renamed when it
@@ -18,7 +23,7 @@ public:
     struct Order {
         ArchivePlan plan;
         ArchiveFormat format;
-        /// Absolute.
+        /// The absolute path of the archive.
         QString destination;
         /// Missing folders are made below this one, which must exist.
         QString baseFolder;
@@ -27,7 +32,7 @@ public:
     };
     enum Outcome { Unfinished, Written, Cancelled, Failed };
 
-    /// What of the whole progressed() counts.
+    /// What progressed() reports when all is done.
     static constexpr int Whole = 1000;
 
     explicit ArchiveJob(const Order& order, QObject* parent = nullptr);
@@ -39,11 +44,11 @@ public:
     /// Ends the job soon, unless it is about to end anyway; finished() follows.
     void cancel() { requestInterruption(); }
 
-    /// How the job ended, and why it failed. For after finished().
+    /// How the job ended, and why it failed. Valid after finished().
     Outcome outcome() const { return m_outcome; }
     QString error() const { return m_error; }
 
-Q_SIGNALS:
+signals:
     void progressed(int part);
 
 protected:

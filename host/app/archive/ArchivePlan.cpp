@@ -1,12 +1,11 @@
 #include "host/app/archive/ArchivePlan.h"
 
 #include "host/app/common/FileProblem.h"
+#include "host/app/common/HostError.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
 #include <OrvanticCore/DesignFolder.h>
-
-#include <QtilitiesCoreGui/TreeNode.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -17,7 +16,6 @@
 using OrvanticCore::Design;
 using OrvanticCore::DesignFile;
 using OrvanticCore::DesignFolder;
-using OrvanticCore::IDesign;
 using OrvanticCore::Interfaces::IDesignArchiveExtension;
 
 namespace {
@@ -65,7 +63,7 @@ public:
     std::vector<ArchiveMember> members() const
     {
         if (!m_problems.isEmpty())
-            throw ArchiveError(problemText());
+            throw HostError(problemText());
         std::vector<ArchiveMember> members;
         for (const auto& [name, member] : m_members)
             members.push_back(member);
@@ -112,6 +110,7 @@ private:
             note(dir.path(), tr("The folder cannot be read."));
             return;
         }
+
         m_members.emplace(name.toUtf8(), ArchiveMember{ArchiveMember::Folder, name, {}, {}});
         m_above << path;
         for (const QFileInfo& entry : dir.entryInfoList(QDir::AllEntries | QDir::Hidden |
@@ -142,19 +141,16 @@ private:
     QStringList m_problems;
 };
 
-ArchivePlan::ArchivePlan(const IDesign& design, Items items) : m_folder(design.workingFolderPath())
+ArchivePlan::ArchivePlan(const Design& design, Items items) : m_folder(design.workingFolderPath())
 {
-    const auto* const tree = design.tree();
-    for (int index = 0; index < tree->subjectCount(); ++index) {
-        const auto* const file = qobject_cast<DesignFile*>(tree->subjectAt(index));
-        if (file && items.testFlag(kindOf(*file, m_folder)))
+    for (const DesignFile* file : design.files()) {
+        if (items.testFlag(kindOf(*file, m_folder)))
             m_files << file->filePath();
     }
-    const auto* const withFolders =
-        qobject_cast<const Design*>(const_cast<IDesign&>(design).objectBase());
-    if (!withFolders || !items.testFlag(IDesignArchiveExtension::DesignFolders))
+
+    if (!items.testFlag(IDesignArchiveExtension::DesignFolders))
         return;
-    for (const DesignFolder* folder : withFolders->folders()) {
+    for (const DesignFolder* folder : design.folders()) {
         if (isInside(m_folder, folder->folderPath()) ||
             items.testFlag(IDesignArchiveExtension::ExternalFiles))
             m_folders << folder->folderPath();
@@ -171,6 +167,7 @@ std::vector<ArchiveMember> ArchivePlan::members() const
 {
     Listing listing(*this);
     listing.addDescription(m_description);
+
     // What lies in the working folder comes first, so that it has its names for itself.
     for (const bool inside : {true, false}) {
         for (const QString& file : m_files) {
@@ -182,5 +179,6 @@ std::vector<ArchiveMember> ArchivePlan::members() const
                 listing.addFolder(folder);
         }
     }
+
     return listing.members();
 }

@@ -1,6 +1,7 @@
 #include "host/app/archive/ArchiveWriter.h"
 
 #include "host/app/archive/ArchivePlan.h"
+#include "host/app/common/HostError.h"
 
 #include <archive.h>
 #include <archive_entry.h>
@@ -22,10 +23,13 @@ struct FreeEntry {
     void operator()(archive_entry* entry) const { archive_entry_free(entry); }
 };
 
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(ArchiveWriter)
+};
+
 QString cannotRead(const QString& path, const QString& reason)
 {
-    return QCoreApplication::translate("ArchiveWriter", "Cannot read %1: %2")
-        .arg(QDir::toNativeSeparators(path), reason);
+    return Texts::tr("Cannot read %1: %2").arg(QDir::toNativeSeparators(path), reason);
 }
 
 } // namespace
@@ -36,7 +40,7 @@ public:
     Utf8Locale() : m_utf8(newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr)), m_before(nullptr)
     {
         if (!m_utf8)
-            throw ArchiveError(tr("The system has no locale \"C.UTF-8\"."));
+            throw HostError(tr("The system has no locale \"C.UTF-8\"."));
         m_before = uselocale(m_utf8);
     }
     ~Utf8Locale()
@@ -60,7 +64,7 @@ ArchiveWriter::ArchiveWriter(QIODevice* device, const QString& name, ArchiveForm
         throw std::bad_alloc();
     try {
         open();
-    } catch (const ArchiveError&) {
+    } catch (const HostError&) {
         archive_write_free(m_archive);
         throw;
     }
@@ -68,7 +72,7 @@ ArchiveWriter::ArchiveWriter(QIODevice* device, const QString& name, ArchiveForm
 
 ArchiveWriter::~ArchiveWriter()
 {
-    // Only by completing an archive does the library free all that it has, so one that was given up
+    // The library frees all of its memory only when an archive is complete. One that was given up
     // is completed into nothing.
     m_sink.device = nullptr;
     archive_write_free(m_archive);
@@ -81,14 +85,15 @@ void ArchiveWriter::open()
     } else {
         require(archive_write_set_format_pax_restricted(m_archive));
         require(archive_write_add_filter_gzip(m_archive));
-        // The time of the writing would make each archive another one.
+        // The time of the writing would make two archives of the same design differ.
         require(archive_write_set_filter_option(m_archive, "gzip", "timestamp", nullptr));
     }
     require(archive_write_set_bytes_per_block(m_archive, BlockBytes));
-    // The end of a block device's block, which is filled up by default, is none of a file's.
+    // By default the last block is filled up, as a block device needs it.
     require(archive_write_set_bytes_in_last_block(m_archive, 1));
-    // A zip archive is not freed when its output is refused, a tar archive takes as long as its
-    // members are large when it is not.
+
+    // When its output is refused, the library does not free a zip archive. When it is passed over,
+    // the library still goes through all data of a tar archive. So each format has its own way.
     const auto writeBlock = [](archive*, void* context, const void* data,
                                std::size_t size) -> la_ssize_t {
         auto* const sink = static_cast<Sink*>(context);
@@ -124,11 +129,12 @@ void ArchiveWriter::add(const ArchiveMember& member, const Advance& advance)
 void ArchiveWriter::addFile(const ArchiveMember& member, const Advance& advance)
 {
     QFile file(member.source);
-    // A pipe, which may have come up since the members were listed, would block the archive.
+    // A pipe may have come up since the members were listed, and would block the archive.
     if (file.exists() && !QFileInfo(file).isFile())
-        throw ArchiveError(cannotRead(member.source, tr("It is not a file.")));
+        throw HostError(cannotRead(member.source, tr("It is not a file.")));
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        throw ArchiveError(cannotRead(member.source, file.errorString()));
+        throw HostError(cannotRead(member.source, file.errorString()));
+
     const qint64 size = file.size();
     addHeader(member, size, file.permissions().testFlag(QFile::ExeOwner));
 
@@ -136,15 +142,16 @@ void ArchiveWriter::addFile(const ArchiveMember& member, const Advance& advance)
     qint64 total = 0;
     while (const qint64 count = file.read(block.data(), BlockBytes)) {
         if (count < 0)
-            throw ArchiveError(cannotRead(member.source, file.errorString()));
+            throw HostError(cannotRead(member.source, file.errorString()));
         total += count;
         if (total > size)
             break;
+
         addData(block.data(), count);
         advance(count);
     }
     if (total != size)
-        throw ArchiveError(cannotRead(member.source, tr("The file changed while it was read.")));
+        throw HostError(cannotRead(member.source, tr("The file changed while it was read.")));
 }
 
 void ArchiveWriter::addHeader(const ArchiveMember& member, qint64 size, bool executable)
@@ -153,12 +160,13 @@ void ArchiveWriter::addHeader(const ArchiveMember& member, qint64 size, bool exe
     const std::unique_ptr<archive_entry, FreeEntry> entry(archive_entry_new());
     if (!entry)
         throw std::bad_alloc();
+
     const QByteArray name = member.name.toUtf8();
     archive_entry_copy_pathname(entry.get(), name.constData());
     archive_entry_set_filetype(entry.get(), isFolder ? AE_IFDIR : AE_IFREG);
     archive_entry_set_perm(entry.get(), executable ? 0755 : 0644);
     archive_entry_set_size(entry.get(), size);
-    // A zip archive stores local time: only with none does it not depend on the time zone.
+    // A zip archive stores local time, so that it gets none: it would depend on the time zone.
     if (m_format != ArchiveFormat::Zip)
         archive_entry_set_mtime(entry.get(), StartOf1980, 0);
     require(archive_write_header(m_archive, entry.get()));
@@ -184,5 +192,5 @@ void ArchiveWriter::fail()
     QString reason = m_sink.error;
     if (reason.isNull())
         reason = QString::fromUtf8(archive_error_string(m_archive));
-    throw ArchiveError(tr("Cannot write %1: %2").arg(m_name, reason));
+    throw HostError(tr("Cannot write %1: %2").arg(m_name, reason));
 }

@@ -17,7 +17,7 @@ struct ArchiveMember;
 /// The bytes depend on the members alone: each one has the same time, the start of 1980, which is
 /// the first that every format can store, no owner, and the permissions 755 (folders and files that
 /// their owner may execute) or 644. Names are in UTF-8 whatever the process's locale is. All
-/// operations throw an ArchiveError. For use by the thread that made it.
+/// operations throw an HostError. For use by the thread that made it.
 class ArchiveWriter {
     Q_DECLARE_TR_FUNCTIONS(ArchiveWriter)
 
@@ -26,9 +26,9 @@ public:
     /// writing.
     using Advance = std::function<void(qint64 bytes)>;
 
-    /// \p device is open and stays the caller's; \p name is what errors call it.
+    /// \p device is open. Not owned. \p name is what errors call it.
     ArchiveWriter(QIODevice* device, const QString& name, ArchiveFormat format);
-    /// Writes nothing more: without finish() the archive is none.
+    /// Writes nothing more. Without finish() the archive is not valid.
     ~ArchiveWriter();
 
     /// Adds \p member. A file must keep its size while it is read.

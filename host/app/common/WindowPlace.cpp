@@ -5,7 +5,7 @@
 
 void resizeToScreen(QWidget* window, const QSize& wanted)
 {
-    // Before a window is shown its frame is not known; this is about what desktops draw.
+    // The frame of a window is not known before it is shown. Desktops draw about this much.
     constexpr int Frame = 4;
     constexpr int TitleBar = 32;
     const QSize available = window->screen()->availableSize() - QSize(2 * Frame, TitleBar + Frame);

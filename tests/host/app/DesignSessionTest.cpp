@@ -1,6 +1,7 @@
 #include "host/app/DesignSession.h"
 
 #include "host/app/DesignStorage.h"
+#include "host/HostErrorOf.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignManager.h>
@@ -31,10 +32,8 @@ void DesignSessionTest::makesADesignWithAPlaceForBitStreams()
     const QTemporaryDir folder;
     DesignSession session(nullptr);
     QSignalSpy opened(&session, &DesignSession::opened);
-    QString error;
     const Design* const design =
-        session.create(folder.filePath("new/radar"), "Firmware Design", 2, 3, &error);
-    QVERIFY2(design, qPrintable(error));
+        session.create(folder.filePath("new/radar"), "Firmware Design", 2, 3);
     QCOMPARE(opened.count(), 1);
     QCOMPARE(design->versionString("."), QString("2.3"));
     QVERIFY(!design->isModified());
@@ -49,8 +48,8 @@ void DesignSessionTest::refusesToMakeADesignOverAnother()
     QFile file(DesignStorage::descriptionPath(folder.path()));
     QVERIFY(file.open(QIODevice::WriteOnly) && file.write("precious") == 8 && file.flush());
     DesignSession session(nullptr);
-    QString error;
-    QVERIFY(!session.create(folder.path(), "Firmware Design", 1, 0, &error));
+    const QString error =
+        hostErrorOf([&] { session.create(folder.path(), "Firmware Design", 1, 0); });
     QCOMPARE(error, "There is a design in " + folder.path() + " already.");
     QCOMPARE(file.size(), qint64(8));
 }
@@ -61,8 +60,8 @@ void DesignSessionTest::refusesToMakeADesignWhereThereIsAFile()
     QFile file(folder.filePath("file"));
     QVERIFY(file.open(QIODevice::WriteOnly));
     DesignSession session(nullptr);
-    QString error;
-    QVERIFY(!session.create(folder.filePath("file"), "Firmware Design", 1, 0, &error));
+    const QString error =
+        hostErrorOf([&] { session.create(folder.filePath("file"), "Firmware Design", 1, 0); });
     QCOMPARE(error, "Cannot make the folder " + folder.filePath("file") + ".");
     QVERIFY(DesignManager::instance()->designs().isEmpty());
 }
@@ -71,21 +70,18 @@ void DesignSessionTest::opensADesignOnlyOnce()
 {
     const QTemporaryDir folder;
     DesignSession session(nullptr);
-    QString error;
-    Design* const design = session.create(folder.path(), "Firmware Design", 1, 0, &error);
-    QCOMPARE(session.load(folder.path() + "/.", &error), design);
+    Design* const design = session.create(folder.path(), "Firmware Design", 1, 0);
+    QCOMPARE(session.load(folder.path() + "/."), design);
     QCOMPARE(DesignManager::instance()->designs().count(), 1);
 }
 
 void DesignSessionTest::listsItsDesignsInTheManager()
 {
     const QTemporaryDir folder;
-    QString error;
     {
         DesignSession session(nullptr);
-        Design* const first = session.create(folder.filePath("a"), "Firmware Design", 1, 0, &error);
-        Design* const second =
-            session.create(folder.filePath("b"), "Software Design", 1, 0, &error);
+        Design* const first = session.create(folder.filePath("a"), "Firmware Design", 1, 0);
+        Design* const second = session.create(folder.filePath("b"), "Software Design", 1, 0);
         QCOMPARE(DesignManager::instance()->designs(), QList<IDesign*>() << first << second);
         QSignalSpy closing(&session, &DesignSession::aboutToClose);
         session.close(first);
@@ -99,9 +95,7 @@ void DesignSessionTest::opensNothingThatIsDamaged()
 {
     const QTemporaryDir folder;
     DesignSession session(nullptr);
-    QString error;
-    QVERIFY(!session.load(folder.path(), &error));
-    QVERIFY(!error.isEmpty());
+    QVERIFY(!hostErrorOf([&] { session.load(folder.path()); }).isEmpty());
     QVERIFY(DesignManager::instance()->designs().isEmpty());
 }
 

@@ -1,4 +1,5 @@
 #include "host/app/DesignStorage.h"
+#include "host/HostErrorOf.h"
 #include "support/FullDisk.h"
 #include "support/TestFile.h"
 
@@ -86,12 +87,10 @@ void DesignStorageTest::bringsADesignBack()
 {
     // Locked last, as a locked design takes no properties.
     const std::unique_ptr<Design> design = makeDesign();
-    QString error;
-    QVERIFY2(DesignStorage::save(design.get(), &error), qPrintable(error));
+    DesignStorage::save(design.get());
     QVERIFY(!design->isModified());
 
-    const std::unique_ptr<Design> loaded = DesignStorage::load(m_folder->path(), &error);
-    QVERIFY2(loaded, qPrintable(error));
+    const std::unique_ptr<Design> loaded = DesignStorage::load(m_folder->path());
     QVERIFY(!loaded->isModified());
     QVERIFY(loaded->isLocked());
     QCOMPARE(loaded->typeName(), QString("Firmware Design"));
@@ -131,19 +130,16 @@ void DesignStorageTest::bringsADesignBack()
 
 void DesignStorageTest::writesTheSameTextAgain()
 {
-    QString error;
-    QVERIFY(DesignStorage::save(makeDesign().get(), &error));
+    DesignStorage::save(makeDesign().get());
     const QByteArray first = description();
-    const std::unique_ptr<Design> loaded = DesignStorage::load(m_folder->path(), &error);
-    QVERIFY(loaded);
-    QVERIFY(DesignStorage::save(loaded.get(), &error));
+    const std::unique_ptr<Design> loaded = DesignStorage::load(m_folder->path());
+    DesignStorage::save(loaded.get());
     QCOMPARE(description(), first);
 }
 
 void DesignStorageTest::writesPathsRelativeToTheDesign()
 {
-    QString error;
-    QVERIFY(DesignStorage::save(makeDesign().get(), &error));
+    DesignStorage::save(makeDesign().get());
     QVERIFY(description().contains("\"path\": \"src/top.vhd\""));
     QVERIFY(description().contains("\"path\": \"/elsewhere/shared.vhd\""));
     QVERIFY(!description().contains(m_folder->path().toUtf8()));
@@ -153,9 +149,7 @@ void DesignStorageTest::readsTheLeastThatThereMustBe()
 {
     writeDescription(R"({"format": 1, "type": "Software Design",
                          "version": {"major": 1, "minor": 0}})");
-    QString error;
-    const std::unique_ptr<Design> loaded = DesignStorage::load(m_folder->path(), &error);
-    QVERIFY2(loaded, qPrintable(error));
+    const std::unique_ptr<Design> loaded = DesignStorage::load(m_folder->path());
     QVERIFY(!loaded->structure());
     QVERIFY(loaded->files().isEmpty());
     QVERIFY(!loaded->isLocked());
@@ -226,8 +220,7 @@ void DesignStorageTest::refusesADamagedDescription()
     QFETCH(QByteArray, bytes);
     QFETCH(QString, problem);
     writeDescription(bytes);
-    QString error;
-    QVERIFY(!DesignStorage::load(m_folder->path(), &error));
+    const QString error = hostErrorOf([this] { DesignStorage::load(m_folder->path()); });
     const QString expected = path("design.json") + ": " + problem;
     QVERIFY2(error.startsWith(expected), qPrintable(error));
     QCOMPARE(description(), bytes);
@@ -237,8 +230,7 @@ void DesignStorageTest::refusesADamagedDescription()
 void DesignStorageTest::refusesAFolderWithoutADescription()
 {
     QVERIFY(!DesignStorage::hasDescription(m_folder->path()));
-    QString error;
-    QVERIFY(!DesignStorage::load(m_folder->path(), &error));
+    const QString error = hostErrorOf([this] { DesignStorage::load(m_folder->path()); });
     QVERIFY2(error.startsWith(path("design.json") + ": "), qPrintable(error));
 }
 
@@ -247,8 +239,7 @@ void DesignStorageTest::keepsTheOldDescriptionWhenItCannotBeReplaced()
     // A folder in its place is refused for every user, unlike a write protection.
     QVERIFY(QDir(m_folder->path()).mkdir("design.json"));
     const std::unique_ptr<Design> design = makeDesign();
-    QString error;
-    QVERIFY(!DesignStorage::save(design.get(), &error));
+    const QString error = hostErrorOf([&design] { DesignStorage::save(design.get()); });
     QVERIFY2(error.startsWith(path("design.json") + ": "), qPrintable(error));
     QVERIFY(design->isModified());
     QVERIFY(QFileInfo(path("design.json")).isDir());
@@ -262,7 +253,7 @@ void DesignStorageTest::keepsTheOldDescriptionWhenTheDiskIsFull()
     QString error;
     {
         const FullDisk disk(100);
-        QVERIFY(!DesignStorage::save(design.get(), &error));
+        error = hostErrorOf([&design] { DesignStorage::save(design.get()); });
     }
     QCOMPARE(error, path("design.json") + ": File too large");
     QVERIFY(design->isModified());
@@ -274,11 +265,10 @@ void DesignStorageTest::replacesADescriptionAsAWhole()
     writeDescription(QByteArray(100000, 'x'));
     QFile old(path("design.json"));
     QVERIFY(old.open(QIODevice::ReadOnly));
-    QString error;
-    QVERIFY(DesignStorage::save(makeDesign().get(), &error));
+    DesignStorage::save(makeDesign().get());
     // What has it open still reads the old one: it was not written over in place.
     QCOMPARE(old.readAll(), QByteArray(100000, 'x'));
-    QVERIFY(DesignStorage::load(m_folder->path(), &error));
+    DesignStorage::load(m_folder->path());
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList("design.json"));
 }
 

@@ -1,6 +1,7 @@
 #include "host/archive/ArchivedDesign.h"
 
 #include "host/app/archive/ArchivePlan.h"
+#include "host/app/common/HostError.h"
 
 #include <OrvanticCore/DesignFile.h>
 
@@ -58,7 +59,7 @@ QString ArchivePlanTest::error(ArchivePlan::Items items) const
 {
     try {
         return "no error: " + names(items).join(' ');
-    } catch (const ArchiveError& error) {
+    } catch (const HostError& error) {
         return error.text();
     }
 }

@@ -3,6 +3,7 @@
 
 #include "host/app/archive/ArchivePlan.h"
 #include "host/app/archive/ArchiveWriter.h"
+#include "host/app/common/HostError.h"
 #include "support/StubbornDevices.h"
 
 #include <QBuffer>
@@ -49,7 +50,7 @@ QString errorOf(const std::function<void()>& action)
     try {
         action();
         return {};
-    } catch (const ArchiveError& error) {
+    } catch (const HostError& error) {
         return error.text();
     }
 }
