@@ -100,7 +100,7 @@ QString DiskModel::whyNotRead(const QString& path) const
     if (isPipe(path))
         return QString::fromLatin1("it is a named pipe");
     if (isFolder(path))
-        return QString::fromLatin1("file to open is a directory");
+        return QString::fromLatin1("it is not a file");
     return isFile(path) ? QString() : reason(ENOENT);
 }
 

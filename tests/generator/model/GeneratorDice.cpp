@@ -107,7 +107,7 @@ void GeneratorDice::addAny()
 
 void GeneratorDice::addScene()
 {
-    switch (below(8)) {
+    switch (below(10)) {
     case 0:
     case 1:
         addBuild();
@@ -125,6 +125,12 @@ void GeneratorDice::addScene()
     case 6:
         addTroubleOnDisk();
         addBuild();
+        break;
+    case 7:
+        addRound();
+        break;
+    case 8:
+        addOddPath();
         break;
     default:
         add(MenuClear);
@@ -153,6 +159,52 @@ void GeneratorDice::addBuild()
     // The same once more, over the files that are there now.
     if (oneIn(3))
         add(ClickGenerate, 0, text());
+}
+
+/// A build that is loaded again.
+void GeneratorDice::addRound()
+{
+    static const int Binaries[] = {0, 1, 2, 8, 10};
+    static const int Companions[] = {11, 12, 13, 14, 17};
+    const int number = below(5);
+    if (oneIn(2))
+        addFunctions();
+    add(SetBinFile, Binaries[number]);
+    // Copied under a bar of progress.
+    if (oneIn(12)) {
+        add(MakeBinary, Binaries[number], BinaryKinds * below(1000) + BinaryKinds - 1);
+        add(SetBinFile, Binaries[number]);
+    }
+    add(TypeText, Author, text());
+    add(TypeText, CiNumber, text());
+    if (oneIn(2))
+        add(TypeText, Description, text());
+    add(ClickGenerate, 0, text());
+    if (oneIn(2))
+        add(MenuClear);
+    add(oneIn(2) ? MenuLoad : SetTxtFile, Companions[number]);
+    if (oneIn(3))
+        add(ChooseFunction, below(4));
+}
+
+/// Something that is no file in the place of one.
+void GeneratorDice::addOddPath()
+{
+    const Action kind = oneIn(2) ? MakePipe : MakeFolder;
+    if (oneIn(2)) {
+        const int path = companionPath();
+        add(RemoveFile, path);
+        add(kind, path);
+        add(oneIn(2) ? SetTxtFile : ReadConfigFile, path);
+        return;
+    }
+    const int path = oneIn(4) ? 24 + below(3) : below(11);
+    add(RemoveFile, path);
+    add(kind, path);
+    add(TypePath, path);
+    add(TypeText, Author, text());
+    add(TypeText, CiNumber, text());
+    add(ClickGenerate, 0, text());
 }
 
 void GeneratorDice::addFunctions()

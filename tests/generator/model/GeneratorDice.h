@@ -30,6 +30,8 @@ private:
     void addAny();
     void addScene();
     void addBuild();
+    void addRound();
+    void addOddPath();
     void addFunctions();
     void addLoad();
     void addRemoval();

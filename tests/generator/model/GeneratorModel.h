@@ -65,7 +65,7 @@ public:
     void displayBinFileSizeInfo(const QString& path);
     void clearScreen();
     bool updateConfigData();
-    void saveTofile(const QString& binPath);
+    void saveTofile(QString binPath);
 
     // The slots.
     void updateComboBoxFPGA();

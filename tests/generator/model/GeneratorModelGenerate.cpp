@@ -89,7 +89,7 @@ bool GeneratorModel::updateConfigData()
     return true;
 }
 
-void GeneratorModel::saveTofile(const QString& binPath)
+void GeneratorModel::saveTofile(QString binPath)
 {
     Page image(withExtension(binPath, ".fcf"));
     Page companion(withExtension(form[txtInputFile].text, ".txt"));
@@ -241,14 +241,8 @@ bool GeneratorModel::appendPayload(Page* image, const QString& binary, qint64 by
 bool GeneratorModel::refuseTooLong(const QString& image, const QString& companion)
 {
     inform(QLatin1String("The file Size is too large please change some fields"));
-    QString kept;
-    if (!disk.remove(companion))
-        kept = companion;
-    if (!disk.remove(image))
-        kept = image;
-    if (!kept.isEmpty())
-        log(8,
-            QString::fromLatin1("\"%1\" cannot be deleted: %2.").arg(kept, disk.whyNotRead(kept)));
+    disk.remove(companion);
+    disk.remove(image);
     generationFailed();
     return false;
 }

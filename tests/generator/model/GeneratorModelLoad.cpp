@@ -113,8 +113,7 @@ bool GeneratorModel::readConfigFile(const QString& path)
 
     if (!disk.isFile(path)) {
         showLoadingFailed();
-        logLoadingFailed(path, disk.exists(path) ? QString::fromLatin1("it is not a file")
-                                                 : disk.whyNotRead(path));
+        logLoadingFailed(path, disk.whyNotRead(path));
         return false;
     }
 

@@ -6,6 +6,7 @@
 
 #include <OrvanticCore/DesignManager.h>
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -86,6 +87,7 @@ void GeneratorRun::begin()
     m_model.disk.root = WorkingFolder::make();
     QDir::setCurrent(m_model.disk.root);
     m_model.exists = false;
+    m_model.form = GeneratorState();
     m_modelReadings = 0;
     m_windowReadings = 0;
     makeInitialFiles();
@@ -127,10 +129,8 @@ QString GeneratorRun::take(const Step& step)
             showAgain();
             foldFunctions();
         }
-        if (m_model.exists) {
-            m_model.form.focus = btnCancel;
-            GeneratorWindow::focus(m_window);
-        }
+        if (m_model.exists && m_model.form.isVisible)
+            leaveWidgets();
         if (step.action < SetModule)
             takeOfPerson();
         else
@@ -358,6 +358,8 @@ void GeneratorRun::expect(const QString& event)
     observation.event = event;
     if (m_model.exists)
         observation.state = m_model.form;
+    if (!m_model.form.isVisible)
+        observation.state.focus = NoWidget;
     for (auto entry = m_model.disk.entries.constBegin(); entry != m_model.disk.entries.constEnd();
          ++entry)
         observation.files.insert(entry.key(), WorkingFolder::stateOf(entry.value()));
@@ -543,8 +545,12 @@ void GeneratorRun::answerDialog()
         return;
     }
     const QString choice = m_choices.isEmpty() ? QString() : m_choices.takeFirst();
-    if (!choice.isEmpty())
+    if (!choice.isEmpty()) {
+        // What the dialog has selected itself would be taken before what is typed.
+        for (QAbstractItemView* view : files->findChildren<QAbstractItemView*>())
+            view->clearSelection();
         files->findChild<QLineEdit*>(QLatin1String("fileNameEdit"))->setText(choice);
+    }
     // Its button is disabled until Qt has read the folder, some time later.
     QMetaObject::invokeMethod(files, choice.isEmpty() ? "reject" : "accept");
 }
@@ -593,14 +599,19 @@ void GeneratorRun::open(bool deletesItself)
     m_window->setAttribute(Qt::WA_DeleteOnClose, deletesItself);
     m_window->setClock([this] { return momentOf(m_windowReadings++); });
     connect(m_window, SIGNAL(newFilesCreated(QStringList)), SLOT(noteFiles(QStringList)));
-    m_model.form.focus = btnCancel;
-    GeneratorWindow::focus(m_window);
 }
 
 void GeneratorRun::showAgain()
 {
     m_model.show();
     m_window->show();
+    leaveWidgets();
+}
+
+void GeneratorRun::leaveWidgets()
+{
+    m_model.form.focus = btnCancel;
+    GeneratorWindow::focus(m_window);
 }
 
 void GeneratorRun::foldFunctions()

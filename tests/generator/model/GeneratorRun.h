@@ -67,6 +67,8 @@ private:
 
     void open(bool deletesItself);
     void showAgain();
+    /// Gives the focus to a widget that no rule is about.
+    void leaveWidgets();
     void foldFunctions();
     /// Shows the window and its functions where that is needed to use the widget. Returns whether
     /// a person can use it.

@@ -36,7 +36,7 @@ struct Functions {
     friend Member memberOf(Functions);
 };
 struct Sizes {
-    typedef FcfHeader PelkFcfGenerator::*Member;
+    typedef FcfSizes PelkFcfGenerator::*Member;
     friend Member memberOf(Sizes);
 };
 struct ModuleCode {
@@ -131,7 +131,8 @@ GeneratorState GeneratorWindow::state() const
     for (int name = 0; name < WidgetCount; ++name) {
         QWidget* const widget = this->widget(static_cast<WidgetName>(name));
         state.widgets[name] = stateOf(widget);
-        if (widget == focused)
+        // A hidden window has none, whatever Qt keeps of it.
+        if (widget == focused && m_window->isVisible())
             state.focus = static_cast<WidgetName>(name);
     }
     state.isVisible = m_window->isVisible();
@@ -144,7 +145,7 @@ GeneratorState GeneratorWindow::state() const
                    m_window->findChild<QWidget*>(QLatin1String("CopyProgressBar"));
 
     state.functions = m_window->*memberOf(Functions());
-    const FcfHeader& sizes = m_window->*memberOf(Sizes());
+    const FcfSizes& sizes = m_window->*memberOf(Sizes());
     state.totalPages = sizes.totalPages;
     state.totalBlocks = sizes.totalBlocks;
     state.totalSize = sizes.totalSize;
