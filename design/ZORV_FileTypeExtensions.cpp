@@ -2,6 +2,7 @@
 
 #include "design/DesignProperties.h"
 #include "generator/PelkFcfGenerator.h"
+#include "toolkit/QtDifferences.h"
 
 #include <OrvanticCore/DesignFile.h>
 #include <OrvanticCore/DesignManager.h>
@@ -15,7 +16,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QDesktopWidget>
 #include <QPointer>
 
 using OrvanticCore::DesignFile;
@@ -214,7 +214,7 @@ void ZORV_FileTypeExtensions::showGenerator()
 
 void ZORV_FileTypeExtensions::centreGenerator()
 {
-    const QRect screen = QApplication::desktop()->availableGeometry(d->generator);
+    const QRect screen = Toolkit::availableGeometry(d->generator);
     d->generator->move(screen.center() - d->generator->rect().center());
 }
 

@@ -1,7 +1,7 @@
 #include "generator/FormFit.h"
 
-#include <QApplication>
-#include <QDesktopWidget>
+#include "toolkit/QtDifferences.h"
+
 #include <QEvent>
 #include <QLayout>
 #include <QMainWindow>
@@ -86,7 +86,7 @@ void FormFit::grow()
     if (wanted > 0 && room > 0)
         m_window->resize(m_window->width(), m_window->height() + qMin(wanted, room));
     // A window that has grown beyond the lower edge moves up.
-    const QRect available = QApplication::desktop()->availableGeometry(m_window);
+    const QRect available = Toolkit::availableGeometry(m_window);
     const bool isFramed = m_window->frameGeometry() != m_window->geometry();
     const int below =
         m_window->geometry().bottom() + (isFramed ? 0 : FrameHeight) - available.bottom();
@@ -108,5 +108,5 @@ int FormFit::spareHeight(const QWidget* body) const
 
 QSize FormFit::availableSize() const
 {
-    return QApplication::desktop()->availableGeometry(m_window).size() - QSize(0, FrameHeight);
+    return Toolkit::availableGeometry(m_window).size() - QSize(0, FrameHeight);
 }

@@ -58,9 +58,9 @@ std::optional<QString> repeatedName(const QString& json)
     std::vector<QSet<QString>> names;
     for (auto tokens = token.globalMatch(json); tokens.hasNext();) {
         const QRegularExpressionMatch match = tokens.next();
-        if (match.capturedRef() == QLatin1String("{")) {
+        if (match.capturedView() == QLatin1String("{")) {
             names.emplace_back();
-        } else if (match.capturedRef() == QLatin1String("}")) {
+        } else if (match.capturedView() == QLatin1String("}")) {
             names.pop_back();
         } else if (match.capturedLength(2) > 0) {
             // The same name can be written with different escapes.
