@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QSettings>
+#include <QStringList>
 
 using OrvanticCore::DesignArchiveOutputParserDialog;
 using OrvanticCore::DesignManager;
@@ -19,8 +20,7 @@ namespace ZORV_Plugin {
 
 namespace {
 
-const char FirmwarePackage[] = "7010 (Firmware)";
-const char SoftwarePackage[] = "7030 (Software)";
+const char DefaultPackageType[] = "7010 (Firmware)";
 const char PackageTypeKey[] = "active_package_type";
 
 /// The host's settings, in the plug-in's group of them.
@@ -46,17 +46,31 @@ QString twoDigits(int number)
 
 } // namespace
 
+/// A package type of the form, with its codes in the name of a package.
+struct ZORV_ArchiveConfigExtension::PackageType {
+    const char* label;
+    const char* packageCode;
+    const char* kindCode;
+    DesignTypes ZORV_ArchiveConfigExtension::*designTypes;
+};
+
+/// The package types, in the order of the form.
+const ZORV_ArchiveConfigExtension::PackageType ZORV_ArchiveConfigExtension::PackageTypes[] = {
+    {"7010 (Firmware)", "7010", "FW", &ZORV_ArchiveConfigExtension::firmwareDesignTypes},
+    {"7030 (Software)", "7030", "SW", &ZORV_ArchiveConfigExtension::softwareDesignTypes},
+};
+
 ZORV_ArchiveConfigExtension::ZORV_ArchiveConfigExtension(QWidget* parent)
     : QWidget(parent), ui(new Ui_ZORV_ArchiveConfigExtension), archiveDialog(nullptr)
 {
     ui->setupUi(this);
     connectNameFields();
     fillDesignTypes();
-    ui->cmbPackageType->addItem(QLatin1String(FirmwarePackage));
-    ui->cmbPackageType->addItem(QLatin1String(SoftwarePackage));
+    for (const PackageType& type : PackageTypes)
+        ui->cmbPackageType->addItem(QLatin1String(type.label));
     restorePackageType();
     handlePackageTypeChange();
-    // Only now, or filling the list would have overwritten the setting that was just read.
+    // Connected only now: filling the list would have overwritten the setting that was just read.
     connect(ui->cmbPackageType, SIGNAL(currentIndexChanged(QString)),
             SLOT(handlePackageTypeChange()));
 }
@@ -93,7 +107,7 @@ void ZORV_ArchiveConfigExtension::restorePackageType()
 {
     const QString type =
         PluginSettings()
-            .value(QLatin1String(PackageTypeKey), QString(QLatin1String(FirmwarePackage)))
+            .value(QLatin1String(PackageTypeKey), QString(QLatin1String(DefaultPackageType)))
             .toString();
     ui->cmbPackageType->setCurrentIndex(
         ui->cmbPackageType->findText(type, Qt::MatchExactly | Qt::MatchCaseSensitive));
@@ -147,59 +161,69 @@ void ZORV_ArchiveConfigExtension::handleDestinationPathChanged(const QString& ne
 
 void ZORV_ArchiveConfigExtension::updatePackageName()
 {
-    if (!archiveDialog || !archiveDialog->design())
+    const IDesign* const design = archiveDialog ? archiveDialog->design() : nullptr;
+    if (!design)
         return;
-    destinationPath = destinationFolder() + QLatin1Char('/') + packageName() + QLatin1Char('.') +
-                      archiveDialog->currentExtension();
-    // By its full name, for the constructor gets here too.
-    emit ZORV_ArchiveConfigExtension::destinationPathChanged(destinationPath);
-}
 
-QString ZORV_ArchiveConfigExtension::packageName()
-{
+    const QString number = twoDigits(ui->spinBoxSequenceNumber->value());
+    const QString major = twoDigits(ui->spinBoxVersionMajor->value());
+    const QString minor = twoDigits(ui->spinBoxVersionMinor->value());
+
     QString packageCode;
     QString kindCode;
     QString designCode;
-    if (ui->cmbPackageType->currentText() == QLatin1String(FirmwarePackage)) {
-        packageCode = QLatin1String("7010");
-        kindCode = QLatin1String("FW");
-        designCode = firmwareDesignTypes[ui->cmbDesignType->currentText()];
-    } else if (ui->cmbPackageType->currentText() == QLatin1String(SoftwarePackage)) {
-        packageCode = QLatin1String("7030");
-        kindCode = QLatin1String("SW");
-        designCode = softwareDesignTypes[ui->cmbDesignType->currentText()];
+    if (const PackageType* const type = selectedPackageType()) {
+        packageCode = QLatin1String(type->packageCode);
+        kindCode = QLatin1String(type->kindCode);
+        // Inserts a label that the map does not have: it is listed from now on, without a code.
+        designCode = (this->*type->designTypes)[ui->cmbDesignType->currentText()];
     }
-    const QString dash = QLatin1String("-");
-    return packageCode + dash + ui->txtProjectCM->text() + dash + designCode + dash + kindCode +
-           dash + twoDigits(ui->spinBoxSequenceNumber->value()) + QLatin1String("-V-") +
-           twoDigits(ui->spinBoxVersionMajor->value()) + QLatin1Char('_') +
-           twoDigits(ui->spinBoxVersionMinor->value());
+
+    // Looked up first: the dialog is asked for its format once for the folder, and then once more.
+    const QString folder = destinationFolder(*design);
+    const QStringList parts = QStringList()
+                              << packageCode << ui->txtProjectCM->text() << designCode << kindCode
+                              << number << QLatin1String("V") << major + QLatin1Char('_') + minor;
+    destinationPath = folder + QLatin1Char('/') + parts.join(QLatin1String("-")) +
+                      QLatin1Char('.') + archiveDialog->currentExtension();
+    // By its full name, since the constructor comes here too.
+    emit ZORV_ArchiveConfigExtension::destinationPathChanged(destinationPath);
 }
 
-QString ZORV_ArchiveConfigExtension::destinationFolder() const
+QString ZORV_ArchiveConfigExtension::destinationFolder(const IDesign& design) const
 {
-    const IDesign* const design = archiveDialog->design();
-    const DesignStructure* const structure = design->structure();
+    const DesignStructure* const structure = design.structure();
+    if (!structure)
+        return design.workingFolderPath();
+
+    const QString pattern = QLatin1String("*.") + archiveDialog->currentExtension();
     const QString subFolder =
-        structure
-            ? structure->mapFileNameToWorkingFolderPath(
-                  QLatin1String("*.") + archiveDialog->currentExtension(), QString(), QString())
-            : QString();
-    return subFolder.isEmpty() ? design->workingFolderPath()
-                               : design->workingFolderPath() + QDir::separator() + subFolder;
+        structure->mapFileNameToWorkingFolderPath(pattern, QString(), QString());
+    if (subFolder.isEmpty())
+        return design.workingFolderPath();
+    return design.workingFolderPath() + QDir::separator() + subFolder;
+}
+
+/// Null when none is selected.
+const ZORV_ArchiveConfigExtension::PackageType*
+ZORV_ArchiveConfigExtension::selectedPackageType() const
+{
+    for (const PackageType& type : PackageTypes) {
+        if (ui->cmbPackageType->currentText() == QLatin1String(type.label))
+            return &type;
+    }
+    return nullptr;
 }
 
 void ZORV_ArchiveConfigExtension::handlePackageTypeChange()
 {
-    if (ui->cmbPackageType->currentText() == QLatin1String(FirmwarePackage))
-        listDesignTypes(firmwareDesignTypes);
-    else if (ui->cmbPackageType->currentText() == QLatin1String(SoftwarePackage))
-        listDesignTypes(softwareDesignTypes);
+    if (const PackageType* const type = selectedPackageType())
+        listDesignTypes(this->*type->designTypes);
     savePackageType();
     updatePackageName();
 }
 
-void ZORV_ArchiveConfigExtension::listDesignTypes(const QMap<QString, QString>& types)
+void ZORV_ArchiveConfigExtension::listDesignTypes(const DesignTypes& types)
 {
     // One name for the new list, not one for each step of filling it.
     ui->cmbDesignType->blockSignals(true);

@@ -9,9 +9,13 @@
 
 class Ui_ZORV_ArchiveConfigExtension;
 
+namespace OrvanticCore {
+class IDesign;
+}
+
 namespace ZORV_Plugin {
 
-// Under this name moc also has the interface's short name accepted in meta-casts.
+// By this name moc also has the interface's short name accepted in meta-casts.
 using OrvanticCore::Interfaces::IDesignArchiveExtension;
 
 /// The form in the host's archive dialog that names a configuration package, for example
@@ -38,15 +42,15 @@ public:
     QString archiveType() const override;
 
 Q_SIGNALS:
-    /// A package name was built; also sent when it is the same as before.
+    /// Sent whenever a package name was built, even the same as before.
     void destinationPathChanged(const QString& new_destination_path) override;
 
 public:
     /// The path that was built last; null before the first one.
     QString destinationPathOnActivation() const override;
 
-    /// Takes the revision from the dialog's design, where each number ends at 99, and builds a
-    /// name.
+    /// Takes the revision from the design of \p dialog, where each number ends at 99, and builds a
+    /// name. Not owned.
     void setArchiveDialogWidget(OrvanticCore::DesignArchiveOutputParserDialog* dialog) override;
 
     /// Keeps the user from changing what the package name and its content are made from.
@@ -66,19 +70,26 @@ public Q_SLOTS:
     void handlePackageTypeChange();
 
 private:
+    /// Codes by label.
+    typedef QMap<QString, QString> DesignTypes;
+
+    struct PackageType;
+    static const PackageType PackageTypes[2];
+
     void connectNameFields();
     void fillDesignTypes();
     void restorePackageType();
     void savePackageType() const;
-    void listDesignTypes(const QMap<QString, QString>& types);
-    QString packageName();
-    QString destinationFolder() const;
+    const PackageType* selectedPackageType() const;
+    void listDesignTypes(const DesignTypes& types);
+    QString destinationFolder(const OrvanticCore::IDesign& design) const;
 
     Ui_ZORV_ArchiveConfigExtension* ui;
+    /// Not owned.
     OrvanticCore::DesignArchiveOutputParserDialog* archiveDialog;
     QString destinationPath;
-    QMap<QString, QString> firmwareDesignTypes;
-    QMap<QString, QString> softwareDesignTypes;
+    DesignTypes firmwareDesignTypes;
+    DesignTypes softwareDesignTypes;
 };
 
 } // namespace ZORV_Plugin

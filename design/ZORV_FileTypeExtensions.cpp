@@ -43,7 +43,8 @@ struct ZORV_FileTypeExtensionsData {
 
 namespace {
 
-/// Null unless exactly one design is open: with several it is not certain which one is meant.
+/// Returns the design that is open, or null for none and for several, where it is not certain which
+/// one is meant.
 IDesign* onlyDesign()
 {
     const QList<IDesign*> designs = DesignManager::instance()->designs();
@@ -56,29 +57,120 @@ bool belongsToFirmwareDesign(TreeFileItem* item)
     return file && file->design() && file->design()->typeName() == QLatin1String("Firmware Design");
 }
 
-/// A property that was added but never given a value is as good as absent.
+/// Returns whether \p property has a value. One that was added but never filled in counts as
+/// absent.
 bool hasValue(const QVariant& property)
 {
     return property.isValid() && !property.toString().isEmpty();
 }
 
-/// The name of the node for bit-stream files, or an empty text when the design has none.
-QString bitStreamNode(const IDesign* design)
+/// Returns the node for bit-stream files, or null when the design has none.
+const AbstractTreeItem* bitStreamNode(const IDesign* design)
 {
     const DesignStructure* const structure = design->structure();
     if (!structure)
-        return QString();
+        return nullptr;
+
     const FileAssociation* const association =
         structure->mapFileNameToAssociation(QLatin1String("*.bit"));
     const QString name =
         association ? association->designNode() : structure->unassignedFileAssociationsNode();
-    const AbstractTreeItem* const node = structure->designNodeWithName(name, true);
-    return node ? node->getName() : QString();
+    return structure->designNodeWithName(name, true);
+}
+
+/// Shows \p window, which may be open already behind the host.
+void bringToFront(QWidget* window)
+{
+    window->show();
+    window->raise();
+    window->activateWindow();
+}
+
+void centreOnScreen(QWidget* window)
+{
+    const QRect screen = QApplication::desktop()->availableGeometry(window);
+    window->move(screen.center() - window->rect().center());
+}
+
+/// Selects the target that \p design records: module, device and config number in this order and up
+/// to the first gap, since the module decides which devices there are.
+void fillTarget(PelkFcfGenerator* window, const IDesign* design)
+{
+    const QVariant module = design->designProperty(QLatin1String(ModuleProperty));
+    if (!hasValue(module))
+        return;
+    window->setModule(module.toString());
+
+    const QVariant device = design->designProperty(QLatin1String(DeviceProperty));
+    if (!hasValue(device))
+        return;
+    window->setDevice(device.toString());
+
+    const QVariant configNumber = design->designProperty(QLatin1String(ConfigNumberProperty));
+    if (hasValue(configNumber))
+        window->setConfigNum(configNumber.toInt());
+}
+
+void fillDescription(PelkFcfGenerator* window, IDesign* design)
+{
+    const char* const name = "CurrentVersionChanges";
+    if (!ObjectManager::propertyExists(design->objectBase(), name))
+        return;
+
+    SharedProperty changes = ObjectManager::getSharedProperty(design->objectBase(), name);
+    if (changes.isValid())
+        window->setDescription(changes.value().toString());
+}
+
+void recordTarget(const PelkFcfGenerator& window, IDesign* design)
+{
+    const QtilitiesCategory category(QLatin1String("Pelk Radar Signal Processor"));
+    design->setDesignProperty(QLatin1String(ModuleProperty), window.getModule(), category);
+    design->setDesignProperty(QLatin1String(DeviceProperty), window.getDevice(), category);
+    design->setDesignProperty(QLatin1String(ConfigNumberProperty), window.getConfigNum(), category);
 }
 
 void logMessage(Logger::MessageType type, const QString& text)
 {
     Logger::instance()->logPriorityMessage(QString(), type, text);
+}
+
+/// Adds the file at \p path to \p design. Returns null, and logs why, when the design refuses it.
+DesignFile* addFile(IDesign* design, const QString& path)
+{
+    QString error;
+    DesignFile* const file = design->addFile(path, &error);
+    if (!file)
+        logMessage(Logger::Error, ZORV_FileTypeExtensions::tr(
+                                      "Failed to add generated file \"%1\" to design. Error: %2")
+                                      .arg(path, error));
+    return file;
+}
+
+/// Adds each of \p paths to \p design or updates it there, as a generated file under the node
+/// \p nodeName. Returns the files, without those that the design refused.
+QList<QPointer<DesignFile>> addFiles(IDesign* design, const QStringList& paths,
+                                     const QString& nodeName)
+{
+    QList<QPointer<DesignFile>> handled;
+    for (const QString& path : paths) {
+        DesignFile* const present = design->fileAt(path);
+        DesignFile* const file = present ? present : addFile(design, path);
+        if (!file)
+            continue;
+
+        file->setVersionAssociation(design->versionString(QLatin1String(".")));
+        file->setIsGenerated(true);
+        file->setCustomNode(nodeName);
+        handled << file;
+
+        const QString text = present ? ZORV_FileTypeExtensions::tr(
+                                           "Successfully updated generated file \"%1\" in design.")
+                                     : ZORV_FileTypeExtensions::tr(
+                                           "Successfully added generated file \"%1\" to design.");
+        logMessage(Logger::Info, text.arg(path));
+    }
+    return handled;
 }
 
 } // namespace
@@ -123,29 +215,31 @@ void ZORV_FileTypeExtensions::handleActionCreateFCF()
 {
     if (!d->currentItem)
         return;
+
     PelkFcfGenerator* const window = generator();
     if (IDesign* const design = onlyDesign()) {
         window->setVersion(design->versionMajor(), design->versionMinor());
         window->setAuthor(DesignManager::instance()->currentUserName());
         window->setBinFile(d->currentItem->filePath());
         window->setCINumber(QLatin1String("0"));
-        fillTarget(design);
-        fillDescription(design);
+        fillTarget(window, design);
+        fillDescription(window, design);
     }
-    showGenerator();
+    bringToFront(window);
 }
 
 void ZORV_FileTypeExtensions::handleActionOpenFCF()
 {
     if (!d->currentItem)
         return;
+
     PelkFcfGenerator* const window = generator();
     if (onlyDesign()) {
         // A window that is open already may list functions, which a load does not remove.
         window->addNew();
         window->setTxtFile(d->currentItem->filePath());
     }
-    showGenerator();
+    bringToFront(window);
 }
 
 void ZORV_FileTypeExtensions::handleNewFilesCreated(QStringList created_files)
@@ -156,27 +250,28 @@ void ZORV_FileTypeExtensions::handleNewFilesCreated(QStringList created_files)
     if (!design)
         return;
 
-    QList<DesignFile*> handled;
-    const QString node = bitStreamNode(design);
-    if (!node.isEmpty()) {
+    QList<QPointer<DesignFile>> handled;
+    const AbstractTreeItem* const node = bitStreamNode(design);
+    if (node) {
+        const QString nodeName = node->getName();
         design->tree()->startProcessingCycle();
-        handled = addFiles(design, created_files, node);
-        recordTarget(design);
+        handled = addFiles(design, created_files, nodeName);
+        if (d->generator)
+            recordTarget(*d->generator, design);
     }
 
     // While events run the host may close the design, or the user take a file out of it.
     const QPointer<QObject> designGuard(design->objectBase());
-    QList<QPointer<DesignFile>> fileGuards;
-    for (DesignFile* file : handled)
-        fileGuards << file;
     QCoreApplication::processEvents();
     if (!designGuard)
         return;
-    // Without a node no cycle was started: ending one would end another's.
-    if (!node.isEmpty())
+
+    // No cycle was started without a node: ending one would end another's.
+    if (node)
         design->tree()->endProcessingCycle(true);
+
     QList<DesignFile*> remaining;
-    for (const QPointer<DesignFile>& file : fileGuards) {
+    for (const QPointer<DesignFile>& file : handled) {
         if (file)
             remaining << file;
     }
@@ -199,11 +294,12 @@ PelkFcfGenerator* ZORV_FileTypeExtensions::generator()
         d->generator->setAttribute(Qt::WA_QuitOnClose, false);
         connect(d->generator, SIGNAL(newFilesCreated(QStringList)),
                 SLOT(handleNewFilesCreated(QStringList)), Qt::UniqueConnection);
-        centreGenerator();
+        centreOnScreen(d->generator);
     }
     return d->generator;
 }
 
+<<<<<<< HEAD
 void ZORV_FileTypeExtensions::showGenerator()
 {
     d->generator->show();
@@ -285,4 +381,6 @@ void ZORV_FileTypeExtensions::recordTarget(IDesign* design)
                               category);
 }
 
+=======
+>>>>>>> main
 } // namespace ZORV_Plugin

@@ -8,14 +8,9 @@
 
 class PelkFcfGenerator;
 
-namespace OrvanticCore {
-class DesignFile;
-class IDesign;
-} // namespace OrvanticCore
-
 namespace ZORV_Plugin {
 
-// Under this name moc also has the interface's short name accepted in meta-casts.
+// By this name moc also has the interface's short name accepted in meta-casts.
 using OrvanticCore::Interfaces::IDesignViewExtensions;
 
 struct ZORV_FileTypeExtensionsData;
@@ -45,7 +40,7 @@ public Q_SLOTS:
     /// Opens the window for a new image of the current item, filled in from the only open design.
     void handleActionCreateFCF();
 
-    /// Opens the window with the build that the current item describes, and nothing else in it.
+    /// Opens the window with the build that the current item describes.
     void handleActionOpenFCF();
 
     /// Takes the files into the only open design as generated ones, and records the window's target
@@ -55,13 +50,6 @@ public Q_SLOTS:
 private:
     QAction* makeAction(const QString& text, const char* slot) const;
     PelkFcfGenerator* generator();
-    void showGenerator();
-    void centreGenerator();
-    void fillTarget(OrvanticCore::IDesign* design);
-    void fillDescription(OrvanticCore::IDesign* design);
-    QList<OrvanticCore::DesignFile*> addFiles(OrvanticCore::IDesign* design,
-                                              const QStringList& paths, const QString& node);
-    void recordTarget(OrvanticCore::IDesign* design);
 
     ZORV_FileTypeExtensionsData* d;
 };

@@ -7,7 +7,7 @@
 
 namespace ZORV_Plugin {
 
-// Under this name moc also has the interface's short name accepted in meta-casts.
+// By this name moc also has the interface's short name accepted in meta-casts.
 using Qtilities::Core::Interfaces::IAvailablePropertyProvider;
 
 /// Announces the properties in which a design records the target of its images.

@@ -94,7 +94,7 @@ private:
                 return false;
             if (line == QLatin1String(FcfLayout::RecordEnd))
                 return true;
-            // Of a file that an editor or a transfer has converted; it would be read to its end.
+            // An editor or a transfer has converted the file, which would be read to its end.
             if (line == QLatin1String(FcfLayout::RecordEnd) + QLatin1Char('\r'))
                 return deviate(field.name, function,
                                tr("a line feed without a carriage return at the end of the line"),

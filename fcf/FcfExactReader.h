@@ -15,7 +15,7 @@ struct FcfSpan {
     const char* field;
     /// The index of the function that the text is of, or -1 for the header's own.
     int function;
-    /// Of the value, in bytes from the start of the page.
+    /// Where the value starts, in bytes from the start of the page.
     int offset;
 };
 
@@ -37,7 +37,7 @@ struct FcfExactReading {
 
     Outcome outcome = NoText;
     FcfHeader header;
-    /// As found.
+    /// The five words after the numbers, as found.
     QVector<quint32> reservedWords;
     /// The texts that were reached, in the order of the file.
     QVector<FcfSpan> spans;
@@ -55,12 +55,12 @@ struct FcfExactReading {
 /// each ended by a line feed alone, each mark on a line of its own.
 namespace FcfExactReader {
 
-/// In bytes, more than fifteen pages: what a hostile file can make the reader take.
+/// Bytes that a hostile file can make the reader take: more than fifteen pages.
 const int MaximumBytes = 32 * 1024;
 
 /// Reads from the current position of \p device, an image or a companion; the payload is left
-/// alone. A device that cannot be read counts as one that ends. Texts are decoded with \p codec,
-/// null means the locale's. Not owned.
+/// alone. A device that cannot be read counts as one that ends. Texts are decoded with \p codec;
+/// null means the locale's. Neither is owned.
 FcfExactReading read(QIODevice* device, QTextCodec* codec = nullptr);
 
 } // namespace FcfExactReader

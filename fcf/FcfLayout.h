@@ -24,7 +24,7 @@ const quint32 ReservedWord = 0xFFFFFFFFu;
 /// Bytes before the line feed that ends the preamble.
 const int PreambleBytes = (NumberCount + ReservedWordCount) * WordBytes;
 
-/// What one more filler unit is written as: three characters, through the codec of the text.
+/// The three characters of a filler unit. They are written through the codec of the text.
 const ushort FillerUnit[] = {0x00EF, 0x00BF, 0x00BD};
 const int FillerUnitLength = 3;
 
@@ -52,7 +52,7 @@ enum Trimming { Untrimmed, Trimmed };
 template <class Record>
 struct TextField {
     const char* name;
-    /// Before the value, exactly so.
+    /// Written exactly so before the value.
     const char* prefix;
     QString Record::*value;
     Trimming whenWritten;

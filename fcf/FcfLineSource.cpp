@@ -8,7 +8,7 @@
 
 namespace {
 
-/// What the text of a header may take up at most: a payload behind it is not touched.
+/// Bytes read from the device at a time. No more than a page, since a payload may follow it.
 const int FetchBytes = FcfLayout::PageBytes;
 
 } // namespace

@@ -10,7 +10,7 @@ class QTextCodec;
 /// Reads a device's first bytes as words and lines, and never more than a given number.
 class FcfLineSource {
 public:
-    /// What ends a line, and is left out of it.
+    /// The mark that ends a line. It is not part of the line.
     enum LineEnd { LineFeed, LineFeedWithOrWithoutReturn };
 
     /// A null \p codec means the locale's. Neither is owned.
@@ -36,9 +36,10 @@ public:
     /// Bytes taken so far, line ends included.
     int position() const { return m_dropped + m_position; }
 
-    /// Of the line taken last: its offset in bytes from the first byte read, whether its end was
-    /// there, and whether the codec could decode all of it.
+    /// The offset of the line taken last, in bytes from the first byte read.
     int lineOffset() const { return m_lineOffset; }
+
+    /// Whether the end of that line was there, and whether the codec could decode all of it.
     bool lineIsEnded() const { return m_lineIsEnded; }
     bool lineIsDecodable() const { return m_lineIsDecodable; }
 
@@ -48,8 +49,8 @@ private:
     QIODevice* m_device;
     QTextCodec* m_codec;
     int m_allowance;
-    /// What was fetched, but for the bytes before it that were taken and dropped. The position is
-    /// counted from its start.
+    /// The bytes fetched last. Those before them were taken and dropped; the position is counted
+    /// from the start of this one.
     QByteArray m_bytes;
     int m_dropped;
     int m_position;

@@ -5,8 +5,8 @@
 
 namespace {
 
-/// What is between the first and the second \p separator of \p line. Works in place: a line may be
-/// long.
+/// Returns the piece between the first and the second \p separator of \p line. It is cut out in
+/// place, since a line may be long.
 QString valueAt(const char* separator, QString line)
 {
     const QLatin1String mark(separator);
@@ -22,7 +22,7 @@ bool endsRecord(const QString& line) { return line.contains(QLatin1String(FcfLay
 
 bool endsText(const QString& line) { return line.contains(QLatin1String(FcfLayout::TextEnd)); }
 
-/// Why \p source has no further line.
+/// Returns why \p source has no further line.
 FcfReading::Outcome endOf(const FcfLineSource& source, FcfReading::Outcome atBound)
 {
     if (source.hasFailed())

@@ -33,10 +33,11 @@ QStringList modules();
 /// The devices of \p module; none for an unknown one.
 QStringList devicesOf(const QString& module);
 
-/// What FcfHeader::moduleCode is for \p module. An unknown one has the code of all but the first.
+/// Returns the FcfHeader::moduleCode of \p module. An unknown one has the code of all but the
+/// first.
 qint32 moduleCode(const QString& module);
 
-/// What FcfHeader::deviceCode is for \p device when \p module is selected, or \p without for a
+/// Returns the FcfHeader::deviceCode of \p device when \p module is selected, or \p without for a
 /// device that has no code. A device keeps its code under a module that does not list it, but for
 /// the two that share one.
 qint32 deviceCode(const QString& module, const QString& device, qint32 without);

@@ -13,9 +13,9 @@
 
 namespace {
 
-/// What is read at a time: it stays in the processor's cache until it is written.
+/// Bytes read at a time. They stay in the processor's cache until they are written.
 const int PieceBytes = 256 * 1024;
-/// What the kernel copies at a time, so that a person sees the progress.
+/// Bytes that the kernel copies at a time, so that a person sees the progress.
 const qint64 KernelPieceBytes = qint64(4) * 1024 * 1024;
 
 /// The file behind \p device if it is one that the kernel can copy from or to, else null.

@@ -8,7 +8,7 @@
 
 /// Sizes in the units of the flash. Stateless.
 ///
-/// What fits in one block is given in pages alone, up to 64 of them; anything larger in whole
+/// A size of up to one block is given in pages alone, up to 64 of them; a larger one in whole
 /// blocks and the 0 to 63 pages left over. A page begun counts as a whole one.
 class PelkFcfGeneratorFileInfo {
 public:

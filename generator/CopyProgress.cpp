@@ -5,7 +5,7 @@
 
 namespace {
 
-/// Smaller ones are copied before anyone could read a bar.
+/// Bytes from which a copy shows a bar. A smaller one ends before anyone could read it.
 const qint64 LeastBytes = qint64(16) * 1024 * 1024;
 const int Whole = 100;
 

@@ -11,7 +11,7 @@ class QWidget;
 /// window. It is painted at once and handles no events, so that nothing can be clicked meanwhile.
 class CopyProgress {
 public:
-    /// \p place is covered by the bar; it outlives this. A copy of few bytes shows no bar.
+    /// The bar covers \p place, which lives longer. A copy of few bytes shows no bar. Not owned.
     CopyProgress(QWidget* place, qint64 bytes);
     ~CopyProgress();
 

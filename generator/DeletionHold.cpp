@@ -7,14 +7,14 @@
 
 namespace {
 
-/// Takes its window with it. Qt drops a second deleteLater() of one object, so that another object
-/// has to wait for the event loop in place of the window.
+/// Deletes its window when it is deleted itself. Qt drops a second deleteLater() of one object, so
+/// that this object waits for the event loop in place of the window.
 class LateDeletion : public QObject {
 public:
     explicit LateDeletion(QObject* window) : m_window(window) {}
     ~LateDeletion() override
     {
-        // Not by delete: another hold may have come in between.
+        // An event, since another hold may have come in between and must see it.
         QEvent deletion(QEvent::DeferredDelete);
         if (m_window)
             QCoreApplication::sendEvent(m_window, &deletion);
@@ -32,7 +32,7 @@ DeletionHold::~DeletionHold()
 {
     if (!m_window || !m_isDue)
         return;
-    // Without memory for it the window stays hidden: a destructor must not throw.
+    // A destructor must not throw: when memory is short, the window stays hidden.
     if (LateDeletion* const deletion = new (std::nothrow) LateDeletion(m_window))
         deletion->deleteLater();
 }

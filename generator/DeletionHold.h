@@ -6,10 +6,11 @@
 
 /// Puts off the deletion of a window that is closed while one of its functions lets events run, as
 /// an open dialog does: the function goes on with the window afterwards. A deletion that became
-/// due is for the event loop again when the hold ends.
+/// due meanwhile is left to the event loop when the hold ends.
 class DeletionHold : public QObject {
 public:
-    /// \p window may be deleted by deleteLater(), as closing does, or by nothing.
+    /// Until the hold ends, \p window may be deleted by nothing but deleteLater(), as closing does.
+    /// Not owned.
     explicit DeletionHold(QObject* window) : m_window(window), m_isDue(false)
     {
         window->installEventFilter(this);

@@ -3,38 +3,17 @@
 #include "fcf/FcfDevice.h"
 #include "fcf/FcfLayout.h"
 #include "fcf/FcfWriter.h"
-#include "fcf/PayloadCopy.h"
+#include "generator/FileOpening.h"
 
 #include <QFileInfo>
-
-#ifdef Q_OS_UNIX
-#include <sys/stat.h>
-#endif
 
 namespace {
 
 // Unbuffered, so that the result of each write is known at once and not only on closing the file.
 const QIODevice::OpenMode Truncating =
     QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered;
-const QIODevice::OpenMode Appending = QIODevice::Append | QIODevice::Unbuffered;
-
-/// Whether opening \p file would wait for another program, and the host with it.
-bool isPipe(const QFile& file)
-{
-#ifdef Q_OS_UNIX
-    struct stat status;
-    return ::stat(QFile::encodeName(file.fileName()).constData(), &status) == 0 &&
-           S_ISFIFO(status.st_mode);
-#else
-    Q_UNUSED(file)
-    return false;
-#endif
-}
-
-bool openUnlessPipe(QFile* file, QIODevice::OpenMode mode)
-{
-    return !isPipe(*file) && file->open(mode);
-}
+// The kernel copies nothing to a file that is open for appending.
+const QIODevice::OpenMode Continuing = QIODevice::ReadWrite | QIODevice::Unbuffered;
 
 } // namespace
 
@@ -47,15 +26,17 @@ FcfOutput::FcfOutput(const QString& imagePath, const QString& binaryPath,
 
 bool FcfOutput::open(OpenMode mode)
 {
-    if (mode == EndAtFirstFailure) {
-        if (!openFile(&m_image.file, Truncating) || !openFile(&m_binary, QIODevice::ReadOnly) ||
-            !openFile(&m_companion.file, Truncating))
-            return false;
-    } else {
-        openUnlessPipe(&m_image.file, Truncating);
-        openUnlessPipe(&m_binary, QIODevice::ReadOnly);
-        openUnlessPipe(&m_companion.file, Truncating);
-    }
+    QString reason;
+    if (!FileOpening::open(&m_image.file, Truncating, &reason) && mode == EndAtFirstFailure)
+        return fail(CannotOpen, m_image.file, reason);
+
+    if (!FileOpening::open(&m_binary, QIODevice::ReadOnly, &m_binaryReason) &&
+        mode == EndAtFirstFailure)
+        return fail(CannotOpen, m_binary, m_binaryReason);
+
+    if (!FileOpening::open(&m_companion.file, Truncating, &reason) && mode == EndAtFirstFailure)
+        return fail(CannotOpen, m_companion.file, reason);
+
     // Measured only now: an image that is the binary itself, under whatever name, has emptied it.
     m_payloadBytes = m_binary.size();
     return true;
@@ -77,20 +58,22 @@ bool FcfOutput::fillHeaders(const FcfWriter& writer)
     if (isFilled(m_image) && isFilled(m_companion))
         return true;
 
-    if (!openFile(&m_image.file, Appending) || !openFile(&m_companion.file, Appending))
+    if (!reopen(&m_image) || !reopen(&m_companion))
         return false;
     return fill(&m_image, writer) && fill(&m_companion, writer);
 }
 
 bool FcfOutput::appendPayload(const PayloadCopy::Observer& observer)
 {
-    if (!openFile(&m_image.file, Appending))
+    if (!reopen(&m_image) || !goToEnd(&m_image))
         return false;
     if (!m_binary.isOpen())
-        return fail(Failed, m_binary, reasonNotOpened(m_binary));
+        return fail(Failed, m_binary, m_binaryReason);
+
     PayloadCopy copy(&m_binary, m_payloadBytes, &m_image.file);
     if (!copy.run(PayloadCopy::Unseen, observer))
         return fail(Failed, m_image.file, copy.error());
+
     m_image.bytes += m_payloadBytes;
     m_binary.close();
     return closeWhole(&m_image);
@@ -100,19 +83,24 @@ bool FcfOutput::isFilled(const Page& page) { return page.bytes >= FcfLayout::Pag
 
 bool FcfOutput::fill(Page* page, const FcfWriter& writer)
 {
-    if (!append(page, writer.fillerFor(static_cast<int>(page->bytes))) || !closeWhole(page))
+    const QByteArray filler = writer.fillerFor(static_cast<int>(page->bytes));
+    if (!goToEnd(page) || !append(page, filler) || !closeWhole(page))
         return false;
-    return isFilled(*page) || fail(Failed, page->file, tr("the filler adds nothing"));
+    if (!isFilled(*page))
+        return fail(Failed, page->file, tr("the filler adds nothing"));
+    return true;
 }
 
-bool FcfOutput::openFile(QFile* file, QIODevice::OpenMode mode)
+bool FcfOutput::reopen(Page* page)
 {
-    return openUnlessPipe(file, mode) || fail(CannotOpen, *file, reasonNotOpened(*file));
+    QString reason;
+    return FileOpening::open(&page->file, Continuing, &reason) ||
+           fail(CannotOpen, page->file, reason);
 }
 
-QString FcfOutput::reasonNotOpened(const QFile& file)
+bool FcfOutput::goToEnd(Page* page)
 {
-    return isPipe(file) ? tr("it is a named pipe") : file.errorString();
+    return page->file.seek(page->file.size()) || fail(Failed, page->file, page->file.errorString());
 }
 
 bool FcfOutput::writeHeader(Page* page, const QByteArray& header)
@@ -134,9 +122,11 @@ bool FcfOutput::closeWhole(Page* page)
 {
     if (!page->file.isOpen())
         return true;
+
     page->file.close();
     if (page->file.error() != QFile::NoError)
         return fail(Failed, page->file, page->file.errorString());
+
     const qint64 found = QFileInfo(page->file.fileName()).size();
     if (found != page->bytes)
         return fail(Failed, page->file,
@@ -144,24 +134,26 @@ bool FcfOutput::closeWhole(Page* page)
     return true;
 }
 
-bool FcfOutput::removeFiles()
+QList<FcfOutput::Remaining> FcfOutput::removeFiles()
 {
-    bool areRemoved = true;
+    QList<Remaining> remaining;
     QFile* const files[] = {&m_companion.file, &m_image.file};
     for (QFile* file : files) {
-        if (file->remove())
+        if (!file->exists() || file->remove())
             continue;
-        areRemoved = false;
-        m_path = file->fileName();
-        m_reason = file->errorString();
+
+        const Remaining one = {file->fileName(), file->errorString()};
+        remaining << one;
     }
-    return areRemoved;
+    return remaining;
 }
 
 bool FcfOutput::fail(Outcome outcome, const QFile& file, const QString& reason)
 {
+    // A later failure follows from the first one.
     if (m_outcome != NoFailure)
         return false;
+
     m_outcome = outcome;
     m_path = file.fileName();
     m_reason = reason;

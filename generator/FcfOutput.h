@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QFile>
+#include <QList>
 #include <QString>
 
 class FcfWriter;
@@ -33,6 +34,12 @@ public:
     /// steps, where it appears as missing output.
     enum OpenMode { EndAtFirstFailure, ShowFailuresLater };
 
+    /// A file that could not be deleted.
+    struct Remaining {
+        QString path;
+        QString reason;
+    };
+
     FcfOutput(const QString& imagePath, const QString& binaryPath, const QString& companionPath);
 
     /// Opens the image (truncating it), the binary and the companion (truncating it).
@@ -44,13 +51,12 @@ public:
     /// Brings both headers to the length of a page.
     bool fillHeaders(const FcfWriter& writer);
 
-    /// Appends the binary to the image, and closes all files.
-    /// \p observer is called after each piece with its number of bytes.
+    /// Appends the binary to the image, and closes all files. \p observer is called after each
+    /// piece with its number of bytes.
     bool appendPayload(const PayloadCopy::Observer& observer);
 
-    /// Deletes the companion, then the image. Returns false when one of them is still there, with
-    /// its path() and the reason().
-    bool removeFiles();
+    /// Deletes the companion, then the image. Returns those that are still there.
+    QList<Remaining> removeFiles();
 
     /// Bytes of the binary when it was opened.
     qint64 payloadBytes() const { return m_payloadBytes; }
@@ -68,8 +74,10 @@ private:
         qint64 bytes;
     };
 
-    bool openFile(QFile* file, QIODevice::OpenMode mode);
-    static QString reasonNotOpened(const QFile& file);
+    /// Opens a page that was written and closed, to go on with it.
+    bool reopen(Page* page);
+    /// Two pages may be one file, so that its end is known only when something is added to it.
+    bool goToEnd(Page* page);
     bool writeHeader(Page* page, const QByteArray& header);
     static bool isFilled(const Page& page);
     bool fill(Page* page, const FcfWriter& writer);
@@ -81,6 +89,8 @@ private:
     Page m_image;
     Page m_companion;
     QFile m_binary;
+    /// Why the binary could not be opened.
+    QString m_binaryReason;
     qint64 m_payloadBytes;
     Outcome m_outcome;
     QString m_path;

@@ -11,7 +11,7 @@ class FileDrop : public QObject {
     Q_OBJECT
 
 public:
-    /// \p window owns the object.
+    /// Owned by \p window.
     explicit FileDrop(PelkFcfGenerator* window);
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -9,10 +9,11 @@
 
 namespace {
 
-/// What a desktop draws around a window. Before the window is shown it is not known.
+/// The usual height of the frame that a desktop draws around a window. The real one is known only
+/// once the window is shown.
 const int FrameHeight = 36;
 
-/// The sizes of the layouts from \p widget up to \p top, which otherwise wait for the event loop.
+/// Updates the layouts from \p widget up to \p top, which otherwise wait for the event loop.
 void updateLayouts(QWidget* widget, const QWidget* top)
 {
     while (widget) {
@@ -43,35 +44,48 @@ FormFit::FormFit(QMainWindow* window, QScrollArea* area, const QList<QWidget*>& 
 
 bool FormFit::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_window) {
-        if (event->type() == QEvent::Show && !m_wasShown) {
-            m_wasShown = true;
-            // Before a window is shown, its widgets have no sizes yet.
-            updateLayouts(m_area->widget(), m_area->widget());
-            m_window->layout()->activate();
-            m_window->centralWidget()->layout()->activate();
-            growWide();
-            grow();
-        }
-    } else if (m_window->isVisible() && !m_window->isMaximized() && !m_window->isFullScreen()) {
-        QWidget* const body = static_cast<QWidget*>(watched);
-        if (event->type() == QEvent::ShowToParent) {
-            const int before = m_window->height();
-            updateLayouts(body, m_area->widget());
-            growWide();
-            grow();
-            m_grown[body] = m_window->height() - before;
-        } else if (event->type() == QEvent::HideToParent) {
-            shrink(m_grown.contains(body) ? m_grown.take(body) : spareHeight(body));
-            updateLayouts(body->parentWidget(), m_area->widget());
-        }
-    }
+    if (watched == m_window)
+        handleWindowEvent(event->type());
+    else
+        handleBodyEvent(static_cast<QWidget*>(watched), event->type());
     return QObject::eventFilter(watched, event);
+}
+
+void FormFit::handleWindowEvent(QEvent::Type type)
+{
+    if (type != QEvent::Show || m_wasShown)
+        return;
+    m_wasShown = true;
+
+    // Before a window is shown, its widgets have no sizes yet.
+    updateLayouts(m_area->widget(), m_area->widget());
+    m_window->layout()->activate();
+    m_window->centralWidget()->layout()->activate();
+
+    growWide();
+    grow();
+}
+
+void FormFit::handleBodyEvent(QWidget* body, QEvent::Type type)
+{
+    if (!m_window->isVisible() || m_window->isMaximized() || m_window->isFullScreen())
+        return;
+
+    if (type == QEvent::ShowToParent) {
+        const int before = m_window->height();
+        updateLayouts(body, m_area->widget());
+        growWide();
+        grow();
+        m_grown[body] = m_window->height() - before;
+    } else if (type == QEvent::HideToParent) {
+        shrink(m_grown.contains(body) ? m_grown.take(body) : spareHeight(body));
+        updateLayouts(body->parentWidget(), m_area->widget());
+    }
 }
 
 void FormFit::growWide()
 {
-    // Of a large font, the form needs more than the usual width.
+    // With a large font, the form needs more than the usual width.
     const int missing = m_area->widget()->sizeHint().width() - m_area->width();
     const int room = availableSize().width() - m_window->width();
     if (missing > 0 && room > 0)
@@ -81,15 +95,29 @@ void FormFit::growWide()
 void FormFit::grow()
 {
     m_area->setMinimumWidth(m_area->widget()->minimumSizeHint().width());
-    const int wanted = m_area->widget()->sizeHint().height() - m_area->height();
+
+    const int missing = m_area->widget()->sizeHint().height() - m_area->height();
     const int room = availableSize().height() - m_window->height();
+<<<<<<< HEAD
     if (wanted > 0 && room > 0)
         m_window->resize(m_window->width(), m_window->height() + qMin(wanted, room));
     // A window that has grown beyond the lower edge moves up.
     const QRect available = Toolkit::availableGeometry(m_window);
+=======
+    if (missing > 0 && room > 0)
+        m_window->resize(m_window->width(), m_window->height() + qMin(missing, room));
+
+    moveUp();
+}
+
+/// A window that has grown beyond the lower edge of the screen moves up.
+void FormFit::moveUp()
+{
+    const QRect available = QApplication::desktop()->availableGeometry(m_window);
+>>>>>>> main
     const bool isFramed = m_window->frameGeometry() != m_window->geometry();
-    const int below =
-        m_window->geometry().bottom() + (isFramed ? 0 : FrameHeight) - available.bottom();
+    const int frame = isFramed ? 0 : FrameHeight;
+    const int below = m_window->geometry().bottom() + frame - available.bottom();
     if (below > 0)
         m_window->move(m_window->x(), qMax(available.top(), m_window->y() - below));
 }

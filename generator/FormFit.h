@@ -1,6 +1,7 @@
 #ifndef GENERATOR_FORMFIT_H
 #define GENERATOR_FORMFIT_H
 
+#include <QEvent>
 #include <QList>
 #include <QMap>
 #include <QObject>
@@ -17,24 +18,27 @@ class FormFit : public QObject {
     Q_OBJECT
 
 public:
-    /// \p window owns the object. \p bodies are the parts of the form that are folded by hiding.
+    /// Owned by \p window. \p bodies are the parts of the form that are folded by hiding.
     FormFit(QMainWindow* window, QScrollArea* area, const QList<QWidget*>& bodies);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void handleWindowEvent(QEvent::Type type);
+    void handleBodyEvent(QWidget* body, QEvent::Type type);
     void growWide();
     void grow();
+    void moveUp();
     void shrink(int height);
-    /// What folding \p body no longer needs: where the form is scrolled, less than its height.
+    /// The height that is free once \p body is folded: its own, less what was scrolled out of view.
     int spareHeight(const QWidget* body) const;
-    /// Without the frame.
+    /// The size that the window may have on its screen, without the frame.
     QSize availableSize() const;
 
     QMainWindow* m_window;
     QScrollArea* m_area;
     bool m_wasShown;
-    /// How much the window grew when a body was unfolded.
+    /// The height by which the window grew when a body was unfolded.
     QMap<QWidget*, int> m_grown;
 };
 

@@ -5,7 +5,7 @@
 #include <QString>
 
 /// The modal boxes of the generator window. They have no parent, and each call returns once the
-/// user has answered. A window that is closed meanwhile is not deleted before.
+/// user has answered. A window that is closed meanwhile is deleted only afterwards.
 namespace GeneratorDialogs {
 
 /// Shows \p text until the user confirms it.

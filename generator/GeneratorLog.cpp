@@ -8,5 +8,5 @@ void GeneratorLog::write(Logger::MessageType type, const QString& text)
 {
     Logger::instance()->logPriorityMessage(
         QString(), type,
-        QCoreApplication::translate("PelkFcfGenerator", "Pelk FCF Generator: ") + text);
+        QCoreApplication::translate("PelkFcfGenerator", "Pelk FCF Generator: %1").arg(text));
 }

@@ -3,10 +3,10 @@
 
 #include <QtilitiesLogging/Logger.h>
 
-/// What the generator window writes to the host's log.
+/// Writes to the host's log in the name of the generator window.
 namespace GeneratorLog {
 
-/// Logs \p text as the window's, as a priority message.
+/// Logs \p text as a priority message.
 void write(Qtilities::Logging::Logger::MessageType type, const QString& text);
 
 } // namespace GeneratorLog

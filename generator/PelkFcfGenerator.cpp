@@ -15,7 +15,7 @@ using QtCreatorUtilities::DetailsWidget;
 
 namespace {
 
-/// Of all windows, which it has no state of.
+/// One object for all windows, since it has no state.
 QScopedPointer<PelkFcfGeneratorFileInfo> fileInfo;
 
 /// Selects the item with exactly the text \p text; an unknown one changes nothing.

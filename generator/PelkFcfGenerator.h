@@ -21,8 +21,8 @@ class DetailsWidget;
 
 /// The window in which a user describes one build and has its image made.
 ///
-/// From the form it fills an FcfHeader, which the writer puts into an image and its companion
-/// beside the binary; from an image or a companion it fills the form again.
+/// It fills an FcfHeader from the form, which the writer puts into an image and its companion
+/// beside the binary. It fills the form again from an image or a companion.
 class PelkFcfGenerator : public QMainWindow {
     Q_OBJECT
 
@@ -71,7 +71,7 @@ public:
     void setClock(const FcfClock& clock);
 
 Q_SIGNALS:
-    /// After a successful generation: the image's path, then the companion's.
+    /// Sent after a successful generation, with the paths of the image and of the companion.
     void newFilesCreated(QStringList files);
 
 public Q_SLOTS:
@@ -105,8 +105,9 @@ private:
     void functionsFieldSetEditable();
     void functionsFieldSetNotEditable();
     void setFunctionFieldsEnabled(bool enabled);
-    /// What is in the editor as one function, and the same the other way round.
+    /// Returns the editor's content as one function.
     FcfFunction editedFunction() const;
+    /// Puts \p function into the editor.
     void editFunction(const FcfFunction& function);
     /// The function at \p index of the list, empty where there is none.
     FcfFunction functionAt(int index) const;
@@ -116,7 +117,7 @@ private:
     void showTexts(const FcfReading& reading);
     void showFunctionRead(const FcfFunction& function);
     void showLoadingFailed();
-    /// Paths in a plain status are shown as they are, whatever markup they look like.
+    /// Shows \p text as it is, whatever markup a path in it looks like.
     void showPlainStatus(const QString& text);
     void showStatus(const QString& html);
 
@@ -127,6 +128,7 @@ private:
     void showGenerated(const QStringList& files);
     void showGenerationFailed();
     void reportFailure(FcfOutput* output);
+    static void removeFiles(FcfOutput* output);
     void warnOfOtherSize(const QString& binPath, qint64 payloadBytes) const;
 
     QScopedPointer<Ui_PelkFcfGenerator> ui;
@@ -134,7 +136,8 @@ private:
     QtCreatorUtilities::DetailsWidget* functionsDetails;
     QtCreatorUtilities::DetailsWidget* targetDetails;
 
-    /// Four texts a function (name, author, description, CI number), in the combo box's order.
+    /// Four texts for each function (name, author, description, CI number), in the combo box's
+    /// order.
     QVector<QString> functions;
 
     qint32 moduleCode;

@@ -4,16 +4,15 @@
 
 #include "fcf/FormLimits.h"
 #include "generator/GeneratorDialogs.h"
+#include "generator/WordWrap.h"
 
 #include "ui_PelkFcfGenerator.h"
 
 #include <OrvanticCore/DesignManager.h>
 
-#include <QTextOption>
-
 namespace {
 
-/// Where each text of a function is among its entries of the flat list.
+/// The place of each text among the entries that a function has in the flat list.
 enum Entry { NameEntry, AuthorEntry, DescriptionEntry, CiNumberEntry, EntryCount };
 
 const char* const DefaultText = "0000";
@@ -28,21 +27,6 @@ void setDefault(QTextEdit* field)
 {
     if (field->toPlainText().isEmpty())
         field->setPlainText(QLatin1String(DefaultText));
-}
-
-/// How the lines of \p text are broken: between words. In a text with an endless word, as a damaged
-/// file has, anywhere: the time to find that no break fits grows with the square of its length.
-QTextOption::WrapMode wrapModeFor(const QString& text)
-{
-    const int longestWord = 1000;
-    int start = 0;
-    for (int end = 0; end < text.size(); ++end) {
-        if (text.at(end).isSpace())
-            start = end + 1;
-        else if (end - start >= longestWord)
-            return QTextOption::WrapAnywhere;
-    }
-    return QTextOption::WrapAtWordBoundaryOrAnywhere;
 }
 
 } // namespace
@@ -84,7 +68,7 @@ void PelkFcfGenerator::editFunction(const FcfFunction& function)
     ui->CiNumberEditBoxFunctions->setText(function.ciNumber);
     // The text of before may be endless, and is not laid out once more in the mode of the next one.
     ui->DescriptionMemoFunctions->clear();
-    ui->DescriptionMemoFunctions->setWordWrapMode(wrapModeFor(function.description));
+    ui->DescriptionMemoFunctions->setWordWrapMode(WordWrap::modeFor(function.description));
     ui->DescriptionMemoFunctions->setPlainText(function.description);
 }
 

@@ -129,7 +129,7 @@ void PelkFcfGenerator::showTotals()
 
 void PelkFcfGenerator::showGenerated(const QStringList& files)
 {
-    // Who takes the files may let events run, and the user close the window in one of them.
+    // A receiver of the signal may let events run, and the user may close the window meanwhile.
     const DeletionHold hold(this);
     emit newFilesCreated(files);
     showStatus(tr("<font color='green'>Successfully generated output files.</font>"));
@@ -149,10 +149,7 @@ void PelkFcfGenerator::reportFailure(FcfOutput* output)
         break;
     case FcfOutput::HeaderTooLarge:
         GeneratorDialogs::inform(this, tr("The file Size is too large please change some fields"));
-        if (!output->removeFiles())
-            GeneratorLog::write(
-                Logger::Error,
-                tr("\"%1\" cannot be deleted: %2.").arg(output->path(), output->reason()));
+        removeFiles(output);
         break;
     case FcfOutput::Failed:
         GeneratorLog::write(
@@ -162,6 +159,14 @@ void PelkFcfGenerator::reportFailure(FcfOutput* output)
         break;
     }
     showGenerationFailed();
+}
+
+void PelkFcfGenerator::removeFiles(FcfOutput* output)
+{
+    const QList<FcfOutput::Remaining> remaining = output->removeFiles();
+    for (const FcfOutput::Remaining& file : remaining)
+        GeneratorLog::write(Logger::Error,
+                            tr("\"%1\" cannot be deleted: %2.").arg(file.path, file.reason));
 }
 
 void PelkFcfGenerator::warnOfOtherSize(const QString& binPath, qint64 payloadBytes) const

@@ -5,6 +5,7 @@
 #include "fcf/FcfReader.h"
 #include "fcf/FormLimits.h"
 #include "generator/DeletionHold.h"
+#include "generator/FileOpening.h"
 #include "generator/GeneratorDialogs.h"
 #include "generator/GeneratorLog.h"
 
@@ -13,7 +14,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QTextBlock>
 #include <QTextCursor>
 
@@ -38,7 +38,7 @@ void appendParagraphs(QTextEdit* memo, const QString& text)
     cursor.endEditBlock();
 }
 
-/// Why \p reading, of \p device, is not complete.
+/// Returns why the \p reading of \p device is not complete.
 QString reasonOf(const FcfReading& reading, const QIODevice& device)
 {
     switch (reading.outcome) {
@@ -60,6 +60,37 @@ QString reasonOf(const FcfReading& reading, const QIODevice& device)
         break;
     }
     return QString();
+}
+
+/// A code of the header, and the index of what it selects.
+struct CodeIndex {
+    qint32 code;
+    int index;
+};
+
+// These are not the inverse of the codes that are written: what a device code means depends on the
+// module, and two modules have module code 2.
+const CodeIndex ModuleIndexes[] = {{1, 1}, {2, 0}};
+const CodeIndex DeviceIndexes[] = {{1, 0}, {2, 1}, {4, 2}};
+/// Selected under module code 2 only.
+const CodeIndex FourthDevice = {8, 3};
+
+template <int Count>
+int indexOf(qint32 code, const CodeIndex (&indexes)[Count])
+{
+    for (const CodeIndex& candidate : indexes) {
+        if (candidate.code == code)
+            return candidate.index;
+    }
+    return -1;
+}
+
+/// The device that \p header selects, or -1 when it leaves the device as it is.
+int deviceIndex(const FcfHeader& header)
+{
+    if (header.moduleCode == 2 && header.deviceCode == FourthDevice.code)
+        return FourthDevice.index;
+    return indexOf(header.deviceCode, DeviceIndexes);
 }
 
 /// The window itself says only that loading \p path has failed.
@@ -120,14 +151,15 @@ void PelkFcfGenerator::displayConfigFileInfo(QString file)
 bool PelkFcfGenerator::readConfigFile(QString filename)
 {
     functionsFieldSetNotEditable();
+
     QFile file(filename);
-    // To open a pipe would wait for another program, and the host with it.
-    const bool isNoFile = QFileInfo(file).exists() && !QFileInfo(file).isFile();
-    if (isNoFile || !file.open(QIODevice::ReadOnly)) {
+    QString reason;
+    if (!FileOpening::open(&file, QIODevice::ReadOnly, &reason)) {
         showLoadingFailed();
-        logLoadingFailed(filename, isNoFile ? tr("it is not a file") : file.errorString());
+        logLoadingFailed(filename, reason);
         return false;
     }
+
     functions.clear();
     ui->ModifyFunctionCheckBox->setEnabled(true);
 
@@ -139,12 +171,14 @@ bool PelkFcfGenerator::readConfigFile(QString filename)
                      "with this programme "));
         return false;
     }
+
     showTexts(reading);
     if (reading.outcome != FcfReading::Complete) {
         showLoadingFailed();
         logLoadingFailed(filename, reasonOf(reading, file));
         return false;
     }
+
     showStatus(tr("<font color='green'>Loaded ") + ui->txtInputFile->text() +
                tr(" successfully.</font>"));
     return true;
@@ -181,31 +215,12 @@ void PelkFcfGenerator::showNumbers(const FcfHeader& header)
 
 void PelkFcfGenerator::selectTarget(const FcfHeader& header)
 {
-    // By index, not the inverse of the codes that are written: what a device code means depends on
-    // the module, and module code 2 is that of two modules.
-    if (header.moduleCode == 1)
-        ui->ModuleComboBox->setCurrentIndex(1);
-    else if (header.moduleCode == 2)
-        ui->ModuleComboBox->setCurrentIndex(0);
-
-    if (header.moduleCode == 1 || header.moduleCode == 2) {
-        switch (header.deviceCode) {
-        case 1:
-            ui->FpgaComboBox->setCurrentIndex(0);
-            break;
-        case 2:
-            ui->FpgaComboBox->setCurrentIndex(1);
-            break;
-        case 4:
-            ui->FpgaComboBox->setCurrentIndex(2);
-            break;
-        case 8:
-            if (header.moduleCode == 2)
-                ui->FpgaComboBox->setCurrentIndex(3);
-            break;
-        default:
-            break;
-        }
+    const int module = indexOf(header.moduleCode, ModuleIndexes);
+    if (module >= 0) {
+        ui->ModuleComboBox->setCurrentIndex(module);
+        const int device = deviceIndex(header);
+        if (device >= 0)
+            ui->FpgaComboBox->setCurrentIndex(device);
     }
     ui->ConfigComboBox->setCurrentIndex(qMax(header.configNumber, 0) - 1);
 }

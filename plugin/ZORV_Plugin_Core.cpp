@@ -145,7 +145,7 @@ void ZORV_Plugin_Core::showFcfGenerator()
         d->generatorWindow = new PelkFcfGenerator;
     d->generatorWindow->show();
     d->generatorWindow->raise();
-    // Without this a covered window would come up, but the keyboard would stay with the other one.
+    // A covered window would come up without it, but the keyboard would stay with the other one.
     d->generatorWindow->activateWindow();
     d->generatorWindow->setFocus(Qt::OtherFocusReason);
 }

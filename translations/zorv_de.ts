@@ -34,12 +34,19 @@
         <translation>das Auffüllen fügt nichts hinzu</translation>
     </message>
     <message>
+        <source>it has %1 bytes, but %2 were written</source>
+        <translation>sie hat %1 Bytes, geschrieben wurden aber %2</translation>
+    </message>
+</context>
+<context>
+    <name>FileOpening</name>
+    <message>
         <source>it is a named pipe</source>
         <translation>es ist eine benannte Pipe</translation>
     </message>
     <message>
-        <source>it has %1 bytes, but %2 were written</source>
-        <translation>sie hat %1 Bytes, geschrieben wurden aber %2</translation>
+        <source>it is not a file</source>
+        <translation>es ist keine Datei</translation>
     </message>
 </context>
 <context>
@@ -252,10 +259,6 @@
         <translation>Leeren</translation>
     </message>
     <message>
-        <source>Pelk FCF Generator: </source>
-        <translation>Pelk FCF Generator: </translation>
-    </message>
-    <message>
         <source>&lt;b&gt;Functions In Build:&lt;/b&gt;</source>
         <translation>&lt;b&gt;Funktionen im Build:&lt;/b&gt;</translation>
     </message>
@@ -384,10 +387,6 @@
         <translation>Dokumente (*.txt)</translation>
     </message>
     <message>
-        <source>it is not a file</source>
-        <translation>es ist keine Datei</translation>
-    </message>
-    <message>
         <source>please select a correct text file,the selected file is not compartable with this programme </source>
         <translation>Bitte eine passende Textdatei auswählen. Die ausgewählte Datei ist mit diesem Programm nicht kompatibel.</translation>
     </message>
@@ -486,6 +485,10 @@
     <message>
         <source>it has more than %1 functions</source>
         <translation>sie hat mehr als %1 Funktionen</translation>
+    </message>
+    <message>
+        <source>Pelk FCF Generator: %1</source>
+        <translation>Pelk FCF Generator: %1</translation>
     </message>
 </context>
 <context>

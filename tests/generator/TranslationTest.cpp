@@ -165,8 +165,9 @@ void TranslationTest::translatesTheResultsOfGenerating()
     QCOMPARE(driver->text("finalSize"), "2122" + quoted(" bytes"));
     QCOMPARE(driver->text("finalPages"), "2" + quoted(" pages"));
     QCOMPARE(driver->text("finalBlocks"), "0" + quoted(" blocks"));
-    QCOMPARE(driver->log(), QStringList("2 " + quoted("Pelk FCF Generator: ") +
-                                        quoted("Successfully generated output files.")));
+    QCOMPARE(driver->log(),
+             QStringList("2 " + quoted("Pelk FCF Generator: " +
+                                       quoted("Successfully generated output files."))));
 
     driver->dialogs().click(QMessageBox::No);
     driver->window()->saveTofile(driver->path("top.bin"));

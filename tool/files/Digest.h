@@ -1,7 +1,7 @@
 #ifndef TOOL_FILES_DIGEST_H
 #define TOOL_FILES_DIGEST_H
 
-#include "tool/files/Copy.h"
+#include "tool/files/Region.h"
 
 #include <QByteArray>
 #include <QList>
@@ -16,7 +16,7 @@
 /// SHA-256 digests of images, in the files that sha256sum writes and checks.
 namespace Digest {
 
-/// Of a digest file nothing behind this is read.
+/// A digest file is read up to here.
 constexpr int MaximumBytes = 64 * 1024;
 
 /// The path of the digest of the image at \p imagePath.
@@ -37,7 +37,7 @@ public:
     Q_DISABLE_COPY(Hash)
 
     void add(const char* data, qint64 bytes);
-    /// The binary digest of all that was added. Ends the adding.
+    /// The binary digest of all that was added. Nothing can be added afterwards.
     QByteArray result();
 
 private:
@@ -46,7 +46,7 @@ private:
     sha256_ctx m_state;
     std::vector<char> m_next;
     std::vector<char> m_inWork;
-    /// Uses both of the above, so it is the first to go.
+    /// It uses both of the above, so it must be destroyed first.
     std::future<void> m_work;
 };
 

@@ -22,7 +22,7 @@ class Design;
 class DesignFolder;
 
 /// The files and folders of one design. Paths are absolute or relative to the working folder. What
-/// it returns is its own and ends with it.
+/// it returns ends with it. Not owned by the caller.
 class DesignContents : public QObject {
     Q_OBJECT
 

@@ -66,7 +66,7 @@ public:
     QList<DesignProperty> designProperties() const;
     void removeDesignProperty(const QString& name);
 
-    /// Takes ownership of \p structure, which may be null, and deletes the one before.
+    /// Replaces and deletes the structure of before. \p structure may be null. Owned.
     void setStructure(DesignStructure* structure);
 
     /// In the order in which they were added.

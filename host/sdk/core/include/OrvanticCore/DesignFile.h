@@ -9,7 +9,7 @@
 namespace OrvanticCore {
 
 /// A file of a design, which may have vanished from the disk. It signals itemChanged() when what
-/// the design notes about it has changed. Made and owned by the design.
+/// the design notes about it has changed. Owned by the design.
 class ORVANTICCORE_SHARED_EXPORT DesignFile : public Qtilities::CoreGui::TreeFileItem,
                                               public AbstractDesignLinkedItem {
     Q_OBJECT

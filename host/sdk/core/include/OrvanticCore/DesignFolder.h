@@ -8,7 +8,7 @@
 
 namespace OrvanticCore {
 
-/// A folder that belongs to a design with everything in it. Made and owned by the design.
+/// A folder that belongs to a design with everything in it. Owned by the design.
 class ORVANTICCORE_SHARED_EXPORT DesignFolder : public Qtilities::CoreGui::TreeNode,
                                                 public AbstractDesignLinkedItem {
     Q_OBJECT

@@ -12,7 +12,7 @@
 namespace OrvanticCore {
 
 /// The nodes by which a design orders its files, and the rules by which a file belongs to
-/// which. Owned by its design; what it returns is its own.
+/// which. Owned by its design. What it returns is not owned by the caller.
 class ORVANTICCORE_SHARED_EXPORT DesignStructure {
 public:
     DesignStructure();

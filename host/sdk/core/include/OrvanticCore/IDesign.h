@@ -23,7 +23,7 @@ class DesignFile;
 class DesignStructure;
 
 /// A design, as extensions see it. It belongs to the host, which may close it whenever the event
-/// loop runs. What it returns is its own. GUI thread only.
+/// loop runs. What it returns is not owned by the caller. GUI thread only.
 class ORVANTICCORE_SHARED_EXPORT IDesign {
 public:
     IDesign() {}

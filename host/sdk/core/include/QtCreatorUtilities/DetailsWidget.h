@@ -23,7 +23,7 @@ public:
     explicit DetailsWidget(QWidget* parent = nullptr);
     ~DetailsWidget() override;
 
-    /// Takes ownership of \p widget, which becomes a child of the panel; deletes the body before.
+    /// Makes \p widget a child of the panel, and deletes the body of before. Owned.
     void setWidget(QWidget* widget);
 
     /// The body, or null. It stays the panel's.

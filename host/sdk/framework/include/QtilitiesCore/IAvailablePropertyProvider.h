@@ -52,7 +52,7 @@ namespace Interfaces {
 /// Announces properties that users may add to objects.
 ///
 /// Life cycle: registered in the object pool, where property editors find it by its identifier and
-/// ask it each time they are shown. It stays its maker's.
+/// ask it each time they are shown. Not owned by the pool.
 class IAvailablePropertyProvider : virtual public IObjectBase {
 public:
     IAvailablePropertyProvider() {}

@@ -15,7 +15,7 @@ public:
     IObjectBase() {}
     virtual ~IObjectBase() {}
 
-    /// The implementing object itself; never null, not a transfer of ownership.
+    /// The implementing object itself; never null. Not owned.
     virtual QObject* objectBase() = 0;
     virtual const QObject* objectBase() const = 0;
 

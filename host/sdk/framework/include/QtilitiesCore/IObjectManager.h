@@ -13,8 +13,8 @@ namespace Interfaces {
 
 /// The global object pool: plug-ins put objects in, the host finds them by interface.
 ///
-/// Life cycle: made on first use, lives until the process ends. The pool never owns an object; one
-/// that is deleted leaves the pool by itself. GUI thread only.
+/// Life cycle: made on first use, lives until the process ends. Its objects are not owned; one that
+/// is deleted leaves the pool by itself. GUI thread only.
 class QTILITIES_SHARED_EXPORT IObjectManager : public QObject {
     Q_OBJECT
 

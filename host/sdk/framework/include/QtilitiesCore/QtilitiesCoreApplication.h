@@ -19,7 +19,7 @@ public:
     QtilitiesCoreApplication(int& argc, char** argv);
     ~QtilitiesCoreApplication() override;
 
-    /// Never null; made on first use and owned by the framework.
+    /// Never null; made on first use. Not owned.
     static Interfaces::IObjectManager* objectManager();
     static Interfaces::IContextManager* contextManager();
 };

@@ -11,7 +11,7 @@ namespace CoreGui {
 
 class Command;
 
-/// A menu that plug-ins add commands to. Made and owned by the action manager.
+/// A menu that plug-ins add commands to. Owned by the action manager.
 class QTILITIES_SHARED_EXPORT ActionContainer : public QObject {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ public:
     explicit ActionContainer(QObject* parent = nullptr) : QObject(parent) {}
     ~ActionContainer() override;
 
-    /// Never null; owned by the container.
+    /// Never null. Not owned.
     virtual QMenu* menu() const = 0;
 
     /// Puts \p command before the command named \p before, or at the end when that is empty or not

@@ -9,7 +9,7 @@
 namespace Qtilities {
 namespace CoreGui {
 
-/// A named action of the application. Made and owned by the action manager.
+/// A named action of the application. Owned by the action manager.
 class QTILITIES_SHARED_EXPORT Command : public QObject {
     Q_OBJECT
 
@@ -17,7 +17,7 @@ public:
     explicit Command(QObject* parent = nullptr) : QObject(parent) {}
     ~Command() override;
 
-    /// Never null; owned by the command.
+    /// Never null. Not owned.
     virtual QAction* action() const = 0;
     virtual QString text() const = 0;
 };

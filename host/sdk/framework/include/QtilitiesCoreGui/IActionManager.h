@@ -16,8 +16,8 @@ namespace Interfaces {
 
 /// Menus and commands of the application, by identifier.
 ///
-/// Life cycle: made on first use after the application object, deleted with it. Everything it
-/// returns is its own. GUI thread only.
+/// Life cycle: made on first use after the application object, deleted with it. What it returns
+/// is not owned by the caller. GUI thread only.
 class QTILITIES_SHARED_EXPORT IActionManager : public QObject {
     Q_OBJECT
 

@@ -20,12 +20,12 @@ public:
     QtilitiesApplication(int& argc, char** argv);
     ~QtilitiesApplication() override;
 
-    /// Never null; made on first use and owned by the framework.
+    /// Never null; made on first use. Not owned.
     static Core::Interfaces::IObjectManager* objectManager();
     static Core::Interfaces::IContextManager* contextManager();
     static Interfaces::IActionManager* actionManager();
 
-    /// Names the main window, which stays the caller's. It may be deleted at any time.
+    /// Names the main window, which may be deleted at any time. Not owned.
     static void setMainWindow(QWidget* window);
 
     /// The main window, or null when there is none (any more).

@@ -26,7 +26,7 @@ public:
     ~IPlugin() override {}
 
     /// \p arguments are those of the program. On failure returns false and appends the reasons to
-    /// \p error_strings, which the caller owns.
+    /// \p error_strings. Not owned.
     virtual bool initialize(const QStringList& arguments, QStringList* error_strings) = 0;
     virtual bool initializeDependencies(QStringList* error_strings) = 0;
     virtual void finalize() = 0;

@@ -1,0 +1,25 @@
+#ifndef TOOL_CHECK_BITCONTAINER_H
+#define TOOL_CHECK_BITCONTAINER_H
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+/// The header of the container that development tools write bitstreams in, .bit files.
+struct BitContainer {
+    QString design;
+    QString part;
+    QString date;
+    QString time;
+    qint64 headerBytes = 0;
+    qint64 payloadBytes = 0;
+
+    /// Whether a file that begins with \p start is such a container, whole or not.
+    static bool isStartOf(const QByteArray& start);
+
+    /// The container at the beginning of \p start, if there is one and its header is whole.
+    static std::optional<BitContainer> read(const QByteArray& start);
+};
+
+#endif

@@ -1,0 +1,69 @@
+#include "tool/commands/OutputChecks.h"
+
+#include "tool/base/Text.h"
+#include "tool/commands/Task.h"
+
+#include <QFileInfo>
+
+namespace {
+
+void refuse(const QString& path, const QString& reason, Task* task)
+{
+    task->findings.refuse(path, "--output", reason);
+}
+
+/// Refuses \p path if it is an input. Returns whether it is.
+bool refuseInput(const QString& path, Task* task)
+{
+    const ProtectedInput* const input = task->inputs.find(FileSystem::identityOf(path));
+    if (input)
+        refuse(path, input->refusal(), task);
+
+    return input != nullptr;
+}
+
+} // namespace
+
+void OutputChecks::checkFile(const QString& path, bool isReplaced, Task* task)
+{
+    if (refuseInput(path, task))
+        return;
+
+    if (!FileSystem::exists(path)) {
+        task->findings.accept(FileSystem::checkPlaceOf(path));
+        return;
+    }
+
+    // A link to a folder is replaced, but of any other link the target counts: /dev/stdout is not
+    // replaced by a file.
+    const QFileInfo info(path);
+    const bool isFolder = info.isDir();
+    const bool isOther = info.exists() && !isFolder && !info.isFile();
+    if (isFolder && !info.isSymLink())
+        refuse(path, "is a folder", task);
+    else if (isOther)
+        refuse(path, "is not a file", task);
+    else if (!isReplaced)
+        task->findings.add(FileSystem::alreadyExists(path).value());
+}
+
+void OutputChecks::checkStandardOutput(bool getsBinary, Task* task)
+{
+    if (const ProtectedInput* const input = task->inputs.behind(task->environment.out))
+        refuse(StandardOutputLabel, input->refusal(), task);
+
+    if (getsBinary && task->environment.outIsTerminal)
+        refuse(StandardOutputLabel,
+               "is a terminal, and gets no binary data: redirect it or name a file", task);
+}
+
+void OutputChecks::checkUnwritten(const QString& path, const char* option, Task* task)
+{
+    if (refuseInput(path, task))
+        return;
+
+    if (FileSystem::exists(path))
+        task->findings.warning(path, QLatin1String(option),
+                               "exists, is not written, and so will not belong to the "
+                               "new image");
+}
