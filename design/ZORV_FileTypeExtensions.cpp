@@ -15,7 +15,7 @@
 #include <QtilitiesLogging/Logger.h>
 
 #include <QAction>
-#include <QApplication>
+#include <QCoreApplication>
 #include <QPointer>
 
 using OrvanticCore::DesignFile;
@@ -88,7 +88,7 @@ void bringToFront(QWidget* window)
 
 void centreOnScreen(QWidget* window)
 {
-    const QRect screen = QApplication::desktop()->availableGeometry(window);
+    const QRect screen = Toolkit::availableGeometry(window);
     window->move(screen.center() - window->rect().center());
 }
 
@@ -299,88 +299,4 @@ PelkFcfGenerator* ZORV_FileTypeExtensions::generator()
     return d->generator;
 }
 
-<<<<<<< HEAD
-void ZORV_FileTypeExtensions::showGenerator()
-{
-    d->generator->show();
-    // One that is open already may be behind the host.
-    d->generator->raise();
-    d->generator->activateWindow();
-}
-
-void ZORV_FileTypeExtensions::centreGenerator()
-{
-    const QRect screen = Toolkit::availableGeometry(d->generator);
-    d->generator->move(screen.center() - d->generator->rect().center());
-}
-
-void ZORV_FileTypeExtensions::fillTarget(IDesign* design)
-{
-    // In this order, and up to the first gap: the module decides which devices there are.
-    const QVariant module = design->designProperty(QLatin1String(ModuleProperty));
-    if (!hasValue(module))
-        return;
-    d->generator->setModule(module.toString());
-
-    const QVariant device = design->designProperty(QLatin1String(DeviceProperty));
-    if (!hasValue(device))
-        return;
-    d->generator->setDevice(device.toString());
-
-    const QVariant configNumber = design->designProperty(QLatin1String(ConfigNumberProperty));
-    if (hasValue(configNumber))
-        d->generator->setConfigNum(configNumber.toInt());
-}
-
-void ZORV_FileTypeExtensions::fillDescription(IDesign* design)
-{
-    const char* const name = "CurrentVersionChanges";
-    if (!ObjectManager::propertyExists(design->objectBase(), name))
-        return;
-    SharedProperty changes = ObjectManager::getSharedProperty(design->objectBase(), name);
-    if (changes.isValid())
-        d->generator->setDescription(changes.value().toString());
-}
-
-QList<DesignFile*> ZORV_FileTypeExtensions::addFiles(IDesign* design, const QStringList& paths,
-                                                     const QString& node)
-{
-    QList<DesignFile*> handled;
-    for (const QString& path : paths) {
-        DesignFile* file = design->fileAt(path);
-        const bool isNew = !file;
-        if (isNew) {
-            QString error;
-            file = design->addFile(path, &error);
-            if (!file) {
-                logMessage(Logger::Error,
-                           tr("Failed to add generated file \"%1\" to design. Error: %2")
-                               .arg(path, error));
-                continue;
-            }
-        }
-        file->setVersionAssociation(design->versionString(QLatin1String(".")));
-        file->setIsGenerated(true);
-        file->setCustomNode(node);
-        handled << file;
-        logMessage(Logger::Info,
-                   isNew ? tr("Successfully added generated file \"%1\" to design.").arg(path)
-                         : tr("Successfully updated generated file \"%1\" in design.").arg(path));
-    }
-    return handled;
-}
-
-void ZORV_FileTypeExtensions::recordTarget(IDesign* design)
-{
-    if (!d->generator)
-        return;
-    const QtilitiesCategory category(QLatin1String("Pelk Radar Signal Processor"));
-    design->setDesignProperty(QLatin1String(ModuleProperty), d->generator->getModule(), category);
-    design->setDesignProperty(QLatin1String(DeviceProperty), d->generator->getDevice(), category);
-    design->setDesignProperty(QLatin1String(ConfigNumberProperty), d->generator->getConfigNum(),
-                              category);
-}
-
-=======
->>>>>>> main
 } // namespace ZORV_Plugin

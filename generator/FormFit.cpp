@@ -98,12 +98,6 @@ void FormFit::grow()
 
     const int missing = m_area->widget()->sizeHint().height() - m_area->height();
     const int room = availableSize().height() - m_window->height();
-<<<<<<< HEAD
-    if (wanted > 0 && room > 0)
-        m_window->resize(m_window->width(), m_window->height() + qMin(wanted, room));
-    // A window that has grown beyond the lower edge moves up.
-    const QRect available = Toolkit::availableGeometry(m_window);
-=======
     if (missing > 0 && room > 0)
         m_window->resize(m_window->width(), m_window->height() + qMin(missing, room));
 
@@ -113,8 +107,7 @@ void FormFit::grow()
 /// A window that has grown beyond the lower edge of the screen moves up.
 void FormFit::moveUp()
 {
-    const QRect available = QApplication::desktop()->availableGeometry(m_window);
->>>>>>> main
+    const QRect available = Toolkit::availableGeometry(m_window);
     const bool isFramed = m_window->frameGeometry() != m_window->geometry();
     const int frame = isFramed ? 0 : FrameHeight;
     const int below = m_window->geometry().bottom() + frame - available.bottom();
