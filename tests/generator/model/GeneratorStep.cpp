@@ -3,7 +3,6 @@
 #include <QStringList>
 #include <QTextCodec>
 
-#define TEMP1 0 *
 namespace {
 
 const char* const ActionNames[ActionCount] = {"TypeText",
@@ -146,7 +145,7 @@ QString descriptionOf(int number)
     case 1:
         return QString::fromUtf8(" Rev: B: %1\nsecond: line\n last %1 ").arg(mark);
     case 2:
-        return QString(TEMP1(1 + number % 5), QLatin1Char('\n')) + QString(1200, QLatin1Char('d')) +
+        return QString((1 + number % 5), QLatin1Char('\n')) + QString(1200, QLatin1Char('d')) +
                mark;
     case 3:
         return QString(980 + number % 41, QLatin1Char('e'));
@@ -155,7 +154,7 @@ QString descriptionOf(int number)
     case 5:
         return QString::fromUtf8("\n\n<b>%1</b>\n\nend\n").arg(mark);
     case 6:
-        return QString(TEMP1 1500, QLatin1Char('\n')) + QString(1100, QLatin1Char('f')) + mark;
+        return QString(1500, QLatin1Char('\n')) + QString(1100, QLatin1Char('f')) + mark;
     default:
         return QString::fromUtf8("%1 \xC3\xA9\n\xE2\x80\x83 x").arg(mark);
     }
