@@ -22,7 +22,7 @@ int numberFrom(const char* variable, int otherwise)
     return text.isEmpty() ? otherwise : text.toInt();
 }
 
-int seed() { return numberFrom("GENERATOR_MODEL_SEED", 1); }
+int seed() { return numberFrom("PELK_MODEL_SEED", 1); }
 
 /// Another locale, time zone and codec of texts for each seed.
 void changeSurroundings()
@@ -101,7 +101,7 @@ void GeneratorModelTest::takesTheStepsOf()
 
 void GeneratorModelTest::takesRandomSteps()
 {
-    const int actions = numberFrom("GENERATOR_MODEL_ACTIONS", 700);
+    const int actions = numberFrom("PELK_MODEL_ACTIONS", 600);
     GeneratorDice dice(static_cast<quint32>(seed()));
     for (int taken = 0; taken < actions;) {
         const QVector<Step> steps = dice.sequence(StepsOfSequence);
@@ -111,7 +111,7 @@ void GeneratorModelTest::takesRandomSteps()
         report(steps);
         QFAIL("the window and its model differ");
     }
-    if (qgetenv("GENERATOR_MODEL_BRANCHES").isEmpty())
+    if (qgetenv("PELK_MODEL_BRANCHES").isEmpty())
         return;
     for (auto branch = m_run.reached().constBegin(); branch != m_run.reached().constEnd(); ++branch)
         std::printf("%8d %s\n", branch.value(), branch.key().toUtf8().constData());
@@ -119,7 +119,7 @@ void GeneratorModelTest::takesRandomSteps()
 
 void GeneratorModelTest::takesTheStepsOfAFile()
 {
-    const QByteArray name = qgetenv("GENERATOR_MODEL_STEPS");
+    const QByteArray name = qgetenv("PELK_MODEL_STEPS");
     if (name.isEmpty())
         return;
     QFile file(QFile::decodeName(name));

@@ -25,6 +25,7 @@ const Action Rare[] = {SetModule,
                        SetDescription,
                        SetBinFile,
                        SetTxtFile,
+                       ReplaceByTxtFile,
                        ClearScreen,
                        ReadConfigFile,
                        DisplayConfigFileInfo,
@@ -89,8 +90,8 @@ void GeneratorDice::addAny()
 {
     const Action action = oneIn(3) ? Rare[below(RareCount)]
                                    : static_cast<Action>(below(oneIn(4) ? ActionCount : SetModule));
-    const bool loads = action == MenuLoad || action == SetTxtFile || action == ReadConfigFile ||
-                       action == MakeCompanion || action == CutFile;
+    const bool loads = action == MenuLoad || action == SetTxtFile || action == ReplaceByTxtFile ||
+                       action == ReadConfigFile || action == MakeCompanion || action == CutFile;
     const bool takesBinary = action == ClickLoad || action == TypePath || action == SetBinFile ||
                              action == SaveToFile || action == MakeBinary;
     int a = below(1000);
@@ -222,6 +223,12 @@ void GeneratorDice::addFunctions()
             add(TypeText, FunctionNumber, text());
         if (oneIn(8))
             add(ClickItsMe);
+        // Named while the warning is open, so that the name may be there already.
+        if (oneIn(8)) {
+            add(TypeText, FunctionName, 1);
+            add(ClickUpload);
+            m_steps.last().plan = static_cast<quint32>(Reaction::RenameFunction) << 4;
+        }
         add(oneIn(12) ? CheckFunction : ClickUpload);
     }
     if (oneIn(2))
@@ -237,7 +244,8 @@ void GeneratorDice::addLoad()
         add(CutFile, path, below(1000));
     if (oneIn(3))
         addFunctions();
-    add(oneIn(2) ? MenuLoad : SetTxtFile, path);
+    static const Action Loads[] = {MenuLoad, SetTxtFile, ReplaceByTxtFile};
+    add(Loads[below(3)], path);
     if (oneIn(2))
         add(ClickModify);
     if (oneIn(2))

@@ -62,6 +62,7 @@ public:
     void setDescription(const QString& description) { setText(DescriptionMemo, description); }
     void setBinFile(const QString& path);
     void setTxtFile(const QString& path);
+    void replaceByTxtFile(const QString& path);
     void displayBinFileSizeInfo(const QString& path);
     void clearScreen();
     bool updateConfigData();
@@ -77,7 +78,7 @@ public:
     bool checkFunction();
     void fileOpenAccept();
     void displayConfigFileInfo(const QString& path);
-    bool readConfigFile(const QString& path);
+    bool readConfigFile(const QString& path) { return load(path, false); }
     void addFunction();
     void displayFunctionInfo(int index);
     void addNewFuction();
@@ -105,6 +106,7 @@ private:
     Answer inform(const QString& text);
     Answer ask(const QString& text, bool hasDefault);
     void setStatus(const QString& text, bool isPlain = false);
+    bool load(const QString& path, bool replacing);
     void showLoadingFailed();
     void logLoadingFailed(const QString& path, const QString& reason);
     void log(int kind, const QString& text);

@@ -89,6 +89,14 @@ void GeneratorModel::setTxtFile(const QString& path)
     clearFunctionFields();
 }
 
+void GeneratorModel::replaceByTxtFile(const QString& path)
+{
+    setText(txtInputFile, path);
+    load(path, true);
+    displayConfigFileInfo(path);
+    clearFunctionFields();
+}
+
 void GeneratorModel::displayConfigFileInfo(const QString& path)
 {
     QString binary = path;
@@ -107,7 +115,7 @@ void GeneratorModel::logLoadingFailed(const QString& path, const QString& reason
         log(8, QString::fromLatin1("\"%1\" cannot be loaded: %2.").arg(path, reason));
 }
 
-bool GeneratorModel::readConfigFile(const QString& path)
+bool GeneratorModel::load(const QString& path, bool replacing)
 {
     setEditable(false);
 
@@ -117,18 +125,26 @@ bool GeneratorModel::readConfigFile(const QString& path)
         return false;
     }
 
+    const QByteArray bytes = disk.bytes(path);
+    Lines lines(bytes.mid(4 * NumberCount));
+    lines.take();
+    const bool isCompatible = lines.take().contains(QLatin1String("Filename"));
+    if (replacing && isCompatible) {
+        clearScreen();
+        setText(txtInputFile, path);
+    }
+    // List and memory agree, whatever the file is.
+    if (replacing)
+        clearItems(FunctionComboBox);
     form.functions.clear();
     form[ModifyFunctionCheckBox].isEnabled = true;
 
-    const QByteArray bytes = disk.bytes(path);
     QVector<qint32> numbers;
     for (int i = 0; i < NumberCount; ++i)
         numbers << wordAt(bytes, 4 * i);
     showNumbers(numbers);
 
-    Lines lines(bytes.mid(4 * NumberCount));
-    lines.take();
-    if (!lines.take().contains(QLatin1String("Filename"))) {
+    if (!isCompatible) {
         inform(QLatin1String("please select a correct text file,the selected file is not "
                              "compartable with this programme "));
         return false;

@@ -227,6 +227,7 @@ void GeneratorRun::takeOfProgram()
     const Step& step = m_step;
     const QString file = step.b % 2 == 0 ? path(step.a) : absolutePath(step.a);
     const QString text = textOf(step.b, false);
+    // How large a folder is depends on the file system.
     if (m_model.disk.isFolder(file))
         return;
     switch (step.action) {
@@ -265,6 +266,10 @@ void GeneratorRun::takeOfProgram()
     case SetTxtFile:
         m_model.setTxtFile(file);
         m_window->setTxtFile(file);
+        break;
+    case ReplaceByTxtFile:
+        m_model.replaceByTxtFile(file);
+        m_window->replaceByTxtFile(file);
         break;
     case ClearScreen:
         m_model.clearScreen();
@@ -732,13 +737,18 @@ QString GeneratorRun::difference()
 
 void GeneratorRun::countBranches()
 {
-    static const QRegExp details(QLatin1String("/[^ ,\"<]*|[0-9]+"));
     for (const Observation& observation : m_expected) {
         QString event = observation.event;
         if (event == QLatin1String("afterwards")) {
             // By its status line.
             event = m_model.exists ? m_model.form[StatusBar].text : QString::fromLatin1("gone");
         }
-        m_reached[event.replace(details, QLatin1String("#")).left(120)] += 1;
+        // Without what differs between runs.
+        event.remove(m_model.disk.root + QLatin1Char('/'));
+        for (QChar& letter : event) {
+            if (letter.isDigit())
+                letter = QLatin1Char('#');
+        }
+        m_reached[event] += 1;
     }
 }

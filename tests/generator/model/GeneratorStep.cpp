@@ -34,6 +34,7 @@ const char* const ActionNames[ActionCount] = {"TypeText",
                                               "SetDescription",
                                               "SetBinFile",
                                               "SetTxtFile",
+                                              "ReplaceByTxtFile",
                                               "ClearScreen",
                                               "ReadConfigFile",
                                               "DisplayConfigFileInfo",
@@ -133,7 +134,7 @@ QString functionLines(int number, int function)
         description += QString::fromUtf8("\n second %1 \n\nlast: %1").arg(kind);
     return QString::fromUtf8("Function name: %1\nFunction author: %2\nFunction CI No: %3\n"
                              "Function description: %4\n---\n")
-        .arg(text(0), text(1), text(2), description);
+        .arg(number % 19 == 0 ? texts[count - 1] : text(0), text(1), text(2), description);
 }
 
 QString descriptionOf(int number)

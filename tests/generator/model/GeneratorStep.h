@@ -29,15 +29,16 @@ enum Action {
     NewWindow, // a: whether it deletes itself when it is closed; it is not shown
 
     // The rest of the plug-in. A PATH is absolute where b is odd.
-    SetModule,      // a: module or another text
-    SetDevice,      // a: device or another text
-    SetConfigNum,   // a: number
-    SetVersion,     // a, b: numbers
-    SetAuthor,      // b: TEXT
-    SetCINumber,    // b: TEXT
-    SetDescription, // b: TEXT
-    SetBinFile,     // a: PATH
-    SetTxtFile,     // a: PATH
+    SetModule,        // a: module or another text
+    SetDevice,        // a: device or another text
+    SetConfigNum,     // a: number
+    SetVersion,       // a, b: numbers
+    SetAuthor,        // b: TEXT
+    SetCINumber,      // b: TEXT
+    SetDescription,   // b: TEXT
+    SetBinFile,       // a: PATH
+    SetTxtFile,       // a: PATH
+    ReplaceByTxtFile, // a: PATH
     ClearScreen,
     ReadConfigFile,         // a: PATH
     DisplayConfigFileInfo,  // a: PATH
