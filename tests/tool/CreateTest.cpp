@@ -314,7 +314,7 @@ void CreateTest::replacesOutputsWhenForced()
 {
     ToolFixture tool;
     tool.write("top.fcf", "old");
-    tool.write("top.txt", "old");
+    tool.write("top.txt", ForgedImage().page());
     QCOMPARE(create(&tool, {"--force"}).code, 0);
     QCOMPARE(tool.names(), QStringList({"top.bin", "top.fcf", "top.txt"}));
     QCOMPARE(tool.run({"verify", tool.argument("top.fcf"), tool.argument("top.txt")}).code, 0);

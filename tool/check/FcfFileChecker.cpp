@@ -19,14 +19,6 @@
 
 namespace {
 
-QString hex(quint32 word)
-{
-    return QStringLiteral("0x%1")
-        .arg(word, 8, 16, QLatin1Char('0'))
-        .toUpper()
-        .replace(QLatin1String("0X"), QLatin1String("0x"));
-}
-
 const FcfLayout::NumberField& numberOf(qint32 FcfHeader::*value)
 {
     for (const auto& field : FcfLayout::Numbers) {
@@ -154,7 +146,7 @@ void FcfFileChecker::checkReservedWords(const QVector<quint32>& words) const
     for (int index = 0; index < words.size(); ++index, offset += FcfLayout::WordBytes) {
         if (words.at(index) != FcfLayout::ReservedWord)
             invalid(QStringLiteral("reserved[%1]").arg(index), offset, "is no reserved word",
-                    hex(FcfLayout::ReservedWord), hex(words.at(index)));
+                    shownWord(FcfLayout::ReservedWord), shownWord(words.at(index)));
     }
 }
 

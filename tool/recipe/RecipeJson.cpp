@@ -53,9 +53,9 @@ std::optional<QString> repeatedName(const QString& json)
     for (auto tokens = token.globalMatch(json); tokens.hasNext();) {
         const QRegularExpressionMatch match = tokens.next();
         const bool isName = match.capturedLength(2) > 0;
-        if (match.capturedRef() == QLatin1String("{")) {
+        if (match.capturedView() == QLatin1String("{")) {
             namesOfObjects.emplace_back();
-        } else if (match.capturedRef() == QLatin1String("}")) {
+        } else if (match.capturedView() == QLatin1String("}")) {
             namesOfObjects.pop_back();
         } else if (isName) {
             const QString name = unescaped(match.captured(1));
