@@ -10,6 +10,7 @@
 #include "host/app/image/RemakeCommands.h"
 #include "host/app/ItemCommands.h"
 #include "host/app/ViewExtensions.h"
+#include "toolkit/QtDifferences.h"
 #include "ui_MainWindow.h"
 
 #include <OrvanticCore/Design.h>
@@ -255,7 +256,7 @@ void MainWindow::dropEvent(QDropEvent* event)
             paths << url.toLocalFile();
     }
 
-    const QModelIndex under = m_view->itemAt(m_view->mapFrom(this, event->pos()));
+    const QModelIndex under = m_view->itemAt(m_view->mapFrom(this, Toolkit::positionOf(event)));
     Design* const design = under.isValid() ? m_model->designAt(under) : m_view->currentDesign();
     event->acceptProposedAction();
     m_session->addPaths(paths, design, m_model->nodeAt(under));

@@ -5,6 +5,8 @@ namespace {
 /// A container begins with a field of 9 bytes that is always the same, and the number of the keys
 /// that the next two bytes hold. Then come the texts and the payload.
 const QByteArray Magic = QByteArray::fromHex("00090ff00ff00ff00ff0000001");
+/// How many of these bytes show that a file is a container, or was one before it was damaged.
+constexpr int RecognisedBytes = 4;
 
 // A field has a key of one byte, a length in big-endian byte order, and its content.
 constexpr int KeyBytes = 1;
@@ -13,20 +15,37 @@ constexpr int PayloadLengthBytes = 4;
 constexpr char FirstTextKey = 'a';
 constexpr char PayloadKey = 'e';
 
+template <class Value>
+using OrFlaw = tl::expected<Value, QString>;
+
 /// Reads one field after the other.
 class FieldReader {
 public:
-    FieldReader(const QByteArray& bytes, int offset) : m_bytes(bytes), m_offset(offset) {}
+    explicit FieldReader(const QByteArray& bytes) : m_bytes(bytes) {}
 
     int offset() const { return m_offset; }
 
-    /// The text of the field \p key, up to its null byte; nothing if another field is here or if it
-    /// is not whole.
-    std::optional<QString> text(char key)
+    /// Passes the bytes that every container begins with.
+    OrFlaw<void> magic()
     {
-        const std::optional<qint64> length = fieldLength(key, TextLengthBytes);
-        if (!length || m_offset + *length > m_bytes.size())
-            return std::nullopt;
+        const QByteArray found = m_bytes.left(Magic.size());
+        if (!Magic.startsWith(found))
+            return lacks("the right first bytes");
+        if (found.size() < Magic.size())
+            return isCut();
+
+        m_offset = Magic.size();
+        return {};
+    }
+
+    /// The text of the field \p key, up to its null byte.
+    OrFlaw<QString> text(char key)
+    {
+        const OrFlaw<qint64> length = fieldLength(key, TextLengthBytes);
+        if (!length)
+            return tl::make_unexpected(length.error());
+        if (m_offset + *length > m_bytes.size())
+            return isCut();
 
         const QByteArray text = m_bytes.mid(m_offset, static_cast<int>(*length));
         m_offset += text.size();
@@ -34,11 +53,13 @@ public:
     }
 
     /// The length that the field \p key has according to a number of \p lengthBytes bytes.
-    std::optional<qint64> fieldLength(char key, int lengthBytes)
+    OrFlaw<qint64> fieldLength(char key, int lengthBytes)
     {
         const int end = m_offset + KeyBytes + lengthBytes;
-        if (end > m_bytes.size() || m_bytes.at(m_offset) != key)
-            return std::nullopt;
+        if (m_offset < m_bytes.size() && m_bytes.at(m_offset) != key)
+            return lacks(QStringLiteral("the field \"%1\"").arg(QLatin1Char(key)));
+        if (end > m_bytes.size())
+            return isCut();
 
         qint64 length = 0;
         for (int index = m_offset + KeyBytes; index < end; ++index)
@@ -48,38 +69,55 @@ public:
     }
 
 private:
+    tl::unexpected<QString> isCut() const
+    {
+        return tl::make_unexpected(
+            QStringLiteral("is a .bit container that is cut: it ends in its header, after %1 "
+                           "bytes; copy or build it again")
+                .arg(m_bytes.size()));
+    }
+
+    tl::unexpected<QString> lacks(const QString& expected) const
+    {
+        return tl::make_unexpected(
+            QStringLiteral("is a .bit container with an unknown header: it lacks %1 at offset %2; "
+                           "take the .bin file of the same build")
+                .arg(expected)
+                .arg(m_offset));
+    }
+
     const QByteArray& m_bytes;
-    int m_offset;
+    int m_offset = 0;
 };
 
 } // namespace
 
 bool BitContainer::isStartOf(const QByteArray& start)
 {
-    return start.startsWith(Magic + FirstTextKey);
+    return start.startsWith(Magic.left(RecognisedBytes));
 }
 
-std::optional<BitContainer> BitContainer::read(const QByteArray& start)
+tl::expected<BitContainer, QString> BitContainer::read(const QByteArray& start)
 {
-    if (!isStartOf(start))
-        return std::nullopt;
-
     BitContainer container;
-    FieldReader fields(start, Magic.size());
+    FieldReader fields(start);
+    if (const OrFlaw<void> magic = fields.magic(); !magic)
+        return tl::make_unexpected(magic.error());
+
     char key = FirstTextKey;
     for (QString* const target :
          {&container.design, &container.part, &container.date, &container.time}) {
-        const std::optional<QString> text = fields.text(key);
+        const OrFlaw<QString> text = fields.text(key);
         if (!text)
-            return std::nullopt;
+            return tl::make_unexpected(text.error());
 
         *target = *text;
         ++key;
     }
 
-    const std::optional<qint64> length = fields.fieldLength(PayloadKey, PayloadLengthBytes);
+    const OrFlaw<qint64> length = fields.fieldLength(PayloadKey, PayloadLengthBytes);
     if (!length)
-        return std::nullopt;
+        return tl::make_unexpected(length.error());
 
     container.payloadBytes = *length;
     container.headerBytes = fields.offset();

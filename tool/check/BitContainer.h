@@ -4,7 +4,7 @@
 #include <QByteArray>
 #include <QString>
 
-#include <optional>
+#include <tl/expected.hpp>
 
 /// The header of the container that development tools write bitstreams in, .bit files.
 struct BitContainer {
@@ -18,8 +18,9 @@ struct BitContainer {
     /// Whether a file that begins with \p start is such a container, whole or not.
     static bool isStartOf(const QByteArray& start);
 
-    /// The container at the beginning of \p start, if there is one and its header is whole.
-    static std::optional<BitContainer> read(const QByteArray& start);
+    /// The container that \p start is the beginning of, or what is wrong with its header and what
+    /// to do about it.
+    static tl::expected<BitContainer, QString> read(const QByteArray& start);
 };
 
 #endif

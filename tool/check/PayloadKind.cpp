@@ -1,22 +1,32 @@
 #include "tool/check/PayloadKind.h"
 
 #include "fcf/FcfLayout.h"
-#include "tool/check/BitContainer.h"
 #include "tool/check/WordSwap.h"
 
+#include <QStringList>
+#include <QVector>
+
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
 const QByteArray SyncWord = QByteArray::fromHex("aa995566");
+/// A configuration has no other words in front of its sync word: dummies, and two from which a
+/// device finds the width of its bus.
+const QByteArray LeadingWords[] = {QByteArray::fromHex("ffffffff"), QByteArray::fromHex("000000bb"),
+                                   QByteArray::fromHex("11220044")};
 
-/// A wrong order of all words of a bitstream, and what undoes it.
-struct WrongOrder {
+/// An order of all words of a bitstream, and what undoes it.
+struct Order {
+    /// Empty for the right one.
     const char* complaint;
     const char* swap;
 };
 
-constexpr WrongOrder WrongOrders[] = {
+/// The right one is the first.
+constexpr Order Orders[] = {
+    {"", ""},
     {"byte-swapped", "bytes"},
     {"bit-swapped", "bits"},
     {"halfword-swapped", "halfwords"},
@@ -25,10 +35,20 @@ constexpr WrongOrder WrongOrders[] = {
     {"bit-swapped and halfword-swapped", "bits,halfwords"},
 };
 
-/// A boot image has a little-endian sync word at a fixed place behind its vectors, where a
-/// byte-swapped bitstream has nothing but 0xFF before it.
-constexpr int BootWordOffset = 0x20;
-const QByteArray BootWord = QByteArray::fromHex("665599aa");
+/// A boot image has these bytes at a fixed place behind its vectors. They begin like the sync word
+/// of a byte-swapped bitstream.
+constexpr int BootMarkOffset = 0x20;
+const QByteArray BootMark = QByteArray::fromHex("665599aa") + "XNLX";
+
+bool isRight(const Order& order) { return *order.swap == '\0'; }
+
+/// \p word of a right binary as it is in a binary of this order.
+QByteArray swapped(QByteArray word, const Order& order)
+{
+    if (!isRight(order))
+        WordSwap::swap(*WordSwap::swapsOf(order.swap), word.data(), word.size());
+    return word;
+}
 
 int countLeadingFiller(const QByteArray& bytes)
 {
@@ -36,33 +56,88 @@ int countLeadingFiller(const QByteArray& bytes)
     return static_cast<int>(end - bytes.begin());
 }
 
-bool isBootImage(const QByteArray& start)
+/// How many of the first bytes of \p start are words that a configuration of this order has in
+/// front of its sync word.
+int leadingBytes(const QByteArray& start, const Order& order)
 {
-    return countLeadingFiller(start) < BootWordOffset &&
-           start.mid(BootWordOffset, BootWord.size()) == BootWord;
+    QVector<QByteArray> leading;
+    for (const QByteArray& word : LeadingWords)
+        leading << swapped(word, order);
+
+    // Dummy words are the same in every order.
+    int bytes = countLeadingFiller(start) / FcfLayout::WordBytes * FcfLayout::WordBytes;
+    while (leading.contains(start.mid(bytes, FcfLayout::WordBytes)))
+        bytes += FcfLayout::WordBytes;
+    return bytes;
 }
 
-/// The sync word as it is in a binary of this order.
-QByteArray syncWord(const WrongOrder& order)
+/// A sync word in a binary.
+struct Sync {
+    const Order* order;
+    int offset;
+    /// The first byte that no configuration has in front of it, if there is one.
+    std::optional<int> foreign;
+};
+
+/// The sync word that is where a configuration has it.
+std::optional<Sync> syncInPlace(const QByteArray& start)
 {
-    QByteArray word = SyncWord;
-    WordSwap::swap(*WordSwap::swapsOf(order.swap), word.data(), word.size());
-    return word;
+    for (const Order& order : Orders) {
+        const int offset = leadingBytes(start, order);
+        if (start.mid(offset, SyncWord.size()) == swapped(SyncWord, order))
+            return Sync{&order, offset, std::nullopt};
+    }
+    return std::nullopt;
 }
 
-QString complaintAbout(const WrongOrder& order)
+/// The first sync word behind something else.
+std::optional<Sync> syncElsewhere(const QByteArray& start)
 {
-    return QStringLiteral("the binary is %1: its sync word is 0x%2, not 0xAA995566; --swap %3 "
-                          "repairs it")
-        .arg(order.complaint, syncWord(order).toHex().toUpper(), order.swap);
+    const int filler = countLeadingFiller(start);
+    const QByteArray searched = start.mid(filler, PayloadKind::SearchedBytes);
+    std::optional<Sync> first;
+    for (const Order& order : Orders) {
+        const int position = searched.indexOf(swapped(SyncWord, order));
+        const bool isFirst = position >= 0 && (!first || filler + position < first->offset);
+        if (isFirst)
+            first = Sync{&order, filler + position, leadingBytes(start, order)};
+    }
+    return first;
 }
 
-QString noSyncWord(bool hasLeadingFiller)
+PayloadKind::Complaint noSyncWord(const QByteArray& start)
 {
-    const QString place = hasLeadingFiller
-                              ? QStringLiteral("the first %1 bytes behind its leading 0xFF")
-                              : QStringLiteral("its first %1 bytes");
-    return "the binary has no sync word 0xAA995566 in " + place.arg(PayloadKind::SearchedBytes);
+    const int filler = countLeadingFiller(start);
+    if (filler == start.size())
+        return {"the binary is erased flash, 0xFF from its start: give the .bin or .bit file of a "
+                "configuration"};
+
+    const QString place = filler > 0 ? QStringLiteral("the first %1 bytes behind its leading 0xFF")
+                                     : QStringLiteral("its first %1 bytes");
+    return {
+        QStringLiteral("the binary has no sync word 0xAA995566 in %1: give the .bin or .bit file "
+                       "of a configuration")
+            .arg(place.arg(PayloadKind::SearchedBytes))};
+}
+
+/// What is wrong with the order of the words, and with what is in front of them.
+std::optional<PayloadKind::Complaint> complaintAbout(const Sync& sync)
+{
+    QStringList flaws;
+    if (!isRight(*sync.order))
+        flaws << QStringLiteral("the binary is %1: its sync word is 0x%2, not 0xAA995566; --swap "
+                                "%3 repairs it")
+                     .arg(sync.order->complaint, swapped(SyncWord, *sync.order).toHex().toUpper(),
+                          sync.order->swap);
+    if (sync.foreign)
+        flaws << QStringLiteral("something else is in front of the configuration, whose sync word "
+                                "is at offset %1: take it off, or give the .bin or .bit file as "
+                                "it was built")
+                     .arg(sync.offset);
+    if (flaws.isEmpty())
+        return std::nullopt;
+
+    return PayloadKind::Complaint{flaws.join("; "), sync.foreign.value_or(sync.offset)};
 }
 
 } // namespace
@@ -76,31 +151,13 @@ bool PayloadKind::isImage(const QByteArray& start)
                .startsWith('\n' + QByteArray(FcfLayout::FirstLineKeyword));
 }
 
-QString PayloadKind::complaint(const QByteArray& start)
+std::optional<PayloadKind::Complaint> PayloadKind::complaint(const QByteArray& start)
 {
-    if (BitContainer::isStartOf(start))
-        return "the binary is a .bit container: strip its header first, as it is not "
-               "whole";
-    if (isBootImage(start))
-        return QString();
+    if (start.mid(BootMarkOffset, BootMark.size()) == BootMark)
+        return std::nullopt;
 
-    const int filler = countLeadingFiller(start);
-    const QByteArray searched = start.mid(filler, SearchedBytes);
-    int first = searched.indexOf(SyncWord);
-    const WrongOrder* wrong = nullptr;
-    for (const WrongOrder& order : WrongOrders) {
-        const int position = searched.indexOf(syncWord(order));
-        const bool isFirst = position >= 0 && (first < 0 || position < first);
-        if (!isFirst)
-            continue;
-
-        first = position;
-        wrong = &order;
-    }
-
-    if (wrong)
-        return complaintAbout(*wrong);
-    if (first < 0)
-        return noSyncWord(filler > 0);
-    return QString();
+    std::optional<Sync> sync = syncInPlace(start);
+    if (!sync)
+        sync = syncElsewhere(start);
+    return sync ? complaintAbout(*sync) : noSyncWord(start);
 }

@@ -7,6 +7,24 @@
 #include "tool/commands/Arguments.h"
 #include "tool/commands/Task.h"
 
+namespace {
+
+/// What is wrong with a container of \p stated bytes that \p following bytes follow.
+QString lengthComplaint(qint64 stated, qint64 following)
+{
+    if (following < stated)
+        return QStringLiteral("is a .bit container that is cut: %1 of its %2 bytes follow the "
+                              "header; copy or build it again")
+            .arg(following)
+            .arg(stated);
+    return QStringLiteral("is a .bit container of %1 bytes with %2 more behind it: take off what "
+                          "was added")
+        .arg(stated)
+        .arg(following - stated);
+}
+
+} // namespace
+
 void BinaryOptions::declareOperand(CLI::App* app)
 {
     Arguments::addRequired(app, m_name, &m_path, "",
@@ -53,7 +71,9 @@ std::optional<InputFile> BinaryOptions::open(Task* task)
     if (!start)
         return std::nullopt;
 
-    readContainer(*file, *start, task);
+    if (!readContainer(*file, *start, task))
+        return std::nullopt;
+
     checkWholeWords(*file, task);
     return file;
 }
@@ -70,13 +90,27 @@ Region BinaryOptions::payload(const InputFile& file) const
     return region;
 }
 
-void BinaryOptions::readContainer(const InputFile& file, const QByteArray& start, Task* task)
+/// Finds the payload in a container. Returns false, with an error, if that is not whole.
+bool BinaryOptions::readContainer(const InputFile& file, const QByteArray& start, Task* task)
 {
-    m_container = BitContainer::read(start);
-    if (!m_container)
-        return;
+    if (!BitContainer::isStartOf(start))
+        return true;
 
-    const auto& [design, part, date, time, headerBytes, payloadBytes] = *m_container;
+    const auto container = BitContainer::read(start);
+    if (!container) {
+        task->findings.refuse(label(), PayloadField, container.error());
+        return false;
+    }
+
+    const auto& [design, part, date, time, headerBytes, payloadBytes] = *container;
+    const qint64 following = file.size() - headerBytes;
+    if (payloadBytes != following) {
+        task->findings.refuse(label(), PayloadField,
+                              lengthComplaint(container->payloadBytes, following));
+        return false;
+    }
+
+    m_container = *container;
     note(QStringLiteral("the header of its .bit container is left out: design %1, part %2, %3 %4")
              .arg(shownText(design), shownText(part), shownText(date), shownText(time)),
          task);
@@ -85,14 +119,7 @@ void BinaryOptions::readContainer(const InputFile& file, const QByteArray& start
                                                    {"date", date},
                                                    {"time", time},
                                                    {"headerBytes", headerBytes}};
-
-    const qint64 following = file.size() - headerBytes;
-    if (payloadBytes != following)
-        task->findings.refuse(
-            label(), PayloadField,
-            QStringLiteral("the container is of %1 bytes, but %2 follow its header")
-                .arg(payloadBytes)
-                .arg(following));
+    return true;
 }
 
 void BinaryOptions::readSwap(Task* task)
@@ -132,17 +159,32 @@ void BinaryOptions::check(const InputFile& file, Task* task) const
     if (!start || start->isEmpty())
         return;
 
-    const QString complaint = PayloadKind::complaint(*start);
-    if (PayloadKind::isImage(*start))
-        task->findings.refuse(label(), PayloadField, "is an FCF image already: extract it first");
-    else if (!complaint.isEmpty())
-        task->findings.warning(file.label(), PayloadField, complaint);
-
+    checkKind(region, *start, task);
     if (region.bytes % FcfLayout::WordBytes != 0 && !WordSwap::needsWholeWords(m_swaps))
         note(QStringLiteral("has %1 bytes, which is no multiple of %2")
                  .arg(region.bytes)
                  .arg(FcfLayout::WordBytes),
              task);
+}
+
+/// Checks that \p region, which begins with \p start, is a bare configuration.
+void BinaryOptions::checkKind(const Region& region, const QByteArray& start, Task* task) const
+{
+    if (PayloadKind::isImage(start)) {
+        task->findings.refuse(label(), PayloadField, "is an FCF image already: extract it first");
+        return;
+    }
+    if (BitContainer::isStartOf(start)) {
+        task->findings.refuse(label(), PayloadField,
+                              "has a .bit container in it: take its header off first");
+        return;
+    }
+
+    if (const auto complaint = PayloadKind::complaint(start)) {
+        Finding& warning = task->findings.warning(label(), PayloadField, complaint->reason);
+        if (complaint->offset >= 0)
+            warning.at(region.offset + complaint->offset);
+    }
 }
 
 void BinaryOptions::note(const QString& text, Task* task) const

@@ -39,9 +39,10 @@ public:
 
 private:
     void declareSwap(CLI::App* app);
-    void readContainer(const InputFile& file, const QByteArray& start, Task* task);
+    bool readContainer(const InputFile& file, const QByteArray& start, Task* task);
     void readSwap(Task* task);
     void checkWholeWords(const InputFile& file, Task* task) const;
+    void checkKind(const Region& region, const QByteArray& start, Task* task) const;
     void note(const QString& text, Task* task) const;
 
     std::optional<std::string> m_path;

@@ -53,9 +53,9 @@ std::optional<QString> repeatedName(const QString& json)
     for (auto tokens = token.globalMatch(json); tokens.hasNext();) {
         const QRegularExpressionMatch match = tokens.next();
         const bool isName = match.capturedLength(2) > 0;
-        if (match.capturedRef() == QLatin1String("{")) {
+        if (match.capturedView() == QLatin1String("{")) {
             namesOfObjects.emplace_back();
-        } else if (match.capturedRef() == QLatin1String("}")) {
+        } else if (match.capturedView() == QLatin1String("}")) {
             namesOfObjects.pop_back();
         } else if (isName) {
             const QString name = unescaped(match.captured(1));
@@ -77,10 +77,10 @@ void checkRecipeVersion(const QJsonValue& value, RecipeReader* reader)
 
     std::optional<qint32> version;
     reader->read(value, RecipeKey, &version);
-    if (version && (*version < 1 || *version > RecipeVersion))
+    if (version && *version != RecipeVersion)
         reader->refuse(
             RecipeKey,
-            QStringLiteral("is %1, but only 1 to %2 are known").arg(*version).arg(RecipeVersion));
+            QStringLiteral("is %1, but only %2 is known").arg(*version).arg(RecipeVersion));
 }
 
 /// Reads all of \p object behind its version.
