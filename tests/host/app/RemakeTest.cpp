@@ -350,7 +350,7 @@ void RemakeTest::replacesTheDigestToo()
     RemakeHost host;
     host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
     host.open();
-    host.writeFile("radar/top.fcf.sha256", "of before");
+    host.writeFile("radar/top.fcf.sha256", QByteArray(64, 'a') + "  top.fcf\n");
     host.select("top.fcf");
     clickTool(host, "Design.MakeAgain");
 
