@@ -161,6 +161,29 @@ QString descriptionOf(int number)
     }
 }
 
+/// \p text with one of the marks of the format where a text may have it, by \p kind.
+QString withMarksInPlaces(QString text, int kind)
+{
+    const QLatin1String description("Description: ");
+    switch (kind) {
+    case 20:
+        return text.replace(description, QLatin1String("Description: first\nin --- it\n"));
+    case 21:
+        return text.replace(description, QLatin1String("Description: first\n--- at its start\n"));
+    case 22:
+        return text.replace(QLatin1String("Function name: "),
+                            QLatin1String("Function name: x----"));
+    case 23:
+        return text.replace(QLatin1String("Filename: "), QLatin1String("The Filename: "));
+    case 24:
+        return text.replace(description, QLatin1String("Description:without a blank"));
+    case 25:
+        return text.replace(QLatin1String("----"), QString());
+    default:
+        return text;
+    }
+}
+
 } // namespace
 
 QByteArray printed(const Step& step)
@@ -324,6 +347,7 @@ QByteArray companionOf(int number)
     for (int function = 0; function < number / 16 % 4; ++function)
         text += functionLines(number, function);
     text += QString::fromUtf8(number % 17 == 16 ? "----" : "----\n");
+    text = withMarksInPlaces(text, number % 29);
     if (number % 5 == 4)
         text.replace(QLatin1String("\n"), QLatin1String("\r\n"));
     bytes += QTextCodec::codecForLocale()->fromUnicode(text);
