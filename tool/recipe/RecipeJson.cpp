@@ -68,6 +68,16 @@ std::optional<QString> repeatedName(const QString& json)
     return std::nullopt;
 }
 
+/// The line and column of the byte at \p offset, both counted from 1, the column in letters.
+QString placeOf(int offset, const QByteArray& json)
+{
+    const QByteArray before = json.left(offset);
+    const int lineStart = before.lastIndexOf('\n') + 1;
+    return QStringLiteral("line %1, column %2")
+        .arg(before.count('\n') + 1)
+        .arg(QString::fromUtf8(before.mid(lineStart)).size() + 1);
+}
+
 void checkRecipeVersion(const QJsonValue& value, RecipeReader* reader)
 {
     if (value.isUndefined()) {
@@ -130,9 +140,9 @@ tl::expected<Recipe, QList<Finding>> RecipeJson::read(const QByteArray& json, co
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(json, &parseError);
     if (parseError.error != QJsonParseError::NoError) {
-        reader.refuse(QString(), QStringLiteral("is not JSON: %1 at offset %2")
-                                     .arg(parseError.errorString())
-                                     .arg(parseError.offset));
+        reader.refuse(QString(),
+                      QStringLiteral("is not JSON: %1 at %2")
+                          .arg(parseError.errorString(), placeOf(parseError.offset, json)));
         return tl::make_unexpected(reader.errors());
     }
 
