@@ -374,6 +374,9 @@ void FlashTest::leavesUnchangedFilesUntouched()
     const Run run = create(&tool, "top.bin", {"--if-changed", "--digest"});
     QCOMPARE(run.code, 0);
     QVERIFY2(run.out.contains("top.fcf: unchanged\n"), run.out);
+    const Run quiet = create(&tool, "top.bin", {"--if-changed", "--digest", "--quiet"});
+    QCOMPARE(quiet.code, 0);
+    QCOMPARE(quiet.out + quiet.err, QByteArray());
     QCOMPARE(stamps(), before);
     const QJsonObject json =
         create(&tool, "top.bin", {"--if-changed", "--digest", "--json"}).json();
@@ -388,9 +391,10 @@ void FlashTest::replacesWhatChanged_data()
     QTest::addColumn<QStringList>("options");
     QTest::newRow("the binary") << "top.bin" << ToolFixture::payload(4001) << QStringList();
     QTest::newRow("a byte of it") << "top.bin" << ToolFixture::payload(3999) + "!" << QStringList();
-    QTest::newRow("the companion") << "top.txt" << QByteArray("x") << QStringList();
-    QTest::newRow("the digest") << "top.fcf.sha256" << QByteArray("x") << QStringList();
-    QTest::newRow("the image") << "top.fcf" << QByteArray("x") << QStringList();
+    QTest::newRow("the companion") << "top.txt" << ForgedImage().page() << QStringList();
+    QTest::newRow("the digest") << "top.fcf.sha256" << QByteArray(64, 'a') + "  top.fcf\n"
+                                << QStringList();
+    QTest::newRow("the image") << "top.fcf" << ForgedImage().bytes() << QStringList();
     QTest::newRow("a function") << "other" << QByteArray()
                                 << QStringList{"--function", "a", "b", "c", "d"};
     QTest::newRow("the padding") << "other" << QByteArray() << QStringList{"--pad-to", "page"};

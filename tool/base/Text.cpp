@@ -82,6 +82,11 @@ QString shownText(const QString& text, int length)
     return text.size() > length ? shown + "..." : shown;
 }
 
+QString shownWord(quint32 word)
+{
+    return "0x" + QStringLiteral("%1").arg(word, 8, 16, QLatin1Char('0')).toUpper();
+}
+
 QByteArray asPrintable(const QByteArray& json)
 {
     // JSON has no other such character between its texts.

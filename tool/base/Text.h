@@ -32,6 +32,9 @@ constexpr int WholeText = 1 << 30;
 /// \p length characters.
 QString shownText(const QString& text, int length = 120);
 
+/// \p word as in 0xFFFFFFFF.
+QString shownWord(quint32 word);
+
 /// The argument of \p option as text, unless it is none in the encoding of \p codec.
 Result<QString> decodedText(const std::string& argument, const QTextCodec* codec,
                             const QString& option);

@@ -19,14 +19,6 @@
 
 namespace {
 
-QString hex(quint32 word)
-{
-    return QStringLiteral("0x%1")
-        .arg(word, 8, 16, QLatin1Char('0'))
-        .toUpper()
-        .replace(QLatin1String("0X"), QLatin1String("0x"));
-}
-
 const FcfLayout::NumberField& numberOf(qint32 FcfHeader::*value)
 {
     for (const auto& field : FcfLayout::Numbers) {
@@ -89,14 +81,6 @@ void FcfFileChecker::checkEnd(const HeaderPage& page) const
         invalid("page", page.bytes, "a companion ends with its header page",
                 QStringLiteral("%1 bytes").arg(page.bytes),
                 QStringLiteral("%1 bytes").arg(m_file->size()));
-
-    const bool hasFillerBeyond =
-        page.bytes > FcfLayout::PageBytes && page.reading.textEnd <= FcfLayout::PageBytes;
-    if (hasFillerBeyond)
-        note("page", FcfLayout::PageBytes,
-             QStringLiteral("the header page has %1 bytes, as most: its filler goes beyond %2")
-                 .arg(page.bytes)
-                 .arg(FcfLayout::PageBytes));
 }
 
 void FcfFileChecker::checkSizes(const FcfHeader& header, qint64 bytes) const
@@ -162,7 +146,7 @@ void FcfFileChecker::checkReservedWords(const QVector<quint32>& words) const
     for (int index = 0; index < words.size(); ++index, offset += FcfLayout::WordBytes) {
         if (words.at(index) != FcfLayout::ReservedWord)
             invalid(QStringLiteral("reserved[%1]").arg(index), offset, "is no reserved word",
-                    hex(FcfLayout::ReservedWord), hex(words.at(index)));
+                    shownWord(FcfLayout::ReservedWord), shownWord(words.at(index)));
     }
 }
 

@@ -190,15 +190,19 @@ void CreateCommand::checkStandardOutput(Task* task) const
 
 void CreateCommand::checkFiles(const ImagePaths& paths, Task* task) const
 {
-    OutputChecks::checkFile(paths.image, isReplacing(), task);
+    using FileKind::Kind;
+
+    // With --force the image that was named is replaced, whatever it is.
+    const auto imageKind = m_ifChanged && !m_force ? std::optional(Kind::Image) : std::nullopt;
+    OutputChecks::checkFile(paths.image, {isReplacing(), imageKind}, task);
 
     if (m_noCompanion)
         OutputChecks::checkUnwritten(paths.companion, "--no-companion", task);
     else
-        OutputChecks::checkFile(paths.companion, isReplacing(), task);
+        OutputChecks::checkFile(paths.companion, {isReplacing(), Kind::Companion}, task);
 
     if (m_digest)
-        OutputChecks::checkFile(paths.digest, isReplacing(), task);
+        OutputChecks::checkFile(paths.digest, {isReplacing(), Kind::Digest}, task);
     else
         OutputChecks::checkUnwritten(paths.digest, "--digest", task);
 }
@@ -252,7 +256,8 @@ std::optional<QByteArray> CreateCommand::digestIfUnchanged(Plan* plan, QTextCode
 void CreateCommand::report(const Plan& plan, const QByteArray& digest, bool isWritten, Task* task)
 {
     const auto addFile = [&](const char* name, const QString& path) {
-        task->report.print(isWritten ? path : QStringLiteral("%1: unchanged").arg(path));
+        if (isWritten || !task->report.quiet)
+            task->report.print(isWritten ? path : QStringLiteral("%1: unchanged").arg(path));
         task->report.result[QLatin1String(name)] = path;
     };
 

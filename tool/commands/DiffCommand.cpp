@@ -1,7 +1,10 @@
 #include "tool/base/Text.h"
+#include "tool/check/FcfFileDifferences.h"
 #include "tool/commands/Command.h"
 #include "tool/files/FileCompare.h"
 #include "tool/recipe/HeaderJson.h"
+
+#include <QHash>
 
 namespace {
 
@@ -35,15 +38,12 @@ QString shownPayload(const QJsonObject& payload)
 }
 
 /// What the payloads of \p a and \p b differ in; empty if they are the same. All that is in one
-/// alone differs. A companion has no payload to compare.
+/// alone differs.
 Result<QJsonObject> comparePayloads(const FcfFile& a, const FcfFile& b, const Task& task)
 {
     const qint64 bytesA = a.page.payloadBytes;
     const qint64 bytesB = b.page.payloadBytes;
     const qint64 common = qMin(bytesA, bytesB);
-    if (common == 0)
-        return QJsonObject();
-
     const auto difference =
         FileCompare::compare(a.payload(), b.payload(), task.progress("diff", common));
     if (!difference)
@@ -59,6 +59,14 @@ Result<QJsonObject> comparePayloads(const FcfFile& a, const FcfFile& b, const Ta
                        {"bytesB", bytesB}};
 }
 
+/// The numbers behind a field that is shown as a text.
+const QHash<QString, QStringList> Numbers{{"version", {"versionMajor", "versionMinor"}},
+                                          {"module", {"moduleCode"}},
+                                          {"device", {"deviceCode"}}};
+
+/// The name in --ignore of what is listed as \p field, like "functions[fft].author".
+QString ignorableName(const QString& field) { return field.section(QLatin1Char('['), 0, 0); }
+
 /// Lists how two images or companions differ.
 class DiffCommand : public Command {
 public:
@@ -67,27 +75,40 @@ public:
     {
         Arguments::addRequired(app, "A", &m_a, "", "an image or a companion");
         Arguments::addRequired(app, "B", &m_b, "", "what to compare it with");
+        Arguments::addOption(app, "--ignore", &m_ignore, "FIELD[,FIELD]",
+                             "leave these fields out, as \"date,time,fileName\" (default: none)");
     }
     void run(Task* task) override;
 
 private:
+    std::optional<QStringList> ignored(Task* task) const;
+
     std::optional<std::string> m_a;
     std::optional<std::string> m_b;
+    std::optional<std::string> m_ignore;
 };
 
 void DiffCommand::run(Task* task)
 {
+    const std::optional<QStringList> ignored = this->ignored(task);
     const auto a = task->openFcf(*m_a, Task::Whole, ExitCode::Refused);
     const auto b = task->openFcf(*m_b, Task::Whole, ExitCode::Refused);
-    if (!a || !b)
+    if (!ignored || !a || !b)
         return;
 
-    const auto payload = task->findings.valueOf(comparePayloads(*a, *b, *task));
-    if (!payload)
+    const auto found = task->findings.valueOf(FcfFileDifferences::find(*a, *b, task->codec));
+    const auto payload = ignored->contains(FcfFileDifferences::Payload)
+                             ? QJsonObject()
+                             : task->findings.valueOf(comparePayloads(*a, *b, *task));
+    if (!found || !payload)
         return;
 
-    const QJsonArray fields =
-        HeaderJson::differences(a->page.reading.header, b->page.reading.header);
+    QJsonArray fields;
+    for (const auto& field : *found) {
+        if (!ignored->contains(ignorableName(field.toObject()["field"].toString())))
+            fields.append(field);
+    }
+
     const bool isSame = fields.isEmpty() && payload->isEmpty();
     task->report.verdict = isSame ? ExitCode::Done : ExitCode::NotValid;
     task->report.result["same"] = isSame;
@@ -98,6 +119,30 @@ void DiffCommand::run(Task* task)
         task->report.print(shownField(field.toObject()));
     if (!payload->isEmpty())
         task->report.print(shownPayload(*payload));
+}
+
+/// The names given with --ignore, or nothing, with an error, if one of them is not known.
+std::optional<QStringList> DiffCommand::ignored(Task* task) const
+{
+    if (!m_ignore)
+        return QStringList();
+    const auto text = task->text(*m_ignore, "--ignore");
+    if (!text)
+        return std::nullopt;
+
+    const QStringList known =
+        HeaderJson::object(FcfHeader()).keys() + FcfFileDifferences::otherNames();
+    QStringList ignored;
+    for (const QString& name : text->split(QLatin1Char(','))) {
+        if (!known.contains(name)) {
+            task->refuse(
+                "--ignore",
+                QStringLiteral("\"%1\" is none of %2").arg(shownText(name), known.join(", ")));
+            return std::nullopt;
+        }
+        ignored << name << Numbers.value(name);
+    }
+    return ignored;
 }
 
 } // namespace

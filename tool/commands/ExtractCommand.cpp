@@ -49,6 +49,9 @@ void ExtractCommand::run(Task* task)
         return;
 
     checkImage(*image, task);
+    // The companion and the digest beside the image are inputs, too.
+    if (*output != StandardStream)
+        OutputChecks::checkNoInput(*output, task);
     if (task->findings.hasErrors())
         return;
 
@@ -67,7 +70,7 @@ void ExtractCommand::checkOutput(const QString& output, Task* task) const
     const bool toStandardOutput = output == StandardStream;
     OutputChecks::checkStandardOutput(toStandardOutput, task);
     if (!toStandardOutput)
-        OutputChecks::checkFile(output, m_force, task);
+        OutputChecks::checkFile(output, {m_force, std::nullopt}, task);
     else if (task->report.json)
         task->findings.refuse(StandardOutputLabel, "--output",
                               "takes the payload alone: --json needs a file");

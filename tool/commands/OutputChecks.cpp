@@ -22,9 +22,40 @@ bool refuseInput(const QString& path, Task* task)
     return input != nullptr;
 }
 
+/// Whether the file or link \p path may be replaced, as far as that depends on what it is.
+Result<bool> isReplaceable(const QString& path, const OutputChecks::Existing& existing)
+{
+    // There is nothing to recognise behind a link to a folder, or to nothing.
+    if (!existing.kind || !QFileInfo(path).isFile())
+        return true;
+
+    return FileKind::isOfKind(path, *existing.kind);
+}
+
+/// Checks whether the file or link \p path may be replaced.
+void checkExisting(const QString& path, const OutputChecks::Existing& existing, Task* task)
+{
+    const auto replaceable = task->findings.valueOf(isReplaceable(path, existing));
+    if (!replaceable)
+        return;
+
+    if (*replaceable) {
+        if (!existing.isReplaced)
+            task->findings.add(FileSystem::alreadyExists(path).value());
+        return;
+    }
+
+    // That the file exists comes first, so that scripts find the exit code for it.
+    const ExitCode code = existing.isReplaced ? ExitCode::Refused : ExitCode::OutputExists;
+    task->findings.error(code, path, "--output",
+                         QStringLiteral("exists already, and is not replaced, as it is no %1: move "
+                                        "it away or choose another name")
+                             .arg(FileKind::nameOf(*existing.kind)));
+}
+
 } // namespace
 
-void OutputChecks::checkFile(const QString& path, bool isReplaced, Task* task)
+void OutputChecks::checkFile(const QString& path, const Existing& existing, Task* task)
 {
     if (refuseInput(path, task))
         return;
@@ -43,9 +74,11 @@ void OutputChecks::checkFile(const QString& path, bool isReplaced, Task* task)
         refuse(path, "is a folder", task);
     else if (isOther)
         refuse(path, "is not a file", task);
-    else if (!isReplaced)
-        task->findings.add(FileSystem::alreadyExists(path).value());
+    else
+        checkExisting(path, existing, task);
 }
+
+void OutputChecks::checkNoInput(const QString& path, Task* task) { refuseInput(path, task); }
 
 void OutputChecks::checkStandardOutput(bool getsBinary, Task* task)
 {

@@ -1,7 +1,11 @@
 #ifndef TOOL_COMMANDS_OUTPUTCHECKS_H
 #define TOOL_COMMANDS_OUTPUTCHECKS_H
 
+#include "tool/check/FileKind.h"
+
 #include <QString>
+
+#include <optional>
 
 struct Task;
 
@@ -9,9 +13,19 @@ struct Task;
 /// task.
 namespace OutputChecks {
 
+/// What is done with an output that exists.
+struct Existing {
+    bool isReplaced = false;
+    /// A file of another kind is never replaced. Nothing if any file may be.
+    std::optional<FileKind::Kind> kind;
+};
+
 /// Checks that the output \p path is none of the inputs, under any name, that it is no folder, and
-/// that it does not exist unless it is to be replaced.
-void checkFile(const QString& path, bool isReplaced, Task* task);
+/// that it does not exist unless \p existing lets it be replaced.
+void checkFile(const QString& path, const Existing& existing, Task* task);
+
+/// Checks that the output \p path is none of the inputs that were opened by now.
+void checkNoInput(const QString& path, Task* task);
 
 /// Checks that standard output is none of the inputs, and if it gets binary data, no terminal.
 void checkStandardOutput(bool getsBinary, Task* task);

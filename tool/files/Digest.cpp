@@ -83,6 +83,12 @@ QList<QByteArray> Digest::find(const QByteArray& lines, const std::optional<QStr
     return digests;
 }
 
+bool Digest::isDigest(const QByteArray& lines)
+{
+    const QByteArray line = lines.trimmed();
+    return !line.contains('\n') && parsed(line).has_value();
+}
+
 void Digest::Hash::add(const char* data, qint64 bytes)
 {
     m_next.insert(m_next.end(), data, data + bytes);

@@ -29,6 +29,9 @@ QByteArray line(const QByteArray& digest, const QString& imagePath);
 /// where an image has no name, for any.
 QList<QByteArray> find(const QByteArray& lines, const std::optional<QString>& imagePath);
 
+/// Whether \p lines are the one line of a digest file, of whatever file.
+bool isDigest(const QByteArray& lines);
+
 /// Takes the digest of bytes that come in parts. A second thread works on what came before, while
 /// the caller reads and writes what follows.
 class Hash {

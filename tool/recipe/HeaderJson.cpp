@@ -8,21 +8,39 @@
 
 namespace {
 
-using Functions = QMap<QString, QJsonObject>;
+/// Functions by their names; a name that several have gets a number.
+struct Functions {
+    explicit Functions(const QJsonArray& functions);
 
-/// The functions by their names; a name that several have gets a number.
-Functions byName(const QJsonArray& functions)
+    bool contains(const QString& name) const { return byName.contains(name); }
+
+    QMap<QString, QJsonObject> byName;
+    /// Their names in the order of the file.
+    QStringList names;
+};
+
+Functions::Functions(const QJsonArray& functions)
 {
-    Functions all;
     for (const auto& function : functions) {
         const QString name = function.toObject()["name"].toString();
         QString key = name;
-        for (int number = 2; all.contains(key); ++number)
+        for (int number = 2; contains(key); ++number)
             key = QStringLiteral("%1 #%2").arg(name).arg(number);
 
-        all[key] = function.toObject();
+        byName[key] = function.toObject();
+        names << key;
     }
-    return all;
+}
+
+/// The names that \p functions and \p others have both, in the order of \p functions.
+QStringList commonNames(const Functions& functions, const Functions& others)
+{
+    QStringList common;
+    for (const QString& name : functions.names) {
+        if (others.contains(name))
+            common << name;
+    }
+    return common;
 }
 
 QJsonObject difference(const QString& field, const QJsonValue& a, const QJsonValue& b)
@@ -41,22 +59,27 @@ void compare(const QString& place, const QJsonObject& a, const QJsonObject& b, Q
 
 QJsonValue descriptionOf(const Functions& functions, const QString& name)
 {
-    return functions.contains(name) ? functions[name]["description"] : QJsonValue();
+    return functions.contains(name) ? functions.byName[name]["description"] : QJsonValue();
 }
 
 void compareFunctions(const Functions& a, const Functions& b, QJsonArray* fields)
 {
-    QStringList names = a.keys() + b.keys();
+    QStringList names = a.names + b.names;
     names.sort();
     names.removeDuplicates();
 
     for (const QString& name : names) {
         const QString place = QStringLiteral("functions[%1]").arg(name);
         if (a.contains(name) && b.contains(name))
-            compare(place + QLatin1Char('.'), a[name], b[name], fields);
+            compare(place + QLatin1Char('.'), a.byName[name], b.byName[name], fields);
         else
             fields->append(difference(place, descriptionOf(a, name), descriptionOf(b, name)));
     }
+
+    const QStringList orderA = commonNames(a, b);
+    const QStringList orderB = commonNames(b, a);
+    if (orderA != orderB)
+        fields->append(difference("functions", orderA.join(", "), orderB.join(", ")));
 }
 
 } // namespace
@@ -80,8 +103,8 @@ QJsonArray HeaderJson::differences(const FcfHeader& headerA, const FcfHeader& he
 {
     QJsonObject a = object(headerA);
     QJsonObject b = object(headerB);
-    const Functions functionsA = byName(a.take("functions").toArray());
-    const Functions functionsB = byName(b.take("functions").toArray());
+    const Functions functionsA(a.take("functions").toArray());
+    const Functions functionsB(b.take("functions").toArray());
 
     QJsonArray fields;
     compare(QString(), a, b, &fields);

@@ -14,7 +14,8 @@ namespace HeaderJson {
 QJsonObject object(const FcfHeader& header);
 
 /// What differs in \p headerA and \p headerB, as objects of "field", "a" and "b". Functions are
-/// compared by their names.
+/// compared by their names; if they are in another order, "functions" has the names of those that
+/// are in both.
 QJsonArray differences(const FcfHeader& headerA, const FcfHeader& headerB);
 
 } // namespace HeaderJson
