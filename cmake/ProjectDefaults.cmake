@@ -19,7 +19,7 @@ set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}" ${QTILITIES_LIBRARY
 
 # A target of the folders that also build for the host's own Qt 4.8.
 function(zorv_product_target target)
-    set_target_properties(${target} PROPERTIES CXX_STANDARD 11 AUTOMOC ON AUTOUIC ON AUTORCC ON)
+    set_target_properties(${target} PROPERTIES CXX_STANDARD ${ZORV_PRODUCT_STANDARD} AUTOMOC ON AUTOUIC ON AUTORCC ON)
     zorv_warnings(${target})
 endfunction()
 
@@ -33,7 +33,7 @@ function(zorv_counted_target target)
     endif()
 endfunction()
 
-# A target that only ever builds on Qt 5.15.
+# A target that only ever builds on Qt 5.15 and 6.
 function(zorv_target target)
     set_target_properties(${target} PROPERTIES CXX_STANDARD 17 AUTOMOC ON AUTOUIC ON AUTORCC ON)
     zorv_warnings(${target})
@@ -48,13 +48,17 @@ endfunction()
 # Has the headers read once for all files of a target: each then compiles in half the time. The packages
 # and clang-tidy's build, which have no tests, read them for each file, and so find a missing include.
 function(zorv_precompile target)
-    if(BUILD_TESTING AND ZORV_QT EQUAL 5)
+    if(BUILD_TESTING AND ZORV_QT GREATER_EQUAL 5)
         target_precompile_headers(${target} PRIVATE ${ARGN})
     endif()
 endfunction()
 
 function(zorv_warnings target)
-    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow)
+    # Qt 6 counts in 64 bits what is an int in the others, which check the same sources.
+    if(ZORV_QT LESS 6)
+        target_compile_options(${target} PRIVATE -Wconversion)
+    endif()
 endfunction()
 
 set(ZORV_TEST_ENVIRONMENT
@@ -72,11 +76,11 @@ function(zorv_test name)
     cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
     add_executable(${name} ${name}.cpp ${arg_SOURCES} $<TARGET_OBJECTS:own-environment>)
     zorv_plain_target(${name})
-    qt5_generate_moc(${name}.cpp ${name}.moc TARGET ${name})
+    qt_generate_moc(${name}.cpp ${name}.moc TARGET ${name})
     target_sources(${name} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/${name}.moc")
     target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}")
     # Widgets for all, so that the headers are the same ones.
-    target_link_libraries(${name} PRIVATE Qt5::Test Qt5::Widgets ${arg_LIBRARIES})
+    target_link_libraries(${name} PRIVATE ${QT_TEST} ${QT_WIDGETS} ${arg_LIBRARIES})
     target_precompile_headers(${name} REUSE_FROM test-headers)
     add_test(NAME ${name} COMMAND ${name})
     zorv_test_environment(${name})

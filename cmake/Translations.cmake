@@ -3,9 +3,9 @@
 
 option(ZORV_PSEUDO_TRANSLATION "Longer texts in brackets in place of German, to look for cut labels" OFF)
 
-if(ZORV_QT EQUAL 5)
-    find_package(Qt5LinguistTools 5.15 REQUIRED)
-    set(zorv_lrelease Qt5::lrelease)
+if(ZORV_QT GREATER_EQUAL 5)
+    find_package(Qt${ZORV_QT}LinguistTools REQUIRED)
+    set(zorv_lrelease Qt${ZORV_QT}::lrelease)
 else()
     set(zorv_lrelease "${QT_LRELEASE_EXECUTABLE}")
 endif()

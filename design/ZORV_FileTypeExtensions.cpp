@@ -2,6 +2,7 @@
 
 #include "design/DesignProperties.h"
 #include "generator/PelkFcfGenerator.h"
+#include "toolkit/QtDifferences.h"
 
 #include <OrvanticCore/DesignFile.h>
 #include <OrvanticCore/DesignManager.h>
@@ -14,8 +15,7 @@
 #include <QtilitiesLogging/Logger.h>
 
 #include <QAction>
-#include <QApplication>
-#include <QDesktopWidget>
+#include <QCoreApplication>
 #include <QPointer>
 
 using OrvanticCore::DesignFile;
@@ -80,7 +80,7 @@ const AbstractTreeItem* bitStreamNode(const IDesign* design)
 
 void centreOnScreen(QWidget* window)
 {
-    const QRect screen = QApplication::desktop()->availableGeometry(window);
+    const QRect screen = Toolkit::availableGeometry(window);
     window->move(screen.center() - window->rect().center());
 }
 

@@ -116,7 +116,7 @@ private:
         const QString prefix = prefixOf(field);
         if (!line.startsWith(prefix))
             return deviate(field.name, function, prefix, line);
-        const FcfSpan span = {field.name, function, m_source->lineOffset() + prefix.size()};
+        const FcfSpan span = {field.name, function, m_source->lineOffset() + int(prefix.size())};
         m_reading->spans.append(span);
         return isWhole(field.name, function, line);
     }

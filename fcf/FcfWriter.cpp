@@ -66,7 +66,8 @@ QByteArray FcfWriter::compose(const FcfHeader& header) const
 QByteArray FcfWriter::fillerFor(int headerBytes) const
 {
     const QByteArray unit =
-        encode(m_codec, QString::fromUtf16(FcfLayout::FillerUnit, FcfLayout::FillerUnitLength));
+        encode(m_codec, QString(reinterpret_cast<const QChar*>(FcfLayout::FillerUnit),
+                                FcfLayout::FillerUnitLength));
     const int missing = FcfLayout::PageBytes - headerBytes;
     if (missing <= 0 || unit.isEmpty())
         return QByteArray();

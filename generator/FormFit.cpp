@@ -1,7 +1,7 @@
 #include "generator/FormFit.h"
 
-#include <QApplication>
-#include <QDesktopWidget>
+#include "toolkit/QtDifferences.h"
+
 #include <QEvent>
 #include <QLayout>
 #include <QMainWindow>
@@ -107,7 +107,7 @@ void FormFit::grow()
 /// A window that has grown beyond the lower edge of the screen moves up.
 void FormFit::moveUp()
 {
-    const QRect available = QApplication::desktop()->availableGeometry(m_window);
+    const QRect available = Toolkit::availableGeometry(m_window);
     const bool isFramed = m_window->frameGeometry() != m_window->geometry();
     const int frame = isFramed ? 0 : FrameHeight;
     const int below = m_window->geometry().bottom() + frame - available.bottom();
@@ -129,5 +129,5 @@ int FormFit::spareHeight(const QWidget* body) const
 
 QSize FormFit::availableSize() const
 {
-    return QApplication::desktop()->availableGeometry(m_window).size() - QSize(0, FrameHeight);
+    return Toolkit::availableGeometry(m_window).size() - QSize(0, FrameHeight);
 }

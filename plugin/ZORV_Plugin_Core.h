@@ -1,7 +1,7 @@
 #ifndef PLUGIN_ZORV_PLUGIN_CORE_H
 #define PLUGIN_ZORV_PLUGIN_CORE_H
 
-#include "plugin/PluginExport.h"
+#include "toolkit/QtDifferences.h"
 
 #include <QtilitiesExtensionSystem/IPlugin.h>
 

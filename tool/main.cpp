@@ -1,4 +1,6 @@
-#include "tool/commands/Command.h"
+#include "tool/base/Result.h"
+#include "tool/commands/CommandLine.h"
+#include "tool/console/Environment.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -12,8 +14,8 @@
 
 namespace {
 
-/// Takes the places of standard streams that are closed, or a file of the run would get one, and
-/// with it what is meant for the stream. What takes them can be used in no way.
+/// Opens something unusable in place of standard streams that are closed. Otherwise a file of the
+/// run would get the number of the stream, and with it what is meant for the stream.
 void fillClosedStreams()
 {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
@@ -30,6 +32,7 @@ int main(int argc, char** argv)
     // A full disk and a reader that went away are errors of a write, not the end of the program.
     std::signal(SIGXFSZ, SIG_IGN);
     std::signal(SIGPIPE, SIG_IGN);
+
     const QCoreApplication application(argc, argv);
 
     QFile in;
@@ -39,6 +42,7 @@ int main(int argc, char** argv)
         !out.open(STDOUT_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered) ||
         !err.open(STDERR_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered))
         return static_cast<int>(ExitCode::CannotAccess);
+
     QElapsedTimer timer;
     timer.start();
 
@@ -52,5 +56,6 @@ int main(int argc, char** argv)
     if (qEnvironmentVariableIsSet("SOURCE_DATE_EPOCH"))
         environment.sourceDateEpoch = qgetenv("SOURCE_DATE_EPOCH");
     environment.codec = QTextCodec::codecForLocale();
+
     return runCommandLine(std::vector<std::string>(argv + 1, argv + argc), environment);
 }

@@ -52,7 +52,7 @@ QJsonObject writeFile(const Design& design, const DesignFile* file)
 
 QJsonValue writeValue(const QVariant& value)
 {
-    switch (static_cast<QMetaType::Type>(value.type())) {
+    switch (static_cast<QMetaType::Type>(value.userType())) {
     case QMetaType::UnknownType:
         return QJsonValue::Null;
     case QMetaType::Bool:

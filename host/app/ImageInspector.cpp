@@ -1,11 +1,11 @@
 #include "host/app/ImageInspector.h"
 
 #include "fcf/FcfTarget.h"
+#include "tool/check/FcfFileChecker.h"
 #include "tool/check/Findings.h"
 #include "tool/check/HeaderPage.h"
-#include "tool/check/Validator.h"
 #include "tool/files/Digest.h"
-#include "tool/files/InputFile.h"
+#include "tool/files/InputOpener.h"
 
 #include <QApplication>
 #include <QBoxLayout>
@@ -95,9 +95,9 @@ private:
                                    ? Texts::tr("companion: the header page alone")
                                    : Texts::tr("image: the header page and a binary of %1 bytes")
                                          .arg(page.payloadBytes));
-        Validator(&m_file, isCompanion ? Validator::Companion : Validator::Image, m_codec,
-                  &m_findings)
-            .validate(page);
+        FcfFileChecker(&m_file, isCompanion ? FcfFileChecker::Companion : FcfFileChecker::Image,
+                       m_codec, &m_findings)
+            .check(page);
         QFile file(Digest::pathFor(m_file.path()));
         if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
             return;
@@ -132,8 +132,8 @@ ImageReport ImageReport::of(const QString& path)
         report.findings << Texts::tr("This is not a file.");
         return report;
     }
-    Inputs inputs(nullptr, [](const QString&) { return Unobserved; });
-    const auto file = inputs.open(path, Validator::LargestFile, QString());
+    InputOpener inputs(nullptr, [](const QString&) { return Unobserved; });
+    const auto file = inputs.open(path, FcfFileChecker::LargestFile, QString());
     if (file)
         Inspection(*file, &report).run();
     else

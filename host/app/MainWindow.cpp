@@ -9,6 +9,7 @@
 #include "host/app/HelpMenu.h"
 #include "host/app/ItemCommands.h"
 #include "host/app/ViewExtensions.h"
+#include "toolkit/QtDifferences.h"
 #include "ui_MainWindow.h"
 
 #include <OrvanticCore/Design.h>
@@ -252,7 +253,7 @@ void MainWindow::dropEvent(QDropEvent* event)
             paths << url.toLocalFile();
     }
 
-    const QModelIndex under = m_view->itemAt(m_view->mapFrom(this, event->pos()));
+    const QModelIndex under = m_view->itemAt(m_view->mapFrom(this, Toolkit::positionOf(event)));
     Design* const design = under.isValid() ? m_model->designAt(under) : m_view->currentDesign();
     event->acceptProposedAction();
     m_session->addPaths(paths, design, m_model->nodeAt(under));

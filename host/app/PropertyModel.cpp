@@ -2,6 +2,7 @@
 
 #include "fcf/FcfTarget.h"
 #include "host/app/DesignHistory.h"
+#include "toolkit/QtDifferences.h"
 
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 
@@ -147,9 +148,11 @@ bool PropertyModel::setData(const QModelIndex& index, const QVariant& value, int
     // An empty text means no value, rather than an empty one.
     QVariant taken = value.toString().isEmpty() ? QVariant() : value;
     const PropertySpecification announced = specification(property.name);
-    if (taken.isValid() && announced.isValid() && !taken.convert(int(announced.d_data_type))) {
-        const QString kind = announced.d_data_type == QVariant::Int ? tr("whole number")
-                                                                    : tr("value of this property");
+    if (taken.isValid() && announced.isValid() &&
+        !Toolkit::convert(&taken, announced.d_data_type)) {
+        const QString kind = int(announced.d_data_type) == QMetaType::Int
+                                 ? tr("whole number")
+                                 : tr("value of this property");
         emit refused(tr("\"%1\" is no %2. The value is as before.").arg(value.toString(), kind));
         return false;
     }

@@ -1,12 +1,12 @@
 #include "host/app/MainWindow.h"
 #include "host/app/PluginList.h"
+#include "toolkit/QtDifferences.h"
 
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 #include <QtilitiesExtensionSystem/ExtensionSystemCore.h>
 
 #include <QCommandLineParser>
 #include <QDir>
-#include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
 
@@ -47,7 +47,7 @@ int main(int argc, char** argv)
     // Desktops find the window's icon and menu entry by it.
     QGuiApplication::setDesktopFileName("pelk-host");
 
-    installCatalogue("qtbase", QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+    installCatalogue("qtbase", Toolkit::translationsFolder());
     installCatalogue("pelk-host", ":/translations");
 
     QCommandLineParser parser;

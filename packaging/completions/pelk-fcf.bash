@@ -57,7 +57,7 @@ _pelk_fcf() {
             _pelk_fcf_files .sha256
             return
         fi ;;
-    --author | --ci | --version | --description | --date-time | --function | --field) return ;;
+    --ignore | --author | --ci | --version | --description | --date-time | --function | --field) return ;;
     esac
 
     if [[ $word == -* ]]; then
@@ -70,7 +70,8 @@ _pelk_fcf() {
         extract) _pelk_fcf_words --output --no-companion --no-digest --force "$common" ;;
         show) _pelk_fcf_words --field --check "$common" ;;
         list) _pelk_fcf_words --csv --digest "$common" ;;
-        recipe | diff | digest) _pelk_fcf_words "$common" ;;
+        diff) _pelk_fcf_words --ignore "$common" ;;
+        recipe | digest) _pelk_fcf_words "$common" ;;
         esac
         return
     fi

@@ -47,6 +47,8 @@ complete -c pelk-fcf -n '__pelk_fcf_command show' -l check -d 'End with 1 if a f
 complete -c pelk-fcf -n '__pelk_fcf_command list' -l csv -d 'Give comma-separated values'
 complete -c pelk-fcf -n '__pelk_fcf_command list' -l digest -d 'Compute and compare each SHA-256'
 
+complete -c pelk-fcf -n '__pelk_fcf_command diff' -x -l ignore -d 'Leave these fields out'
+
 complete -c pelk-fcf -n "__pelk_fcf_command $commands" -l json -d 'Give the result as JSON'
 complete -c pelk-fcf -n "__pelk_fcf_command $commands" -l quiet -d 'Show no progress and no notes'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -a '(__pelk_fcf_files .bin .bit)'

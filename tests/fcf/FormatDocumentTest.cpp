@@ -141,7 +141,8 @@ void FormatDocumentTest::theDocumentContainsTheConstants()
         units += QString(" U+%1").arg(unit, 4, 16, QLatin1Char('0')).toUpper();
     QVERIFY(document.contains("characters" + units + " in"));
     const QByteArray bytes =
-        QString::fromUtf16(FcfLayout::FillerUnit, FcfLayout::FillerUnitLength).toUtf8();
+        QString(reinterpret_cast<const QChar*>(FcfLayout::FillerUnit), FcfLayout::FillerUnitLength)
+            .toUtf8();
     QVERIFY(document.contains(QString(bytes.toHex(' ')).toUpper() + " in UTF-8"));
 }
 

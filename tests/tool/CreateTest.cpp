@@ -89,7 +89,7 @@ void CreateTest::prefersAGivenDateAndTime()
     tool.environment.sourceDateEpoch = "1717163100";
     create(&tool, {"--date-format", "iso", "--date-time", "1999-12-31T23:59:59"});
     QVERIFY(tool.read("top.txt").contains("\nDate: 1999-12-31\nTime: 23:59:59\n"));
-    // As git log --format=%cI prints it.
+    // git log --format=%cI prints it so.
     for (const char* const moment : {"2024-05-31T13:45:01+02:00", "2024-05-31T13:45:01Z"}) {
         create(&tool, {"--date-format", "iso", "--force", "--date-time", moment});
         QVERIFY(tool.read("top.txt").contains("\nDate: 2024-05-31\nTime: 13:45:01\n"));
@@ -126,7 +126,7 @@ void CreateTest::takesADescriptionFromAFile()
                  .code,
              0);
     QVERIFY(tool.read("top.txt").contains("Description: First\nSecond: Grün\n---\n"));
-    // As editors on other systems leave it.
+    // Editors on other systems leave it so.
     tool.write("notes", "\xef\xbb\xbf"
                         "First\r\nThird\r\n");
     QCOMPARE(tool.run({"create", tool.argument("top.bin"), "--like", tool.argument("top.txt"),
@@ -306,7 +306,7 @@ void CreateTest::replacesOutputsWhenForced()
 {
     ToolFixture tool;
     tool.write("top.fcf", "old");
-    tool.write("top.txt", "old");
+    tool.write("top.txt", ForgedImage().page());
     QCOMPARE(create(&tool, {"--force"}).code, 0);
     QCOMPARE(tool.names(), QStringList({"top.bin", "top.fcf", "top.txt"}));
     QCOMPARE(tool.run({"verify", tool.argument("top.fcf"), tool.argument("top.txt")}).code, 0);

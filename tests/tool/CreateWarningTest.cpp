@@ -34,24 +34,62 @@ void CreateWarningTest::warnsOfABinaryThatIsNotRight_data()
 {
     QTest::addColumn<QByteArray>("binary");
     QTest::addColumn<QByteArray>("warning");
+    const auto hex = [](const char* bytes) { return QByteArray::fromHex(bytes); };
     const QByteArray dummies(16, '\xff');
-    const QByteArray right = QByteArray::fromHex("aa995566");
+    const QByteArray busWidth = hex("000000bb11220044");
+    const QByteArray right = hex("aa995566");
+    const QByteArray noSyncWord = "payload: the binary has no sync word 0xAA995566 in ";
+    const auto inFront = [](int offset, int sync) {
+        return "payload at offset " + QByteArray::number(offset) +
+               ": something else is in front of the configuration, whose sync word is at offset " +
+               QByteArray::number(sync) +
+               ": take it off, or give the .bin or .bit file as it was built";
+    };
     QTest::newRow("the sync word") << dummies + right << QByteArray();
-    QTest::newRow("the sync word off its alignment") << "x" + right << QByteArray();
+    QTest::newRow("the sync word at once") << right << QByteArray();
+    QTest::newRow("bus width words")
+        << dummies + busWidth + dummies + dummies + right << QByteArray();
+    QTest::newRow("bus width words a long way ahead")
+        << busWidth + QByteArray(8192, '\xff') + right << QByteArray();
+    QTest::newRow("one of the two bus width words")
+        << hex("11220044") + dummies + right << QByteArray();
+    QTest::newRow("a byte in front") << "x" + right << inFront(0, 1);
+    QTest::newRow("no whole dummy word") << QByteArray(7, '\xff') + right << inFront(4, 7);
+    QTest::newRow("four bytes behind the dummy words")
+        << dummies + "junk" + dummies + right << inFront(16, 36);
+    QTest::newRow("an HTTP header")
+        << "HTTP/1.1 200 OK\r\n\r\n" + dummies + right << inFront(0, 35);
+    QTest::newRow("almost a bus width word") << hex("000000ba") + right << inFront(0, 4);
     QTest::newRow("the sync word just within reach")
-        << QByteArray(4092, 'x') + right << QByteArray();
+        << QByteArray(4092, 'x') + right << inFront(0, 4092);
     QTest::newRow("the sync word too late")
-        << QByteArray(4093, 'x') + right << QByteArray("has no sync word 0xAA995566");
-    QTest::newRow("swapped bytes")
-        << dummies + QByteArray::fromHex("665599aa") << QByteArray("the binary is byte-swapped");
-    QTest::newRow("swapped bits") << dummies + QByteArray::fromHex("5599aa66")
-                                  << QByteArray("the binary is bit-swapped");
-    QTest::newRow("the right one first") << right + QByteArray::fromHex("665599aa") << QByteArray();
-    QTest::newRow("a container") << QByteArray::fromHex("00090ff00ff00ff00ff0000001") + "a" + right
-                                 << QByteArray(
-                                        "the binary is a .bit container: strip its header first");
+        << QByteArray(4093, 'x') + right
+        << noSyncWord + "its first 4096 bytes: give the .bin or .bit file of a configuration";
+    QTest::newRow("the sync word too late behind 0xFF")
+        << dummies + QByteArray(4093, 'x') + right
+        << noSyncWord + "the first 4096 bytes behind its leading 0xFF";
+    QTest::newRow("erased flash") << QByteArray(4224, '\xff')
+                                  << QByteArray("payload: the binary is erased flash, 0xFF from "
+                                                "its start: give the .bin or .bit file");
+    QTest::newRow("swapped bytes") << dummies + hex("bb00000044002211") + hex("665599aa")
+                                   << QByteArray("payload at offset 24: the binary is "
+                                                 "byte-swapped: its sync word is 0x665599AA, not "
+                                                 "0xAA995566; --swap bytes repairs it\n");
+    QTest::newRow("swapped bytes where a boot image has its mark")
+        << dummies + hex("bb00000044002211") + QByteArray(8, '\xff') + hex("665599aa")
+        << QByteArray("payload at offset 32: the binary is byte-swapped");
+    QTest::newRow("swapped bits")
+        << dummies + hex("000000dd88440022") + hex("5599aa66")
+        << QByteArray("payload at offset 24: the binary is bit-swapped: its sync word is "
+                      "0x5599AA66, not 0xAA995566; --swap bits repairs it\n");
+    QTest::newRow("swapped bytes behind right bus width words")
+        << busWidth + hex("665599aa")
+        << QByteArray("payload at offset 0: the binary is byte-swapped: its sync word is "
+                      "0x665599AA, not 0xAA995566; --swap bytes repairs it; something else is in "
+                      "front of the configuration, whose sync word is at offset 8: ");
+    QTest::newRow("the right one first") << right + hex("665599aa") << QByteArray();
     QTest::newRow("something else")
-        << QByteArray("#!/bin/sh\n") << QByteArray("has no sync word 0xAA995566");
+        << QByteArray("#!/bin/sh\n") << noSyncWord + "its first 4096 bytes";
 }
 
 void CreateWarningTest::warnsOfABinaryThatIsNotRight()

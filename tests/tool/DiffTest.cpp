@@ -15,6 +15,12 @@ private slots:
     void matchesFunctionsByTheirNames();
     void findsTheFirstByteThatDiffers();
     void comparesCompanions();
+    void namesWhateverDiffers_data();
+    void namesWhateverDiffers();
+    void listsFunctionsInAnotherOrder();
+    void leavesOutWhatIsIgnored_data();
+    void leavesOutWhatIsIgnored();
+    void refusesToIgnoreWhatIsNotThere();
     void takesNothingElseThanFcfFiles();
     void printsDigestsAsSha256sumDoes();
     void showsOneFieldAlone_data();
@@ -109,8 +115,110 @@ void DiffTest::comparesCompanions()
     make("a", ToolFixture::payload(4000));
     make("b", ToolFixture::payload(3996) + "zzzz");
     QCOMPARE(m_tool->run({"diff", m_tool->argument("a.txt"), m_tool->argument("b.txt")}).code, 0);
-    QCOMPARE(m_tool->run({"diff", m_tool->argument("a.fcf"), m_tool->argument("b.txt")}).code, 0);
     QCOMPARE(diff().code, 1);
+
+    const Arguments kinds{"diff", m_tool->argument("a.fcf"), m_tool->argument("b.txt")};
+    const Run run = m_tool->run(kinds);
+    QCOMPARE(run.code, 1);
+    QCOMPARE(run.out, QByteArray("kind                     \"image\" | \"companion\"\n"
+                                 "payload                  4000 bytes | 0 bytes; 4000 differ, the "
+                                 "first at offset 0 of the payload\n"));
+    QCOMPARE(m_tool->run(kinds + Arguments{"--ignore", "kind,payload"}).code, 0);
+}
+
+void DiffTest::namesWhateverDiffers_data()
+{
+    QTest::addColumn<QByteArray>("other");
+    QTest::addColumn<QByteArray>("line");
+    ForgedImage image;
+    image.reserved[3] = 0xFFFFFF7F;
+    QTest::newRow("a reserved word")
+        << image.bytes()
+        << QByteArray("reserved[3]              \"0xFFFFFFFF\" | \"0xFFFFFF7F\"\n");
+
+    image = ForgedImage();
+    QByteArray bytes = image.bytes();
+    const int filler = image.preamble().size() + image.lineFeed.size() + image.text.size();
+    bytes[filler + 7] = 'x';
+    QTest::newRow("the filler")
+        << bytes
+        << QByteArray(
+               "filler                   \"as the generator writes it\" | \"0x78 in place of "
+               "0xaf at offset " +
+               QByteArray::number(filler + 7) + "\"\n");
+
+    QTest::newRow("padding") << image.bytes() + QByteArray(100, '\xff')
+                             << QByteArray(
+                                    "padding                  \"0 bytes\" | \"100 bytes\"\n");
+    image.numbers[9] = 7;
+    QTest::newRow("a version") << image.bytes()
+                               << QByteArray("version                  \"1.0\" | \"7.0\"\n"
+                                             "versionMajor             1 | 7\n");
+}
+
+void DiffTest::namesWhateverDiffers()
+{
+    QFETCH(QByteArray, other);
+    QFETCH(QByteArray, line);
+    m_tool->write("a.fcf", ForgedImage().bytes());
+    m_tool->write("b.fcf", other);
+    const Run run = diff();
+    QCOMPARE(run.code, 1);
+    QCOMPARE(run.out, line);
+
+    const QByteArray name = line.left(line.indexOf(' ')).split('[').first();
+    QCOMPARE(diff({"--ignore", name.toStdString()}).code, 0);
+    QVERIFY(!diff({"--json"}).json()["same"].toBool(true));
+}
+
+void DiffTest::listsFunctionsInAnotherOrder()
+{
+    const Arguments fft{"--function", "fft", "Bob", "7", "x"};
+    const Arguments fir{"--function", "fir", "Cy", "8", "y"};
+    make("a", ToolFixture::payload(4000), fft + fir);
+    make("b", ToolFixture::payload(4000), fir + fft);
+    const Run run = diff();
+    QCOMPARE(run.code, 1);
+    QCOMPARE(run.out, QByteArray("functions                \"fft, fir\" | \"fir, fft\"\n"));
+}
+
+void DiffTest::leavesOutWhatIsIgnored_data()
+{
+    QTest::addColumn<QString>("ignored");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QStringList>("fields");
+    QTest::newRow("all that differs") << "date,time,fileName" << 0 << QStringList();
+    QTest::newRow("a part of it") << "date,fileName" << 1 << QStringList("time");
+    QTest::newRow("something else") << "author" << 1 << QStringList{"date", "fileName", "time"};
+}
+
+void DiffTest::leavesOutWhatIsIgnored()
+{
+    QFETCH(QString, ignored);
+    QFETCH(int, code);
+    QFETCH(QStringList, fields);
+    ForgedImage image;
+    m_tool->write("a.fcf", image.bytes());
+    image.text.replace("31 May 2024", "01 June 2025");
+    image.text.replace("13:45:00", "13:46:00");
+    image.text.replace("top.fcf", "bottom.fcf");
+    m_tool->write("b.fcf", image.bytes());
+
+    const Run run = diff({"--ignore", ignored.toStdString(), "--json"});
+    QCOMPARE(run.code, code);
+    QStringList found;
+    for (const auto& field : run.json()["fields"].toArray())
+        found << field.toObject()["field"].toString();
+    QCOMPARE(found, fields);
+}
+
+void DiffTest::refusesToIgnoreWhatIsNotThere()
+{
+    make("a", ToolFixture::payload(4000));
+    make("b", ToolFixture::payload(4000));
+    const Run run = diff({"--ignore", "date,tame"});
+    QCOMPARE(run.code, 2);
+    QVERIFY2(run.err.contains("--ignore: \"tame\" is none of author, "), run.err);
 }
 
 void DiffTest::takesNothingElseThanFcfFiles()

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstdarg>
@@ -145,7 +146,9 @@ extern "C" ssize_t pread(int descriptor, void* data, std::size_t bytes, off_t of
 {
     if (isOnDisk(descriptor) && isTurn(&faults.failingRead))
         return failed(EIO);
-    return ::syscall(SYS_pread64, descriptor, data, bytes, offset);
+    const ssize_t count = ::syscall(SYS_pread64, descriptor, data, bytes, offset);
+    faults.bytesRead += std::max<ssize_t>(count, 0);
+    return count;
 }
 
 // A disk with a fault refuses, so that the reads and writes in its place meet the fault.

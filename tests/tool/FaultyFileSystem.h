@@ -20,6 +20,8 @@ struct Faults {
     qint64 room = std::numeric_limits<qint64>::max();
     /// Which read of such a file from now on fails, counted from 0, or -1.
     int failingRead = -1;
+    /// How many bytes were read with an offset so far.
+    qint64 bytesRead = 0;
     /// Before which write or change of a name from now on the process gets `signal`, counted from
     /// 0, or -1.
     int signalledChange = -1;

@@ -21,7 +21,11 @@ private slots:
     void takesAnImageThatWasReadBack();
     void takesNothingButFillerBehindAnImage();
     void leavesOutTheHeaderOfAContainer();
-    void refusesAContainerOfAnotherLength();
+    void refusesAContainerThatIsCut();
+    void refusesAContainerThatIsNotAsBuilt_data();
+    void refusesAContainerThatIsNotAsBuilt();
+    void comparesWithNoContainerThatIsCut();
+    void namesThePlaceInAContainer();
     void swapsWhatItIsToldTo_data();
     void swapsWhatItIsToldTo();
     void refusesASwapThatCannotBe();
@@ -162,13 +166,102 @@ void FlashTest::leavesOutTheHeaderOfAContainer()
     QCOMPARE(json["header"].toObject()["binFileSize"].toInt(), 4000);
 }
 
-void FlashTest::refusesAContainerOfAnotherLength()
+void FlashTest::refusesAContainerThatIsCut()
 {
     ToolFixture tool;
+    const QByteArray whole = container(ToolFixture::payload(4000));
+    const int headerBytes = whole.size() - 4000;
+    for (int bytes = 4; bytes < headerBytes; ++bytes) {
+        tool.write("top.bit", whole.left(bytes));
+        const Run run = create(&tool, "top.bit");
+        QCOMPARE(run.code, 2);
+        QVERIFY2(run.err.contains(
+                     "top.bit: payload: is a .bit container that is cut: it ends in its header, "
+                     "after " +
+                     QByteArray::number(bytes) + " bytes; copy or build it again"),
+                 run.err);
+    }
+    for (const int bytes : {0, 1, 3999}) {
+        tool.write("top.bit", whole.left(headerBytes + bytes));
+        const Run run = create(&tool, "top.bit");
+        QCOMPARE(run.code, 2);
+        QVERIFY2(run.err.contains("top.bit: payload: is a .bit container that is cut: " +
+                                  QByteArray::number(bytes) +
+                                  " of its 4000 bytes follow the header; copy or build it again"),
+                 run.err);
+    }
+    QCOMPARE(tool.names(), QStringList("top.bit"));
+}
+
+void FlashTest::refusesAContainerThatIsNotAsBuilt_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QByteArray>("reason");
+    const QByteArray payload = ToolFixture::payload(4000);
+    const QByteArray whole = container(payload);
+    const int headerBytes = whole.size() - payload.size();
+    const QByteArray magic = whole.left(13);
+    const auto lacks = [](const QByteArray& expected, int offset) {
+        return "is a .bit container with an unknown header: it lacks " + expected + " at offset " +
+               QByteArray::number(offset) + "; take the .bin file of the same build";
+    };
+    QTest::newRow("more behind it")
+        << whole + "xyz"
+        << QByteArray("is a .bit container of 4000 bytes with 3 more behind it: take off what was "
+                      "added");
+    QTest::newRow("its first bytes alone") << magic + payload << lacks("the field \"a\"", 13);
+    QTest::newRow("fewer of them") << magic.left(8) + payload << lacks("the right first bytes", 0);
+    const int partBytes = 1 + 2 + 13;
+    const int designBytes = 1 + 2 + 22;
+    QTest::newRow("fields in another order")
+        << magic + whole.mid(13 + designBytes, partBytes) + whole.mid(13, designBytes) +
+               whole.mid(13 + designBytes + partBytes)
+        << lacks("the field \"a\"", 13);
+    QTest::newRow("another key") << QByteArray(whole).replace(13 + designBytes, 1, "f")
+                                 << lacks("the field \"b\"", 13 + designBytes);
+    QTest::newRow("another key of the payload")
+        << QByteArray(whole).replace(headerBytes - 5, 1, "E")
+        << lacks("the field \"e\"", headerBytes - 5);
+    QTest::newRow("a container in a container")
+        << container(whole) << QByteArray("has a .bit container in it: take its header off first");
+}
+
+void FlashTest::refusesAContainerThatIsNotAsBuilt()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QByteArray, reason);
+    ToolFixture tool;
+    // What it is follows from its bytes, whatever its name.
+    for (const QString name : {"top.bit", "top.bin"}) {
+        tool.write(name, bytes);
+        const Run run = create(&tool, name);
+        QCOMPARE(run.code, 2);
+        QVERIFY2(run.err.contains(name.toUtf8() + ": payload: " + reason), run.err);
+    }
+    QCOMPARE(tool.names(), QStringList({"top.bin", "top.bit"}));
+}
+
+void FlashTest::comparesWithNoContainerThatIsCut()
+{
+    ToolFixture tool;
+    tool.makeImage();
     tool.write("top.bit", container(ToolFixture::payload(4000)).chopped(1));
-    const Run run = create(&tool, "top.bit");
+    const Run run =
+        tool.run({"verify", tool.argument("top.fcf"), "--bin", tool.argument("top.bit")});
     QCOMPARE(run.code, 2);
-    QVERIFY2(run.err.contains("the container is of 4000 bytes, but 3999 follow its header"),
+    QVERIFY2(run.err.contains("3999 of its 4000 bytes follow"), run.err);
+    QVERIFY2(!run.out.contains("has not the length"), run.out);
+}
+
+void FlashTest::namesThePlaceInAContainer()
+{
+    ToolFixture tool;
+    const QByteArray bytes = container("junk" + ToolFixture::payload(4000));
+    tool.write("top.bit", bytes);
+    const Run run = create(&tool, "top.bit");
+    QCOMPARE(run.code, 0);
+    QVERIFY2(run.err.contains("payload at offset " + QByteArray::number(bytes.size() - 4004) +
+                              ": something else is in front of the configuration"),
              run.err);
 }
 
@@ -295,9 +388,10 @@ void FlashTest::replacesWhatChanged_data()
     QTest::addColumn<QStringList>("options");
     QTest::newRow("the binary") << "top.bin" << ToolFixture::payload(4001) << QStringList();
     QTest::newRow("a byte of it") << "top.bin" << ToolFixture::payload(3999) + "!" << QStringList();
-    QTest::newRow("the companion") << "top.txt" << QByteArray("x") << QStringList();
-    QTest::newRow("the digest") << "top.fcf.sha256" << QByteArray("x") << QStringList();
-    QTest::newRow("the image") << "top.fcf" << QByteArray("x") << QStringList();
+    QTest::newRow("the companion") << "top.txt" << ForgedImage().page() << QStringList();
+    QTest::newRow("the digest") << "top.fcf.sha256" << QByteArray(64, 'a') + "  top.fcf\n"
+                                << QStringList();
+    QTest::newRow("the image") << "top.fcf" << ForgedImage().bytes() << QStringList();
     QTest::newRow("a function") << "other" << QByteArray()
                                 << QStringList{"--function", "a", "b", "c", "d"};
     QTest::newRow("the padding") << "other" << QByteArray() << QStringList{"--pad-to", "page"};

@@ -19,6 +19,12 @@ private slots:
     void refusesTheInputAsOutputUnderAnyName();
     void refusesAnyOtherFileItReadsAsOutput_data();
     void refusesAnyOtherFileItReadsAsOutput();
+    void keepsFilesThatAreNotItsOwn_data();
+    void keepsFilesThatAreNotItsOwn();
+    void replacesWhatItRecognises_data();
+    void replacesWhatItRecognises();
+    void extractsOverNoSidecarThatItRead_data();
+    void extractsOverNoSidecarThatItRead();
 };
 
 void OutputRefusalTest::refusesAnOutput_data()
@@ -194,6 +200,112 @@ void OutputRefusalTest::refusesAnyOtherFileItReadsAsOutput()
     QCOMPARE(run.code, 2);
     QCOMPARE(tool.read(input), bytes);
     QCOMPARE(tool.names(), names);
+}
+
+void OutputRefusalTest::keepsFilesThatAreNotItsOwn_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QString>("kind");
+    const QByteArray notes = "Release notes: the spectrum is computed twice as fast.\n";
+    const QByteArray digest = QByteArray(64, 'a') + "  top.fcf\n";
+    QTest::newRow("notes as the companion, forced") << "top.txt" << notes << "--force"
+                                                    << "companion";
+    QTest::newRow("notes as the companion") << "top.txt" << notes << "--if-changed"
+                                            << "companion";
+    QTest::newRow("nothing as the companion") << "top.txt" << QByteArray() << "--force"
+                                              << "companion";
+    QTest::newRow("an image as the companion") << "top.txt" << ForgedImage().bytes() << "--force"
+                                               << "companion";
+    QTest::newRow("notes as the digest, forced") << "top.fcf.sha256" << notes << "--force"
+                                                 << "digest";
+    QTest::newRow("notes as the digest") << "top.fcf.sha256" << notes << "--if-changed"
+                                         << "digest";
+    QTest::newRow("a list as the digest") << "top.fcf.sha256" << digest + digest << "--force"
+                                          << "digest";
+    QTest::newRow("notes as the image") << "top.fcf" << notes << "--if-changed"
+                                        << "image";
+}
+
+void OutputRefusalTest::keepsFilesThatAreNotItsOwn()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, option);
+    QFETCH(QString, kind);
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(4001));
+    tool.write(name, bytes);
+    const QStringList before = tool.names();
+
+    Run run = tool.run(tool.createAll({option.toStdString()}));
+    QCOMPARE(run.code, 2);
+    const QString text = QString("/%1: --output: exists already, and is not replaced, as it is "
+                                 "no %2: move it away")
+                             .arg(name, kind);
+    QVERIFY2(run.err.contains(text.toUtf8()), run.err);
+    QCOMPARE(tool.names(), before);
+    QCOMPARE(tool.read(name), bytes);
+
+    // Without either option no message suggests one that would be refused.
+    run = tool.run(tool.createAll());
+    QCOMPARE(run.code, 4);
+    QCOMPARE(run.err.contains("--force replaces it"), kind == "image");
+}
+
+void OutputRefusalTest::replacesWhatItRecognises_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("option");
+    ForgedImage damaged;
+    damaged.text.replace("Date: ", "Dato: ");
+    const QByteArray digest = QByteArray(64, 'a');
+    QTest::newRow("a damaged companion") << "top.txt" << damaged.page() << "--if-changed";
+    QTest::newRow("a companion that is cut") << "top.txt" << damaged.page().left(700) << "--force";
+    QTest::newRow("a digest with another name")
+        << "top.fcf.sha256" << digest + "  old/other.fcf\r\n"
+        << "--if-changed";
+    QTest::newRow("a digest with a tag") << "top.fcf.sha256"
+                                         << "SHA256 (top.fcf) = " + digest << "--force";
+    QTest::newRow("a damaged image") << "top.fcf" << damaged.bytes() << "--if-changed";
+    QTest::newRow("any file as the image") << "top.fcf" << QByteArray("notes") << "--force";
+}
+
+void OutputRefusalTest::replacesWhatItRecognises()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, option);
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(4001));
+    tool.write(name, bytes);
+    const Run run = tool.run(tool.createAll({option.toStdString()}));
+    QVERIFY2(run.code == 0, run.err);
+    QCOMPARE(tool.verifyAll().code, 0);
+}
+
+void OutputRefusalTest::extractsOverNoSidecarThatItRead_data()
+{
+    QTest::addColumn<QString>("output");
+    QTest::newRow("the companion") << "top.txt";
+    QTest::newRow("the digest") << "top.fcf.sha256";
+}
+
+void OutputRefusalTest::extractsOverNoSidecarThatItRead()
+{
+    QFETCH(QString, output);
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(4000));
+    QCOMPARE(tool.run(tool.createAll()).code, 0);
+    const QByteArray before = tool.read(output);
+
+    const Run run = tool.run(
+        {"extract", tool.argument("top.fcf"), "--output", tool.argument(output), "--force"});
+    QCOMPARE(run.code, 2);
+    QVERIFY2(run.err.contains("--output: is the input itself"), run.err);
+    QCOMPARE(tool.read(output), before);
 }
 
 QTEST_GUILESS_MAIN(OutputRefusalTest)

@@ -1,3 +1,4 @@
+#include "FaultyFileSystem.h"
 #include "VerifyingTest.h"
 
 #include "tool/base/Text.h"
@@ -38,6 +39,7 @@ private slots:
     void knowsWhereASyncWordBelongs_data();
     void knowsWhereASyncWordBelongs();
     void notesALengthThatIsNoMultipleOfFour();
+    void hashesNoOldImageThatDiffers();
 
 private:
     Run create(const Arguments& more = {})
@@ -400,6 +402,24 @@ void PitfallTest::notesALengthThatIsNoMultipleOfFour()
     QCOMPARE(run.finding("payload")["severity"].toString(), QString("note"));
     QCOMPARE(run.finding("payload")["reason"].toString(),
              QString("has 101 bytes, which is no multiple of 4"));
+}
+
+void PitfallTest::hashesNoOldImageThatDiffers()
+{
+    constexpr int Size = 8 * 1024 * 1024;
+    QByteArray payload = ToolFixture::payload(Size);
+    m_tool.write("top.bin", payload);
+    QCOMPARE(create({"--digest"}).code, 0);
+
+    payload[Size - 1] = static_cast<char>(~payload.at(Size - 1));
+    m_tool.write("top.bin", payload);
+    faults = Faults();
+    const Run run = create({"--digest", "--if-changed"});
+    QCOMPARE(run.code, 0);
+    QVERIFY(m_tool.read("top.fcf").endsWith(payload));
+    // The two payloads are compared, and the old image is not read again.
+    QVERIFY2(faults.bytesRead > 2 * Size, qPrintable(QString::number(faults.bytesRead)));
+    QVERIFY2(faults.bytesRead < 3 * Size, qPrintable(QString::number(faults.bytesRead)));
 }
 
 QTEST_GUILESS_MAIN(PitfallTest)

@@ -1,7 +1,7 @@
 #include "ToolFixture.h"
 
-#include "tool/check/Checker.h"
 #include "tool/check/Findings.h"
+#include "tool/check/NewImageChecker.h"
 
 #include <QDir>
 #include <QFile>
@@ -169,9 +169,9 @@ void RefusalTest::refusesABinary()
 void RefusalTest::knowsTheLargestBinary()
 {
     Findings findings;
-    Checker(&findings, "a.bin").checkBinarySize(2147483647 - 2112);
+    NewImageChecker(&findings, "a.bin").checkBinarySize(2147483647 - 2112);
     QVERIFY(!findings.hasErrors());
-    Checker(&findings, "a.bin").checkBinarySize(2147483648 - 2112);
+    NewImageChecker(&findings, "a.bin").checkBinarySize(2147483648 - 2112);
     QVERIFY(findings.exitCode() == ExitCode::Refused);
 }
 
@@ -259,6 +259,10 @@ void RefusalTest::refusesAnotherBuild_data()
            "version.minor: is missing");
     recipe("a version of another kind", "{\"recipe\": 2, \"version\": \"1.\"}",
            "version: is not two numbers like \"1.12\"");
+    recipe("a version that is a number", "{\"recipe\": 2, \"version\": 1.12}",
+           "version: is a number, not a text like \"1.12\"");
+    recipe("a version that is no text", "{\"recipe\": 2, \"version\": true}",
+           "version: is not a text like \"1.12\"");
     recipe("a negative version", "{\"recipe\": 1, \"version\": {\"major\": -1, \"minor\": 0}}",
            "version: -1.0 has a negative number");
     recipe("a name given twice", "{\"recipe\": 1, \"description\": \"a\", \"description\": \"b\"}",

@@ -1,7 +1,7 @@
 #include "ToolFixture.h"
 
 #include "fcf/FcfTarget.h"
-#include "tool/build/BuildJson.h"
+#include "tool/recipe/RecipeJson.h"
 
 #include <QJsonArray>
 #include <QRandomGenerator>
@@ -39,21 +39,21 @@ public:
         return text;
     }
 
-    Build build()
+    Recipe recipe()
     {
-        Build build;
-        build.author = "A" + text(upTo(20), false);
-        build.ciNumber = "C" + text(upTo(10), false);
-        build.module = oneOf(FcfTarget::modules());
-        build.device = oneOf(FcfTarget::devicesOf(*build.module));
-        build.configNumber = 1 + upTo(9);
-        build.version = Version{upTo(999), upTo(999)};
-        build.description = text(upTo(200), true).trimmed();
-        build.functions.emplace();
+        Recipe recipe;
+        recipe.author = "A" + text(upTo(20), false);
+        recipe.ciNumber = "C" + text(upTo(10), false);
+        recipe.module = oneOf(FcfTarget::modules());
+        recipe.device = oneOf(FcfTarget::devicesOf(*recipe.module));
+        recipe.configNumber = 1 + upTo(9);
+        recipe.version = Version{upTo(999), upTo(999)};
+        recipe.description = text(upTo(200), true).trimmed();
+        recipe.functions.emplace();
         for (int count = upTo(4); count > 0; --count)
-            build.functions->append({text(upTo(20), false), text(upTo(10), false),
-                                     text(upTo(10), false), text(upTo(60), true).trimmed()});
-        return build;
+            recipe.functions->append({text(upTo(20), false), text(upTo(10), false),
+                                      text(upTo(10), false), text(upTo(60), true).trimmed()});
+        return recipe;
     }
 
     QByteArray payload() { return ToolFixture::payload(1 + upTo(upTo(3) == 0 ? 300000 : 5000)); }
@@ -74,7 +74,7 @@ private slots:
 
 private:
     void check(quint32 seed);
-    void checkShown(const Build& build);
+    void checkShown(const Recipe& recipe);
     QJsonObject show(const QString& name, const char* key)
     {
         const Run run = m_tool.run({"show", m_tool.argument(name), "--json"});
@@ -98,24 +98,24 @@ void RoundTripTest::createsShowsVerifiesExtractsAndRepeats()
 void RoundTripTest::check(quint32 seed)
 {
     Random random(seed);
-    const Build build = random.build();
+    const Recipe recipe = random.recipe();
     const QByteArray payload = random.payload();
-    const QByteArray recipe = BuildJson::recipe(build);
+    const QByteArray json = RecipeJson::write(recipe);
     m_tool.write("top.bin", payload);
-    m_tool.write("build.json", recipe);
+    m_tool.write("recipe.json", json);
     const std::string image = m_tool.argument("top.fcf");
-    const Run made = m_tool.run(
-        {"create", m_tool.argument("top.bin"), "--like", m_tool.argument("build.json"), "--force"});
+    const Run made = m_tool.run({"create", m_tool.argument("top.bin"), "--like",
+                                 m_tool.argument("recipe.json"), "--force"});
     QVERIFY2(made.code == 0, made.err);
-    checkShown(build);
+    checkShown(recipe);
 
     const Run verified = m_tool.run({"verify", image, "--bin", m_tool.argument("top.bin"),
                                      "--companion", m_tool.argument("top.txt")});
     QVERIFY2(verified.code == 0, verified.out);
     QCOMPARE(m_tool.run({"verify", m_tool.argument("top.txt")}).code, 0);
     QCOMPARE(m_tool.run({"extract", image, "--output", "-"}).out, payload);
-    QCOMPARE(m_tool.run({"recipe", image}).out, recipe);
-    QCOMPARE(m_tool.run({"recipe", m_tool.argument("top.txt")}).out, recipe);
+    QCOMPARE(m_tool.run({"recipe", image}).out, json);
+    QCOMPARE(m_tool.run({"recipe", m_tool.argument("top.txt")}).out, json);
 
     const Run repeated = m_tool.run(
         {"create", m_tool.argument("top.bin"), "--like", image, "--output", "-", "--no-companion"});
@@ -123,22 +123,22 @@ void RoundTripTest::check(quint32 seed)
     QCOMPARE(repeated.out, m_tool.read("top.fcf"));
 }
 
-void RoundTripTest::checkShown(const Build& build)
+void RoundTripTest::checkShown(const Recipe& recipe)
 {
     const QJsonObject header = show("top.fcf", "header");
-    QCOMPARE(header["module"].toString(), *build.module);
-    QCOMPARE(header["device"].toString(), *build.device);
+    QCOMPARE(header["module"].toString(), *recipe.module);
+    QCOMPARE(header["device"].toString(), *recipe.device);
     QCOMPARE(header, show("top.txt", "header"));
-    QCOMPARE(header["author"].toString(), *build.author);
-    QCOMPARE(header["ciNumber"].toString(), *build.ciNumber);
-    QCOMPARE(header["description"].toString(), *build.description);
-    QCOMPARE(header["configNumber"].toInt(), *build.configNumber);
-    QCOMPARE(header["versionMinor"].toInt(), build.version->minor);
-    QCOMPARE(header["functions"].toArray().size(), build.functions->size());
-    for (int index = 0; index < build.functions->size(); ++index) {
+    QCOMPARE(header["author"].toString(), *recipe.author);
+    QCOMPARE(header["ciNumber"].toString(), *recipe.ciNumber);
+    QCOMPARE(header["description"].toString(), *recipe.description);
+    QCOMPARE(header["configNumber"].toInt(), *recipe.configNumber);
+    QCOMPARE(header["versionMinor"].toInt(), recipe.version->minor);
+    QCOMPARE(header["functions"].toArray().size(), recipe.functions->size());
+    for (int index = 0; index < recipe.functions->size(); ++index) {
         const QJsonObject function = header["functions"].toArray()[index].toObject();
-        QCOMPARE(function["name"].toString(), build.functions->at(index).name);
-        QCOMPARE(function["description"].toString(), build.functions->at(index).description);
+        QCOMPARE(function["name"].toString(), recipe.functions->at(index).name);
+        QCOMPARE(function["description"].toString(), recipe.functions->at(index).description);
     }
 }
 

@@ -1,7 +1,7 @@
 #include "ToolFixture.h"
 
 #include "support/TestFile.h"
-#include "tool/commands/Command.h"
+#include "tool/commands/CommandLine.h"
 
 #include <QBuffer>
 #include <QDir>

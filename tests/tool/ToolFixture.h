@@ -1,7 +1,7 @@
 #ifndef TESTS_TOOL_TOOLFIXTURE_H
 #define TESTS_TOOL_TOOLFIXTURE_H
 
-#include "tool/console/Console.h"
+#include "tool/console/Environment.h"
 
 #include <QByteArray>
 #include <QDir>

@@ -4,7 +4,7 @@
 
 namespace {
 
-/// In characters; a digest, the longest that must be whole, has 64.
+/// A number of characters. The longest text that must be shown whole is a digest, with 64.
 constexpr int LongestCompared = 64;
 
 constexpr const char* SeverityNames[] = {"note", "warning", "error"};
@@ -29,12 +29,14 @@ QString Finding::text() const
     QString line = QLatin1String(SeverityNames[severity]) + ": ";
     if (!file.isEmpty())
         line += shownText(file) + ": ";
+
     if (!field.isEmpty())
         line += shownText(field);
     if (offset >= 0)
         line += QStringLiteral("%1offset %2").arg(field.isEmpty() ? "" : " at ").arg(offset);
     if (!field.isEmpty() || offset >= 0)
         line += ": ";
+
     line += reason;
     if (!expected.isEmpty() || !found.isEmpty())
         line += QStringLiteral("; expected %1, found %2").arg(expected, found);

@@ -19,25 +19,25 @@ enum class ExitCode {
     OutputExists = 4
 };
 
-/// One thing that was found wrong, or worth a word.
+/// One thing that was found wrong, or that is worth knowing.
 struct Finding {
     enum Severity { Note, Warning, Error };
 
     Severity severity = Error;
-    /// What the run ends with on account of an error; Done for anything less.
+    /// The exit code for an error; Done for notes and warnings.
     ExitCode exitCode = ExitCode::Done;
     QString file;
-    /// The field of the header, or the option, that it is about; may be empty.
+    /// The field of the header, or the option, that is meant; may be empty.
     QString field;
     QString reason;
     /// Bytes from the start of the file, or -1.
     qint64 offset = -1;
-    /// Both as shownText(), no longer than a line can take.
+    /// Both as shownText(), and short enough for one line.
     QString expected;
     QString found;
 
     Finding& at(qint64 where);
-    /// Of texts out of a file only the start is kept.
+    /// Keeps the start of both texts.
     Finding& comparing(const QString& isExpected, const QString& isFound);
 
     /// One line, fit for a terminal whatever the file held.
@@ -45,7 +45,7 @@ struct Finding {
     QJsonObject toJson() const;
 };
 
-/// A value, or the error that there is in place of it.
+/// A value, or the error for which there is none.
 template <class Value>
 using Result = tl::expected<Value, Finding>;
 

@@ -18,33 +18,43 @@ constexpr char32_t Invisible[] = {0x034F, 0x115F, 0x1160, 0x17B4, 0x17B5, 0x180B
 QString escaped(char32_t character)
 {
     QString text;
-    for (const QChar unit : textOf(character))
+    for (const QChar unit : characterText(character))
         text += QStringLiteral("\\u%1").arg(unit.unicode(), 4, 16, QLatin1Char('0'));
     return text;
 }
 
-/// \p text with a replacement for each character that is not printable but in \p kept.
+/// \p text with an escape for each character that is neither printable nor in \p kept.
 QString withEscapes(const QString& text, const QString& kept)
 {
+    const auto isKept = [&kept](char32_t character) {
+        return character < 0x80 && kept.contains(QChar(static_cast<ushort>(character)));
+    };
+
     QString shown;
     for (const char32_t character : text.toUcs4()) {
-        const bool isKept =
-            character < 0x80 && kept.contains(QChar(static_cast<ushort>(character)));
-        if (isPrintable(character) || isKept)
-            shown += textOf(character);
+        if (isPrintable(character) || isKept(character))
+            shown += characterText(character);
+        else if (character == '\n')
+            shown += "\\n";
         else
-            shown += character == '\n' ? "\\n" : escaped(character);
+            shown += escaped(character);
     }
     return shown;
 }
 
+bool isInvisible(char32_t character)
+{
+    return std::find(std::begin(Invisible), std::end(Invisible), character) != std::end(Invisible);
+}
+
 } // namespace
 
-QString textOf(char32_t character)
+QString characterText(char32_t character)
 {
     // QString::fromUcs4() drops a byte order mark.
     if (!QChar::requiresSurrogates(character))
         return QString(QChar(static_cast<ushort>(character)));
+
     return QString(QChar(QChar::highSurrogate(character))) + QChar(QChar::lowSurrogate(character));
 }
 
@@ -61,10 +71,8 @@ bool isPrintable(char32_t character)
     case QChar::Separator_Paragraph:
         return false;
     default:
-        // What the codec puts in place of bytes that are no text.
-        return character != QChar::ReplacementCharacter &&
-               std::find(std::begin(Invisible), std::end(Invisible), character) ==
-                   std::end(Invisible);
+        // The replacement character is what a codec puts in place of bytes that are no text.
+        return character != QChar::ReplacementCharacter && !isInvisible(character);
     }
 }
 
@@ -74,39 +82,48 @@ QString shownText(const QString& text, int length)
     return text.size() > length ? shown + "..." : shown;
 }
 
+QString shownWord(quint32 word)
+{
+    return "0x" + QStringLiteral("%1").arg(word, 8, 16, QLatin1Char('0')).toUpper();
+}
+
 QByteArray asPrintable(const QByteArray& json)
 {
-    // Between its texts, JSON has no other such character.
+    // JSON has no other such character between its texts.
     return withEscapes(QString::fromUtf8(json), "\n").toUtf8();
 }
 
-Result<QString> textOf(const std::string& argument, const QTextCodec* codec, const QString& option)
+Result<QString> decodedText(const std::string& argument, const QTextCodec* codec,
+                            const QString& option)
 {
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
     const QString text =
         codec->toUnicode(argument.data(), static_cast<int>(argument.size()), &state);
     if (state.invalidChars == 0 && state.remainingChars == 0)
         return text;
+
     return failure(ExitCode::Refused, QString(), option,
                    QStringLiteral("\"%1\" is not text in the encoding of this locale, %2")
                        .arg(shownText(text), QString::fromLatin1(codec->name())));
 }
 
-Result<QString> pathOf(const std::string& argument, const QTextCodec* codec, const QString& option)
+Result<QString> decodedPath(const std::string& argument, const QTextCodec* codec,
+                            const QString& option)
 {
     const QByteArray bytes = QByteArray::fromStdString(argument);
     QString path = QFile::decodeName(bytes);
     if (path.isEmpty())
         return failure(ExitCode::Refused, QString(), option, "the name of a file cannot be empty");
+
     const bool isWhole = QFile::encodeName(path) == bytes;
     // Qt takes such a name for one of its own resources.
     if (path.startsWith(QLatin1Char(':')))
         path.prepend("./");
-    if (isWhole)
-        return path;
-    return failure(ExitCode::Refused, path, option,
-                   QStringLiteral("the name is not text in the encoding of this locale, %1")
-                       .arg(QString::fromLatin1(codec->name())));
+    if (!isWhole)
+        return failure(ExitCode::Refused, path, option,
+                       QStringLiteral("the name is not text in the encoding of this locale, %1")
+                           .arg(QString::fromLatin1(codec->name())));
+    return path;
 }
 
 QByteArray encoded(const QString& text, const QTextCodec* codec)

@@ -15,28 +15,33 @@ extern const QString StandardStream;
 /// What messages call standard output.
 extern const QString StandardOutputLabel;
 
-/// The one \p character.
-QString textOf(char32_t character);
+/// A text of the one \p character.
+QString characterText(char32_t character);
 
-/// Whether a terminal shows \p character, and does nothing else on account of it: false for
-/// controls, marks that turn the direction of text, invisible letters and unknown characters.
+/// Whether a terminal shows \p character and does nothing else: false for control characters, marks
+/// that turn the direction of text, invisible letters and unknown characters.
 bool isPrintable(char32_t character);
 
 /// \p json, in UTF-8, with an escape for everything that is not printable.
 QByteArray asPrintable(const QByteArray& json);
 
-/// A length behind which shownText() cuts nothing.
+/// With this length shownText() cuts nothing.
 constexpr int WholeText = 1 << 30;
 
 /// \p text with everything escaped that a terminal would act on or could not show, and cut behind
 /// \p length characters.
 QString shownText(const QString& text, int length = 120);
 
+/// \p word as in 0xFFFFFFFF.
+QString shownWord(quint32 word);
+
 /// The argument of \p option as text, unless it is none in the encoding of \p codec.
-Result<QString> textOf(const std::string& argument, const QTextCodec* codec, const QString& option);
+Result<QString> decodedText(const std::string& argument, const QTextCodec* codec,
+                            const QString& option);
 
 /// The argument of \p option as the name of a file, unless it cannot be one.
-Result<QString> pathOf(const std::string& argument, const QTextCodec* codec, const QString& option);
+Result<QString> decodedPath(const std::string& argument, const QTextCodec* codec,
+                            const QString& option);
 
 /// \p text as \p codec writes it, without a byte order mark.
 QByteArray encoded(const QString& text, const QTextCodec* codec);

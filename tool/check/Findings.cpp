@@ -6,7 +6,7 @@
 
 namespace {
 
-/// The nearer to the front, the more it says about a run.
+/// The most important one is the first.
 constexpr ExitCode Precedence[] = {ExitCode::Refused, ExitCode::CannotAccess,
                                    ExitCode::OutputExists, ExitCode::NotValid};
 
@@ -31,6 +31,11 @@ Finding& Findings::error(ExitCode exitCode, const QString& file, const QString& 
 {
     add(failure(exitCode, file, field, reason).value());
     return m_list.last();
+}
+
+Finding& Findings::refuse(const QString& file, const QString& field, const QString& reason)
+{
+    return error(ExitCode::Refused, file, field, reason);
 }
 
 Finding& Findings::warning(const QString& file, const QString& field, const QString& reason)
@@ -65,12 +70,13 @@ void Findings::dropNotes()
 
 ExitCode Findings::exitCode(int first) const
 {
-    return std::accumulate(
-        m_list.begin() + first, m_list.end(), ExitCode::Done,
-        [](ExitCode code, const Finding& finding) { return weightier(code, finding.exitCode); });
+    return std::accumulate(m_list.begin() + first, m_list.end(), ExitCode::Done,
+                           [](ExitCode code, const Finding& finding) {
+                               return moreImportant(code, finding.exitCode);
+                           });
 }
 
-ExitCode Findings::weightier(ExitCode one, ExitCode other)
+ExitCode Findings::moreImportant(ExitCode one, ExitCode other)
 {
     const auto rank = [](ExitCode code) {
         return std::find(std::begin(Precedence), std::end(Precedence), code);

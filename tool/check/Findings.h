@@ -11,13 +11,15 @@
 /// The findings of a run, in the order in which they were made.
 class Findings {
 public:
-    /// Whatever is found without a file is about \p file.
+    /// A finding that names no file is about \p file.
     void setSubject(const QString& file) { m_subject = file; }
 
     void add(const Finding& finding);
-    /// The references are valid until the next finding is added.
+    /// These return references that are valid until the next finding is added.
     Finding& error(ExitCode exitCode, const QString& file, const QString& field,
                    const QString& reason);
+    /// Adds the error that an input, or the argument of the option \p field, is refused.
+    Finding& refuse(const QString& file, const QString& field, const QString& reason);
     Finding& warning(const QString& file, const QString& field, const QString& reason);
     Finding& note(const QString& file, const QString& field, const QString& reason);
 
@@ -41,11 +43,10 @@ public:
 
     const QList<Finding>& list() const { return m_list; }
     bool hasErrors() const { return exitCode() != ExitCode::Done; }
-    /// Of several errors, from the finding with index \p first on, the one that says most about the
-    /// run: a refusal before a file that cannot be accessed, that before an output that exists,
-    /// that before a file that is not valid.
+    /// The most important exit code of the findings from index \p first on: a refusal comes before
+    /// a file that cannot be accessed, then an output that exists, then a file that is not valid.
     ExitCode exitCode(int first = 0) const;
-    static ExitCode weightier(ExitCode one, ExitCode other);
+    static ExitCode moreImportant(ExitCode one, ExitCode other);
     QJsonArray toJson() const;
 
 private:

@@ -4,7 +4,7 @@
 #include "fcf/FcfWriter.h"
 #include "tool/base/Text.h"
 #include "tool/check/TextRules.h"
-#include "tool/files/Copy.h"
+#include "tool/files/Filler.h"
 #include "tool/files/InputFile.h"
 
 #include <QBuffer>
@@ -15,9 +15,22 @@
 
 namespace {
 
+const QString Text = "text";
 const QString End = "the end";
 
-/// What \p start, which is no page, is in place of one; empty if it looks like a page.
+/// Whether the reserved words or the beginning of the text are at their places in \p start.
+bool hasTraceOfPage(const QByteArray& start)
+{
+    const int offset = FcfLayout::NumberCount * FcfLayout::WordBytes;
+    const QByteArray word(FcfLayout::WordBytes, '\xff');
+    for (int at = offset; at < FcfLayout::PreambleBytes; at += FcfLayout::WordBytes) {
+        if (start.mid(at, FcfLayout::WordBytes) == word)
+            return true;
+    }
+    return start.at(FcfLayout::PreambleBytes) == '\n';
+}
+
+/// What \p start, which is no page, is instead; empty if it looks like a page.
 QString otherContent(const QByteArray& start)
 {
     if (start.size() <= FcfLayout::PreambleBytes)
@@ -26,56 +39,88 @@ QString otherContent(const QByteArray& start)
         return "it is erased flash, 0xFF from its start";
     if (start.count('\0') == start.size())
         return "it has nothing but zeros at its start";
-    const int offset = FcfLayout::NumberCount * FcfLayout::WordBytes;
-    const QByteArray word(FcfLayout::WordBytes, '\xff');
-    for (int at = offset; at < FcfLayout::PreambleBytes; at += FcfLayout::WordBytes) {
-        if (start.mid(at, FcfLayout::WordBytes) == word)
-            return QString();
-    }
-    return start.at(FcfLayout::PreambleBytes) == '\n'
-               ? QString()
-               : "neither the reserved words nor the beginning of the text are there";
+    if (!hasTraceOfPage(start))
+        return "neither the reserved words nor the beginning of the text are there";
+    return QString();
 }
 
-/// Why \p start, the first bytes of \p file, is no page, according to \p reading.
-Finding explained(const FcfExactReading& reading, const QByteArray& start, const InputFile& file,
-                  const QTextCodec* codec, ExitCode exitCode)
-{
-    const QString text = "text";
-    const auto error = [&](const QString& field, const QString& reason) {
-        return failure(exitCode, file.label(), field, reason).value();
-    };
-    const QString keyword = QLatin1String(FcfLayout::FirstLineKeyword);
-    const QString other = otherContent(start);
-    if (!other.isEmpty())
-        return error(text, "is no FCF file: " + other);
-    switch (reading.outcome) {
-    case FcfExactReading::NoText:
-        return error(text, "is no FCF header page: it ends before the text")
-            .at(qMin<qint64>(file.size(), FcfLayout::PreambleBytes))
-            .comparing(keyword, End);
-    case FcfExactReading::NoFilenameLine:
+/// Makes the finding why the first bytes of a file are no page.
+class PageFlaw {
+public:
+    PageFlaw(const InputFile& file, const QTextCodec* codec, ExitCode exitCode)
+        : m_file(file), m_codec(codec), m_exitCode(exitCode)
+    {
+    }
+
+    /// \p reading is that of \p start.
+    Finding finding(const FcfExactReading& reading, const QByteArray& start) const
+    {
+        const QString other = otherContent(start);
+        if (!other.isEmpty())
+            return error(Text, "is no FCF file: " + other);
+
+        switch (reading.outcome) {
+        case FcfExactReading::NoText:
+            return withoutText();
+        case FcfExactReading::NoFilenameLine:
+            return withoutFilenameLine(start);
+        case FcfExactReading::EndedEarly:
+            return withoutEnd();
+        case FcfExactReading::Deviates:
+        case FcfExactReading::Complete:
+            break;
+        }
+        return deviating(reading);
+    }
+
+private:
+    Finding withoutText() const
+    {
+        return error(Text, "is no FCF header page: it ends before the text")
+            .at(qMin<qint64>(m_file.size(), FcfLayout::PreambleBytes))
+            .comparing(keyword(), End);
+    }
+
+    Finding withoutFilenameLine(const QByteArray& start) const
+    {
+        const int place = FcfLayout::PreambleBytes + 1;
         return error("fileName",
                      QStringLiteral("is no FCF header page: its text does not begin with \"%1\"")
-                         .arg(keyword))
-            .at(FcfLayout::PreambleBytes + 1)
-            .comparing(keyword,
-                       codec->toUnicode(start.mid(FcfLayout::PreambleBytes + 1, keyword.size())));
-    case FcfExactReading::EndedEarly:
-        return error(text, "is no whole FCF header page: its text does not end")
-            .at(qMin<qint64>(file.size(), FcfExactReader::MaximumBytes))
-            .comparing(QLatin1String(FcfLayout::TextEnd),
-                       file.size() > FcfExactReader::MaximumBytes ? "more text" : End);
-    case FcfExactReading::Deviates:
-    case FcfExactReading::Complete:
-        break;
+                         .arg(keyword()))
+            .at(place)
+            .comparing(keyword(), m_codec->toUnicode(start.mid(place, keyword().size())));
     }
-    const FcfSpan& deviation = reading.deviation;
-    return error(deviation.field ? TextRules::fieldName(deviation.field, deviation.function) : text,
-                 "is not what an FCF header page has here")
-        .at(deviation.offset)
-        .comparing(reading.expected, reading.found);
-}
+
+    Finding withoutEnd() const
+    {
+        const bool goesOn = m_file.size() > FcfExactReader::MaximumBytes;
+        return error(Text, "is no whole FCF header page: its text does not end")
+            .at(qMin<qint64>(m_file.size(), FcfExactReader::MaximumBytes))
+            .comparing(QLatin1String(FcfLayout::TextEnd), goesOn ? "more text" : End);
+    }
+
+    Finding deviating(const FcfExactReading& reading) const
+    {
+        const FcfSpan& deviation = reading.deviation;
+        const QString field =
+            deviation.field ? TextRules::fieldName(deviation.field, deviation.function) : Text;
+        return error(field, "is not what an FCF header page has here")
+            .at(deviation.offset)
+            .comparing(reading.expected, reading.found);
+    }
+
+    static QString keyword() { return QLatin1String(FcfLayout::FirstLineKeyword); }
+
+    Finding error(const QString& field, const QString& reason) const
+    {
+        return failure(m_exitCode, m_file.label(), field, reason).value();
+    }
+
+    const InputFile& m_file;
+    /// Not owned.
+    const QTextCodec* m_codec;
+    ExitCode m_exitCode;
+};
 
 FcfExactReading parsed(QByteArray start, QTextCodec* codec)
 {
@@ -85,28 +130,63 @@ FcfExactReading parsed(QByteArray start, QTextCodec* codec)
 }
 
 constexpr int LongestCharacter = 4;
-/// Four characters, as in \xff, in place of one byte.
+/// An escape like \xff has four characters in place of one byte.
 constexpr int EscapeGrowth = 3;
 
-/// \p start with an escape in place of each byte that \p codec cannot decode, and where they are.
-QByteArray withEscapes(const QByteArray& start, const QTextCodec* codec, QVector<int>* escapes)
+/// The bytes of the character at \p offset in \p bytes, or 0 if \p codec cannot decode it.
+int characterLength(const QByteArray& bytes, int offset, const QTextCodec* codec)
 {
-    QByteArray escaped = start.left(FcfLayout::PreambleBytes);
-    for (int at = escaped.size(); at < start.size();) {
-        int length = 1;
-        while (length <= LongestCharacter &&
-               !textOf(start.mid(at, length).toStdString(), codec, QString()))
-            ++length;
-        if (length > LongestCharacter) {
-            length = 1;
-            *escapes << escaped.size();
-            escaped += "\\x" + start.mid(at, 1).toHex();
-        } else {
-            escaped += start.mid(at, length);
-        }
-        at += length;
+    for (int length = 1; length <= LongestCharacter; ++length) {
+        if (decodedText(bytes.mid(offset, length).toStdString(), codec, QString()))
+            return length;
     }
-    return escaped;
+    return 0;
+}
+
+/// A page in which escapes are in place of the bytes that cannot be decoded.
+struct EscapedPage {
+    EscapedPage(const QByteArray& start, const QTextCodec* codec);
+
+    /// Where a place in the escaped page was before.
+    int unescaped(int offset) const
+    {
+        const auto isBefore = [offset](int escape) { return escape < offset; };
+        const auto before = std::count_if(escapes.begin(), escapes.end(), isBefore);
+        return offset - EscapeGrowth * static_cast<int>(before);
+    }
+
+    QByteArray bytes;
+    /// Their offsets.
+    QVector<int> escapes;
+};
+
+EscapedPage::EscapedPage(const QByteArray& start, const QTextCodec* codec)
+    : bytes(start.left(FcfLayout::PreambleBytes))
+{
+    int offset = bytes.size();
+    while (offset < start.size()) {
+        const int length = characterLength(start, offset, codec);
+        if (length > 0) {
+            bytes += start.mid(offset, length);
+            offset += length;
+            continue;
+        }
+
+        escapes << bytes.size();
+        bytes += "\\x" + start.mid(offset, 1).toHex();
+        ++offset;
+    }
+}
+
+/// The bytes of \p file that a page can have. Few pages are longer than the first part.
+Result<QByteArray> pageBytes(const InputFile& file)
+{
+    auto start = file.bytesAt(0, qMin<qint64>(file.size(), FcfLayout::PageBytes));
+    const QByteArray end = "\n" + QByteArray(FcfLayout::TextEnd) + "\n";
+    if (!start || start->contains(end))
+        return start;
+
+    return file.bytesAt(0, FcfExactReader::MaximumBytes);
 }
 
 } // namespace
@@ -114,29 +194,25 @@ QByteArray withEscapes(const QByteArray& start, const QTextCodec* codec, QVector
 Result<HeaderPage> HeaderPage::read(const InputFile& file, QTextCodec* codec, ExitCode exitCode,
                                     Bytes bytes)
 {
-    auto start = file.bytesAt(0, qMin<qint64>(file.size(), FcfLayout::PageBytes));
-    // Few pages are longer.
-    const QByteArray end = "\n" + QByteArray(FcfLayout::TextEnd) + "\n";
-    if (start && !start->contains(end))
-        start = file.bytesAt(0, FcfExactReader::MaximumBytes);
+    const auto start = pageBytes(file);
     if (!start)
         return tl::unexpected<Finding>(start.error());
+
     HeaderPage page;
     page.reading = parsed(*start, codec);
     int textEnd = page.reading.textEnd;
     if (page.reading.outcome != FcfExactReading::Complete) {
-        page.flaw = explained(page.reading, *start, file, codec, exitCode);
-        QVector<int> escapes;
-        if (bytes == Escaped)
-            page.reading = parsed(withEscapes(*start, codec, &escapes), codec);
+        page.flaw = PageFlaw(file, codec, exitCode).finding(page.reading, *start);
+        if (bytes == Exact)
+            return tl::unexpected<Finding>(*page.flaw);
+
+        const EscapedPage escaped(*start, codec);
+        page.reading = parsed(escaped.bytes, codec);
         if (page.reading.outcome != FcfExactReading::Complete)
             return tl::unexpected<Finding>(*page.flaw);
-        textEnd = page.reading.textEnd;
-        textEnd -=
-            EscapeGrowth *
-            static_cast<int>(std::count_if(escapes.begin(), escapes.end(),
-                                           [textEnd](int place) { return place < textEnd; }));
+        textEnd = escaped.unescaped(page.reading.textEnd);
     }
+
     page.bytes = textEnd + FcfWriter(codec).fillerFor(textEnd).size();
     return page;
 }
@@ -145,12 +221,19 @@ Status HeaderPage::measure(const InputFile& file)
 {
     // 0 when even the header page is cut short.
     payloadBytes = qMax<qint64>(0, file.size() - bytes);
-    const qint64 said = reading.header.binFileSize;
-    if (said <= 0 || said >= payloadBytes)
+
+    const qint64 stated = reading.header.binFileSize;
+    if (stated <= 0 || stated >= payloadBytes)
         return {};
-    return Filler::isIn({&file, bytes + said, payloadBytes - said, nullptr})
-        .map([this, said](bool isFiller) {
-            fillerBytes = isFiller ? payloadBytes - said : 0;
-            payloadBytes -= fillerBytes;
-        });
+
+    const qint64 rest = payloadBytes - stated;
+    const auto isFiller = Filler::isIn({&file, bytes + stated, rest, nullptr});
+    if (!isFiller)
+        return tl::unexpected<Finding>(isFiller.error());
+
+    if (*isFiller) {
+        payloadBytes = stated;
+        fillerBytes = rest;
+    }
+    return {};
 }

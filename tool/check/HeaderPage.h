@@ -17,10 +17,10 @@ struct HeaderPage {
     /// Bytes of an image's payload. Of an image that was read back from flash, `binFileSize` says
     /// where it ends, and nothing but 0xFF follows up to the end of a page, a block or a slot.
     qint64 payloadBytes = 0;
-    /// How many bytes follow.
+    /// Bytes of 0xFF that follow.
     qint64 fillerBytes = 0;
 
-    /// Where the whole image is, without what follows.
+    /// Bytes of the whole image, without what follows.
     qint64 imageBytes() const { return bytes + payloadBytes; }
 
     /// Sets payloadBytes and fillerBytes as \p file, which the page was read from, has them.

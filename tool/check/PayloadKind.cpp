@@ -1,23 +1,32 @@
 #include "tool/check/PayloadKind.h"
 
 #include "fcf/FcfLayout.h"
+#include "tool/check/WordSwap.h"
+
+#include <QStringList>
+#include <QVector>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
-/// How the device's own container for bitstreams begins: a field of 9 bytes, then key 'a'.
-const QByteArray ContainerStart = QByteArray::fromHex("00090ff00ff00ff00ff0000001") + 'a';
-
 const QByteArray SyncWord = QByteArray::fromHex("aa995566");
+/// A configuration has no other words in front of its sync word: dummies, and two from which a
+/// device finds the width of its bus.
+const QByteArray LeadingWords[] = {QByteArray::fromHex("ffffffff"), QByteArray::fromHex("000000bb"),
+                                   QByteArray::fromHex("11220044")};
 
-/// What development tools do to all words of a bitstream, and what undoes it.
-struct WrongOrder {
+/// An order of all words of a bitstream, and what undoes it.
+struct Order {
+    /// Empty for the right one.
     const char* complaint;
     const char* swap;
 };
 
-constexpr WrongOrder WrongOrders[] = {
+/// The right one is the first.
+constexpr Order Orders[] = {
+    {"", ""},
     {"byte-swapped", "bytes"},
     {"bit-swapped", "bits"},
     {"halfword-swapped", "halfwords"},
@@ -26,42 +35,109 @@ constexpr WrongOrder WrongOrders[] = {
     {"bit-swapped and halfword-swapped", "bits,halfwords"},
 };
 
-/// A boot image has a little-endian sync word at a fixed place behind its vectors, where a
-/// byte-swapped bitstream has nothing but 0xFF before it.
-constexpr int BootWordOffset = 0x20;
-const QByteArray BootWord = QByteArray::fromHex("665599aa");
+/// A boot image has these bytes at a fixed place behind its vectors. They begin like the sync word
+/// of a byte-swapped bitstream.
+constexpr int BootMarkOffset = 0x20;
+const QByteArray BootMark = QByteArray::fromHex("665599aa") + "XNLX";
 
-const QVector<QPair<QString, PayloadKind::Swap>> SwapNames = {
-    {"bits", PayloadKind::Swap::Bits},
-    {"bytes", PayloadKind::Swap::Bytes},
-    {"halfwords", PayloadKind::Swap::Halfwords}};
+bool isRight(const Order& order) { return *order.swap == '\0'; }
 
-/// The unsigned big-endian number of \p bytes bytes at \p offset, or -1.
-qint64 numberAt(const QByteArray& data, int offset, int bytes)
+/// \p word of a right binary as it is in a binary of this order.
+QByteArray swapped(QByteArray word, const Order& order)
 {
-    if (offset + bytes > data.size())
-        return -1;
-    qint64 number = 0;
-    for (int index = 0; index < bytes; ++index)
-        number = number * 256 + static_cast<uchar>(data.at(offset + index));
-    return number;
+    if (!isRight(order))
+        WordSwap::swap(*WordSwap::swapsOf(order.swap), word.data(), word.size());
+    return word;
 }
 
-void reverseBits(char* data, qint64 bytes)
-{
-    for (qint64 index = 0; index < bytes; ++index) {
-        const auto byte = static_cast<uchar>(data[index]);
-        uint reversed = 0;
-        for (uint bit = 0; bit < 8; ++bit)
-            reversed |= ((byte >> bit) & 1u) << (7 - bit);
-        data[index] = static_cast<char>(reversed);
-    }
-}
-
-int leadingFiller(const QByteArray& bytes)
+int countLeadingFiller(const QByteArray& bytes)
 {
     const auto end = std::find_if(bytes.begin(), bytes.end(), [](char c) { return c != '\xff'; });
     return static_cast<int>(end - bytes.begin());
+}
+
+/// How many of the first bytes of \p start are words that a configuration of this order has in
+/// front of its sync word.
+int leadingBytes(const QByteArray& start, const Order& order)
+{
+    QVector<QByteArray> leading;
+    for (const QByteArray& word : LeadingWords)
+        leading << swapped(word, order);
+
+    // Dummy words are the same in every order.
+    int bytes = countLeadingFiller(start) / FcfLayout::WordBytes * FcfLayout::WordBytes;
+    while (leading.contains(start.mid(bytes, FcfLayout::WordBytes)))
+        bytes += FcfLayout::WordBytes;
+    return bytes;
+}
+
+/// A sync word in a binary.
+struct Sync {
+    const Order* order;
+    int offset;
+    /// The first byte that no configuration has in front of it, if there is one.
+    std::optional<int> foreign;
+};
+
+/// The sync word that is where a configuration has it.
+std::optional<Sync> syncInPlace(const QByteArray& start)
+{
+    for (const Order& order : Orders) {
+        const int offset = leadingBytes(start, order);
+        if (start.mid(offset, SyncWord.size()) == swapped(SyncWord, order))
+            return Sync{&order, offset, std::nullopt};
+    }
+    return std::nullopt;
+}
+
+/// The first sync word behind something else.
+std::optional<Sync> syncElsewhere(const QByteArray& start)
+{
+    const int filler = countLeadingFiller(start);
+    const QByteArray searched = start.mid(filler, PayloadKind::SearchedBytes);
+    std::optional<Sync> first;
+    for (const Order& order : Orders) {
+        const int position = searched.indexOf(swapped(SyncWord, order));
+        const bool isFirst = position >= 0 && (!first || filler + position < first->offset);
+        if (isFirst)
+            first = Sync{&order, filler + position, leadingBytes(start, order)};
+    }
+    return first;
+}
+
+PayloadKind::Complaint noSyncWord(const QByteArray& start)
+{
+    const int filler = countLeadingFiller(start);
+    if (filler == start.size())
+        return {"the binary is erased flash, 0xFF from its start: give the .bin or .bit file of a "
+                "configuration"};
+
+    const QString place = filler > 0 ? QStringLiteral("the first %1 bytes behind its leading 0xFF")
+                                     : QStringLiteral("its first %1 bytes");
+    return {
+        QStringLiteral("the binary has no sync word 0xAA995566 in %1: give the .bin or .bit file "
+                       "of a configuration")
+            .arg(place.arg(PayloadKind::SearchedBytes))};
+}
+
+/// What is wrong with the order of the words, and with what is in front of them.
+std::optional<PayloadKind::Complaint> complaintAbout(const Sync& sync)
+{
+    QStringList flaws;
+    if (!isRight(*sync.order))
+        flaws << QStringLiteral("the binary is %1: its sync word is 0x%2, not 0xAA995566; --swap "
+                                "%3 repairs it")
+                     .arg(sync.order->complaint, swapped(SyncWord, *sync.order).toHex().toUpper(),
+                          sync.order->swap);
+    if (sync.foreign)
+        flaws << QStringLiteral("something else is in front of the configuration, whose sync word "
+                                "is at offset %1: take it off, or give the .bin or .bit file as "
+                                "it was built")
+                     .arg(sync.offset);
+    if (flaws.isEmpty())
+        return std::nullopt;
+
+    return PayloadKind::Complaint{flaws.join("; "), sync.foreign.value_or(sync.offset)};
 }
 
 } // namespace
@@ -75,90 +151,13 @@ bool PayloadKind::isImage(const QByteArray& start)
                .startsWith('\n' + QByteArray(FcfLayout::FirstLineKeyword));
 }
 
-QString PayloadKind::complaint(const QByteArray& start)
+std::optional<PayloadKind::Complaint> PayloadKind::complaint(const QByteArray& start)
 {
-    if (start.startsWith(ContainerStart))
-        return "the binary is a .bit container: strip its header first, as it is not "
-               "whole";
-    const int filler = leadingFiller(start);
-    if (filler < BootWordOffset && start.mid(BootWordOffset, BootWord.size()) == BootWord)
-        return QString();
-
-    const QByteArray lookedAt = start.mid(filler, LookedAtBytes);
-    int first = lookedAt.indexOf(SyncWord);
-    QString wrong;
-    for (const WrongOrder& order : WrongOrders) {
-        QByteArray word = SyncWord;
-        swap(*swapsOf(order.swap), word.data(), word.size());
-        const int position = lookedAt.indexOf(word);
-        if (position < 0 || (first >= 0 && position >= first))
-            continue;
-        first = position;
-        wrong = QStringLiteral("the binary is %1: its sync word is 0x%2, not 0xAA995566; --swap %3 "
-                               "repairs it")
-                    .arg(order.complaint, word.toHex().toUpper(), order.swap);
-    }
-    if (!wrong.isEmpty())
-        return wrong;
-    if (first >= 0)
-        return QString();
-    return filler > 0
-               ? QStringLiteral("the binary has no sync word 0xAA995566 in the first %1 bytes "
-                                "behind its leading 0xFF")
-                     .arg(LookedAtBytes)
-               : QStringLiteral("the binary has no sync word 0xAA995566 in its first %1 bytes")
-                     .arg(LookedAtBytes);
-}
-
-std::optional<PayloadKind::Container> PayloadKind::container(const QByteArray& start)
-{
-    if (!start.startsWith(ContainerStart))
+    if (start.mid(BootMarkOffset, BootMark.size()) == BootMark)
         return std::nullopt;
-    Container found;
-    int offset = ContainerStart.size() - 1;
-    QString* const texts[] = {&found.design, &found.part, &found.date, &found.time};
-    for (int index = 0; index < 4; ++index) {
-        const qint64 bytes = numberAt(start, offset + 1, 2);
-        if (numberAt(start, offset, 1) != 'a' + index || bytes < 0 ||
-            offset + 3 + bytes > start.size())
-            return std::nullopt;
-        const QByteArray text = start.mid(offset + 3, static_cast<int>(bytes));
-        *texts[index] = QString::fromLatin1(text.left(text.indexOf('\0')));
-        offset += 3 + static_cast<int>(bytes);
-    }
-    found.payloadBytes = numberAt(start, offset + 1, 4);
-    found.headerBytes = offset + 5;
-    const bool isWhole = numberAt(start, offset, 1) == 'e' && found.payloadBytes >= 0;
-    return isWhole ? std::optional<Container>(found) : std::nullopt;
-}
 
-std::optional<PayloadKind::Swaps> PayloadKind::swapsOf(const QString& names)
-{
-    Swaps swaps;
-    for (const QString& name : names.split(QLatin1Char(','))) {
-        const auto known = std::find_if(SwapNames.begin(), SwapNames.end(),
-                                        [&name](const auto& pair) { return pair.first == name; });
-        if (known == SwapNames.end())
-            return std::nullopt;
-        swaps << known->second;
-    }
-    return swaps;
-}
-
-bool PayloadKind::needsWholeWords(const Swaps& swaps)
-{
-    return swaps.contains(Swap::Bytes) || swaps.contains(Swap::Halfwords);
-}
-
-void PayloadKind::swap(const Swaps& swaps, char* data, qint64 bytes)
-{
-    for (const Swap kind : swaps) {
-        if (kind == Swap::Bits)
-            reverseBits(data, bytes);
-        for (char* word = data; kind != Swap::Bits && word + 4 <= data + bytes; word += 4) {
-            const bool isBytes = kind == Swap::Bytes;
-            std::swap(word[0], word[isBytes ? 3 : 2]);
-            std::swap(word[1], word[isBytes ? 2 : 3]);
-        }
-    }
+    std::optional<Sync> sync = syncInPlace(start);
+    if (!sync)
+        sync = syncElsewhere(start);
+    return sync ? complaintAbout(*sync) : noSyncWord(start);
 }

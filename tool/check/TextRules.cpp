@@ -66,6 +66,7 @@ QString brokenRecord(const NamedText& text)
             return QStringLiteral("holds the control character %1")
                 .arg(shownText(QString(character)));
     }
+
     const char* const mark = text.opensFunction ? FcfLayout::TextEnd : FcfLayout::RecordEnd;
     const bool mayEndEarly = text.hasLines || text.opensFunction;
     if (mayEndEarly && text.value.contains(QLatin1String(mark)))
@@ -135,7 +136,7 @@ QVector<Breach> TextRules::unprintable(const FcfHeader& header)
             if (!isPrintable(character) && category != QChar::Other_Control &&
                 category != QChar::Separator_Line && category != QChar::Separator_Paragraph)
                 return QStringLiteral("has the character %1, which is not shown as a letter")
-                    .arg(shownText(textOf(character)));
+                    .arg(shownText(characterText(character)));
         }
         return QString();
     });
@@ -180,8 +181,10 @@ QString TextRules::largestTexts(const FcfHeader& header, const QTextCodec* codec
             sizes.append({bytes, text.field});
     }
     sizes.append({functionBytes, "functions"});
+
     std::stable_sort(sizes.begin(), sizes.end(),
                      [](const auto& left, const auto& right) { return left.first > right.first; });
+
     QStringList largest;
     for (const auto& size : sizes.mid(0, LargestTextsNamed))
         largest << QStringLiteral("%1 (%2 bytes)").arg(size.second).arg(size.first);

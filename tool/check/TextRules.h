@@ -8,13 +8,12 @@
 
 class QTextCodec;
 
-/// What a text of a header may be. The checker asks before a page is composed, the validator when
-/// one was read.
+/// What a text of a header may be: before a page is composed, and when one was read.
 namespace TextRules {
 
 /// A text, and what is wrong with it.
 struct Breach {
-    /// As in fieldName().
+    /// Its name as fieldName() gives it.
     QString field;
     QString reason;
     /// The text.

@@ -1,3 +1,5 @@
+#include "tool/commands/CommandLine.h"
+
 #include "tool/base/Text.h"
 #include "tool/commands/Command.h"
 
@@ -13,60 +15,12 @@ constexpr char Footer[] =
 
 class CommandLine {
 public:
-    explicit CommandLine(const Environment* environment)
-        : m_environment(environment),
-          m_app("Make, list, check and take apart FCF flash images.", "pelk-fcf")
-    {
-        m_app.set_version_flag("-v,--version", std::string("pelk-fcf ") + PELK_FCF_VERSION,
-                               "Print the version and exit");
-        m_app.set_help_flag("-h,--help", "Print this help and exit");
-        m_app.require_subcommand(1);
-        m_app.get_formatter()->label("SUBCOMMAND", "COMMAND");
-        m_app.get_formatter()->label("REQUIRED", "");
-        for (const CommandFactory make :
-             {&createCommand, &showCommand, &listCommand, &verifyCommand, &extractCommand,
-              &recipeCommand, &diffCommand, &digestCommand}) {
-            m_commands.push_back(make(&m_app));
-            CLI::App* const app = m_commands.back()->app;
-            app->add_flag("--json", m_json, "give the result as JSON");
-            app->add_flag("-q,--quiet", m_quiet, "show no progress and no notes");
-            app->footer(app->get_footer() + Footer);
-        }
-        m_app.footer(Footer);
-    }
+    explicit CommandLine(const Environment* environment);
 
-    int run(const std::vector<std::string>& arguments)
-    {
-        if (!arguments.empty() && arguments.front() == "help")
-            return run(arguments.size() > 1 ? std::vector<std::string>{arguments[1], "--help"}
-                                            : std::vector<std::string>{"--help"});
-        if (!arguments.empty() && arguments.front()[0] != '-' && !commandIn(arguments))
-            return refused(arguments, '"' + arguments.front() + "\" is no command");
-        auto split = prepared(arguments);
-        if (!split)
-            return refused(arguments, split.error());
-        try {
-            std::reverse(split->begin(), split->end());
-            m_app.parse(std::move(*split));
-        } catch (const CLI::CallForHelp&) {
-            return printed(m_app.help() + '\n');
-        } catch (const CLI::CallForVersion& version) {
-            return printed(version.what() + std::string("\n"));
-        } catch (const CLI::RequiredError& error) {
-            return refused(arguments, missing(error));
-        } catch (const CLI::ParseError& error) {
-            return refused(arguments, error.what());
-        }
-        Command* const command = commandIn(arguments);
-        Task task(m_environment, command->app->get_name());
-        task.report.json = m_json;
-        task.report.quiet = m_quiet;
-        command->run(&task);
-        return task.finish();
-    }
+    int run(const std::vector<std::string>& arguments);
 
 private:
-    /// The one that \p arguments name, or null.
+    /// The command that \p arguments name, or null. Owned.
     Command* commandIn(const std::vector<std::string>& arguments) const
     {
         for (const auto& command : m_commands) {
@@ -76,38 +30,10 @@ private:
         return nullptr;
     }
 
-    /// \p arguments in the way in which the parser takes each for what it is: it would take
-    /// "--name=" for "--name" with the next argument as its value. An option's name in the place of
-    /// another option's value is refused, as it is far more often an empty variable of a script.
     tl::expected<std::vector<std::string>, std::string>
-    prepared(const std::vector<std::string>& arguments) const
-    {
-        std::vector<std::string> split;
-        const CLI::Option* option = nullptr;
-        int values = 0;
-        bool areOperands = false;
-        for (const std::string& argument : arguments) {
-            const std::string name = argument.substr(0, argument.find('='));
-            const CLI::Option* const named = areOperands ? nullptr : optionNamed(name, arguments);
-            if (values > 0 && named && argument == name)
-                return tl::make_unexpected(reasonAgainst(*option, argument));
-            areOperands = areOperands || (values == 0 && argument == "--");
-            if (values > 0 || !named) {
-                split.push_back(Argument::guarded(argument));
-                values = std::max(values - 1, 0);
-                continue;
-            }
-            option = named;
-            const bool isEmpty = argument == name + '=';
-            split.push_back(isEmpty ? name : Argument::guarded(argument));
-            if (isEmpty)
-                split.emplace_back();
-            values = argument == name ? valuesOf(*named) : isEmpty ? valuesOf(*named) - 1 : 0;
-        }
-        return split;
-    }
+    prepared(const std::vector<std::string>& arguments) const;
 
-    static std::string reasonAgainst(const CLI::Option& option, const std::string& value)
+    static std::string lacksValue(const CLI::Option& option, const std::string& value)
     {
         const std::string name = option.get_name();
         const std::string way = valuesOf(option) == 1
@@ -129,17 +55,20 @@ private:
         const CLI::App* const app = command ? command->app : &m_app;
         const bool isLong = name.compare(0, 2, "--") == 0 && name.size() > 2;
         const bool isShort = name.size() == 2 && name[0] == '-' && name[1] != '-';
-        return isLong || isShort ? app->get_option_no_throw(name) : nullptr;
+        if (!isLong && !isShort)
+            return nullptr;
+        return app->get_option_no_throw(name);
     }
 
-    /// What is not known says more than what is missing on account of it.
+    /// An argument that is not known is often the reason why another is missing.
     std::string missing(const CLI::RequiredError& error) const
     {
         const std::vector<std::string> unknown = m_app.remaining(true);
         if (!unknown.empty())
             return '"' + unknown.front() + "\" is not known";
-        return m_app.get_subcommands().empty() ? "a command is missing; --help lists them"
-                                               : error.what();
+        if (m_app.get_subcommands().empty())
+            return "a command is missing; --help lists them";
+        return error.what();
     }
 
     int printed(const std::string& text) const
@@ -155,17 +84,120 @@ private:
         Task task(m_environment, command ? command->app->get_name() : std::string());
         task.report.json =
             std::find(arguments.begin(), arguments.end(), "--json") != arguments.end();
-        task.findings.error(ExitCode::Refused, QString(), QString(),
-                            shownText(QString::fromLocal8Bit(Argument::unguarded(reason).c_str())));
+
+        const std::string message = Arguments::withoutEscapes(reason);
+        task.findings.refuse(QString(), QString(),
+                             shownText(QString::fromLocal8Bit(message.c_str())));
         return task.finish();
     }
 
+    /// Not owned.
     const Environment* m_environment;
     CLI::App m_app;
     std::vector<std::unique_ptr<Command>> m_commands;
     bool m_json = false;
     bool m_quiet = false;
 };
+
+CommandLine::CommandLine(const Environment* environment)
+    : m_environment(environment),
+      m_app("Make, list, check and take apart FCF flash images.", "pelk-fcf")
+{
+    m_app.set_version_flag("-v,--version", std::string("pelk-fcf ") + PELK_FCF_VERSION,
+                           "Print the version and exit");
+    m_app.set_help_flag("-h,--help", "Print this help and exit");
+    m_app.require_subcommand(1);
+    m_app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+    m_app.get_formatter()->label("REQUIRED", "");
+
+    for (const CommandFactory make :
+         {&createCommand, &showCommand, &listCommand, &verifyCommand, &extractCommand,
+          &recipeCommand, &diffCommand, &digestCommand}) {
+        m_commands.push_back(make(&m_app));
+        CLI::App* const app = m_commands.back()->app;
+        app->add_flag("--json", m_json, "give the result as JSON");
+        app->add_flag("-q,--quiet", m_quiet, "show no progress and no notes");
+        app->footer(app->get_footer() + Footer);
+    }
+    m_app.footer(Footer);
+}
+
+int CommandLine::run(const std::vector<std::string>& arguments)
+{
+    const std::string first = arguments.empty() ? std::string() : arguments.front();
+    if (first == "help" && arguments.size() > 1)
+        return run({arguments[1], "--help"});
+    if (first == "help")
+        return run({"--help"});
+
+    const bool isOption = first.substr(0, 1) == "-";
+    if (!arguments.empty() && !isOption && !commandIn(arguments))
+        return refused(arguments, '"' + first + "\" is no command");
+
+    auto split = prepared(arguments);
+    if (!split)
+        return refused(arguments, split.error());
+
+    try {
+        std::reverse(split->begin(), split->end());
+        m_app.parse(std::move(*split));
+    } catch (const CLI::CallForHelp&) {
+        return printed(m_app.help() + '\n');
+    } catch (const CLI::CallForVersion& version) {
+        return printed(version.what() + std::string("\n"));
+    } catch (const CLI::RequiredError& error) {
+        return refused(arguments, missing(error));
+    } catch (const CLI::ParseError& error) {
+        return refused(arguments, error.what());
+    }
+
+    Command* const command = commandIn(arguments);
+    Task task(m_environment, command->app->get_name());
+    task.report.json = m_json;
+    task.report.quiet = m_quiet;
+    command->run(&task);
+    return task.finish();
+}
+
+/// \p arguments in the way in which the parser takes each for what it is: it would take "--name="
+/// for "--name" with the next argument as its value. An option's name in the place of another
+/// option's value is refused, as it is far more often an empty variable of a script.
+tl::expected<std::vector<std::string>, std::string>
+CommandLine::prepared(const std::vector<std::string>& arguments) const
+{
+    std::vector<std::string> split;
+    const CLI::Option* option = nullptr;
+    // How many of the next arguments belong to the option.
+    int values = 0;
+    bool areOperands = false;
+    for (const std::string& argument : arguments) {
+        const std::string name = argument.substr(0, argument.find('='));
+        const CLI::Option* const named = areOperands ? nullptr : optionNamed(name, arguments);
+        const bool isNameAlone = argument == name;
+        if (values > 0 && named && isNameAlone)
+            return tl::make_unexpected(lacksValue(*option, argument));
+
+        if (values == 0 && argument == "--")
+            areOperands = true;
+        if (values > 0 || !named) {
+            split.push_back(Arguments::escaped(argument));
+            values = std::max(values - 1, 0);
+            continue;
+        }
+
+        option = named;
+        const bool hasEmptyValue = argument == name + '=';
+        if (hasEmptyValue) {
+            split.push_back(name);
+            split.emplace_back();
+            values = valuesOf(*named) - 1;
+        } else {
+            split.push_back(Arguments::escaped(argument));
+            values = isNameAlone ? valuesOf(*named) : 0;
+        }
+    }
+    return split;
+}
 
 } // namespace
 

@@ -2,13 +2,15 @@
 #include "fcf/FcfWriter.h"
 #include "fcf/PelkFcfGeneratorFileInfo.h"
 #include "tool/base/Text.h"
-#include "tool/build/BuildJson.h"
-#include "tool/check/Checker.h"
-#include "tool/check/Validator.h"
-#include "tool/commands/BinaryInput.h"
-#include "tool/commands/BuildOptions.h"
+#include "tool/check/FcfFileChecker.h"
+#include "tool/check/NewImageChecker.h"
+#include "tool/commands/BinaryOptions.h"
 #include "tool/commands/Command.h"
-#include "tool/commands/Outputs.h"
+#include "tool/commands/ImageWriter.h"
+#include "tool/commands/OutputChecks.h"
+#include "tool/commands/RecipeOptions.h"
+#include "tool/commands/TimestampOptions.h"
+#include "tool/recipe/HeaderJson.h"
 
 namespace {
 
@@ -31,14 +33,17 @@ Result<qint64> fillerBytes(const std::optional<std::string>& padTo, qint64 image
         return upToMultiple(imageBytes, FcfLayout::PageBytes);
     if (*padTo == "block")
         return upToMultiple(imageBytes, qint64(FcfLayout::PageBytes) * FcfLayout::BlockPages);
+
     const QString text = QString::fromLocal8Bit(padTo->c_str());
     const qint32 bytes = wholeNumber(text).value_or(0);
-    if (bytes > 0 && bytes >= imageBytes)
-        return bytes - imageBytes;
-    return failure(ExitCode::Refused, QString(), "--pad-to",
-                   bytes > 0 ? QStringLiteral("the image has %1 bytes already").arg(imageBytes)
-                             : QStringLiteral("\"%1\" is neither page, block nor a number of bytes")
-                                   .arg(shownText(text)));
+    if (bytes <= 0)
+        return failure(ExitCode::Refused, QString(), "--pad-to",
+                       QStringLiteral("\"%1\" is neither page, block nor a number of bytes")
+                           .arg(shownText(text)));
+    if (bytes < imageBytes)
+        return failure(ExitCode::Refused, QString(), "--pad-to",
+                       QStringLiteral("the image has %1 bytes already").arg(imageBytes));
+    return bytes - imageBytes;
 }
 
 /// Makes an image and its companion of a binary.
@@ -48,17 +53,26 @@ public:
     void run(Task* task) override;
 
 private:
-    std::optional<Outputs> plan(const InputFile& binary, Task* task) const;
-    void guard(const Outputs& outputs, Task* task) const;
-    FcfHeader header(const Build& build, qint64 binaryBytes, const QString& imageName,
-                     Task* task) const;
-    std::optional<QByteArray> digestIfUnchanged(FcfHeader* header, ImageFiles image,
-                                                QTextCodec* codec) const;
-    static void report(const FcfHeader& header, const ImageFiles& image, const QByteArray& digest,
-                       bool isWritten, Task* task);
+    /// What is to be written. The image refers to the binary.
+    struct Plan {
+        FcfHeader header;
+        std::optional<InputFile> binary;
+        ImageWriter image;
+    };
 
-    BuildOptions m_build;
-    BinaryInput m_binary;
+    std::unique_ptr<Plan> plan(Task* task);
+    std::optional<ImagePaths> paths(const InputFile& binary, Task* task) const;
+    void checkFiles(const ImagePaths& paths, Task* task) const;
+    void checkStandardOutput(Task* task) const;
+    FcfHeader header(const Recipe& recipe, qint64 binaryBytes, const QString& imageName,
+                     Task* task) const;
+    bool isReplacing() const { return m_force || m_ifChanged; }
+    std::optional<QByteArray> digestIfUnchanged(Plan* plan, QTextCodec* codec) const;
+    static void report(const Plan& plan, const QByteArray& digest, bool isWritten, Task* task);
+
+    RecipeOptions m_recipe;
+    TimestampOptions m_timestamp;
+    BinaryOptions m_binary;
     std::optional<std::string> m_output;
     std::optional<std::string> m_padTo;
     bool m_noCompanion = false;
@@ -72,156 +86,190 @@ CreateCommand::CreateCommand(CLI::App* parent)
     : Command(parent, "create", "Make an image and its companion of a binary")
 {
     m_binary.declareOperand(app);
-    m_build.declare(app);
-    Argument::addOption(app, "-o,--output", &m_output, "FILE",
-                        "the image, its name ending with .fcf; - is standard output (default: "
-                        "BIN with .fcf in place of .bin)");
-    Argument::addFlag(app, "--no-companion", &m_noCompanion, "write no companion (.txt)");
-    Argument::addFlag(app, "--digest", &m_digest,
-                      "write the image's SHA-256 beside it (.fcf.sha256)");
-    Argument::addOption(app, "--pad-to", &m_padTo, "page|block|BYTES",
-                        "fill the image with 0xFF to the end of a page or block, or to a size "
-                        "(default: no filling)");
-    Argument::addFlag(
+    m_recipe.declare(app);
+    m_timestamp.declare(app);
+    Arguments::addOption(app, "-o,--output", &m_output, "FILE",
+                         "the image, its name ending with .fcf; - is standard output (default: "
+                         "BIN with .fcf in place of .bin)");
+    Arguments::addFlag(app, "--no-companion", &m_noCompanion, "write no companion (.txt)");
+    Arguments::addFlag(app, "--digest", &m_digest,
+                       "write the image's SHA-256 beside it (.fcf.sha256)");
+    Arguments::addOption(app, "--pad-to", &m_padTo, "page|block|BYTES",
+                         "fill the image with 0xFF to the end of a page or block, or to a size "
+                         "(default: no filling)");
+    Arguments::addFlag(
         app, "--if-changed", &m_ifChanged,
         "replace outputs that exist, but leave them untouched where nothing but date and "
         "time would change");
-    Argument::addFlag(app, "-f,--force", &m_force, "replace outputs that exist");
-    Argument::addFlag(app, "--strict", &m_strict, "take warnings for errors");
+    Arguments::addFlag(app, "-f,--force", &m_force, "replace outputs that exist");
+    Arguments::addFlag(app, "--strict", &m_strict, "take warnings for errors");
 }
 
 void CreateCommand::run(Task* task)
 {
     task->findings.setSubject(m_binary.label());
-    const Build build = m_build.build(task);
-    const std::optional<InputFile> binary = m_binary.open(task);
-    if (binary)
-        m_binary.check(*binary, task);
-    const std::optional<Outputs> outputs = binary ? plan(*binary, task) : std::nullopt;
-    const Region payload = binary ? m_binary.payload(*binary) : Region();
-    Checker(&task->findings, QString(), build.origins).checkBuild(build);
-    FcfHeader composed =
-        header(build, payload.bytes, outputs ? outputs->imageName : QString(), task);
-    ImageFiles image{outputs.value_or(Outputs()), !m_noCompanion, m_digest,
-                     pageOf(composed, task->codec), payload};
-    if (binary)
-        image.fillerBytes =
-            task->findings.valueOf(fillerBytes(m_padTo, image.page.size() + payload.bytes))
-                .value_or(0);
+    const std::unique_ptr<Plan> plan = this->plan(task);
     if (m_strict)
         task->findings.promoteWarnings();
     if (task->findings.hasErrors())
         return;
-    if (const auto digest = digestIfUnchanged(&composed, image, task->codec)) {
-        report(composed, image, *digest, false, task);
+
+    if (const auto digest = digestIfUnchanged(plan.get(), task->codec)) {
+        report(*plan, *digest, false, task);
         return;
     }
-    QByteArray digest;
-    const Status written = image.write(
-        m_force || m_ifChanged ? OutputFiles::Replace : OutputFiles::Keep, task->environment.out,
-        task->progress("create", payload.bytes), task->report.json ? &digest : nullptr);
-    if (task->findings.accept(written) && !outputs->toStandardOutput())
-        report(composed, image, digest, true, task);
+
+    const ImageWriter& image = plan->image;
+    const auto existing = isReplacing() ? OutputTransaction::Replace : OutputTransaction::Keep;
+    const auto digest = task->findings.valueOf(
+        image.write(existing, task->environment.out, task->progress("create", image.payload.bytes),
+                    task->report.json));
+    if (digest && !image.paths.toStandardOutput())
+        report(*plan, *digest, true, task);
 }
 
-std::optional<Outputs> CreateCommand::plan(const InputFile& binary, Task* task) const
+/// Reads and checks all that the image is made of, as far as that goes: an error in one input does
+/// not hide those in others.
+std::unique_ptr<CreateCommand::Plan> CreateCommand::plan(Task* task)
+{
+    auto plan = std::make_unique<Plan>();
+    const Recipe recipe = m_recipe.recipe(task);
+
+    plan->binary = m_binary.open(task);
+    ImageWriter& image = plan->image;
+    image.hasCompanion = !m_noCompanion;
+    image.hasDigest = m_digest;
+    if (plan->binary) {
+        m_binary.check(*plan->binary, task);
+        image.paths = paths(*plan->binary, task).value_or(ImagePaths());
+        image.payload = m_binary.payload(*plan->binary);
+    }
+
+    NewImageChecker(&task->findings, QString(), recipe.origins).checkRecipe(recipe);
+    plan->header = header(recipe, image.payload.bytes, image.paths.imageName, task);
+    image.page = pageOf(plan->header, task->codec);
+    if (plan->binary) {
+        const qint64 imageBytes = image.page.size() + image.payload.bytes;
+        image.fillerBytes = task->findings.valueOf(fillerBytes(m_padTo, imageBytes)).value_or(0);
+    }
+    return plan;
+}
+
+std::optional<ImagePaths> CreateCommand::paths(const InputFile& binary, Task* task) const
 {
     std::optional<QString> output;
     if (m_output) {
         output = task->path(*m_output, "--output");
         if (!output)
             return std::nullopt;
-        // As JSON it is refused, and that is what goes there.
-        task->report.outIsTaken = output == StandardStream && !task->report.json;
     }
-    auto outputs = task->findings.valueOf(Outputs::of(binary, output));
-    if (outputs)
-        guard(*outputs, task);
-    return outputs;
+    // With --json it is refused, and the refusal goes to standard output.
+    task->report.outIsTaken = output == StandardStream && !task->report.json;
+
+    auto paths = task->findings.valueOf(ImagePaths::of(binary, output));
+    if (!paths)
+        return std::nullopt;
+
+    OutputChecks::checkStandardOutput(paths->toStandardOutput(), task);
+    if (paths->toStandardOutput())
+        checkStandardOutput(task);
+    else
+        checkFiles(*paths, task);
+    return paths;
 }
 
-void CreateCommand::guard(const Outputs& outputs, Task* task) const
+void CreateCommand::checkStandardOutput(Task* task) const
 {
-    const bool isReplaced = m_force || m_ifChanged;
-    OutputGuard::guardStandardOutput(outputs.toStandardOutput(), task);
-    if (outputs.toStandardOutput()) {
-        const auto refuse = [task](const QString& reason) {
-            task->findings.error(ExitCode::Refused, StandardOutputLabel, "--output", reason);
-        };
-        if (!m_noCompanion)
-            refuse("takes the image alone: give --no-companion as well");
-        if (m_digest || task->report.json)
-            refuse("takes the image alone: --digest and --json need a file");
-        return;
-    }
-    OutputGuard::guard(outputs.image, isReplaced, task);
-    const auto guard = [&](const QString& path, bool isWritten, const char* option) {
-        if (isWritten)
-            OutputGuard::guard(path, isReplaced, task);
-        else
-            OutputGuard::guardUnwritten(path, option, task);
-    };
-    guard(outputs.companion, !m_noCompanion, "--no-companion");
-    guard(outputs.digest, m_digest, "--digest");
+    if (!m_noCompanion)
+        task->findings.refuse(StandardOutputLabel, "--output",
+                              "takes the image alone: give --no-companion as well");
+    if (m_digest || task->report.json)
+        task->findings.refuse(StandardOutputLabel, "--output",
+                              "takes the image alone: --digest and --json need a file");
 }
 
-FcfHeader CreateCommand::header(const Build& build, qint64 binaryBytes, const QString& imageName,
+void CreateCommand::checkFiles(const ImagePaths& paths, Task* task) const
+{
+    using FileKind::Kind;
+
+    // With --force the image that was named is replaced, whatever it is.
+    const auto imageKind = m_ifChanged && !m_force ? std::optional(Kind::Image) : std::nullopt;
+    OutputChecks::checkFile(paths.image, {isReplacing(), imageKind}, task);
+
+    if (m_noCompanion)
+        OutputChecks::checkUnwritten(paths.companion, "--no-companion", task);
+    else
+        OutputChecks::checkFile(paths.companion, {isReplacing(), Kind::Companion}, task);
+
+    if (m_digest)
+        OutputChecks::checkFile(paths.digest, {isReplacing(), Kind::Digest}, task);
+    else
+        OutputChecks::checkUnwritten(paths.digest, "--digest", task);
+}
+
+FcfHeader CreateCommand::header(const Recipe& recipe, qint64 binaryBytes, const QString& imageName,
                                 Task* task) const
 {
     FcfHeader header;
     header.setSizes(PelkFcfGeneratorFileInfo().measure(binaryBytes));
-    build.describe(&header);
+    recipe.fill(&header);
     header.fileName = imageName;
-    m_build.stamp(&header, task);
-    Checker(&task->findings, QString(), build.origins).checkTexts(header, task->codec);
+    m_timestamp.stamp(&header, task);
+
+    NewImageChecker(&task->findings, QString(), recipe.origins).checkTexts(header, task->codec);
     return header;
 }
 
-/// With --if-changed, if the outputs are there and differ from those that would be written in date
-/// and time at most. Then \p header gets theirs.
-std::optional<QByteArray> CreateCommand::digestIfUnchanged(FcfHeader* header, ImageFiles image,
-                                                           QTextCodec* codec) const
+/// With --if-changed, the digest of the image that is there, if nothing but date and time would
+/// change. Then the header of \p plan gets those of that image.
+std::optional<QByteArray> CreateCommand::digestIfUnchanged(Plan* plan, QTextCodec* codec) const
 {
     if (!m_ifChanged)
         return std::nullopt;
-    Inputs inputs(nullptr, nullptr);
-    const auto old = inputs.open(image.outputs.image, Validator::LargestFile, QString())
-                         .and_then([codec](const InputFile& file) {
-                             return HeaderPage::read(file, codec, ExitCode::NotValid);
-                         });
+
+    const auto old = InputOpener(nullptr, nullptr)
+                         .open(plan->image.paths.image, FcfFileChecker::LargestFile, QString());
     if (!old)
         return std::nullopt;
-    FcfHeader same = *header;
-    same.date = old->reading.header.date;
-    same.time = old->reading.header.time;
-    image.page = pageOf(same, codec);
+
+    const auto oldPage = HeaderPage::read(*old, codec, ExitCode::NotValid);
+    if (!oldPage)
+        return std::nullopt;
+
+    FcfHeader header = plan->header;
+    header.date = oldPage->reading.header.date;
+    header.time = oldPage->reading.header.time;
+
+    ImageWriter image = plan->image;
+    image.page = pageOf(header, codec);
     const auto filler = fillerBytes(m_padTo, image.page.size() + image.payload.bytes);
-    image.fillerBytes = filler.value_or(0);
-    auto digest = filler ? image.digestIfThere() : std::nullopt;
+    if (!filler)
+        return std::nullopt;
+    image.fillerBytes = *filler;
+
+    const auto digest = image.digestIfUnchanged();
     if (digest)
-        *header = same;
+        plan->header = header;
     return digest;
 }
 
-void CreateCommand::report(const FcfHeader& header, const ImageFiles& image,
-                           const QByteArray& digest, bool isWritten, Task* task)
+void CreateCommand::report(const Plan& plan, const QByteArray& digest, bool isWritten, Task* task)
 {
-    const struct {
-        bool isWanted;
-        const char* name;
-        QString path;
-    } files[] = {{true, "image", image.outputs.image},
-                 {image.hasCompanion, "companion", image.outputs.companion},
-                 {image.hasDigest, "digest", image.outputs.digest}};
-    for (const auto& file : files) {
-        if (!file.isWanted)
-            continue;
-        task->report.print(isWritten ? file.path : QStringLiteral("%1: unchanged").arg(file.path));
-        task->report.result[QLatin1String(file.name)] = file.path;
-    }
+    const auto addFile = [&](const char* name, const QString& path) {
+        task->report.print(isWritten ? path : QStringLiteral("%1: unchanged").arg(path));
+        task->report.result[QLatin1String(name)] = path;
+    };
+
+    const ImageWriter& image = plan.image;
+    addFile("image", image.paths.image);
+    if (image.hasCompanion)
+        addFile("companion", image.paths.companion);
+    if (image.hasDigest)
+        addFile("digest", image.paths.digest);
+
     task->report.result["sha256"] = QString::fromLatin1(digest.toHex());
     task->report.result["changed"] = isWritten;
-    task->report.result["header"] = BuildJson::header(header);
+    task->report.result["header"] = HeaderJson::object(plan.header);
     task->report.isInPlace = true;
 }
 

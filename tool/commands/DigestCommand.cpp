@@ -9,7 +9,7 @@ public:
     explicit DigestCommand(CLI::App* parent)
         : Command(parent, "digest", "Print the SHA-256 of images")
     {
-        Argument::addOperands(app, "FILE", &m_files, "images; - is standard input");
+        Arguments::addOperands(app, "FILE", &m_files, "images; - is standard input");
     }
 
     void run(Task* task) override
@@ -19,11 +19,13 @@ public:
             const auto fcf = task->openFcf(argument, Task::Whole);
             if (!fcf)
                 continue;
+
             const InputFile& file = fcf->file;
             const auto digest = task->findings.valueOf(Digest::of(
                 {&file, 0, file.size(), nullptr}, task->progress("digest", file.size())));
             if (!digest)
                 continue;
+
             if (!task->report.json)
                 task->report.printRaw(Digest::line(*digest, file.path()));
             digests.append(QJsonObject{{"file", file.label()},

@@ -1,10 +1,10 @@
 #include "tool/base/Text.h"
-#include "tool/check/Validator.h"
-#include "tool/commands/BesideFiles.h"
+#include "tool/check/FcfFileChecker.h"
 #include "tool/commands/Command.h"
-#include "tool/commands/Outputs.h"
+#include "tool/commands/OutputChecks.h"
+#include "tool/commands/SidecarOptions.h"
 #include "tool/files/Copy.h"
-#include "tool/files/OutputFiles.h"
+#include "tool/files/OutputTransaction.h"
 
 namespace {
 
@@ -15,52 +15,75 @@ public:
     void run(Task* task) override;
 
 private:
+    void checkOutput(const QString& output, Task* task) const;
+    void checkImage(const FcfFile& image, Task* task) const;
     Status write(const Region& payload, const QString& output, Task* task) const;
 
     std::optional<std::string> m_file;
     std::optional<std::string> m_output;
-    BesideFiles m_beside;
+    SidecarOptions m_sidecars;
     bool m_force = false;
 };
 
 ExtractCommand::ExtractCommand(CLI::App* parent)
     : Command(parent, "extract", "Take the payload out of an image")
 {
-    Argument::addRequired(app, "FILE", &m_file, "", "an image; - is standard input");
-    Argument::addRequired(app, "-o,--output", &m_output, "FILE",
-                          "where the payload goes; - is standard output");
-    m_beside.declareSkipping(app);
-    Argument::addFlag(app, "-f,--force", &m_force, "replace an output that exists");
+    Arguments::addRequired(app, "FILE", &m_file, "", "an image; - is standard input");
+    Arguments::addRequired(app, "-o,--output", &m_output, "FILE",
+                           "where the payload goes; - is standard output");
+    m_sidecars.declareSkipping(app);
+    Arguments::addFlag(app, "-f,--force", &m_force, "replace an output that exists");
 }
 
 void ExtractCommand::run(Task* task)
 {
     const std::optional<QString> output = task->path(*m_output, "--output");
-    // As JSON it is refused, and that is what goes there.
+    if (!output)
+        return;
+
+    // With --json it is refused, and the refusal goes to standard output.
     task->report.outIsTaken = output == StandardStream && !task->report.json;
-    const auto fcf = output ? task->openFcf(*m_file, Task::Whole) : std::nullopt;
-    OutputGuard::guardStandardOutput(output == StandardStream, task);
-    if (output && output != StandardStream)
-        OutputGuard::guard(*output, m_force, task);
-    else if (output && task->report.json)
-        task->findings.error(ExitCode::Refused, StandardOutputLabel, "--output",
-                             "takes the payload alone: --json needs a file");
-    if (!fcf || task->findings.hasErrors())
+    const auto image = task->openFcf(*m_file, Task::Whole);
+    checkOutput(*output, task);
+    if (!image || task->findings.hasErrors())
         return;
-    const auto& [file, page] = *fcf;
-    const Validator validator(&file, Validator::Image, task->codec, &task->findings);
-    validator.validate(page);
-    m_beside.checkCompanion(validator, file, page, task);
-    m_beside.checkDigest(file, page, task);
-    task->findings.dropNotes();
-    if (task->findings.hasErrors() ||
-        !task->findings.accept(
-            write({&file, page.bytes, page.payloadBytes, nullptr}, *output, task)))
+
+    checkImage(*image, task);
+    // The companion and the digest beside the image are inputs, too.
+    if (*output != StandardStream)
+        OutputChecks::checkNoInput(*output, task);
+    if (task->findings.hasErrors())
         return;
+
+    const Status written = write(image->payload(), *output, task);
+    if (!task->findings.accept(written))
+        return;
+
     task->report.isInPlace = true;
     task->report.print(*output);
     task->report.result["payload"] = *output;
-    task->report.result["payloadBytes"] = page.payloadBytes;
+    task->report.result["payloadBytes"] = image->page.payloadBytes;
+}
+
+void ExtractCommand::checkOutput(const QString& output, Task* task) const
+{
+    const bool toStandardOutput = output == StandardStream;
+    OutputChecks::checkStandardOutput(toStandardOutput, task);
+    if (!toStandardOutput)
+        OutputChecks::checkFile(output, {m_force, std::nullopt}, task);
+    else if (task->report.json)
+        task->findings.refuse(StandardOutputLabel, "--output",
+                              "takes the payload alone: --json needs a file");
+}
+
+void ExtractCommand::checkImage(const FcfFile& image, Task* task) const
+{
+    const auto& [file, page] = image;
+    const FcfFileChecker checker(&file, FcfFileChecker::Image, task->codec, &task->findings);
+    checker.check(page);
+    m_sidecars.checkCompanion(checker, file, page, task);
+    m_sidecars.checkDigest(file, page, task);
+    task->findings.dropNotes();
 }
 
 Status ExtractCommand::write(const Region& payload, const QString& output, Task* task) const
@@ -69,12 +92,16 @@ Status ExtractCommand::write(const Region& payload, const QString& output, Task*
     if (output == StandardStream)
         return copyPayload(payload, task->environment.out, StandardOutputLabel, PayloadCopy::Unseen,
                            progress);
-    OutputFiles files(m_force ? OutputFiles::Replace : OutputFiles::Keep);
-    return files.add(output)
-        .and_then([&](QFile* file) {
-            return copyPayload(payload, file, output, PayloadCopy::Unseen, progress);
-        })
-        .and_then([&files] { return files.place(); });
+
+    OutputTransaction files(m_force ? OutputTransaction::Replace : OutputTransaction::Keep);
+    const auto file = files.add(output);
+    if (!file)
+        return tl::unexpected<Finding>(file.error());
+
+    if (Status status = copyPayload(payload, *file, output, PayloadCopy::Unseen, progress); !status)
+        return status;
+
+    return files.commit();
 }
 
 } // namespace

@@ -1,10 +1,10 @@
 #include "fcf/FcfTarget.h"
 #include "tool/base/Text.h"
-#include "tool/build/Build.h"
-#include "tool/check/Validator.h"
-#include "tool/commands/BesideFiles.h"
+#include "tool/check/FcfFileChecker.h"
 #include "tool/commands/Command.h"
+#include "tool/commands/SidecarOptions.h"
 #include "tool/files/Digest.h"
+#include "tool/recipe/Recipe.h"
 
 #include <QDir>
 #include <QJsonDocument>
@@ -28,17 +28,30 @@ constexpr Column Columns[] = {
     {"reason", "REASON", 0},
 };
 
-/// Lists images, each as soon as it was read: nothing is kept of one but its slot.
+/// The reason in a row for \p findings, which end a run with \p code.
+QString reasonFor(const Findings& findings, ExitCode code)
+{
+    for (const Finding& finding : findings.list()) {
+        if (finding.severity != Finding::Error)
+            continue;
+
+        const bool isAboutField = code == ExitCode::NotValid;
+        return isAboutField ? finding.field + ": " + finding.reason : finding.reason;
+    }
+    return QString();
+}
+
+/// Lists images, each as soon as it was read. All that is kept of one is its slot.
 class ListCommand : public Command {
 public:
     explicit ListCommand(CLI::App* parent)
         : Command(parent, "list", "List images and the images in folders, one line each")
     {
-        Argument::addOperands(app, "PATH", &m_paths,
-                              "images, and folders, which are searched for .fcf files");
-        Argument::addFlag(app, "--csv", &m_csv,
-                          "give the result as comma-separated values, with a heading");
-        Argument::addFlag(
+        Arguments::addOperands(app, "PATH", &m_paths,
+                               "images, and folders, which are searched for .fcf files");
+        Arguments::addFlag(app, "--csv", &m_csv,
+                           "give the result as comma-separated values, with a heading");
+        Arguments::addFlag(
             app, "--digest", &m_digest,
             "compute each SHA-256, and compare it with the one beside the image (default: "
             "only the header page is read)");
@@ -49,9 +62,13 @@ private:
     void list(const QFileInfo& path, Task* task);
     void listImage(const QString& path, Task* task);
     QJsonObject describe(const FcfFile& fcf, Task* task);
+    void addSlot(const FcfFile& fcf);
+    void checkSlots(Task* task) const;
     QByteArray digest(const FcfFile& fcf, Task* task) const;
     void print(const QJsonObject& row, Task* task);
+    QByteArray headings(const Task& task) const;
     QByteArray line(const QJsonObject& row, const Task& task) const;
+    QString cell(const Column& column, const QJsonValue& value) const;
     void stop(ExitCode code, const QString& reason, Task* task);
 
     struct Slot {
@@ -64,9 +81,9 @@ private:
     bool m_csv = false;
     bool m_digest = false;
     bool m_isEmpty = true;
-    /// Whether nobody gets the result.
+    /// Whether the result cannot be written.
     bool m_isStopped = false;
-    /// By module, device and number.
+    /// The images by module, device and slot number.
     QMap<QString, Slot> m_slots;
 };
 
@@ -80,8 +97,15 @@ void ListCommand::run(Task* task)
         else if (path)
             list(QFileInfo(*path), task);
     }
+
     if (m_isEmpty)
         task->report.result["files"] = QJsonArray();
+    checkSlots(task);
+}
+
+/// Adds an error for each slot that several images are for.
+void ListCommand::checkSlots(Task* task) const
+{
     for (auto slot = m_slots.cbegin(); slot != m_slots.cend(); ++slot) {
         if (slot->count > 1)
             task->findings.error(ExitCode::NotValid, slot->first, "configNumber",
@@ -103,10 +127,12 @@ void ListCommand::list(const QFileInfo& path, Task* task)
     if (!folder.isReadable())
         task->findings.error(ExitCode::CannotAccess, folder.path(), "PATH",
                              "the folder cannot be read");
+
     const auto wanted = QDir::AllDirs | QDir::Files | QDir::NoDotAndDotDot;
     for (const QFileInfo& entry : folder.entryInfoList({"*.fcf"}, wanted, QDir::Name)) {
         // A link to a folder may lead back here.
-        if (!entry.isDir() || !entry.isSymLink())
+        const bool isLinkToFolder = entry.isDir() && entry.isSymLink();
+        if (!isLinkToFolder)
             list(entry, task);
     }
 }
@@ -115,26 +141,27 @@ void ListCommand::listImage(const QString& path, Task* task)
 {
     if (m_isStopped)
         return;
-    // Whatever is found in one image goes into its own line.
-    Task one(&task->environment, std::string());
-    one.report.quiet = true;
-    const auto fcf =
-        one.openFcf(QFile::encodeName(path).toStdString(), m_digest ? Task::Whole : Task::PageOnly);
-    if (const ReadFile* const input = one.inputs.behind(task->environment.out)) {
-        stop(ExitCode::Refused, isInput(*input), task);
+
+    // The findings of one image go into its own line.
+    Task own(&task->environment, std::string());
+    own.report.quiet = true;
+    const auto reach = m_digest ? Task::Whole : Task::PageOnly;
+    const auto fcf = own.openFcf(QFile::encodeName(path).toStdString(), reach);
+    if (const ProtectedInput* const input = own.inputs.behind(task->environment.out)) {
+        stop(ExitCode::Refused, input->refusal(), task);
         return;
     }
-    QJsonObject row = fcf ? describe(*fcf, &one) : QJsonObject();
+
+    QJsonObject row = fcf ? describe(*fcf, &own) : QJsonObject();
     row["file"] = path;
-    const ExitCode code = one.findings.exitCode();
-    if (code != ExitCode::Done)
+    const ExitCode code = own.findings.exitCode();
+    if (code != ExitCode::Done) {
         row["verdict"] = code == ExitCode::NotValid ? "not valid" : "unreadable";
-    for (const Finding& finding : one.findings.list()) {
-        if (finding.severity == Finding::Error && !row.contains("reason"))
-            row["reason"] =
-                (code == ExitCode::NotValid ? finding.field + ": " : QString()) + finding.reason;
+        if (!row.contains("reason"))
+            row["reason"] = reasonFor(own.findings, code);
     }
-    task->report.verdict = Findings::weightier(task->report.verdict, code);
+
+    task->report.verdict = Findings::moreImportant(task->report.verdict, code);
     print(row, task);
 }
 
@@ -142,12 +169,12 @@ QJsonObject ListCommand::describe(const FcfFile& fcf, Task* task)
 {
     HeaderPage page = fcf.page;
     const FcfHeader& header = page.reading.header;
-    const auto* const target = FcfTarget::find(header.moduleCode, header.deviceCode);
     // Without --digest nothing behind the page is read.
-    const qint64 behind = fcf.file.size() - page.bytes - header.binFileSize;
     if (!m_digest)
         page.payloadBytes = qMin<qint64>(header.binFileSize, fcf.file.size() - page.bytes);
-    Validator(&fcf.file, Validator::Image, task->codec, &task->findings).validate(page);
+    FcfFileChecker(&fcf.file, FcfFileChecker::Image, task->codec, &task->findings).check(page);
+
+    const auto* const target = FcfTarget::find(header.moduleCode, header.deviceCode);
     QJsonObject row{{"module", target ? QJsonValue(target->module) : QJsonValue()},
                     {"device", target ? QJsonValue(target->device) : QJsonValue()},
                     {"configNumber", header.configNumber},
@@ -160,72 +187,109 @@ QJsonObject ListCommand::describe(const FcfFile& fcf, Task* task)
                     {"verdict", "valid"}};
     if (const QByteArray sha256 = digest(fcf, task); !sha256.isEmpty())
         row["sha256"] = QString::fromLatin1(sha256.toHex());
-    if (!m_digest && behind > 0) {
+
+    const qint64 following = fcf.file.size() - page.bytes - header.binFileSize;
+    if (!m_digest && following > 0) {
         row["verdict"] = "not checked";
-        row["reason"] = QStringLiteral("%1 bytes follow the payload").arg(behind);
+        row["reason"] = QStringLiteral("%1 bytes follow the payload").arg(following);
     }
-    if (target && header.configNumber >= FcfTarget::FirstSlot &&
-        header.configNumber <= FcfTarget::LastSlot) {
-        Slot& slot = m_slots[QStringLiteral("%1 %2 slot %3")
-                                 .arg(QLatin1String(target->module), QLatin1String(target->device))
-                                 .arg(header.configNumber)];
-        slot.last = fcf.file.path();
-        slot.first = slot.count++ == 0 ? slot.last : slot.first;
-    }
+
+    addSlot(fcf);
     return row;
 }
 
-/// The one beside the image, else with --digest the image's own. Empty if there is none.
+/// Counts \p fcf among the images for its slot.
+void ListCommand::addSlot(const FcfFile& fcf)
+{
+    const FcfHeader& header = fcf.page.reading.header;
+    const auto* const target = FcfTarget::find(header.moduleCode, header.deviceCode);
+    const bool isSlot =
+        header.configNumber >= FcfTarget::FirstSlot && header.configNumber <= FcfTarget::LastSlot;
+    if (!target || !isSlot)
+        return;
+
+    const QString name = QStringLiteral("%1 %2 slot %3")
+                             .arg(QLatin1String(target->module), QLatin1String(target->device))
+                             .arg(header.configNumber);
+    Slot& slot = m_slots[name];
+    slot.last = fcf.file.path();
+    if (slot.count == 0)
+        slot.first = slot.last;
+    ++slot.count;
+}
+
+/// The digest in the file beside the image, else with --digest the image's own. Empty if there is
+/// none.
 QByteArray ListCommand::digest(const FcfFile& fcf, Task* task) const
 {
     const QString path = Digest::pathFor(fcf.file.path());
-    if (!QFileInfo(path).isFile() && !m_digest)
+    if (QFileInfo(path).isFile()) {
+        if (m_digest)
+            SidecarOptions().checkDigest(fcf.file, fcf.page, task);
+        const auto lines = task->bytesOf(path, Digest::MaximumBytes, "digest");
+        return Digest::find(lines.value_or(QByteArray()), std::nullopt).value(0);
+    }
+    if (!m_digest)
         return QByteArray();
-    if (!QFileInfo(path).isFile())
-        return task->findings
-            .valueOf(Digest::of({&fcf.file, 0, fcf.file.size(), nullptr}, [](auto, auto) {}))
-            .value_or(QByteArray());
-    if (m_digest)
-        BesideFiles().checkDigest(fcf.file, fcf.page, task);
-    const auto lines = task->bytesOf(path, Digest::MaximumBytes, "digest");
-    return Digest::find(lines.value_or(QByteArray()), std::nullopt).value(0);
+
+    const Region image{&fcf.file, 0, fcf.file.size(), nullptr};
+    const auto digest = Digest::of(image, [](const char*, qint64) {});
+    return task->findings.valueOf(digest).value_or(QByteArray());
 }
 
 void ListCommand::print(const QJsonObject& row, Task* task)
 {
-    QByteArray bytes = line(row, *task);
-    if (task->report.json) {
+    QByteArray bytes;
+    if (task->report.json)
         bytes = asPrintable(QJsonDocument(row).toJson(QJsonDocument::Compact));
-    } else if (m_isEmpty) {
-        QJsonObject headings;
-        for (const Column& column : Columns)
-            headings[column.name] = m_csv ? column.name : column.heading;
-        bytes.prepend(line(headings, *task) + '\n');
-    }
+    else if (m_isEmpty)
+        bytes = headings(*task) + '\n' + line(row, *task);
+    else
+        bytes = line(row, *task);
     m_isEmpty = false;
+
     const auto written = task->report.stream(bytes, task->environment);
     if (!written)
         stop(ExitCode::CannotAccess, "cannot be written: " + written.error(), task);
 }
 
+QByteArray ListCommand::headings(const Task& task) const
+{
+    QJsonObject headings;
+    for (const Column& column : Columns)
+        headings[column.name] = m_csv ? column.name : column.heading;
+    return line(headings, task);
+}
+
 QByteArray ListCommand::line(const QJsonObject& row, const Task& task) const
 {
-    static const QRegularExpression special("[,\"]");
     QStringList cells;
-    for (const Column& column : Columns) {
-        const QJsonValue value = row[column.name];
-        QString text = value.isDouble() ? QString::number(value.toVariant().toLongLong())
-                                        : shownText(value.toString(), WholeText);
-        if (m_csv && text.contains(special))
-            text = QLatin1Char('"') + text.replace(QLatin1Char('"'), "\"\"") + QLatin1Char('"');
-        // The table has the first digits of a digest alone.
-        const bool isCut = qstrcmp(column.name, "sha256") == 0;
-        if (!m_csv && column.width > 0)
-            text = (text.isEmpty() ? "-" : text).leftJustified(column.width, ' ', isCut);
-        cells << text;
+    for (const Column& column : Columns)
+        cells << cell(column, row[column.name]);
+
+    if (m_csv)
+        return encoded(cells.join(","), task.codec);
+    return encoded(cells.join("  ").trimmed(), task.codec);
+}
+
+QString ListCommand::cell(const Column& column, const QJsonValue& value) const
+{
+    QString text = value.isDouble() ? QString::number(value.toVariant().toLongLong())
+                                    : shownText(value.toString(), WholeText);
+    if (m_csv) {
+        static const QRegularExpression special("[,\"]");
+        if (!text.contains(special))
+            return text;
+        return QLatin1Char('"') + text.replace(QLatin1Char('"'), "\"\"") + QLatin1Char('"');
     }
-    const QString line = cells.join(m_csv ? "," : "  ");
-    return encoded(m_csv ? line : line.trimmed(), task.codec);
+
+    if (column.width == 0)
+        return text;
+    if (text.isEmpty())
+        text = "-";
+    // The table has the first digits of a digest alone.
+    const bool isCut = qstrcmp(column.name, "sha256") == 0;
+    return text.leftJustified(column.width, ' ', isCut);
 }
 
 void ListCommand::stop(ExitCode code, const QString& reason, Task* task)

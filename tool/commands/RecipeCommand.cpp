@@ -1,5 +1,5 @@
-#include "tool/build/BuildJson.h"
 #include "tool/commands/Command.h"
+#include "tool/recipe/RecipeJson.h"
 
 #include <QJsonDocument>
 
@@ -11,8 +11,8 @@ public:
     explicit RecipeCommand(CLI::App* parent)
         : Command(parent, "recipe", "Write the recipe that create --like takes")
     {
-        Argument::addRequired(app, "FILE", &m_file, "",
-                              "an image or a companion; - is standard input");
+        Arguments::addRequired(app, "FILE", &m_file, "",
+                               "an image or a companion; - is standard input");
     }
 
     void run(Task* task) override
@@ -20,18 +20,22 @@ public:
         const auto fcf = task->openFcf(*m_file, Task::PageOnly);
         if (!fcf)
             return;
+
         const FcfHeader& header = fcf->page.reading.header;
-        const Build build = Build::of(header);
-        if (build.module && task->report.json)
-            task->report.result["recipe"] =
-                QJsonDocument::fromJson(BuildJson::recipe(build)).object();
-        else if (build.module)
-            task->report.printRaw(BuildJson::recipe(build));
-        else
+        const Recipe recipe = Recipe::of(header);
+        if (!recipe.module) {
             task->findings.error(ExitCode::NotValid, fcf->file.label(), "moduleCode",
                                  QStringLiteral("%1 with device code %2 is of no known target")
                                      .arg(header.moduleCode)
                                      .arg(header.deviceCode));
+            return;
+        }
+
+        const QByteArray json = RecipeJson::write(recipe);
+        if (task->report.json)
+            task->report.result["recipe"] = QJsonDocument::fromJson(json).object();
+        else
+            task->report.printRaw(json);
     }
 
 private:

@@ -1,7 +1,7 @@
 #ifndef TOOL_FILES_DIGEST_H
 #define TOOL_FILES_DIGEST_H
 
-#include "tool/files/Copy.h"
+#include "tool/files/Region.h"
 
 #include <QByteArray>
 #include <QList>
@@ -16,7 +16,7 @@
 /// SHA-256 digests of images, in the files that sha256sum writes and checks.
 namespace Digest {
 
-/// Of a digest file nothing behind this is read.
+/// A digest file is read up to here.
 constexpr int MaximumBytes = 64 * 1024;
 
 /// The path of the digest of the image at \p imagePath.
@@ -29,6 +29,9 @@ QByteArray line(const QByteArray& digest, const QString& imagePath);
 /// where an image has no name, for any.
 QList<QByteArray> find(const QByteArray& lines, const std::optional<QString>& imagePath);
 
+/// Whether \p lines are the one line of a digest file, of whatever file.
+bool isDigest(const QByteArray& lines);
+
 /// Takes the digest of bytes that come in parts. A second thread works on what came before, while
 /// the caller reads and writes what follows.
 class Hash {
@@ -37,7 +40,7 @@ public:
     Q_DISABLE_COPY(Hash)
 
     void add(const char* data, qint64 bytes);
-    /// The binary digest of all that was added. Ends the adding.
+    /// The binary digest of all that was added. Nothing can be added afterwards.
     QByteArray result();
 
 private:
@@ -46,7 +49,7 @@ private:
     sha256_ctx m_state;
     std::vector<char> m_next;
     std::vector<char> m_inWork;
-    /// Uses both of the above, so it is the first to go.
+    /// It uses both of the above, so it must be destroyed first.
     std::future<void> m_work;
 };
 

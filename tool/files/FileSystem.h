@@ -19,7 +19,7 @@ namespace FileSystem {
 /// Device and inode: two names, links included, with the same identity are one file.
 using Identity = std::pair<dev_t, ino_t>;
 
-/// Of what \p path leads to; nothing when it leads nowhere.
+/// The identity of what \p path leads to; nothing when it leads nowhere.
 std::optional<Identity> identityOf(const QString& path);
 std::optional<Identity> identityOf(int descriptor);
 
@@ -27,7 +27,7 @@ std::optional<Identity> identityOf(int descriptor);
 /// its entry were changed, in seconds and nanoseconds.
 using Version = std::tuple<off_t, time_t, long, time_t, long>;
 
-/// Of an open file.
+/// The version of an open file.
 std::optional<Version> versionOf(int descriptor);
 
 /// Whether the open file is a regular file, and no device or stream.
@@ -55,7 +55,7 @@ using OrReason = tl::expected<Value, QString>;
 /// Whether the folder that \p path is to be in exists, and allows a name as long.
 Status checkPlaceOf(const QString& path);
 
-/// The error that the output \p path cannot be written on account of \p reason.
+/// The error that the output \p path cannot be written, and why.
 tl::unexpected<Finding> notWritten(const QString& path, const QString& reason);
 
 /// The error that the output \p path exists.

@@ -3,8 +3,14 @@
 namespace Qtilities {
 namespace Core {
 
+namespace {
+
+Toolkit::ValueType noType() { return static_cast<Toolkit::ValueType>(QVariant().userType()); }
+
+} // namespace
+
 PropertySpecification::PropertySpecification()
-    : d_data_type(QVariant::Invalid), d_removable(true), d_read_only(false),
+    : d_data_type(noType()), d_removable(true), d_read_only(false),
       d_add_during_construction(false), d_internal(false), d_is_exportable(true)
 {
 }
@@ -16,7 +22,7 @@ QString PropertySpecification::propertyName() const
 
 bool PropertySpecification::isValid() const
 {
-    return !propertyName().isEmpty() && d_data_type != QVariant::Invalid;
+    return !propertyName().isEmpty() && d_data_type != noType();
 }
 
 bool PropertySpecification::operator==(const PropertySpecification& other) const

@@ -1,6 +1,7 @@
 #ifndef ORVANTICCORE_DESIGN_H
 #define ORVANTICCORE_DESIGN_H
 
+#include <OrvanticCore/DesignFile.h>
 #include <OrvanticCore/IDesign.h>
 #include <OrvanticCore/OrvanticCoreGlobal.h>
 

@@ -4,6 +4,8 @@
 #include <QtilitiesCore/IObjectBase.h>
 #include <QtilitiesCore/QtilitiesGlobal.h>
 
+#include <toolkit/QtDifferences.h>
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -29,7 +31,7 @@ struct QTILITIES_SHARED_EXPORT PropertySpecification {
     QString d_property_name;
     /// Shown as help; may contain Qt's rich text.
     QString d_description;
-    QVariant::Type d_data_type;
+    Toolkit::ValueType d_data_type;
     /// Invalid when a new property starts without a value.
     QVariant d_default_value;
     /// Whether the user may remove the property again.

@@ -1,0 +1,256 @@
+#include "FaultyFileSystem.h"
+#include "ToolFixture.h"
+
+#include <QFile>
+#include <QtTest>
+
+#include <memory>
+#include <thread>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+const QStringList All{"top.bin", "top.fcf", "top.fcf.sha256", "top.txt"};
+
+} // namespace
+
+/// How the outputs of a run get to their places, on file systems of several kinds.
+class OutputTransactionTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { faults = Faults(); }
+    void leavesNothingButTheOutputs_data() { addFileSystems(); }
+    void leavesNothingButTheOutputs();
+    void changesNothingUntilAllIsComplete_data() { addFileSystems(); }
+    void changesNothingUntilAllIsComplete();
+    void removesNewFilesWhenTheRestFails_data() { addFileSystems(); }
+    void removesNewFilesWhenTheRestFails();
+    void keepsTheOldImageWhenTheNewOneFails_data() { addFileSystems(); }
+    void keepsTheOldImageWhenTheNewOneFails();
+    void refusesAnOutputThatAppearsMeanwhile_data() { addFileSystems(); }
+    void refusesAnOutputThatAppearsMeanwhile();
+    void keepsTheModeOfWhatItReplaces_data() { addFileSystems(); }
+    void keepsTheModeOfWhatItReplaces();
+    void hidesWhatItReplacesFromTheStart();
+    void takesTheLongestNameThereIs();
+    void reportsAFolderThatIsNotSynced();
+    void replacesWhereNothingCanBeLocked();
+    void waitsForAnotherRunThatPlacesItsOutputs();
+    void clearsWhatAKilledRunLeft();
+
+private:
+    static void addFileSystems();
+    /// As the row says.
+    static void breakFileSystem();
+    Run create(const Arguments& more = {}) { return m_tool->run(m_tool->createAll(more)); }
+    /// Makes all outputs, and then another binary.
+    void makeOld();
+    void verifyOld(const QStringList& names) const;
+
+    std::unique_ptr<ToolFixture> m_tool;
+    QMap<QString, QByteArray> m_old;
+};
+
+void OutputTransactionTest::init()
+{
+    m_tool = std::make_unique<ToolFixture>();
+    m_tool->write("top.bin", ToolFixture::payload(4000));
+}
+
+void OutputTransactionTest::addFileSystems()
+{
+    QTest::addColumn<bool>("hasUnnamedFiles");
+    QTest::addColumn<bool>("hasFlaggedRename");
+    QTest::newRow("unnamed files") << true << true;
+    QTest::newRow("named files") << false << true;
+    QTest::newRow("named files, no flagged rename") << false << false;
+}
+
+void OutputTransactionTest::breakFileSystem()
+{
+    QFETCH(bool, hasUnnamedFiles);
+    QFETCH(bool, hasFlaggedRename);
+    faults.hasNoUnnamedFiles = !hasUnnamedFiles;
+    faults.hasNoFlaggedRename = !hasFlaggedRename;
+}
+
+void OutputTransactionTest::makeOld()
+{
+    QCOMPARE(create().code, 0);
+    for (const QString& name : All)
+        m_old[name] = m_tool->read(name);
+    m_tool->write("top.bin", ToolFixture::payload(5000));
+}
+
+void OutputTransactionTest::verifyOld(const QStringList& names) const
+{
+    for (const QString& name : names)
+        QVERIFY2(m_tool->read(name) == m_old[name], qPrintable(name));
+}
+
+void OutputTransactionTest::leavesNothingButTheOutputs()
+{
+    breakFileSystem();
+    QCOMPARE(create().code, 0);
+    QCOMPARE(m_tool->names(), All);
+    m_tool->write("top.bin", ToolFixture::payload(5000));
+    QCOMPARE(create().code, 4);
+    const Run replaced = create({"--force"});
+    QVERIFY2(replaced.code == 0, replaced.err);
+    QCOMPARE(m_tool->names(), All);
+    QCOMPARE(m_tool->verifyAll().code, 0);
+}
+
+void OutputTransactionTest::changesNothingUntilAllIsComplete()
+{
+    makeOld();
+    breakFileSystem();
+    int namings = 0;
+    faults.beforeNaming = [&](const QByteArray&) {
+        if (namings++ == 0)
+            verifyOld({"top.fcf", "top.fcf.sha256", "top.txt"});
+    };
+    QCOMPARE(create({"--force"}).code, 0);
+    QVERIFY(namings >= 3);
+}
+
+void OutputTransactionTest::removesNewFilesWhenTheRestFails()
+{
+    breakFileSystem();
+    faults.failsTo = [](const QByteArray& name) { return name == "top.fcf"; };
+    const Run run = create();
+    QCOMPARE(run.code, 3);
+    QVERIFY2(run.err.contains("top.fcf: --output: cannot be written: Input/output error"), run.err);
+    QCOMPARE(m_tool->names(), QStringList("top.bin"));
+}
+
+void OutputTransactionTest::keepsTheOldImageWhenTheNewOneFails()
+{
+    makeOld();
+    breakFileSystem();
+    faults.failsTo = [](const QByteArray& name) { return name == "top.fcf"; };
+    QCOMPARE(create({"--force"}).code, 3);
+    QCOMPARE(m_tool->names(), All);
+    verifyOld({"top.fcf"});
+    // What is beside it is reported, and made right by the same command.
+    QCOMPARE(m_tool->verifyAll().code, 1);
+    faults.failsTo = nullptr;
+    QCOMPARE(create({"--force"}).code, 0);
+    QCOMPARE(m_tool->verifyAll().code, 0);
+}
+
+void OutputTransactionTest::refusesAnOutputThatAppearsMeanwhile()
+{
+    breakFileSystem();
+    faults.beforeNaming = [&](const QByteArray& name) {
+        if (name == "top.fcf")
+            m_tool->write("top.fcf", "someone else's");
+    };
+    QCOMPARE(create().code, 4);
+    QCOMPARE(m_tool->names(), QStringList({"top.bin", "top.fcf"}));
+    QCOMPARE(m_tool->read("top.fcf"), QByteArray("someone else's"));
+}
+
+void OutputTransactionTest::keepsTheModeOfWhatItReplaces()
+{
+    makeOld();
+    breakFileSystem();
+    QCOMPARE(::chmod(m_tool->argument("top.fcf").c_str(), 0640), 0);
+    QCOMPARE(::chmod(m_tool->argument("top.txt").c_str(), 0666), 0);
+    QCOMPARE(create({"--force"}).code, 0);
+    struct stat status;
+    QCOMPARE(::stat(m_tool->argument("top.fcf").c_str(), &status), 0);
+    QCOMPARE(status.st_mode & 0777u, 0640u);
+    QCOMPARE(::stat(m_tool->argument("top.txt").c_str(), &status), 0);
+    QCOMPARE(status.st_mode & 0777u, 0666u);
+}
+
+void OutputTransactionTest::hidesWhatItReplacesFromTheStart()
+{
+    makeOld();
+    QCOMPARE(::chmod(m_tool->argument("top.fcf").c_str(), 0600), 0);
+    faults.hasNoUnnamedFiles = true;
+    faults.failsSync = true;
+    faults.signalledChange = 1;
+    // What a kill leaves here is the temporary file of the image.
+    QVERIFY(m_tool->runKilled(m_tool->createAll({"--force"})));
+    for (const QString& name : m_tool->names()) {
+        struct stat status;
+        if (!name.startsWith('.'))
+            continue;
+        QCOMPARE(::stat(m_tool->argument(name).c_str(), &status), 0);
+        QCOMPARE(status.st_mode & 0777u, 0600u);
+        return;
+    }
+    QFAIL("there is no temporary file");
+}
+
+void OutputTransactionTest::takesTheLongestNameThereIs()
+{
+    // Of two bytes each, and as long as a name can be.
+    const QString name = QString(125, QChar(0x416)) + 'x';
+    const Arguments create = Arguments{"create", m_tool->argument("top.bin"), "--output",
+                                       m_tool->argument(name + ".fcf")} +
+                             ToolFixture::described();
+    QCOMPARE(m_tool->run(create).code, 0);
+    QCOMPARE(m_tool->run(create + Arguments{"--force"}).code, 0);
+    QCOMPARE(m_tool->names(), QStringList({"top.bin", name + ".fcf", name + ".txt"}));
+}
+
+void OutputTransactionTest::reportsAFolderThatIsNotSynced()
+{
+    faults.failsFolderSync = true;
+    const Run run = create();
+    QCOMPARE(run.code, 3);
+    QVERIFY2(run.err.contains("top.fcf: --output: cannot be written: Input/output error"), run.err);
+}
+
+void OutputTransactionTest::replacesWhereNothingCanBeLocked()
+{
+    makeOld();
+    faults.hasNoLock = true;
+    QCOMPARE(create({"--force"}).code, 0);
+    QCOMPARE(m_tool->verifyAll().code, 0);
+}
+
+void OutputTransactionTest::waitsForAnotherRunThatPlacesItsOutputs()
+{
+    const int folder = ::open(m_tool->argument(".").c_str(), O_RDONLY | O_DIRECTORY);
+    QCOMPARE(::flock(folder, LOCK_EX), 0);
+    bool isReleased = false;
+    faults.beforeNaming = [&](const QByteArray&) { QVERIFY(isReleased); };
+    Run run;
+    std::thread other([&] { run = create(); });
+    // It has nothing to wait for but the lock once it opened the folder itself.
+    const auto opened = [&] {
+        int count = 0;
+        for (const QString& link :
+             QDir("/proc/self/fd").entryList(QDir::System | QDir::Files | QDir::Dirs))
+            count += QFile::symLinkTarget("/proc/self/fd/" + link).startsWith(m_tool->path(""));
+        return count;
+    };
+    QTRY_VERIFY(opened() >= 4);
+    isReleased = true;
+    ::close(folder);
+    other.join();
+    QCOMPARE(run.code, 0);
+}
+
+void OutputTransactionTest::clearsWhatAKilledRunLeft()
+{
+    makeOld();
+    // It was killed between the two steps that replace a file.
+    m_tool->write(".pelk-fcf-new", "left");
+    QCOMPARE(create({"--force"}).code, 0);
+    QCOMPARE(m_tool->names(), All);
+    QCOMPARE(m_tool->verifyAll().code, 0);
+}
+
+QTEST_GUILESS_MAIN(OutputTransactionTest)
+#include "OutputTransactionTest.moc"

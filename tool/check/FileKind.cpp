@@ -1,0 +1,47 @@
+#include "tool/check/FileKind.h"
+
+#include "fcf/FcfLayout.h"
+#include "tool/check/PayloadKind.h"
+#include "tool/files/Digest.h"
+#include "tool/files/InputOpener.h"
+
+namespace {
+
+/// A companion has one header page, whose filler may go a few bytes beyond its nominal size.
+constexpr qint64 LargestCompanion = 2 * FcfLayout::PageBytes;
+
+} // namespace
+
+QString FileKind::nameOf(Kind kind)
+{
+    switch (kind) {
+    case Kind::Image:
+        return "image";
+    case Kind::Companion:
+        return "companion";
+    case Kind::Digest:
+        return "digest";
+    }
+    Q_UNREACHABLE();
+}
+
+Result<bool> FileKind::isOfKind(const QString& path, Kind kind)
+{
+    const auto file = InputOpener(nullptr, nullptr).open(path, Digest::MaximumBytes, QString());
+    if (!file)
+        return tl::unexpected<Finding>(file.error());
+
+    const auto start = file->bytesAt(0, qMin<qint64>(file->size(), Digest::MaximumBytes));
+    if (!start)
+        return tl::unexpected<Finding>(start.error());
+
+    switch (kind) {
+    case Kind::Image:
+        return PayloadKind::isImage(*start);
+    case Kind::Companion:
+        return PayloadKind::isImage(*start) && file->size() <= LargestCompanion;
+    case Kind::Digest:
+        return start->size() == file->size() && Digest::isDigest(*start);
+    }
+    Q_UNREACHABLE();
+}

@@ -1,0 +1,40 @@
+#include "tool/files/Filler.h"
+
+#include "tool/files/Copy.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int ChunkBytes = 1024 * 1024;
+constexpr char FillerByte = '\xff';
+
+} // namespace
+
+Status Filler::write(QIODevice* output, qint64 bytes, const QString& label,
+                     const CopyObserver& observe)
+{
+    const QByteArray chunk(static_cast<int>(qMin<qint64>(bytes, ChunkBytes)), FillerByte);
+    for (qint64 left = bytes; left > 0; left -= chunk.size()) {
+        const QByteArray part = chunk.left(static_cast<int>(qMin<qint64>(left, chunk.size())));
+        if (Status status = writeOutput(output, part, label); !status)
+            return status;
+
+        observe(part.constData(), part.size());
+    }
+    return {};
+}
+
+Result<bool> Filler::isIn(const Region& region)
+{
+    const auto isFillerByte = [](char byte) { return byte == FillerByte; };
+
+    bool isFiller = true;
+    const Status read = readAll(region, [&](const char* data, qint64 count) {
+        isFiller = isFiller && std::all_of(data, data + count, isFillerByte);
+    });
+    if (!read)
+        return tl::unexpected<Finding>(read.error());
+
+    return isFiller;
+}

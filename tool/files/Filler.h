@@ -1,0 +1,19 @@
+#ifndef TOOL_FILES_FILLER_H
+#define TOOL_FILES_FILLER_H
+
+#include "tool/files/Region.h"
+
+class QIODevice;
+
+/// The bytes of 0xFF behind an image that fill flash.
+namespace Filler {
+
+/// Writes \p bytes of them to \p output, each part for \p observe. Messages call it \p label.
+Status write(QIODevice* output, qint64 bytes, const QString& label, const CopyObserver& observe);
+
+/// Whether there is nothing else in \p region.
+Result<bool> isIn(const Region& region);
+
+} // namespace Filler
+
+#endif
