@@ -17,7 +17,7 @@ private slots:
     void takesTheLocalesDateUnlessToldOtherwise();
     void stampsWithSourceDateEpochInUtc();
     void prefersAGivenDateAndTime();
-    void takesTheSlotUnderEitherName();
+    void takesTheSlotUnderAHiddenNameToo();
     void givesEqualBytesTwice();
     void takesADescriptionFromAFile();
     void takesAnAtSignAtTheStartOfADescription();
@@ -96,13 +96,21 @@ void CreateTest::prefersAGivenDateAndTime()
     }
 }
 
-void CreateTest::takesTheSlotUnderEitherName()
+void CreateTest::takesTheSlotUnderAHiddenNameToo()
 {
     ToolFixture tool;
     create(&tool);
     const Run run = tool.run({"create", tool.argument("top.bin"), "--like",
                               tool.argument("top.fcf"), "--slot", "7", "--force", "--json"});
     QCOMPARE(run.json()["header"].toObject()["configNumber"].toInt(), 7);
+
+    const QByteArray help = tool.run({"create", "--help"}).out;
+    QVERIFY(help.contains("--config"));
+    QVERIFY2(!help.contains("--slot"), help);
+    const Run both = create(&tool, {"--slot", "7", "--force"});
+    QCOMPARE(both.code, 2);
+    QVERIFY2(both.err.contains("error: --slot is another name of --config: give one of them\n"),
+             both.err);
 }
 
 void CreateTest::givesEqualBytesTwice()

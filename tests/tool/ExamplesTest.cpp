@@ -195,7 +195,6 @@ void ExamplesTest::resultsFollowTheirSchema()
         {"recipe", image},
         {"diff", image, other},
         {"diff", image, image},
-        {"digest", image},
         {"nonsense"},
     };
     QStringList names;
@@ -213,12 +212,13 @@ void ExamplesTest::recipesFollowTheirSchema()
 {
     m_tool->write("document.json", example("json").toUtf8());
     m_tool->write("file.json", "{\"$schema\": \"x\", \"recipe\": 2, \"descriptionFile\": \"a\"}");
-    m_tool->write("old.json", "{\"recipe\": 1, \"version\": {\"major\": 1, \"minor\": 2}}");
-    const Run run =
-        checkSchema("recipe.schema.json", {"top.json", "document.json", "file.json", "old.json"});
+    const Run run = checkSchema("recipe.schema.json", {"top.json", "document.json", "file.json"});
     QVERIFY2(run.code == 0, run.out + run.err);
-    m_tool->write("wrong", "{\"recipe\": 2, \"autor\": \"Ann\"}");
-    QVERIFY(checkSchema("recipe.schema.json", {"wrong"}).code != 0);
+    for (const char* const wrong : {"{\"recipe\": 2, \"autor\": \"Ann\"}", "{\"recipe\": 1}",
+                                    "{\"recipe\": 2, \"version\": {\"major\": 1, \"minor\": 2}}"}) {
+        m_tool->write("wrong", wrong);
+        QVERIFY2(checkSchema("recipe.schema.json", {"wrong"}).code != 0, wrong);
+    }
 }
 
 QTEST_GUILESS_MAIN(ExamplesTest)

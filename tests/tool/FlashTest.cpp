@@ -374,6 +374,9 @@ void FlashTest::leavesUnchangedFilesUntouched()
     const Run run = create(&tool, "top.bin", {"--if-changed", "--digest"});
     QCOMPARE(run.code, 0);
     QVERIFY2(run.out.contains("top.fcf: unchanged\n"), run.out);
+    const Run quiet = create(&tool, "top.bin", {"--if-changed", "--digest", "--quiet"});
+    QCOMPARE(quiet.code, 0);
+    QCOMPARE(quiet.out + quiet.err, QByteArray());
     QCOMPARE(stamps(), before);
     const QJsonObject json =
         create(&tool, "top.bin", {"--if-changed", "--digest", "--json"}).json();

@@ -54,9 +54,6 @@ void InspectTest::listsAHeaderForPeople()
                                 "  binFileSize    4000 bytes (3.91 KiB)\n"
                                 "  moduleCode     1\n"
                                 "  deviceCode     1\n"
-                                "  configNumber   1\n"
-                                "  versionMajor   1\n"
-                                "  versionMinor   0\n"
                                 "  fileName       top.fcf\n"
                                 "  ciNumber       42\n"
                                 "  author         Ann\n"
@@ -137,7 +134,7 @@ void InspectTest::listsAnUnknownTarget()
     tool.write("top.fcf", image.bytes());
     const Run run = tool.run({"show", tool.argument("top.fcf")});
     QCOMPARE(run.code, 0);
-    QVERIFY(run.out.contains("  target         unknown\n"));
+    QVERIFY(run.out.contains("  target         unknown, flash slot 1\n"));
 }
 
 void InspectTest::showsAByteThatIsNoTextAsAnEscape()

@@ -181,7 +181,7 @@ void OutputRefusalTest::refusesAnyOtherFileItReadsAsOutput()
     QFETCH(QString, before);
     QFETCH(QString, input);
     ToolFixture tool;
-    const QByteArray bytes = option == "--like" ? "{ \"recipe\": 1 }" : "what the build is";
+    const QByteArray bytes = option == "--like" ? "{ \"recipe\": 2 }" : "what the build is";
     tool.write("top.bin", ToolFixture::payload(100));
     const bool linked = input.startsWith("link");
     tool.write(linked ? "n.txt" : input, bytes);

@@ -180,7 +180,7 @@ void RefusalTest::refusesALocaleThatHasNoSuchLetter()
     ToolFixture tool;
     tool.environment.codec = QTextCodec::codecForName("ISO-8859-1");
     tool.write("top.bin", ToolFixture::payload(100));
-    tool.write("like.json", "{\"recipe\": 1, \"description\": \"\\u0416\"}");
+    tool.write("like.json", "{\"recipe\": 2, \"description\": \"\\u0416\"}");
     Arguments described = ToolFixture::described();
     described.resize(described.size() - 2);
     const Run run = tool.run(
@@ -246,41 +246,42 @@ void RefusalTest::refusesAnotherBuild_data()
     recipe("no JSON", "{", "like.json: is not JSON: ");
     recipe("no object", "[]", "recipe: is missing: this is not a recipe");
     recipe("another object", "{\"author\": \"Ann\"}", "recipe: is missing: this is not a recipe");
-    recipe("a later recipe", "{\"recipe\": 3}", "recipe: is 3, but only 1 to 2 are known");
-    recipe("an unknown name", "{\"recipe\": 1, \"autor\": \"\"}",
+    recipe("a later recipe", "{\"recipe\": 3}", "recipe: is 3, but only 2 is known");
+    recipe("an earlier recipe", "{\"recipe\": 1}", "recipe: is 1, but only 2 is known");
+    recipe("an unknown name", "{\"recipe\": 2, \"autor\": \"\"}",
            "autor: is not known in a recipe");
-    recipe("a number for a text", "{\"recipe\": 1, \"author\": 5}", "author: is not a text");
-    recipe("a text for a number", "{\"recipe\": 1, \"configNumber\": \"5\"}",
+    recipe("a number for a text", "{\"recipe\": 2, \"author\": 5}", "author: is not a text");
+    recipe("a text for a number", "{\"recipe\": 2, \"configNumber\": \"5\"}",
            "configNumber: is not a whole number of 32 bits");
-    recipe("a fraction", "{\"recipe\": 1, \"configNumber\": 1.5}", "configNumber: is not a whole");
-    recipe("a large number", "{\"recipe\": 1, \"configNumber\": 4294967297}",
+    recipe("a fraction", "{\"recipe\": 2, \"configNumber\": 1.5}", "configNumber: is not a whole");
+    recipe("a large number", "{\"recipe\": 2, \"configNumber\": 4294967297}",
            "configNumber: is not a whole number");
-    recipe("half a version", "{\"recipe\": 1, \"version\": {\"major\": 1}}",
-           "version.minor: is missing");
+    recipe("a version that is an object",
+           "{\"recipe\": 2, \"version\": {\"major\": 1, \"minor\": 0}}",
+           "version: is not a text like \"1.12\"");
     recipe("a version of another kind", "{\"recipe\": 2, \"version\": \"1.\"}",
            "version: is not two numbers like \"1.12\"");
     recipe("a version that is a number", "{\"recipe\": 2, \"version\": 1.12}",
            "version: is a number, not a text like \"1.12\"");
     recipe("a version that is no text", "{\"recipe\": 2, \"version\": true}",
            "version: is not a text like \"1.12\"");
-    recipe("a negative version", "{\"recipe\": 1, \"version\": {\"major\": -1, \"minor\": 0}}",
+    recipe("a negative version", "{\"recipe\": 2, \"version\": \"-1.0\"}",
            "version: -1.0 has a negative number");
-    recipe("a name given twice", "{\"recipe\": 1, \"description\": \"a\", \"description\": \"b\"}",
+    recipe("a name given twice", "{\"recipe\": 2, \"description\": \"a\", \"description\": \"b\"}",
            "description: is given twice");
     recipe("a name given twice with an escape",
-           "{\"recipe\": 1, \"version\": {\"major\": 1, \"m\\u0061jor\": 2, \"minor\": 0}}",
-           "major: is given twice");
-    recipe("a function that is no object", "{\"recipe\": 1, \"functions\": [\"x\"]}",
+           "{\"recipe\": 2, \"author\": \"a\", \"\\u0061uthor\": \"b\"}", "author: is given twice");
+    recipe("a function that is no object", "{\"recipe\": 2, \"functions\": [\"x\"]}",
            "functions[0]: is not an object");
-    recipe("functions that are no list", "{\"recipe\": 1, \"functions\": {}}",
+    recipe("functions that are no list", "{\"recipe\": 2, \"functions\": {}}",
            "functions: is not a list");
-    recipe("half a function", "{\"recipe\": 1, \"functions\": [{\"name\": \"\"}]}",
+    recipe("half a function", "{\"recipe\": 2, \"functions\": [{\"name\": \"\"}]}",
            "functions[0].author: is missing");
     recipe("a function of other names",
-           "{\"recipe\": 1, \"functions\": [{\"name\": \"\", \"author\": \"\", \"ciNumber\": \"\", "
+           "{\"recipe\": 2, \"functions\": [{\"name\": \"\", \"author\": \"\", \"ciNumber\": \"\", "
            "\"description\": \"\", \"x\": 1}]}",
            "functions[0].x: is not known in a recipe");
-    recipe("half a letter", "{\"recipe\": 1, \"author\": \"\\ud800\"}",
+    recipe("half a letter", "{\"recipe\": 2, \"author\": \"\\ud800\"}",
            "author: cannot be encoded in this locale's UTF-8");
     recipe("a large recipe", QByteArray(1024 * 1024 + 1, ' '), "has more than 1048576 bytes");
 }

@@ -81,14 +81,6 @@ void FcfFileChecker::checkEnd(const HeaderPage& page) const
         invalid("page", page.bytes, "a companion ends with its header page",
                 QStringLiteral("%1 bytes").arg(page.bytes),
                 QStringLiteral("%1 bytes").arg(m_file->size()));
-
-    const bool hasFillerBeyond =
-        page.bytes > FcfLayout::PageBytes && page.reading.textEnd <= FcfLayout::PageBytes;
-    if (hasFillerBeyond)
-        note("page", FcfLayout::PageBytes,
-             QStringLiteral("the header page has %1 bytes, as most: its filler goes beyond %2")
-                 .arg(page.bytes)
-                 .arg(FcfLayout::PageBytes));
 }
 
 void FcfFileChecker::checkSizes(const FcfHeader& header, qint64 bytes) const

@@ -61,6 +61,20 @@ void Arguments::addRequired(CLI::App* app, const char* name, std::optional<std::
     app->get_options().back()->required()->description(help + Required);
 }
 
+void Arguments::addAlias(CLI::App* app, const char* name, const char* other,
+                         std::optional<std::string>* value)
+{
+    const auto take = [value, name, other](const CLI::results_t& results) {
+        if (*value)
+            throw CLI::ParseError(std::string(name) + " is another name of " + other +
+                                      ": give one of them",
+                                  CLI::ExitCodes::ExcludesError);
+        *value = unescaped(results.back());
+        return true;
+    };
+    app->add_option(name, take)->type_name("")->group("");
+}
+
 void Arguments::addRepeatedOption(CLI::App* app, const char* name, int count,
                                   std::vector<std::string>* values, const char* type,
                                   const char* help)

@@ -27,6 +27,10 @@ void addOption(CLI::App* app, const char* name, std::optional<std::string>* valu
 void addRequired(CLI::App* app, const char* name, std::optional<std::string>* value,
                  const char* type, const char* help);
 
+/// Adds another name of the option \p other, which no help shows.
+void addAlias(CLI::App* app, const char* name, const char* other,
+              std::optional<std::string>* value);
+
 /// Adds an option that takes \p count arguments each time it is given.
 void addRepeatedOption(CLI::App* app, const char* name, int count, std::vector<std::string>* values,
                        const char* type, const char* help);

@@ -256,7 +256,8 @@ std::optional<QByteArray> CreateCommand::digestIfUnchanged(Plan* plan, QTextCode
 void CreateCommand::report(const Plan& plan, const QByteArray& digest, bool isWritten, Task* task)
 {
     const auto addFile = [&](const char* name, const QString& path) {
-        task->report.print(isWritten ? path : QStringLiteral("%1: unchanged").arg(path));
+        if (isWritten || !task->report.quiet)
+            task->report.print(isWritten ? path : QStringLiteral("%1: unchanged").arg(path));
         task->report.result[QLatin1String(name)] = path;
     };
 

@@ -13,9 +13,9 @@
 namespace {
 
 constexpr char LikeOption[] = "--like";
-/// A slot is called so as well.
-const std::string SlotOption = "--config";
-constexpr char SlotNames[] = "--config,--slot";
+constexpr char ConfigOption[] = "--config";
+/// Earlier scripts call it so.
+constexpr char SlotOption[] = "--slot";
 /// In bytes. It is many times what a page has room for, so that a message can say by how much a
 /// text is too long.
 constexpr int LargestDescriptionFile = 256 * 1024;
@@ -177,11 +177,12 @@ void RecipeOptions::declare(CLI::App* app)
             Arguments::addRepeatedOption(app, field.option, FcfLayout::FunctionTextCount,
                                          &m_functions, field.type, field.help);
         else
-            Arguments::addOption(app, field.option == SlotOption ? SlotNames : field.option,
-                                 &m_given[field.name], field.type, field.help);
+            Arguments::addOption(app, field.option, &m_given[field.name], field.type, field.help);
 
         if (field.isRequired)
             Arguments::setGroup(app, field.option, "Required, unless --like gives it");
+        if (field.option == std::string(ConfigOption))
+            Arguments::addAlias(app, SlotOption, ConfigOption, &m_given[field.name]);
     });
 
     std::string footer = "Modules and their devices:\n";

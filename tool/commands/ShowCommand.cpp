@@ -41,13 +41,13 @@ QString shownNumber(qint32 value, QString unit)
 
 QString shownTarget(const FcfHeader& header)
 {
+    const QString slot = QStringLiteral("flash slot %1").arg(header.configNumber);
     const auto* const target = FcfTarget::find(header.moduleCode, header.deviceCode);
     if (!target)
-        return "unknown";
+        return "unknown, " + slot;
 
-    return QStringLiteral("%1, %2, flash slot %3")
-        .arg(QLatin1String(target->module), QLatin1String(target->device))
-        .arg(header.configNumber);
+    return QStringLiteral("%1, %2, %3")
+        .arg(QLatin1String(target->module), QLatin1String(target->device), slot);
 }
 
 /// A number of the header; codes have no unit.
@@ -59,6 +59,13 @@ QString shownField(const FcfLayout::NumberField& field, const FcfHeader& header)
     return isCounted ? shownNumber(value, unit) : QString::number(value);
 }
 
+/// Whether the lines of target and version have the number already.
+bool isListedBefore(const FcfLayout::NumberField& field)
+{
+    return field.value == &FcfHeader::configNumber || field.value == &FcfHeader::versionMajor ||
+           field.value == &FcfHeader::versionMinor;
+}
+
 void list(const QString& label, const HeaderPage& page, Report* report)
 {
     const FcfHeader& header = page.reading.header;
@@ -68,8 +75,10 @@ void list(const QString& label, const HeaderPage& page, Report* report)
     print(indent, "target", shownTarget(header), report);
     print(indent, "version", Version{header.versionMajor, header.versionMinor}.text(), report);
 
-    for (const auto& field : FcfLayout::Numbers)
-        print(indent, field.name, shownField(field, header), report);
+    for (const auto& field : FcfLayout::Numbers) {
+        if (!isListedBefore(field))
+            print(indent, field.name, shownField(field, header), report);
+    }
     for (const auto& field : FcfLayout::HeaderTexts)
         print(indent, field.name, header.*field.value, report);
 

@@ -77,10 +77,10 @@ void checkRecipeVersion(const QJsonValue& value, RecipeReader* reader)
 
     std::optional<qint32> version;
     reader->read(value, RecipeKey, &version);
-    if (version && (*version < 1 || *version > RecipeVersion))
+    if (version && *version != RecipeVersion)
         reader->refuse(
             RecipeKey,
-            QStringLiteral("is %1, but only 1 to %2 are known").arg(*version).arg(RecipeVersion));
+            QStringLiteral("is %1, but only %2 is known").arg(*version).arg(RecipeVersion));
 }
 
 /// Reads all of \p object behind its version.

@@ -45,11 +45,6 @@ void RecipeReader::read(const QJsonValue& value, const QString& name, std::optio
 void RecipeReader::read(const QJsonValue& value, const QString& name,
                         std::optional<Version>* version)
 {
-    if (value.isObject()) {
-        readNumbers(value.toObject(), name + QLatin1Char('.'), version);
-        return;
-    }
-
     // A number would lose the zero of "1.10".
     if (value.isDouble()) {
         refuse(name, "is a number, not a text like \"1.12\"");
@@ -63,19 +58,6 @@ void RecipeReader::read(const QJsonValue& value, const QString& name,
     *version = Version::of(value.toString());
     if (!*version)
         refuse(name, "is not two numbers like \"1.12\"");
-}
-
-/// Reads a version as recipes of version 1 have it.
-void RecipeReader::readNumbers(QJsonObject object, const QString& place,
-                               std::optional<Version>* version)
-{
-    std::optional<qint32> major;
-    std::optional<qint32> minor;
-    readRequired(&object, place, "major", &major);
-    readRequired(&object, place, "minor", &minor);
-    refuseUnknown(object, place);
-
-    *version = Version{major.value_or(0), minor.value_or(0)};
 }
 
 void RecipeReader::read(const QJsonValue& value, const QString& name,

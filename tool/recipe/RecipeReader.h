@@ -30,7 +30,6 @@ public:
     void refuseUnknown(const QJsonObject& object, const QString& place);
 
 private:
-    void readNumbers(QJsonObject object, const QString& place, std::optional<Version>* version);
     FcfFunction readFunction(QJsonObject object, const QString& place);
 
     template <class Value>
