@@ -419,14 +419,6 @@
         <translation>Ordner, fehlt</translation>
     </message>
     <message>
-        <source>%1 has changed since</source>
-        <translation>%1 hat sich seither geändert</translation>
-    </message>
-    <message>
-        <source>made for version %1, the design is at %2</source>
-        <translation>für Version %1 erzeugt, das Design ist bei %2</translation>
-    </message>
-    <message>
         <source>Generated</source>
         <translation>Erzeugt</translation>
     </message>
@@ -573,6 +565,24 @@ Soll sie ersetzt werden?</translation>
     <message>
         <source>It is not a file.</source>
         <translation>Es ist keine Datei.</translation>
+    </message>
+</context>
+<context>
+    <name>FileState</name>
+    <message>
+        <source>%1 has changed since</source>
+        <translation>%1 hat sich seither geändert</translation>
+    </message>
+    <message>
+        <source>made for version %1, the design is at %2</source>
+        <translation>für Version %1 erzeugt, das Design ist bei %2</translation>
+    </message>
+</context>
+<context>
+    <name>GeneratedFiles</name>
+    <message>
+        <source>Cannot add %1</source>
+        <translation>Kann nicht hinzufügen: %1</translation>
     </message>
 </context>
 <context>
@@ -730,6 +740,13 @@ Qt %2</translation>
     <message>
         <source>Finding: %1</source>
         <translation>Befund: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ImageTarget</name>
+    <message>
+        <source>%1, %2, slot %3</source>
+        <translation>%1, %2, Slot %3</translation>
     </message>
 </context>
 <context>
@@ -1097,6 +1114,108 @@ Qt %2</translation>
     </message>
 </context>
 <context>
+    <name>RemakeCommands</name>
+    <message>
+        <source>Make Image A&amp;gain</source>
+        <translation>Image &amp;erneut erzeugen</translation>
+    </message>
+    <message>
+        <source>Make All &amp;Outdated Again...</source>
+        <translation>Alle &amp;veralteten erneut erzeugen...</translation>
+    </message>
+    <message>
+        <source>Makes the image of the selected file again, with the texts and functions that it has, for the version of the design</source>
+        <translation>Erzeugt das Image der gewählten Datei erneut, mit seinen Texten und Funktionen, für die Version des Designs</translation>
+    </message>
+    <message>
+        <source>No image of &quot;%1&quot; is outdated.</source>
+        <translation>Kein Image von „%1“ ist veraltet.</translation>
+    </message>
+    <message>
+        <source>%1 was not made again.
+
+%2</source>
+        <translation>%1 wurde nicht erneut erzeugt.
+
+%2</translation>
+    </message>
+    <message>
+        <source>%1 was made again for version %2 and %3.</source>
+        <translation>%1 wurde erneut erzeugt für Version %2 und %3.</translation>
+    </message>
+    <message>
+        <source>Make %1 Again</source>
+        <translation>%1 erneut erzeugen</translation>
+    </message>
+    <message>
+        <source>Make %1 Images Again</source>
+        <translation>%1 Images erneut erzeugen</translation>
+    </message>
+</context>
+<context>
+    <name>RemakeDialog</name>
+    <message>
+        <source>Make All Outdated Again</source>
+        <translation>Alle veralteten erneut erzeugen</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>Images</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Image</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>Grund</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>%v of %m</source>
+        <translation>%v von %m</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Report</source>
+        <translation>Bericht &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Make Again</source>
+        <translation>&amp;Erneut erzeugen</translation>
+    </message>
+    <message>
+        <source>1 image is to be made again.</source>
+        <translation>1 Image ist erneut zu erzeugen.</translation>
+    </message>
+    <message>
+        <source>%1 images are to be made again.</source>
+        <translation>%1 Images sind erneut zu erzeugen.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 images made again, %3 failed.</source>
+        <translation>%1 von %2 Images erneut erzeugt, %3 fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>%1 (1 warning)</source>
+        <translation>%1 (1 Warnung)</translation>
+    </message>
+    <message>
+        <source>%1 (%2 warnings)</source>
+        <translation>%1 (%2 Warnungen)</translation>
+    </message>
+    <message>
+        <source>Made for %1</source>
+        <translation>Erzeugt für %1</translation>
+    </message>
+    <message>
+        <source>Not made: cancelled</source>
+        <translation>Nicht erzeugt: abgebrochen</translation>
+    </message>
+</context>
+<context>
     <name>StartPage</name>
     <message>
         <source>&lt;h3&gt;No design is open&lt;/h3&gt;&lt;p&gt;Open one or make a new one, or drop a design&apos;s folder, or files for a new design, here.&lt;/p&gt;</source>
@@ -1117,6 +1236,29 @@ Qt %2</translation>
     <message>
         <source>from its folder or description</source>
         <translation>aus seinem Ordner oder seiner Beschreibung</translation>
+    </message>
+</context>
+<context>
+    <name>TargetDialog</name>
+    <message>
+        <source>Target</source>
+        <translation>Ziel</translation>
+    </message>
+    <message>
+        <source>&amp;Module:</source>
+        <translation>&amp;Modul:</translation>
+    </message>
+    <message>
+        <source>&amp;Device:</source>
+        <translation>&amp;Baustein:</translation>
+    </message>
+    <message>
+        <source>&amp;Slot:</source>
+        <translation>&amp;Slot:</translation>
+    </message>
+    <message>
+        <source>For which target is %1? Neither the properties of the design nor the codes in the image say so.</source>
+        <translation>Für welches Ziel ist %1? Weder die Eigenschaften des Designs noch die Codes im Image geben es an.</translation>
     </message>
 </context>
 <context>

@@ -6,6 +6,7 @@
 #include "host/app/DesignSession.h"
 #include "host/app/DesignStorage.h"
 #include "host/app/DesignView.h"
+#include "host/app/image/RemakeCommands.h"
 #include "host/app/ItemCommands.h"
 
 #include <OrvanticCore/Design.h>
@@ -44,7 +45,7 @@ protected:
 } // namespace
 
 DesignCommands::DesignCommands(DesignSession* session, DesignView* view, ItemCommands* items,
-                               QToolBar* toolBar, QWidget* window)
+                               const RemakeCommands& remakes, QToolBar* toolBar, QWidget* window)
     : QObject(window), m_session(session), m_view(view), m_items(items), m_window(window),
       m_history(new QUndoGroup(this))
 {
@@ -56,12 +57,16 @@ DesignCommands::DesignCommands(DesignSession* session, DesignView* view, ItemCom
                            [this] { m_view->currentDesign()->setLocked(m_lock->isChecked()); });
     m_lock->setCheckable(true);
 
+    // On a small screen the words are for what is done more often.
+    for (QAction* action : {m_new, m_open, m_save})
+        action->setPriority(QAction::LowPriority);
     toolBar->addActions({m_new, m_open, m_save});
     toolBar->addSeparator();
     toolBar->addActions({m_items->addFiles(), m_archive});
     toolBar->addSeparator();
-    m_view->setDesignActions(
-        {m_items->addFiles(), m_archive, m_items->openFolder(), m_save, m_close});
+    toolBar->addAction(remakes.makeAgain());
+    m_view->setDesignActions({m_items->addFiles(), remakes.makeAllAgain(), m_archive,
+                              m_items->openFolder(), m_save, m_close});
 
     connect(view, &DesignView::currentItemChanged, this, &DesignCommands::refresh);
     // The view reports its current item while the last design is still in the model.

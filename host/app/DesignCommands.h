@@ -6,6 +6,7 @@
 class DesignSession;
 class DesignView;
 class ItemCommands;
+class RemakeCommands;
 class QAction;
 class QMenu;
 class QToolBar;
@@ -25,8 +26,8 @@ public:
     /// The commands are added to the menus "File", "Edit" and "Design", which must exist, and to
     /// \p toolBar. \p window is the parent of dialogs. Nothing is owned, and all of it must outlive
     /// the commands.
-    DesignCommands(DesignSession* session, DesignView* view, ItemCommands* items, QToolBar* toolBar,
-                   QWidget* window);
+    DesignCommands(DesignSession* session, DesignView* view, ItemCommands* items,
+                   const RemakeCommands& remakes, QToolBar* toolBar, QWidget* window);
 
 private:
     void addFileCommands();

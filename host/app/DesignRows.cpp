@@ -2,6 +2,7 @@
 
 #include "host/app/DesignStorage.h"
 #include "host/app/FileIcons.h"
+#include "host/app/image/FileState.h"
 #include "host/app/ViewExtensions.h"
 
 #include <OrvanticCore/Design.h>
@@ -23,7 +24,6 @@
 using OrvanticCore::Design;
 using OrvanticCore::DesignFile;
 using OrvanticCore::DesignFolder;
-using OrvanticCore::IDesign;
 using OrvanticCore::Interfaces::IDesignViewExtensions;
 using Qtilities::CoreGui::TreeNode;
 
@@ -65,34 +65,13 @@ void applyRoleData(QStandardItem* item, const Ask& ask)
     }
 }
 
-/// Why a generated file should be made again; empty for one that is up to date, missing, or not
-/// generated. Its source is the binary of the same name in the same folder.
-QStringList reasonsOutdated(const DesignFile& file)
-{
-    QStringList reasons;
-    const QFileInfo info(file.filePath());
-    if (!file.isGenerated() || !info.exists())
-        return reasons;
-
-    const QFileInfo source(info.dir().filePath(info.completeBaseName() + ".bin"));
-    if (source.exists() && source != info && source.lastModified() > info.lastModified())
-        reasons << Texts::tr("%1 has changed since").arg(source.fileName());
-
-    const IDesign* const design = file.design();
-    const QString made = file.versionAssociation();
-    if (design && !made.isEmpty() && made != design->versionString("."))
-        reasons << Texts::tr("made for version %1, the design is at %2")
-                       .arg(made, design->versionString("."));
-    return reasons;
-}
-
 /// The words of the column State: "Generated", "Outdated", "Missing".
 QStringList stateOf(const DesignFile& file)
 {
     QStringList words;
     if (file.isGenerated())
         words << Texts::tr("Generated");
-    if (!reasonsOutdated(file).isEmpty())
+    if (!FileState::reasonsOutdated(file).isEmpty())
         words << Texts::tr("Outdated");
     if (!file.exists())
         words << Texts::tr("Missing");
@@ -111,7 +90,7 @@ QString toolTipOf(const DesignFile& file)
                      .arg(QLocale().formattedDataSize(info.size()),
                           QLocale().toString(info.lastModified(), QLocale::ShortFormat));
 
-    const QStringList reasons = reasonsOutdated(file);
+    const QStringList reasons = FileState::reasonsOutdated(file);
     if (!reasons.isEmpty())
         lines << Texts::tr("<b>Outdated</b>: %1. Generate it again.")
                      .arg(reasons.join("; ").toHtmlEscaped());

@@ -356,3 +356,11 @@ void DesignSession::showError(const QString& name, const QString& text)
     box.setObjectName(name);
     box.exec();
 }
+
+void DesignSession::showMessage(const QString& name, const QString& text)
+{
+    PlainMessageBox box(QMessageBox::Information, tr("Pelk Design Host"), text, QMessageBox::Ok,
+                        QMessageBox::Ok, m_window);
+    box.setObjectName(name);
+    box.exec();
+}

@@ -67,6 +67,7 @@ public:
     static QStringList recentFolders();
 
     void showError(const QString& name, const QString& text);
+    void showMessage(const QString& name, const QString& text);
 
 signals:
     void opened(OrvanticCore::Design* design);

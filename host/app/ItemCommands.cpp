@@ -60,7 +60,11 @@ ItemCommands::ItemCommands(DesignSession* session, DesignModel* model, DesignVie
     connect(view, &QAbstractItemView::activated, this, &ItemCommands::activate);
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &ItemCommands::refresh);
-    view->setFileActions({m_inspect, m_openFolder, m_moveMenu->menuAction(), m_remove});
+}
+
+QList<QAction*> ItemCommands::ofFile() const
+{
+    return {m_inspect, m_openFolder, m_moveMenu->menuAction(), m_remove};
 }
 
 void ItemCommands::refresh()

@@ -24,6 +24,8 @@ public:
 
     QAction* addFiles() const { return m_add; }
     QAction* openFolder() const { return m_openFolder; }
+    /// The commands for the context menu of a file or a folder.
+    QList<QAction*> ofFile() const;
 
     /// Enables the commands that the current item has.
     void refresh();

@@ -7,6 +7,7 @@
 #include "host/app/DesignSession.h"
 #include "host/app/DesignView.h"
 #include "host/app/HelpMenu.h"
+#include "host/app/image/RemakeCommands.h"
 #include "host/app/ItemCommands.h"
 #include "host/app/ViewExtensions.h"
 #include "toolkit/QtDifferences.h"
@@ -135,7 +136,9 @@ void MainWindow::buildMenus()
     const int iconSize = style()->pixelMetric(QStyle::PM_SmallIconSize);
     m_ui->ToolBar->setIconSize(QSize(iconSize, iconSize));
     auto* const items = new ItemCommands(m_session, m_model, m_view, m_ui->ToolBar);
-    new DesignCommands(m_session, m_view, items, m_ui->ToolBar, this);
+    const auto* const remakes = new RemakeCommands(m_session, m_view);
+    m_view->setFileActions(QList<QAction*>{remakes->makeAgain()} + items->ofFile());
+    new DesignCommands(m_session, m_view, items, *remakes, m_ui->ToolBar, this);
     connect(items, &ItemCommands::inspectionWanted, this, &MainWindow::inspect);
     m_help = new HelpMenu(this);
 

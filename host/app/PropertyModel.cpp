@@ -2,6 +2,7 @@
 
 #include "fcf/FcfTarget.h"
 #include "host/app/DesignHistory.h"
+#include "host/app/image/ImageTarget.h"
 #include "toolkit/QtDifferences.h"
 
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
@@ -100,19 +101,19 @@ QStringList PropertyModel::choicesAt(const QModelIndex& index) const
         return QStringList();
 
     const QString property = nameAt(index);
-    const char moduleProperty[] = "ZORV Pelk Module";
     QStringList values;
-    if (property == moduleProperty)
+    if (property == ImageTarget::ModuleProperty)
         values = FcfTarget::modules();
 
-    if (property == "ZORV Pelk Device") {
-        values = FcfTarget::devicesOf(m_design->designProperty(moduleProperty).toString());
+    if (property == ImageTarget::DeviceProperty) {
+        values =
+            FcfTarget::devicesOf(m_design->designProperty(ImageTarget::ModuleProperty).toString());
         for (const QString& module : values.isEmpty() ? FcfTarget::modules() : QStringList())
             values << FcfTarget::devicesOf(module);
         values.removeDuplicates();
     }
 
-    if (property == "ZORV Pelk Config Number") {
+    if (property == ImageTarget::SlotProperty) {
         for (int number = FcfTarget::FirstSlot; number <= FcfTarget::LastSlot; ++number)
             values << QString::number(number);
     }

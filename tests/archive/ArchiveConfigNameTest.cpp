@@ -49,6 +49,7 @@ private slots:
     void takesTheFolderFromTheStructure_data();
     void takesTheFolderFromTheStructure();
     void asksTheDialogForTheFormat();
+    void asksForTheFormatOfTheFolderFirst();
     void staysSilentWithoutADialog();
     void staysSilentWithoutADesign();
     void forgetsADialogThatIsTakenBack();
@@ -287,6 +288,27 @@ void ArchiveConfigNameTest::asksTheDialogForTheFormat()
     host->sequence()->setValue(2);
     QCOMPARE(lastPath(), QString("/designs/radar") + QDir::separator() +
                              "tarballs/7010-GNRL-ELEC-FW-02-V-01_00.tar.gz");
+}
+
+void ArchiveConfigNameTest::asksForTheFormatOfTheFolderFirst()
+{
+    /// Answers otherwise each time.
+    class ChangingDialog : public NotingDialog {
+    public:
+        QString currentExtension() const override { return ++m_times % 2 == 1 ? "zip" : "tar"; }
+
+    private:
+        mutable int m_times = 0;
+    };
+
+    auto* const structure = new DesignStructure;
+    structure->addFileAssociation("*.zip", "Packages", "zips");
+    host->design().setStructure(structure);
+    ChangingDialog dialog;
+    dialog.archivedDesign = &host->design();
+    host->interface()->setArchiveDialogWidget(&dialog);
+    QCOMPARE(lastPath(), QString("/designs/radar") + QDir::separator() +
+                             "zips/7010-GNRL-ELEC-FW-01-V-01_00.tar");
 }
 
 void ArchiveConfigNameTest::staysSilentWithoutADialog()

@@ -65,6 +65,8 @@ private slots:
     void loadsIntoAWindowThatListsFunctionsOfItsOwn();
     void isBroughtToTheFront_data();
     void isBroughtToTheFront();
+    void keepsWhatWasTypedWhereNoCompanionIsLoaded_data();
+    void keepsWhatWasTypedWhereNoCompanionIsLoaded();
     void isFilledFromTheOpenDesignWhateverTheFilesOwn();
     void keepsItsDescriptionWhereTheDesignHasNone_data();
     void keepsItsDescriptionWhereTheDesignHasNone();
@@ -342,6 +344,48 @@ void ZORV_FileTypeExtensionsWindowTest::isBroughtToTheFront()
     action->trigger();
     QVERIFY(QTest::qWaitForWindowActive(window));
     QCOMPARE(raised.count(), 1);
+
+    window->showMinimized();
+    QVERIFY(window->isMinimized());
+    dialogs.click(QMessageBox::Ok);
+    action->trigger();
+    QVERIFY(!window->isMinimized());
+}
+
+void ZORV_FileTypeExtensionsWindowTest::keepsWhatWasTypedWhereNoCompanionIsLoaded_data()
+{
+    QTest::addColumn<bool>("isThere");
+    QTest::newRow("a file that is gone") << false;
+    QTest::newRow("a file that is no companion") << true;
+}
+
+void ZORV_FileTypeExtensionsWindowTest::keepsWhatWasTypedWhereNoCompanionIsLoaded()
+{
+    QFETCH(bool, isThere);
+    DesignFixture fixture;
+    fixture.actionFor(fixture.addFile("top.bin", QByteArray(4321, 'x')))->trigger();
+    PelkFcfGenerator* const window = fixture.window();
+    window->setAuthor("R. Vos");
+    window->setCINumber("4711");
+    window->setDescription("typed");
+    window->findChild<QLineEdit*>("EditFunctionName")->setText("own");
+    QTest::mouseClick(window->findChild<QPushButton*>("UploadFunctionButton"), Qt::LeftButton);
+
+    ModalAnswer dialogs;
+    if (isThere)
+        dialogs.click(QMessageBox::Ok);
+    QAction* const open = fixture.actionFor(fixture.addFile("top.txt", "something else"));
+    if (!isThere)
+        QVERIFY(QFile::remove(fixture.path("top.txt")));
+    open->trigger();
+    QCOMPARE(textOf("AuthoEditBox"), QString("R. Vos"));
+    QCOMPARE(textOf("CiNumEditBox"), QString("4711"));
+    QCOMPARE(description(), QString("typed"));
+    QCOMPARE(textOf("txtInputFile"), fixture.path("top.bin"));
+    const QString size = window->findChild<QLabel*>("BinFileSize")->text();
+    QVERIFY2(size.startsWith("4321") != isThere, qPrintable(size));
+    QCOMPARE(window->findChild<QComboBox*>("FunctionComboBox")->count(), isThere ? 0 : 1);
+    QCOMPARE(FunctionEntries::fault(window), QString());
 }
 
 void ZORV_FileTypeExtensionsWindowTest::isFilledFromTheOpenDesignWhateverTheFilesOwn()

@@ -301,6 +301,12 @@ void PluginTest::opensOneWindowAndBringsItBack()
     chooseGenerator();
     QVERIFY(QTest::qWaitForWindowActive(window));
     QCOMPARE(generatorWindows(), QList<QWidget*>{window});
+
+    window->showMinimized();
+    QVERIFY(window->isMinimized());
+    chooseGenerator();
+    QVERIFY(!window->isMinimized());
+    QVERIFY(QTest::qWaitForWindowActive(window));
 }
 
 void PluginTest::makesANewInstanceAfterTheFirstWasDeleted()

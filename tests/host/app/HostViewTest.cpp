@@ -96,6 +96,7 @@ void HostViewTest::asksEveryExtensionForItsMenus()
     QVERIFY(menu);
     QCOMPARE(host.entriesOf(menu), QStringList() << "Design Entry"
                                                  << "Add Files..."
+                                                 << "Make All Outdated Again..."
                                                  << "Archive Design..."
                                                  << "Open Folder"
                                                  << "Save Design"

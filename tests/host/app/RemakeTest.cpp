@@ -1,0 +1,518 @@
+#include "host/app/HostFixture.h"
+
+#include "fcf/FcfExactReader.h"
+#include "fcf/FcfWriter.h"
+#include "fcf/PelkFcfGeneratorFileInfo.h"
+#include "support/FullDisk.h"
+
+#include <OrvanticCore/Design.h>
+#include <OrvanticCore/DesignFile.h>
+#include <OrvanticCore/DesignManager.h>
+
+#include <QBuffer>
+#include <QClipboard>
+#include <QComboBox>
+#include <QCryptographicHash>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QPointer>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScopeGuard>
+#include <QSpinBox>
+#include <QStyleOptionSpinBox>
+#include <QToolBar>
+#include <QTreeWidget>
+#include <QtTest>
+
+using OrvanticCore::Design;
+using OrvanticCore::DesignManager;
+
+namespace {
+
+const char Description[] = R"({
+    "format": 1, "type": "Firmware Design",
+    "version": { "major": 1, "minor": 0, "changes": "Not the text of the image" },
+    "files": [ %1 ], "properties": [ %2 ],
+    "structure": { "nodes": [ { "name": "Bit-streams" }, { "name": "Other" } ],
+                   "associations": [ { "pattern": "*.bit", "node": "Bit-streams" } ],
+                   "unassignedNode": "Other" } })";
+
+const char Target[] = R"({ "name": "ZORV Pelk Module", "value": "GPM", "category": ["Pelk"] },
+    { "name": "ZORV Pelk Device", "value": "Processing_FPGA_2", "category": ["Pelk"] },
+    { "name": "ZORV Pelk Config Number", "value": 3, "category": ["Pelk"] })";
+
+/// A binary in which the sync word is where it should be.
+QByteArray binary(int bytes, char fill)
+{
+    return QByteArray(16, '\xff') + QByteArray::fromHex("aa995566") + QByteArray(bytes - 20, fill);
+}
+
+/// An image of version 1.0 for GPM, Processing_FPGA_2, slot 3, in which every text differs.
+FcfHeader headerOf(const QString& name)
+{
+    FcfHeader header;
+    header.moduleCode = 2;
+    header.deviceCode = 4;
+    header.configNumber = 3;
+    header.versionMajor = 1;
+    header.fileName = name;
+    header.author = "R. Vos";
+    header.ciNumber = "CI-77: second board";
+    header.description = "First line\nRev: B: final";
+    header.date = "7 Mar 1999";
+    header.time = "01:02:03";
+    for (const char* function : {"Doppler", "Pulse", "Beam", "Clutter"})
+        header.functions << FcfFunction{function, QString("Author of ") + function,
+                                        QString("F-") + function[0],
+                                        QString("What it does: ") + function};
+    return header;
+}
+
+QByteArray imageOf(FcfHeader header, const QByteArray& payload)
+{
+    header.setSizes(PelkFcfGeneratorFileInfo().measure(payload.size()));
+    const FcfWriter writer;
+    const QByteArray page = writer.compose(header);
+    return page + writer.fillerFor(page.size()) + payload;
+}
+
+void clickUp(QSpinBox* box)
+{
+    QStyleOptionSpinBox option;
+    option.initFrom(box);
+    option.subControls = QStyle::SC_All;
+    const QRect arrow =
+        box->style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxUp, box);
+    QTest::mouseClick(box, Qt::LeftButton, {}, arrow.center());
+}
+
+void closeIfOpen(QWidget* dialog)
+{
+    if (dialog->isVisible())
+        QTest::keyClick(dialog, Qt::Key_Escape);
+}
+
+void clickTool(const HostFixture& host, const char* id)
+{
+    auto* const bar = host.child<QToolBar>("ToolBar");
+    QWidget* const button = bar->widgetForAction(host.action(id));
+    QTRY_VERIFY(button && button->isVisible() && button->isEnabled());
+    QTest::mouseClick(button, Qt::LeftButton);
+}
+
+/// A host with one design "radar", which has some binaries and images of version 1.0.
+class RemakeHost : public HostFixture {
+public:
+    /// Makes a binary and its image, and lists both in the design.
+    void addImage(const QString& name, const FcfHeader& header, const QByteArray& payload)
+    {
+        const QByteArray image = imageOf(header, payload);
+        writeFile("radar/" + name + ".bin", payload);
+        writeFile("radar/" + name + ".fcf", image);
+        writeFile("radar/" + name + ".txt", image.left(image.size() - payload.size()));
+        m_files
+            << QString(R"({ "path": "%1.bin" })").arg(name)
+            << QString(R"({ "path": "%1.fcf", "generated": true, "version": "1.0" })").arg(name);
+    }
+
+    Design* open(const QString& properties = Target)
+    {
+        const QString text = QString(Description).arg(m_files.join(","), properties);
+        writeFile("radar/design.json", text.toUtf8());
+        window()->openDesign(path("radar"));
+        activate();
+        return dynamic_cast<Design*>(DesignManager::instance()->designs().last());
+    }
+
+    void select(const QString& name) const { view()->setCurrentIndex(item(name)); }
+
+    FcfHeader header(const QString& name) const
+    {
+        QByteArray bytes = bytesOf("radar/" + name);
+        QBuffer buffer(&bytes);
+        buffer.open(QIODevice::ReadOnly);
+        const FcfExactReading reading = FcfExactReader::read(&buffer);
+        return reading.outcome == FcfExactReading::Complete ? reading.header : FcfHeader();
+    }
+
+private:
+    QStringList m_files;
+};
+
+} // namespace
+
+/// Making images again, by mouse and keys in the real window.
+class RemakeTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void makesTheNextVersionInTwoClicks();
+    void isOfferedForFilesOfAnImage_data();
+    void isOfferedForFilesOfAnImage();
+    void isDisabledInALockedDesign();
+    void takesTheTargetOfTheDesign();
+    void takesTheTargetOfTheImageIfTheDesignHasNone();
+    void asksForATargetThatIsNotKnown();
+    void changesNothingWhenTheQuestionIsCancelled();
+    void replacesTheDigestToo();
+    void leavesAllFilesWhenTheImageIsDamaged();
+    void leavesAllFilesWhenTheDiskIsFull();
+    void worksWithTwoDesigns();
+    void canBeUndoneInTheDesign();
+    void makesAllOutdatedAgain();
+    void saysThatNothingIsOutdated();
+    void stopsBehindTheCurrentImage();
+};
+
+void RemakeTest::makesTheNextVersionInTwoClicks()
+{
+    RemakeHost host;
+    host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
+    Design* const design = host.open();
+    QFile::remove(host.path("radar/top.txt"));
+    const QByteArray payload = binary(141000, 'n');
+    host.writeFile("radar/top.bin", payload);
+    host.select("top.bin");
+
+    clickUp(host.child<QSpinBox>("VersionMinor"));
+    clickTool(host, "Design.MakeAgain");
+
+    const FcfHeader made = host.header("top.fcf");
+    FcfHeader expected = headerOf("top.fcf");
+    expected.versionMinor = 1;
+    expected.setSizes(PelkFcfGeneratorFileInfo().measure(payload.size()));
+    expected.date = made.date;
+    expected.time = made.time;
+    QCOMPARE(made, expected);
+    QVERIFY(made.binBlocks > 0 && made.totalSize == payload.size() + 2112);
+    QVERIFY(made.date != headerOf("").date && made.time != headerOf("").time);
+    QCOMPARE(host.bytesOf("radar/top.fcf"), imageOf(made, payload));
+    QCOMPARE(host.bytesOf("radar/top.txt") + payload, host.bytesOf("radar/top.fcf"));
+
+    QCOMPARE(host.row("top.fcf"), QStringList({"top.fcf", "Generated", "1.1"}));
+    QCOMPARE(host.row("top.txt"), QStringList({"top.txt", "Generated", "1.1"}));
+    QCOMPARE(host.item("top.fcf").parent(), host.item("Bit-streams"));
+    QCOMPARE(host.item("top.txt").parent(), host.item("Bit-streams"));
+    QCOMPARE(host.view()->currentIndex(), host.item("top.fcf"));
+    QCOMPARE(design->designProperty("ZORV Pelk Config Number"), QVariant(3));
+    QCOMPARE(host.log().last(),
+             QString("top.fcf was made again for version 1.1 and GPM, Processing_FPGA_2, slot 3."));
+    QVERIFY(host.dialogs().allGiven());
+}
+
+void RemakeTest::isOfferedForFilesOfAnImage_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<bool>("isOffered");
+    QTest::newRow("the binary") << "top.bin" << true;
+    QTest::newRow("the image") << "top.fcf" << true;
+    QTest::newRow("the companion") << "top.txt" << true;
+    QTest::newRow("a binary without an image") << "other.bin" << false;
+    QTest::newRow("an image without a binary") << "lonely.fcf" << false;
+    QTest::newRow("another file of that name") << "top.vhd" << false;
+}
+
+void RemakeTest::isOfferedForFilesOfAnImage()
+{
+    QFETCH(QString, file);
+    QFETCH(bool, isOffered);
+    RemakeHost host;
+    host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
+    host.addImage("lonely", headerOf("lonely.fcf"), binary(6000, 'b'));
+    Design* const design = host.open();
+    QFile::remove(host.path("radar/lonely.bin"));
+    for (const char* name : {"top.txt", "top.vhd", "other.bin"}) {
+        if (QString(name) != "top.txt")
+            host.writeFile(QString("radar/") + name, "x");
+        QVERIFY(design->addFile(host.path(QString("radar/") + name), nullptr));
+    }
+
+    QMenu* const menu = host.menuByMouse(file);
+    QVERIFY(menu);
+    QCOMPARE(host.entriesOf(menu).contains("Make Image Again"), isOffered);
+    if (isOffered) {
+        QVERIFY(host.choose(menu, "Make Image Again"));
+        QVERIFY(host.header("top.fcf").date != headerOf("").date);
+    }
+    menu->close();
+}
+
+void RemakeTest::isDisabledInALockedDesign()
+{
+    RemakeHost host;
+    host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
+    Design* const design = host.open();
+    host.select("top.bin");
+    QVERIFY(host.action("Design.MakeAgain")->isEnabled());
+    QVERIFY(host.action("Design.MakeAllAgain")->isEnabled());
+    host.action("Design.Locked")->trigger();
+    QVERIFY(design->isLocked());
+    QVERIFY(!host.action("Design.MakeAgain")->isEnabled());
+    QVERIFY(!host.action("Design.MakeAllAgain")->isEnabled());
+}
+
+void RemakeTest::takesTheTargetOfTheDesign()
+{
+    RemakeHost host;
+    host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
+    Design* const design = host.open();
+    design->setDesignProperty("ZORV Pelk Module", "DFE2", {});
+    design->setDesignProperty("ZORV Pelk Device", "Processing_FPGA", {});
+    design->setDesignProperty("ZORV Pelk Config Number", 9, {});
+    host.select("top.fcf");
+    host.press(Qt::Key_G, Qt::ControlModifier);
+
+    const FcfHeader made = host.header("top.fcf");
+    QCOMPARE(made.moduleCode, 2);
+    QCOMPARE(made.deviceCode, 0);
+    QCOMPARE(made.configNumber, 9);
+    QCOMPARE(made.functions, headerOf("").functions);
+}
+
+void RemakeTest::takesTheTargetOfTheImageIfTheDesignHasNone()
+{
+    RemakeHost host;
+    FcfHeader header = headerOf("top.fcf");
+    header.moduleCode = 1;
+    header.configNumber = 7;
+    host.addImage("top", header, binary(5000, 'a'));
+    // The slot of the design is out of range, so that it is none.
+    Design* const design =
+        host.open(R"({ "name": "ZORV Pelk Config Number", "value": 11, "category": [] })");
+    host.select("top.bin");
+    clickTool(host, "Design.MakeAgain");
+
+    const FcfHeader made = host.header("top.fcf");
+    QVERIFY(made.date != header.date);
+    QCOMPARE(made.moduleCode, 1);
+    QCOMPARE(made.deviceCode, 4);
+    QCOMPARE(made.configNumber, 7);
+    QCOMPARE(design->designProperty("ZORV Pelk Module"), QVariant("DFE"));
+    QCOMPARE(design->designProperty("ZORV Pelk Device"), QVariant("Clock_Master_Device"));
+    QCOMPARE(design->designProperty("ZORV Pelk Config Number"), QVariant(7));
+}
+
+void RemakeTest::asksForATargetThatIsNotKnown()
+{
+    RemakeHost host;
+    FcfHeader header = headerOf("top.fcf");
+    header.moduleCode = 1;
+    header.deviceCode = 8;
+    header.configNumber = 5;
+    host.addImage("top", header, binary(5000, 'a'));
+    Design* const design = host.open("");
+    host.select("top.bin");
+    host.dialogs().leaveTo([](QWidget* dialog) {
+        const auto close = qScopeGuard([dialog] { closeIfOpen(dialog); });
+        auto* const buttons = dialog->findChild<QDialogButtonBox*>();
+        auto* const module = dialog->findChild<QComboBox*>("TargetModule");
+        auto* const device = dialog->findChild<QComboBox*>("TargetDevice");
+        QCOMPARE(module->currentText(), QString());
+        QCOMPARE(dialog->findChild<QComboBox*>("TargetSlot")->currentText(), QString("5"));
+        QVERIFY(!buttons->button(QDialogButtonBox::Ok)->isEnabled());
+
+        module->setFocus();
+        QTest::keyClicks(module, "GPM");
+        QVERIFY(!buttons->button(QDialogButtonBox::Ok)->isEnabled());
+        QTest::keyClicks(device, "Processing_FPGA_1");
+        QTest::mouseClick(buttons->button(QDialogButtonBox::Ok), Qt::LeftButton);
+    });
+    clickTool(host, "Design.MakeAgain");
+
+    QVERIFY(host.dialogs().allGiven());
+    const FcfHeader made = host.header("top.fcf");
+    QCOMPARE(made.moduleCode, 2);
+    QCOMPARE(made.deviceCode, 2);
+    QCOMPARE(made.configNumber, 5);
+    QCOMPARE(design->designProperty("ZORV Pelk Device"), QVariant("Processing_FPGA_1"));
+}
+
+void RemakeTest::changesNothingWhenTheQuestionIsCancelled()
+{
+    RemakeHost host;
+    FcfHeader header = headerOf("top.fcf");
+    header.moduleCode = 9;
+    host.addImage("top", header, binary(5000, 'a'));
+    const QByteArray before = host.bytesOf("radar/top.fcf");
+    Design* const design = host.open("");
+    host.select("top.bin");
+    host.dialogs().press(Qt::Key_Escape);
+    clickTool(host, "Design.MakeAgain");
+
+    QVERIFY(host.dialogs().allGiven());
+    QCOMPARE(host.bytesOf("radar/top.fcf"), before);
+    QVERIFY(!design->isModified());
+}
+
+void RemakeTest::replacesTheDigestToo()
+{
+    RemakeHost host;
+    host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
+    host.open();
+    host.writeFile("radar/top.fcf.sha256", QByteArray(64, 'a') + "  top.fcf\n");
+    host.select("top.fcf");
+    clickTool(host, "Design.MakeAgain");
+
+    const QByteArray digest =
+        QCryptographicHash::hash(host.bytesOf("radar/top.fcf"), QCryptographicHash::Sha256);
+    QCOMPARE(host.bytesOf("radar/top.fcf.sha256"), digest.toHex() + "  top.fcf\n");
+}
+
+void RemakeTest::leavesAllFilesWhenTheImageIsDamaged()
+{
+    RemakeHost host;
+    host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
+    QByteArray damaged = host.bytesOf("radar/top.fcf");
+    damaged.replace("Function CI No", "Function C\r No");
+    host.writeFile("radar/top.fcf", damaged);
+    const QByteArray companion = host.bytesOf("radar/top.txt");
+    Design* const design = host.open();
+    host.select("top.bin");
+    host.dialogs().click(QMessageBox::Ok);
+    clickTool(host, "Design.MakeAgain");
+
+    QVERIFY(host.dialogs().allGiven());
+    QVERIFY2(host.dialogs().texts().first().startsWith("top.fcf was not made again.\n\ntop.fcf: "),
+             qPrintable(host.dialogs().texts().first()));
+    QCOMPARE(host.bytesOf("radar/top.fcf"), damaged);
+    QCOMPARE(host.bytesOf("radar/top.txt"), companion);
+    QVERIFY(!design->isModified());
+}
+
+void RemakeTest::leavesAllFilesWhenTheDiskIsFull()
+{
+    RemakeHost host;
+    host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
+    host.open();
+    const QByteArray before = host.bytesOf("radar/top.fcf");
+    host.select("top.bin");
+    host.dialogs().click(QMessageBox::Ok);
+    {
+        const FullDisk disk(3000);
+        clickTool(host, "Design.MakeAgain");
+    }
+    QVERIFY(host.dialogs().allGiven());
+    QVERIFY2(host.dialogs().texts().first().endsWith("File too large"),
+             qPrintable(host.dialogs().texts().first()));
+    QCOMPARE(host.bytesOf("radar/top.fcf"), before);
+}
+
+void RemakeTest::worksWithTwoDesigns()
+{
+    RemakeHost host;
+    host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
+    host.openDesign("other");
+    Design* const design = host.open();
+    design->setVersion(2, 6);
+    host.select("top.fcf");
+    clickTool(host, "Design.MakeAgain");
+    QCOMPARE(host.header("top.fcf").versionMinor, 6);
+    QCOMPARE(design->fileAt(host.path("radar/top.fcf"))->versionAssociation(), QString("2.6"));
+}
+
+void RemakeTest::canBeUndoneInTheDesign()
+{
+    RemakeHost host;
+    host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
+    Design* const design = host.open();
+    design->setVersion(1, 1);
+    host.select("top.bin");
+    clickTool(host, "Design.MakeAgain");
+    QVERIFY(design->fileAt(host.path("radar/top.txt")));
+    const QByteArray made = host.bytesOf("radar/top.fcf");
+
+    host.press(Qt::Key_Z, Qt::ControlModifier);
+    QVERIFY(!design->fileAt(host.path("radar/top.txt")));
+    QCOMPARE(design->fileAt(host.path("radar/top.fcf"))->versionAssociation(), QString("1.0"));
+    QCOMPARE(host.bytesOf("radar/top.fcf"), made);
+}
+
+void RemakeTest::makesAllOutdatedAgain()
+{
+    RemakeHost host;
+    host.addImage("first", headerOf("first.fcf"), binary(5000, 'a'));
+    host.addImage("second", headerOf("second.fcf"), binary(6000, 'b'));
+    host.addImage("third", headerOf("third.fcf"), binary(7000, 'c'));
+    const QByteArray page = host.bytesOf("radar/second.fcf");
+    host.writeFile("radar/second.fcf", page.left(300));
+    Design* const design = host.open();
+    design->setVersion(1, 2);
+
+    QString report;
+    host.dialogs().leaveTo([&report](QWidget* dialog) {
+        const auto close = qScopeGuard([dialog] { closeIfOpen(dialog); });
+        const auto* const list = dialog->findChild<QTreeWidget*>("RemakeList");
+        QCOMPARE(list->topLevelItemCount(), 3);
+        QCOMPARE(list->topLevelItem(0)->text(0), QString("first.fcf"));
+        QVERIFY(list->topLevelItem(0)->text(1).contains("1.2"));
+        QTest::mouseClick(dialog->findChild<QPushButton*>("RemakeStartButton"), Qt::LeftButton);
+        QTRY_COMPARE(dialog->findChild<QProgressBar*>("RemakeProgress")->value(), 3);
+        auto* const copy = dialog->findChild<QPushButton*>("CopyRemakeReportButton");
+        QTRY_VERIFY(copy->isEnabled());
+        QTest::mouseClick(copy, Qt::LeftButton);
+        report = QApplication::clipboard()->text();
+    });
+    host.press(Qt::Key_G, Qt::ControlModifier | Qt::ShiftModifier);
+
+    QVERIFY(host.dialogs().allGiven());
+    const QStringList lines = report.split('\n');
+    QCOMPARE(lines.at(0), QString("2 of 3 images made again, 1 failed."));
+    QCOMPARE(lines.at(1),
+             host.path("radar/first.fcf") + ": Made for 1.2, GPM, Processing_FPGA_2, slot 3");
+    QVERIFY(lines.at(2).startsWith("  first.fcf: "));
+    QVERIFY2(report.contains('\n' + host.path("radar/second.fcf") + ": second.fcf: "),
+             qPrintable(report));
+    QCOMPARE(host.header("first.fcf").versionMinor, 2);
+    QCOMPARE(host.header("third.fcf").versionMinor, 2);
+    QCOMPARE(host.bytesOf("radar/third.fcf").right(7000), binary(7000, 'c'));
+    QCOMPARE(host.bytesOf("radar/second.fcf"), page.left(300));
+    QCOMPARE(host.row("third.fcf"), QStringList({"third.fcf", "Generated", "1.2"}));
+
+    // One step takes back all that the design notes of it.
+    host.press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(design->fileAt(host.path("radar/first.fcf"))->versionAssociation(), QString("1.0"));
+    QCOMPARE(design->fileAt(host.path("radar/third.fcf"))->versionAssociation(), QString("1.0"));
+}
+
+void RemakeTest::saysThatNothingIsOutdated()
+{
+    RemakeHost host;
+    host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
+    host.open();
+    host.dialogs().click(QMessageBox::Ok);
+    host.press(Qt::Key_G, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(host.dialogs().texts(), QStringList("No image of \"radar\" is outdated."));
+}
+
+void RemakeTest::stopsBehindTheCurrentImage()
+{
+    RemakeHost host;
+    host.addImage("first", headerOf("first.fcf"), binary(5000, 'a'));
+    host.addImage("second", headerOf("second.fcf"), binary(6000, 'b'));
+    Design* const design = host.open();
+    design->setVersion(1, 2);
+    host.dialogs().leaveTo([](QWidget* dialog) {
+        const auto close = qScopeGuard([dialog] { closeIfOpen(dialog); });
+        auto* const buttons = dialog->findChild<QDialogButtonBox*>();
+        const QPointer<QPushButton> start = dialog->findChild<QPushButton*>("RemakeStartButton");
+        // Both before the second image is begun.
+        QTest::mouseClick(start, Qt::LeftButton);
+        QTest::mouseClick(buttons->button(QDialogButtonBox::Cancel), Qt::LeftButton);
+        QTRY_VERIFY(!start);
+        QCOMPARE(dialog->findChild<QLabel*>("RemakeSummary")->text(),
+                 QString("1 of 2 images made again, 0 failed."));
+    });
+    host.press(Qt::Key_G, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(host.dialogs().allGiven());
+    QCOMPARE(host.header("first.fcf").versionMinor, 2);
+    QCOMPARE(host.header("second.fcf").versionMinor, 0);
+}
+
+int main(int argc, char** argv)
+{
+    RemakeTest test;
+    return runHostTest(&test, argc, argv);
+}
+
+#include "RemakeTest.moc"
