@@ -9,6 +9,7 @@
 #include <QRegularExpression>
 #include <QSet>
 
+#include <cctype>
 #include <vector>
 
 namespace {
@@ -68,10 +69,13 @@ std::optional<QString> repeatedName(const QString& json)
     return std::nullopt;
 }
 
-/// The line and column of the byte at \p offset, both counted from 1, the column in letters.
+/// The line and column of a mistake that the parser found before \p offset, both counted from 1,
+/// the column in letters.
 QString placeOf(int offset, const QByteArray& json)
 {
-    const QByteArray before = json.left(offset);
+    // Unless the text ends too early, the parser has passed the letter that it did not expect.
+    const bool hasPassed = offset > 0 && offset < json.size() && !std::isspace(json.at(offset - 1));
+    const QByteArray before = json.left(hasPassed ? offset - 1 : offset);
     const int lineStart = before.lastIndexOf('\n') + 1;
     return QStringLiteral("line %1, column %2")
         .arg(before.count('\n') + 1)
