@@ -452,6 +452,8 @@ void ArchiveModelTest::translate(const ModelAction& action)
     QCoreApplication::removeTranslator(&m_translator);
     if (m_model.marks)
         QCoreApplication::installTranslator(&m_translator);
+    // The windows get to know it when events run.
+    QCoreApplication::processEvents();
 }
 
 QString ArchiveModelTest::settingsLine(int file) const

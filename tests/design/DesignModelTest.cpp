@@ -590,6 +590,8 @@ void DesignModelTest::translate(const ModelAction& action)
     QCoreApplication::removeTranslator(&m_translator);
     if (m_model.marks)
         QCoreApplication::installTranslator(&m_translator);
+    // The windows get to know it when events run.
+    QCoreApplication::processEvents();
 }
 
 void DesignModelTest::changeUser(const ModelAction& action)
