@@ -26,13 +26,20 @@ struct ImageWriter {
     Result<QByteArray> write(OutputTransaction::Existing existing, QIODevice* out,
                              const CopyObserver& observe, bool isHashed) const;
 
-    /// The digest of the image if all files are there already, and have the same bytes.
+    /// Writes the sidecars alone, beside an image with \p digest that is there already.
+    Status writeSidecars(const QByteArray& digest) const;
+
+    /// The digest of the image that is there already, if it has the same bytes.
     std::optional<QByteArray> digestIfUnchanged() const;
+
+    /// Whether the companion or the digest that is there is right beside an image with \p digest.
+    bool isCompanionRight() const;
+    bool isDigestRight(const QByteArray& digest) const;
 
 private:
     Result<QByteArray> writeImage(QIODevice* output, const QString& label,
                                   const CopyObserver& observe, bool isHashed) const;
-    Status writeSidecars(const QByteArray& digest, OutputTransaction* files) const;
+    Status addSidecars(const QByteArray& digest, OutputTransaction* files) const;
     bool isSameImage(const InputFile& image) const;
 };
 
