@@ -143,10 +143,7 @@ void ZORV_Plugin_Core::showFcfGenerator()
 {
     if (!d->generatorWindow)
         d->generatorWindow = new PelkFcfGenerator;
-    d->generatorWindow->show();
-    d->generatorWindow->raise();
-    // A covered window would come up without it, but the keyboard would stay with the other one.
-    d->generatorWindow->activateWindow();
+    d->generatorWindow->bringToFront();
     d->generatorWindow->setFocus(Qt::OtherFocusReason);
 }
 
