@@ -59,8 +59,8 @@ private:
         FcfHeader header;
         std::optional<InputFile> binary;
         ImageWriter image;
-        /// With --if-changed, the digest of the image that is there, if it stays as it is.
-        std::optional<QByteArray> oldDigest;
+        /// With --if-changed, the image that is there, if it stays as it is.
+        std::optional<ImageWriter::Old> old;
     };
 
     /// The files of a run that were written.
@@ -130,7 +130,7 @@ void CreateCommand::run(Task* task)
     if (task->findings.hasErrors())
         return;
 
-    if (plan->oldDigest)
+    if (plan->old)
         writeMissing(*plan, task);
     else
         write(*plan, task);
@@ -152,12 +152,12 @@ void CreateCommand::write(const Plan& plan, Task* task) const
 /// Writes what is missing or wrong beside an image that stays as it is.
 void CreateCommand::writeMissing(const Plan& plan, Task* task)
 {
-    const QByteArray digest = *plan.oldDigest;
+    const ImageWriter::Old& old = *plan.old;
     ImageWriter missing = plan.image;
     missing.hasCompanion = missing.hasCompanion && !missing.isCompanionRight();
-    missing.hasDigest = missing.hasDigest && !missing.isDigestRight(digest);
-    if (task->findings.accept(missing.writeSidecars(digest)))
-        report(plan, digest, {false, missing.hasCompanion, missing.hasDigest}, task);
+    missing.hasDigest = missing.hasDigest && !missing.isDigestRight(old.digest);
+    if (task->findings.accept(missing.writeSidecars(old)))
+        report(plan, old.digest, {false, missing.hasCompanion, missing.hasDigest}, task);
 }
 
 /// Reads and checks all that the image is made of, as far as that goes: an error in one input does
@@ -247,11 +247,11 @@ void CreateCommand::checkUnwritten(const Plan& plan, Task* task)
     if (image.paths.image.isEmpty() || image.paths.toStandardOutput())
         return;
 
-    const bool belongsCompanion = plan.oldDigest && image.isCompanionRight();
+    const bool belongsCompanion = plan.old && image.isCompanionRight();
     if (!image.hasCompanion && !belongsCompanion)
         OutputChecks::checkUnwritten(image.paths.companion, "--no-companion", task);
 
-    const bool belongsDigest = plan.oldDigest && image.isDigestRight(*plan.oldDigest);
+    const bool belongsDigest = plan.old && image.isDigestRight(plan.old->digest);
     if (!image.hasDigest && !belongsDigest)
         OutputChecks::checkUnwritten(image.paths.digest, "--digest", task);
 }
@@ -270,7 +270,7 @@ FcfHeader CreateCommand::header(const Recipe& recipe, qint64 binaryBytes, const 
 }
 
 /// Looks whether nothing but date and time of the image that is there would change. Then \p plan
-/// gets those of that image, and its digest.
+/// gets those of that image.
 void CreateCommand::findUnchanged(Plan* plan, QTextCodec* codec) const
 {
     const auto old = InputOpener(nullptr, nullptr)
@@ -293,8 +293,8 @@ void CreateCommand::findUnchanged(Plan* plan, QTextCodec* codec) const
         return;
     image.fillerBytes = *filler;
 
-    plan->oldDigest = image.digestIfUnchanged();
-    if (!plan->oldDigest)
+    plan->old = image.findUnchanged();
+    if (!plan->old)
         return;
     plan->header = header;
     plan->image = image;

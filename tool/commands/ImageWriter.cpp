@@ -90,25 +90,31 @@ Status ImageWriter::addSidecars(const QByteArray& digest, OutputTransaction* fil
     return {};
 }
 
-Status ImageWriter::writeSidecars(const QByteArray& digest) const
+Status ImageWriter::writeSidecars(const Old& old) const
 {
     if (!hasCompanion && !hasDigest)
         return {};
 
     OutputTransaction files(OutputTransaction::Replace);
-    return addSidecars(digest, &files).and_then([&] { return files.commit(); });
+    files.setCondition([this, &old]() -> Status {
+        if (FileSystem::identityOf(paths.image) ==
+            FileSystem::identityOf(old.file.device()->handle()))
+            return {};
+        return FileSystem::notWritten(paths.image, "another run has replaced it meanwhile");
+    });
+    return addSidecars(old.digest, &files).and_then([&] { return files.commit(); });
 }
 
-std::optional<QByteArray> ImageWriter::digestIfUnchanged() const
+std::optional<ImageWriter::Old> ImageWriter::findUnchanged() const
 {
-    const auto image = openOld(paths.image);
+    auto image = openOld(paths.image);
     if (!image || !isSameImage(*image))
         return std::nullopt;
 
     const auto digest = Digest::of({&*image, 0, image->size(), nullptr}, &ignoreProgress);
     if (!digest)
         return std::nullopt;
-    return *digest;
+    return Old{*digest, std::move(*image)};
 }
 
 bool ImageWriter::isCompanionRight() const { return isSameFile(paths.companion, page); }
