@@ -118,7 +118,7 @@ void ListCommand::run(Task* task)
             listArgument(*path, task);
     }
 
-    if (m_isEmpty)
+    if (m_isEmpty && !m_isStopped)
         printNothing(task);
     checkSlots(task);
 }
@@ -169,7 +169,7 @@ void ListCommand::list(const QFileInfo& path, Task* task)
         task->findings.error(ExitCode::CannotAccess, folder.path(), "PATH",
                              "the folder cannot be read");
 
-    const auto wanted = QDir::AllDirs | QDir::Files | QDir::NoDotAndDotDot;
+    const auto wanted = QDir::AllDirs | QDir::Files | QDir::NoDotAndDotDot | QDir::CaseSensitive;
     for (const QFileInfo& entry : folder.entryInfoList({"*.fcf"}, wanted, QDir::Name)) {
         // A link to a folder may lead back here.
         const bool isLinkToFolder = entry.isDir() && entry.isSymLink();
