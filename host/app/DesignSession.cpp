@@ -311,6 +311,20 @@ bool DesignSession::mayClose(Design* design)
     }
 }
 
+bool DesignSession::mayArchive(const Design& design, const QStringList& lines)
+{
+    constexpr int ShownLines = 12;
+    QStringList shown = lines.mid(0, ShownLines);
+    if (lines.count() > ShownLines)
+        shown << tr("and %1 more").arg(lines.count() - ShownLines);
+
+    const QString question = tr("Some files of \"%1\" are not what they should be:\n\n%2\n\n"
+                                "Do you want to archive the design as it is?")
+                                 .arg(design.name(), shown.join('\n'));
+    return ask("ArchiveStatesBox", question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
+           QMessageBox::Yes;
+}
+
 void DesignSession::restoreLast()
 {
     const QStringList folders =

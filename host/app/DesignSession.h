@@ -66,6 +66,9 @@ public:
     /// Folders of the designs opened last, the newest first.
     static QStringList recentFolders();
 
+    /// Asks whether \p design is to be archived, of whose files \p lines name what is wrong.
+    bool mayArchive(const OrvanticCore::Design& design, const QStringList& lines);
+
     void showError(const QString& name, const QString& text);
     void showMessage(const QString& name, const QString& text);
 

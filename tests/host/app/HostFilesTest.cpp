@@ -1,4 +1,5 @@
 #include "host/app/HostFixture.h"
+#include "host/app/SampleImage.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
@@ -60,7 +61,7 @@ class HostFilesTest : public QObject {
 
 private slots:
     void marksAnImageWhoseBinaryIsNewer();
-    void marksAnImageOfAnotherVersion();
+    void marksAGeneratedFileOfAnotherVersion();
     void showsSizesAndDates();
     void putsAFileWhereItIsDropped();
     void putsAFileIntoTheNodeThatIsCurrent();
@@ -80,8 +81,9 @@ private slots:
 void HostFilesTest::marksAnImageWhoseBinaryIsNewer()
 {
     HostFixture host;
-    DesignFile* const image =
-        host.openDesign("radar")->restoreFile(host.writeFile("radar/top.fcf", "image"));
+    DesignFile* const image = host.openDesign("radar")->restoreFile(
+        host.writeFile("radar/top.fcf", SampleImage::image(SampleImage::header("top.fcf", 1, 4),
+                                                           host.bytesOf("radar/top.bin"))));
     touch(host.path("radar/top.bin"), -100);
     image->setIsGenerated(true);
     QCOMPARE(host.row("top.fcf").at(1), QString("Generated"));
@@ -98,19 +100,20 @@ void HostFilesTest::marksAnImageWhoseBinaryIsNewer()
     QCOMPARE(host.row("top.bin").at(1), QString());
 }
 
-void HostFilesTest::marksAnImageOfAnotherVersion()
+void HostFilesTest::marksAGeneratedFileOfAnotherVersion()
 {
     HostFixture host;
     Design* const design = host.openDesign("radar");
-    DesignFile* const image = design->restoreFile(host.writeFile("radar/top.fcf", "image"));
+    // A generated file that is no image has its version in the design alone.
+    DesignFile* const report = design->restoreFile(host.writeFile("radar/top.rpt", "report"));
     touch(host.path("radar/top.bin"), -100);
-    image->setIsGenerated(true);
-    image->setVersionAssociation("1.4");
-    QCOMPARE(host.row("top.fcf").at(1), QString("Generated"));
+    report->setIsGenerated(true);
+    report->setVersionAssociation("1.4");
+    QCOMPARE(host.row("top.rpt").at(1), QString("Generated"));
     design->setVersion(1, 5);
-    QCOMPARE(host.row("top.fcf").at(1), QString("Generated, Outdated"));
-    const QString why = host.item("top.fcf").data(Qt::ToolTipRole).toString();
-    QVERIFY2(why.contains("made for version 1.4, the design is at 1.5"), qPrintable(why));
+    QCOMPARE(host.row("top.rpt").at(1), QString("Generated, Outdated"));
+    const QString why = host.item("top.rpt").data(Qt::ToolTipRole).toString();
+    QVERIFY2(why.contains("version 1.4, the design has 1.5"), qPrintable(why));
 }
 
 void HostFilesTest::showsSizesAndDates()
