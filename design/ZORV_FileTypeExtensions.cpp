@@ -78,14 +78,6 @@ const AbstractTreeItem* bitStreamNode(const IDesign* design)
     return structure->designNodeWithName(name, true);
 }
 
-/// Shows \p window, which may be open already behind the host.
-void bringToFront(QWidget* window)
-{
-    window->show();
-    window->raise();
-    window->activateWindow();
-}
-
 void centreOnScreen(QWidget* window)
 {
     const QRect screen = Toolkit::availableGeometry(window);
@@ -225,7 +217,7 @@ void ZORV_FileTypeExtensions::handleActionCreateFCF()
         fillTarget(window, design);
         fillDescription(window, design);
     }
-    bringToFront(window);
+    window->bringToFront();
 }
 
 void ZORV_FileTypeExtensions::handleActionOpenFCF()
@@ -234,12 +226,10 @@ void ZORV_FileTypeExtensions::handleActionOpenFCF()
         return;
 
     PelkFcfGenerator* const window = generator();
-    if (onlyDesign()) {
-        // A window that is open already may list functions, which a load does not remove.
-        window->addNew();
-        window->setTxtFile(d->currentItem->filePath());
-    }
-    bringToFront(window);
+    // The window may be in use already.
+    if (onlyDesign())
+        window->replaceByTxtFile(d->currentItem->filePath());
+    window->bringToFront();
 }
 
 void ZORV_FileTypeExtensions::handleNewFilesCreated(QStringList created_files)

@@ -4,6 +4,7 @@
 
 #include <QAbstractScrollArea>
 #include <QDropEvent>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QUrl>
@@ -40,10 +41,18 @@ bool FileDrop::eventFilter(QObject* watched, QEvent* event)
     const bool isDrop = event->type() == QEvent::Drop;
     if (!isDrop && event->type() != QEvent::DragEnter && event->type() != QEvent::DragMove)
         return QObject::eventFilter(watched, event);
+
     QDropEvent* const drop = static_cast<QDropEvent*>(event);
     const QString path = pathIn(drop);
     if (path.isEmpty())
         return QObject::eventFilter(watched, event);
+
+    // A folder is no binary; a text field would paste its URL.
+    if (!QFileInfo(path).isFile()) {
+        drop->ignore();
+        return true;
+    }
+
     drop->acceptProposedAction();
     if (isDrop)
         m_window->setBinFile(path);

@@ -4,6 +4,7 @@
 #include "fcf/PelkFcfGeneratorFileInfo.h"
 #include "generator/FileDrop.h"
 #include "generator/FormFit.h"
+#include "generator/MenuKey.h"
 
 #include "ui_PelkFcfGenerator.h"
 
@@ -60,6 +61,7 @@ PelkFcfGenerator::PelkFcfGenerator(QWidget* parent)
     new FormFit(this, ui->formArea,
                 QList<QWidget*>() << ui->widgetTargetSettings << ui->widgetFunctions);
     new FileDrop(this);
+    new MenuKey(ui->menuBar, ui->menuFile->menuAction());
 }
 
 PelkFcfGenerator::~PelkFcfGenerator() {}
@@ -163,12 +165,22 @@ void PelkFcfGenerator::clearScreen()
     ui->FunctionComboBox->clear();
     clearFunctionFields();
     ui->StatusBar->clear();
+    ui->StatusBar->setToolTip(QString());
     ui->BinFileSize->clear();
     ui->BinFilePages->clear();
     ui->BinFileBlocks->clear();
     ui->finalPages->clear();
     ui->finalBlocks->clear();
     ui->finalSize->clear();
+}
+
+void PelkFcfGenerator::bringToFront()
+{
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    // A covered window would come up without it, but the keyboard would stay with the other one.
+    activateWindow();
 }
 
 void PelkFcfGenerator::on_btnCancel_clicked() { close(); }

@@ -51,11 +51,19 @@ public:
     /// Takes the binary at \p path as the input, and measures it.
     void setBinFile(const QString& path);
 
-    /// Loads the companion or image at \p path into the form.
+    /// Loads the companion or image at \p path into the form, which keeps the functions that it
+    /// lists and the description that it has.
     void setTxtFile(const QString& path);
+
+    /// Loads the companion or image at \p path in place of what the form has. The form keeps its
+    /// texts when the file cannot be opened or is neither.
+    void replaceByTxtFile(const QString& path);
 
     /// Shows the size of the binary at \p path and notes it for the next header.
     void displayBinFileSizeInfo(const QString& path);
+
+    /// Shows the window before all others, also when it was hidden, covered or minimised.
+    void bringToFront();
 
     /// Empties the form, but for the target. The function list stays in memory; see addNew().
     void clearScreen();
@@ -112,6 +120,11 @@ private:
     /// The function at \p index of the list, empty where there is none.
     FcfFunction functionAt(int index) const;
 
+    /// What a load does with the functions and texts that the form has.
+    enum LoadMode { AddToForm, ReplaceForm };
+    void loadTxtFile(const QString& path, LoadMode mode);
+    bool load(const QString& path, LoadMode mode);
+    void makeRoomFor(const FcfReading& reading);
     void showNumbers(const FcfHeader& header);
     void selectTarget(const FcfHeader& header);
     void showTexts(const FcfReading& reading);

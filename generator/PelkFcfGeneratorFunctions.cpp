@@ -189,7 +189,13 @@ void PelkFcfGenerator::DescriptionMemoExit()
     const QString description = ui->DescriptionMemo->toPlainText();
     if (description.length() <= FormLimits::DescriptionLength)
         return;
+
+    const int place = ui->DescriptionMemo->textCursor().position();
     ui->DescriptionMemo->setPlainText(description.left(FormLimits::DescriptionLength));
+    // The cursor would be at the start, where the next letter would be put.
+    QTextCursor cursor = ui->DescriptionMemo->textCursor();
+    cursor.setPosition(qMin(place, FormLimits::DescriptionLength));
+    ui->DescriptionMemo->setTextCursor(cursor);
     ui->DescriptionMemo->setFocus();
     GeneratorDialogs::inform(
         this, tr("The Description can not be more 1000 characters long The description is "

@@ -16,6 +16,7 @@
 #include <QFileDialog>
 #include <QTextBlock>
 #include <QTextCursor>
+#include <QTextDocument>
 
 using Qtilities::Logging::Logger;
 
@@ -26,7 +27,14 @@ namespace {
 /// than shows that the text is too long: a file may have millions of lines.
 void appendParagraphs(QTextEdit* memo, const QString& text)
 {
-    const QStringList lines = text.left(FormLimits::DescriptionLength + 1).split(QLatin1Char('\n'));
+    // Empty lines at the start of an empty memo add nothing to it.
+    int start = 0;
+    while (memo->document()->isEmpty() && start < text.size() &&
+           text.at(start) == QLatin1Char('\n'))
+        ++start;
+
+    const QStringList lines =
+        text.mid(start, FormLimits::DescriptionLength + 1).split(QLatin1Char('\n'));
     QTextCursor cursor(memo->document());
     cursor.movePosition(QTextCursor::End);
     cursor.beginEditBlock();
@@ -135,10 +143,14 @@ void PelkFcfGenerator::fileOpenAccept()
     displayConfigFileInfo(path);
 }
 
-void PelkFcfGenerator::setTxtFile(const QString& path)
+void PelkFcfGenerator::setTxtFile(const QString& path) { loadTxtFile(path, AddToForm); }
+
+void PelkFcfGenerator::replaceByTxtFile(const QString& path) { loadTxtFile(path, ReplaceForm); }
+
+void PelkFcfGenerator::loadTxtFile(const QString& path, LoadMode mode)
 {
     ui->txtInputFile->setText(path);
-    readConfigFile(path);
+    load(path, mode);
     displayConfigFileInfo(path);
     clearFunctionFields();
 }
@@ -148,22 +160,26 @@ void PelkFcfGenerator::displayConfigFileInfo(QString file)
     ui->txtInputFile->setText(file.replace(QLatin1String(".txt"), QLatin1String(".bin")));
 }
 
-bool PelkFcfGenerator::readConfigFile(QString filename)
+bool PelkFcfGenerator::readConfigFile(QString filename) { return load(filename, AddToForm); }
+
+bool PelkFcfGenerator::load(const QString& path, LoadMode mode)
 {
     functionsFieldSetNotEditable();
 
-    QFile file(filename);
+    QFile file(path);
     QString reason;
     if (!FileOpening::open(&file, QIODevice::ReadOnly, &reason)) {
         showLoadingFailed();
-        logLoadingFailed(filename, reason);
+        logLoadingFailed(path, reason);
         return false;
     }
 
+    const FcfReading reading = FcfReader::read(&file);
+    if (mode == ReplaceForm)
+        makeRoomFor(reading);
     functions.clear();
     ui->ModifyFunctionCheckBox->setEnabled(true);
 
-    const FcfReading reading = FcfReader::read(&file);
     showNumbers(reading.header);
     if (reading.outcome == FcfReading::NoFilenameLine) {
         GeneratorDialogs::inform(
@@ -175,7 +191,7 @@ bool PelkFcfGenerator::readConfigFile(QString filename)
     showTexts(reading);
     if (reading.outcome != FcfReading::Complete) {
         showLoadingFailed();
-        logLoadingFailed(filename, reasonOf(reading, file));
+        logLoadingFailed(path, reasonOf(reading, file));
         return false;
     }
 
@@ -184,16 +200,32 @@ bool PelkFcfGenerator::readConfigFile(QString filename)
     return true;
 }
 
+void PelkFcfGenerator::makeRoomFor(const FcfReading& reading)
+{
+    // The functions in memory are replaced whatever the file is, and the form lists the same ones.
+    if (reading.outcome == FcfReading::NoFilenameLine) {
+        ui->FunctionComboBox->clear();
+        return;
+    }
+
+    const QString path = ui->txtInputFile->text();
+    clearScreen();
+    ui->txtInputFile->setText(path);
+}
+
 void PelkFcfGenerator::showPlainStatus(const QString& text)
 {
     ui->StatusBar->setTextFormat(Qt::PlainText);
     ui->StatusBar->setText(text);
+    ui->StatusBar->setToolTip(Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal));
 }
 
 void PelkFcfGenerator::showStatus(const QString& html)
 {
     ui->StatusBar->setTextFormat(Qt::RichText);
     ui->StatusBar->setText(html);
+    // A long path in the one line would hide what comes after it.
+    ui->StatusBar->setToolTip(html);
 }
 
 void PelkFcfGenerator::showLoadingFailed()

@@ -5,6 +5,7 @@
 #include "tool/check/Findings.h"
 #include "tool/check/HeaderPage.h"
 #include "tool/files/Digest.h"
+#include "tool/files/DigestList.h"
 #include "tool/files/InputOpener.h"
 
 #include <QApplication>
@@ -104,8 +105,10 @@ private:
         const auto digest = Digest::of({&m_file, 0, page.imageBytes(), {}}, Unobserved);
         if (!m_findings.accept(digest.map([](auto) {})))
             return;
-        const bool isNoted =
-            Digest::find(file.read(Digest::MaximumBytes), m_file.path()).contains(*digest);
+        const DigestList list(file.read(DigestList::MaximumBytes), QFileInfo(file).path());
+        bool isNoted = false;
+        for (const DigestList::Entry& entry : list.entriesOfName(m_file.path()))
+            isNoted = isNoted || entry.digest == *digest;
         const QString text = QString::fromLatin1(digest->toHex());
         add(Texts::tr("SHA-256"),
             isNoted ? Texts::tr("%1, as in the digest file").arg(text) : text);

@@ -24,7 +24,7 @@ _pelk_fcf() {
     if ((COMP_CWORD == 1)); then
         case $word in
         -*) _pelk_fcf_words --help --version ;;
-        *) _pelk_fcf_words create show list verify extract recipe diff digest ;;
+        *) _pelk_fcf_words create show list verify extract recipe diff ;;
         esac
         return
     fi
@@ -54,7 +54,7 @@ _pelk_fcf() {
     --output) _pelk_fcf_files ''; return ;;
     --digest)
         if [[ $command == verify ]]; then
-            _pelk_fcf_files .sha256
+            _pelk_fcf_files ''
             return
         fi ;;
     --ignore | --author | --ci | --version | --description | --date-time | --function | --field) return ;;
@@ -71,13 +71,13 @@ _pelk_fcf() {
         show) _pelk_fcf_words --field --check "$common" ;;
         list) _pelk_fcf_words --csv --digest "$common" ;;
         diff) _pelk_fcf_words --ignore "$common" ;;
-        recipe | digest) _pelk_fcf_words "$common" ;;
+        recipe) _pelk_fcf_words "$common" ;;
         esac
         return
     fi
     case $command in
     create) _pelk_fcf_files .bin .bit ;;
-    list | extract | digest) _pelk_fcf_files .fcf ;;
+    list | extract) _pelk_fcf_files .fcf ;;
     show | verify | recipe | diff) _pelk_fcf_files .fcf .txt ;;
     esac
 }

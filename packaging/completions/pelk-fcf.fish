@@ -29,7 +29,7 @@ function __pelk_fcf_files
     __fish_complete_suffix $argv[1] | string match -r -- ".*(?:$endings)\$"
 end
 
-set -l commands create show list verify extract recipe diff digest
+set -l commands create show list verify extract recipe diff
 complete -c pelk-fcf -f
 complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -l version -d 'Print the version and exit'
 complete -c pelk-fcf -l help -d 'Print help and exit'
@@ -40,7 +40,6 @@ complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a list -d 'List imag
 complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a extract -d 'Take the payload out'
 complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a recipe -d 'Write the recipe of a build'
 complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a diff -d 'Say how two files differ'
-complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a digest -d 'Print the SHA-256 of images'
 complete -c pelk-fcf -n '__pelk_fcf_command show' -x -l field -d 'Print this field alone'
 complete -c pelk-fcf -n '__pelk_fcf_command show' -l check -d 'End with 1 if a file is not valid'
 
@@ -52,7 +51,7 @@ complete -c pelk-fcf -n '__pelk_fcf_command diff' -x -l ignore -d 'Leave these f
 complete -c pelk-fcf -n "__pelk_fcf_command $commands" -l json -d 'Give the result as JSON'
 complete -c pelk-fcf -n "__pelk_fcf_command $commands" -l quiet -d 'Show no progress and no notes'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -a '(__pelk_fcf_files .bin .bit)'
-complete -c pelk-fcf -n '__pelk_fcf_command list extract digest' -a '(__pelk_fcf_files .fcf)'
+complete -c pelk-fcf -n '__pelk_fcf_command list extract' -a '(__pelk_fcf_files .fcf)'
 complete -c pelk-fcf -n '__pelk_fcf_command show verify recipe diff' -a '(__pelk_fcf_files .fcf .txt)'
 
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l author -d 'Who built it'
@@ -83,6 +82,6 @@ complete -c pelk-fcf -n '__pelk_fcf_command verify' -x -l bin -a '(__pelk_fcf_fi
     -d 'The binary to compare with'
 complete -c pelk-fcf -n '__pelk_fcf_command verify' -x -l companion -a '(__pelk_fcf_files .txt)' \
     -d 'The companion to compare with'
-complete -c pelk-fcf -n '__pelk_fcf_command verify' -x -l digest -a '(__pelk_fcf_files .sha256)' \
-    -d 'The SHA-256 to compare with'
+complete -c pelk-fcf -n '__pelk_fcf_command verify' -r -F -l digest \
+    -d 'A list of SHA-256'
 complete -c pelk-fcf -n '__pelk_fcf_command verify' -x -l type -a 'image companion' -d 'What the file is'

@@ -1,27 +1,11 @@
 #include "archive/ArchiveHost.h"
 
-#include <QCoreApplication>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QLabel>
-#include <QTranslator>
 #include <QtTest>
 #include <QVBoxLayout>
 
 using ZORV_Plugin::ZORV_ArchiveConfigExtension;
-
-/// Shows each text of the form in brackets.
-class BracketTranslator : public QTranslator {
-    Q_OBJECT
-
-public:
-    QString translate(const char* context, const char* text, const char*, int) const override
-    {
-        return qstrcmp(context, "ZORV_ArchiveConfigExtension") == 0 ? '[' + QString(text) + ']'
-                                                                    : QString();
-    }
-    bool isEmpty() const override { return false; }
-};
 
 class ArchiveConfigFormTest : public QObject {
     Q_OBJECT
@@ -29,13 +13,6 @@ class ArchiveConfigFormTest : public QObject {
 private slots:
     void init() { host.reset(new ArchiveHost); }
 
-    void isKnownByEachOfItsNames_data();
-    void isKnownByEachOfItsNames();
-    void isNotKnownByAnotherName();
-    void answersForItself();
-    void saysWhatItIs();
-    void isMeantForAllDesigns();
-    void hasOneSignalAndThreeSlotsInOrder();
     void hasAFrameOfItsOwnSize();
     void hasNoIconWhereTheHostHasNone();
     void takesAParent();
@@ -44,83 +21,12 @@ private slots:
     void putsASpacerBehindEachLabel_data();
     void putsASpacerBehindEachLabel();
     void limitsItsFields();
-    void translatesItsTexts();
 
 private:
     QGridLayout* grid() const { return host->find<QGridLayout>("gridLayout"); }
 
     QScopedPointer<ArchiveHost> host;
 };
-
-void ArchiveConfigFormTest::isKnownByEachOfItsNames_data()
-{
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<bool>("asInterface");
-
-    QTest::newRow("class") << QByteArray("ZORV_Plugin::ZORV_ArchiveConfigExtension") << false;
-    QTest::newRow("interface") << QByteArray("IDesignArchiveExtension") << true;
-    QTest::newRow("identifier") << QByteArray("com.Core.Interfaces.IDesignArchiveExtension/1.0")
-                                << true;
-}
-
-void ArchiveConfigFormTest::isKnownByEachOfItsNames()
-{
-    QFETCH(QByteArray, name);
-    QFETCH(bool, asInterface);
-    void* const expected =
-        asInterface ? static_cast<void*>(host->interface()) : static_cast<void*>(host->extension());
-    QCOMPARE(host->extension()->qt_metacast(name.constData()), expected);
-}
-
-void ArchiveConfigFormTest::isNotKnownByAnotherName()
-{
-    QVERIFY(!host->extension()->qt_metacast("com.Core.Interfaces.IDesignViewExtensions/1.0"));
-    QVERIFY(!host->extension()->qt_metacast("ZORV_ArchiveConfigExtension"));
-    QVERIFY(host->extension()->qt_metacast("QWidget"));
-}
-
-void ArchiveConfigFormTest::answersForItself()
-{
-    const auto* const constant = host->interface();
-    QCOMPARE(host->interface()->objectBase(), host->extension());
-    QCOMPARE(constant->objectBase(), host->extension());
-    QCOMPARE(host->interface()->extensionWidget(), host->extension());
-    QVERIFY(!host->extension()->parent());
-}
-
-void ArchiveConfigFormTest::saysWhatItIs()
-{
-    QCOMPARE(host->interface()->archiveType(), QString("VKT Config Package"));
-    QCOMPARE(int(host->interface()->archiveDesignItems()), 0x13);
-    QVERIFY(host->interface()->archiveIncludeInstaller());
-}
-
-void ArchiveConfigFormTest::isMeantForAllDesigns()
-{
-    const auto* const extension = host->interface();
-    QVERIFY(extension->designStructureIDs().isEmpty());
-    QVERIFY(!extension->isDesignStructureIDsInversed());
-    QVERIFY(extension->designStructureOriginNames().isEmpty());
-    QVERIFY(!extension->isDesignStructureOriginNamesInversed());
-    QVERIFY(extension->designTypeNames().isEmpty());
-    QVERIFY(!extension->isDesignTypeNamesInversed());
-}
-
-void ArchiveConfigFormTest::hasOneSignalAndThreeSlotsInOrder()
-{
-    const QMetaObject* const meta = host->extension()->metaObject();
-    QStringList methods;
-    for (int index = meta->methodOffset(); index < meta->methodCount(); ++index)
-        methods << meta->method(index).methodSignature();
-    QCOMPARE(methods, QStringList({"destinationPathChanged(QString)",
-                                   "handleDestinationPathChanged(QString)", "updatePackageName()",
-                                   "handlePackageTypeChange()"}));
-    QCOMPARE(meta->method(meta->methodOffset()).methodType(), QMetaMethod::Signal);
-    for (int index = meta->methodOffset() + 1; index < meta->methodCount(); ++index) {
-        QCOMPARE(meta->method(index).methodType(), QMetaMethod::Slot);
-        QCOMPARE(meta->method(index).access(), QMetaMethod::Public);
-    }
-}
 
 void ArchiveConfigFormTest::hasAFrameOfItsOwnSize()
 {
@@ -236,22 +142,6 @@ void ArchiveConfigFormTest::limitsItsFields()
     QVERIFY(!host->packageType()->itemData(0).isValid());
     QVERIFY(!host->packageType()->itemData(1).isValid());
     QCOMPARE(host->packageType()->count(), 2);
-}
-
-void ArchiveConfigFormTest::translatesItsTexts()
-{
-    BracketTranslator translator;
-    QVERIFY(QCoreApplication::installTranslator(&translator));
-    host->restart();
-    QCOMPARE(host->extension()->windowTitle(), QString("[Create Design Archive]"));
-    QCOMPARE(host->find<QGroupBox>("groupBoxConfigParameters")->title(),
-             QString("[Configuration Parameters]"));
-    for (const QLabel* label : host->extension()->findChildren<QLabel*>())
-        QVERIFY2(label->text().startsWith('['), qPrintable(label->text()));
-    QCOMPARE(host->projectCm()->text(), QString("[GNRL]"));
-    QCOMPARE(host->packageType()->currentText(), QString("7010 (Firmware)"));
-    QCOMPARE(host->designTypes().constFirst(), QString("Electrical Test Firmware"));
-    QCOMPARE(host->interface()->archiveType(), QString("VKT Config Package"));
 }
 
 QTEST_MAIN(ArchiveConfigFormTest)

@@ -42,6 +42,7 @@ private slots:
     void entersTheCurrentUserAsFunctionAuthor();
     void cutsADescriptionAfter1000Characters_data();
     void cutsADescriptionAfter1000Characters();
+    void leavesTheCursorWhereALetterTooManyWasTyped();
     void cutsADescriptionThatIsSet();
     void leavesAFunctionDescriptionOfAnyLength();
     void uploadsAFunctionNamedByABlank();
@@ -261,6 +262,20 @@ void FunctionListTest::cutsADescriptionAfter1000Characters()
     QCOMPARE(memo->toPlainText(), text.left(left));
     QCOMPARE(driver->dialogs().texts(), cut ? QStringList(TooLong) : QStringList());
     QCOMPARE(driver->window()->focusWidget() == memo, cut);
+    QCOMPARE(memo->textCursor().position(), qMin(pasted, left));
+}
+
+void FunctionListTest::leavesTheCursorWhereALetterTooManyWasTyped()
+{
+    auto* const memo = driver->find<QTextEdit>("DescriptionMemo");
+    memo->setPlainText(QString(1000, 'x'));
+    QTextCursor cursor = memo->textCursor();
+    cursor.setPosition(400);
+    memo->setTextCursor(cursor);
+    driver->dialogs().click(QMessageBox::Ok);
+    QTest::keyClick(memo, 'y');
+    QCOMPARE(memo->textCursor().position(), 401);
+    QCOMPARE(memo->toPlainText(), QString(400, 'x') + 'y' + QString(599, 'x'));
 }
 
 void FunctionListTest::cutsADescriptionThatIsSet()

@@ -1,6 +1,7 @@
 #include "generator/GeneratorDriver.h"
 #include "generator/GeneratorTest.h"
 
+#include <QMenu>
 #include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
@@ -55,6 +56,10 @@ private slots:
     void takesADroppedFileAsItsInput_data();
     void takesADroppedFileAsItsInput();
     void leavesADroppedTextToItsField();
+    void refusesADroppedFolder_data();
+    void refusesADroppedFolder();
+    void showsAStatusThatIsCutOffAsAToolTip();
+    void opensItsMenuByTheKeyboard();
 
 private:
     QToolButton* arrow() const
@@ -138,6 +143,55 @@ void GeneratorFitTest::leavesADroppedTextToItsField()
     QVERIFY(drop(driver->find<QWidget>("AuthoEditBox"), data));
     QCOMPARE(driver->text("AuthoEditBox"), QString("R. Vos"));
     QCOMPARE(driver->text("txtInputFile"), QString());
+}
+
+void GeneratorFitTest::refusesADroppedFolder_data() { takesADroppedFileAsItsInput_data(); }
+
+void GeneratorFitTest::refusesADroppedFolder()
+{
+    QFETCH(QString, widget);
+    auto* target = driver->find<QWidget>(qPrintable(widget));
+    if (auto* const area = qobject_cast<QAbstractScrollArea*>(target))
+        target = area->viewport();
+    if (!target->acceptDrops())
+        target = driver->window();
+    const QString before = driver->text("BinFileSize");
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(driver->path(""))});
+    QVERIFY(!drop(target, data));
+    QCOMPARE(driver->text("txtInputFile"), QString());
+    QCOMPARE(driver->text("BinFileSize"), before);
+    QCOMPARE(driver->text("AuthoEditBox"), QString());
+    QCOMPARE(driver->text("DescriptionMemo"), QString());
+}
+
+void GeneratorFitTest::showsAStatusThatIsCutOffAsAToolTip()
+{
+    const auto* const status = driver->find<QLabel>("StatusBar");
+    driver->window()->setTxtFile(driver->path("missing.txt"));
+    QVERIFY(status->text().contains("failed."));
+    QCOMPARE(status->toolTip(), status->text());
+
+    driver->dialogs().choose(driver->binary("<b>.bin", 10));
+    driver->click("btnLoad");
+    QVERIFY2(status->toolTip().contains("&lt;b&gt;.bin successfully."),
+             qPrintable(status->toolTip()));
+
+    driver->window()->clearScreen();
+    QCOMPARE(status->toolTip(), QString());
+}
+
+void GeneratorFitTest::opensItsMenuByTheKeyboard()
+{
+    auto* const path = driver->find<QLineEdit>("txtInputFile");
+    path->setFocus();
+    QVERIFY(QTest::qWaitForWindowActive(driver->window()));
+    const auto* const menu = driver->find<QMenu>("menuFile");
+    QTest::keyClick(path, 'f', Qt::AltModifier);
+    QVERIFY(menu->isVisible());
+    QCOMPARE(path->text(), QString());
+    QTest::keyClick(driver->find<QMenu>("menuFile"), Qt::Key_Escape);
+    QVERIFY(!menu->isVisible());
 }
 
 QTEST_MAIN(GeneratorFitTest)

@@ -36,6 +36,7 @@ private slots:
     void saysNoMoreThanThatAFileCutBeforeItsFirstLineIsNotCompatible_data();
     void saysNoMoreThanThatAFileCutBeforeItsFirstLineIsNotCompatible();
     void saysOnceThatADescriptionOfThousandsOfLinesIsTooLong();
+    void countsWhatTheFormTakesOfADescriptionThatIsTooLong();
     void readsLessThan64KibOfALargeImage();
 };
 
@@ -191,6 +192,20 @@ void LoadFailureTest::saysOnceThatADescriptionOfThousandsOfLinesIsTooLong()
     QVERIFY(driver->text("StatusBar").contains("successfully"));
     QCOMPARE(driver->text("DescriptionMemo"), header.description.left(1000));
     QCOMPARE(driver->functionNames().size(), 2);
+}
+
+void LoadFailureTest::countsWhatTheFormTakesOfADescriptionThatIsTooLong()
+{
+    // The form has no room for empty lines before its first text.
+    const QByteArray whole = FcfWriter().compose(sampleHeader());
+    const int start = whole.indexOf("one\ntwo\nthree\n");
+    QVERIFY(start > 0);
+    const QByteArray rest = whole.mid(start + 13);
+    const QByteArray text = QByteArray(300, '\n') + QByteArray(900, 'a') + QByteArray(200, 'b');
+    driver->dialogs().click(QMessageBox::Ok);
+    driver->window()->setTxtFile(driver->write("top.txt", whole.left(start) + text + rest));
+    QCOMPARE(driver->dialogs().texts().size(), 1);
+    QCOMPARE(driver->text("DescriptionMemo"), QString(900, 'a') + QString(100, 'b'));
 }
 
 void LoadFailureTest::readsLessThan64KibOfALargeImage()

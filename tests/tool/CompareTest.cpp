@@ -16,6 +16,11 @@ private slots:
     void acceptsOtherFormsOfDigestFiles_data();
     void acceptsOtherFormsOfDigestFiles();
     void takesTheOnlyDigestForAnImageWithoutAName();
+    void findsEntriesByTheirPaths();
+    void findsEntriesSeenFromHere();
+    void checksAReadBackAgainstARelease_data();
+    void checksAReadBackAgainstARelease();
+    void takesNoDigestOfOneImageForAnother();
 };
 
 void CompareTest::comparesThePayloadWithTheBinary()
@@ -86,7 +91,7 @@ void CompareTest::checksTheDigestBesideAnImage()
     QCOMPARE(run.code, 1);
     QCOMPARE(run.finding("digest")["expected"].toString(), QString(digest));
 
-    tool.write("top.fcf.sha256", digest + "  other.fcf\n");
+    tool.write("top.fcf.sha256", digest + "  other.fcf\n" + digest + "  another.fcf\n");
     run = tool.run(arguments);
     QCOMPARE(run.code, 1);
     QVERIFY(run.finding("digest")["reason"].toString().startsWith("holds no SHA-256 of"));
@@ -116,12 +121,19 @@ void CompareTest::acceptsOtherFormsOfDigestFiles_data()
         << QByteArray() << QByteArray("  top.fcf\r\n") << true;
     QTest::newRow("a tag") << QByteArray("SHA256 (top.fcf) = ") << QByteArray("\n") << true;
     QTest::newRow("a tag of another name")
-        << QByteArray("SHA256 (a.fcf) = ") << QByteArray("\n") << false;
+        << QByteArray("SHA256 (a.fcf) = ") << QByteArray("\n") << true;
+    QTest::newRow("a tag of another name among others")
+        << other + "SHA256 (a.fcf) = " << QByteArray("\n") << false;
+    QTest::newRow("its path, and another folder") << QByteArray(64, 'a') + "  out/top.fcf\n"
+                                                  << QByteArray("  ./top.fcf\n") << true;
+    QTest::newRow("two other folders") << QByteArray(64, 'a') + "  out/top.fcf\n"
+                                       << QByteArray("  old/top.fcf\n") << false;
+    QTest::newRow("an escaped name") << "\\" + other << QByteArray("  top.fcf\n") << true;
     QTest::newRow("two digests of the name") << QByteArray(64, 'a') + "  top.fcf\n"
                                              << QByteArray("  top.fcf\n") << false;
     QTest::newRow("no name") << QByteArray() << QByteArray("\n") << false;
     QTest::newRow("one blank") << QByteArray() << QByteArray(" top.fcf\n") << false;
-    QTest::newRow("a longer name") << QByteArray() << QByteArray("  top.fcf.old\n") << false;
+    QTest::newRow("a longer name") << other << QByteArray("  top.fcf.old\n") << false;
 }
 
 void CompareTest::acceptsOtherFormsOfDigestFiles()
@@ -147,6 +159,111 @@ void CompareTest::takesTheOnlyDigestForAnImageWithoutAName()
     QCOMPARE(m_tool.run(arguments).code, 1);
     m_tool.write("sums", digest.toHex() + "  top.fcf\n" + digest.toHex() + "  other.fcf\n");
     QCOMPARE(m_tool.run(arguments).code, 1);
+}
+
+void CompareTest::findsEntriesByTheirPaths()
+{
+    const QByteArray release = ForgedImage().bytes();
+    ForgedImage other;
+    other.payload[3000] = static_cast<char>(~other.payload.at(3000));
+    const auto digest = [](const QByteArray& bytes) {
+        return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
+    };
+    for (const char* const folder : {"dfe", "gpm"})
+        QVERIFY(QDir().mkdir(m_tool.path(folder)));
+    m_tool.write("dfe/top.fcf", release);
+    m_tool.write("gpm/top.fcf", other.bytes());
+    m_tool.write("sums", digest(release) + "  ./dfe/top.fcf\n" + digest(other.bytes()) +
+                             "  gpm/top.fcf\n" + QByteArray(64, 'a') + "  old/top.fcf\n");
+    const std::string dfe = m_tool.argument("dfe/top.fcf");
+    const std::string gpm = m_tool.argument("gpm/top.fcf");
+
+    // One list for several images, each by its path from the folder of the list.
+    const Arguments list{"--digest", m_tool.argument("sums")};
+    Run run = m_tool.run(Arguments{"verify", dfe, gpm} + list);
+    QVERIFY2(run.code == 0, run.out + run.err);
+
+    m_tool.write("gpm/top.fcf", release);
+    run = m_tool.run(Arguments{"verify", dfe, gpm, "--json"} + list);
+    QCOMPARE(run.code, 1);
+    QCOMPARE(run.finding("digest")["file"].toString(), m_tool.path("gpm/top.fcf"));
+    QCOMPARE(run.finding("digest")["expected"].toString(), QString(digest(other.bytes())));
+
+    // An image that is in none of the folders could be any of them.
+    m_tool.write("top.fcf", release);
+    run = m_tool.run(Arguments{"verify", m_tool.argument("top.fcf")} + list);
+    QCOMPARE(run.code, 1);
+    QVERIFY2(run.out.contains("sums: digest at offset 0: holds several SHA-256 that may be of"),
+             run.out);
+}
+
+void CompareTest::findsEntriesSeenFromHere()
+{
+    const QByteArray bytes = ForgedImage().bytes();
+    const QByteArray digest = QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
+    QVERIFY(QDir().mkdir(m_tool.path("lists")));
+    m_tool.write("top.fcf", bytes);
+    m_tool.write("lists/sums", digest + "  top.fcf\n" + QByteArray(64, 'a') + "  out/top.fcf\n");
+
+    const QString here = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(m_tool.path(".")));
+    const Run run = m_tool.run({"verify", "top.fcf", "--digest", "lists/sums"});
+    QVERIFY(QDir::setCurrent(here));
+    QVERIFY2(run.code == 0, run.out);
+}
+
+void CompareTest::checksAReadBackAgainstARelease_data()
+{
+    QTest::addColumn<int>("releasePadding");
+    QTest::addColumn<int>("readPadding");
+    QTest::newRow("as it was released") << 0 << 0;
+    QTest::newRow("with what follows in flash") << 0 << 5000;
+    const int bytes = ForgedImage().bytes().size();
+    const int toPage = 3 * 2112 - bytes;
+    const int toBlock = 64 * 2112 - bytes;
+    QTest::newRow("a padded release") << toPage << toPage;
+    QTest::newRow("a padded release, and what follows") << toPage << 5000;
+    QTest::newRow("a release padded to a block") << toBlock << 200000;
+}
+
+void CompareTest::checksAReadBackAgainstARelease()
+{
+    QFETCH(int, releasePadding);
+    QFETCH(int, readPadding);
+    ForgedImage image;
+    const QByteArray released = image.bytes() + QByteArray(releasePadding, '\xff');
+    m_tool.write("rel.fcf.sha256",
+                 QCryptographicHash::hash(released, QCryptographicHash::Sha256).toHex() +
+                     "  rel.fcf\n");
+    const Arguments verify{"verify", m_tool.argument("slot1.fcf"), "--digest",
+                           m_tool.argument("rel.fcf.sha256")};
+
+    m_tool.write("slot1.fcf", image.bytes() + QByteArray(readPadding, '\xff'));
+    Run run = m_tool.run(verify);
+    QVERIFY2(run.code == 0, run.out);
+    QVERIFY2(run.out.contains("is of a file with another name"), run.out);
+    QVERIFY2(run.out.endsWith("slot1.fcf: valid\n"), run.out);
+
+    image.payload[2000] = static_cast<char>(~image.payload.at(2000));
+    m_tool.write("slot1.fcf", image.bytes() + QByteArray(readPadding, '\xff'));
+    run = m_tool.run(verify);
+    QCOMPARE(run.code, 1);
+    QVERIFY2(run.out.contains("slot1.fcf: digest at offset 0: is not that of"), run.out);
+    QVERIFY2(run.out.endsWith("slot1.fcf: not valid\n"), run.out);
+}
+
+void CompareTest::takesNoDigestOfOneImageForAnother()
+{
+    const QByteArray bytes = ForgedImage().bytes();
+    const QByteArray digest = QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
+    m_tool.write("a.fcf", bytes);
+    m_tool.write("b.fcf", bytes);
+    m_tool.write("sums", digest + "  a.fcf\n");
+    const Run run = m_tool.run({"verify", m_tool.argument("a.fcf"), m_tool.argument("b.fcf"),
+                                "--digest", m_tool.argument("sums")});
+    QCOMPARE(run.code, 1);
+    QVERIFY2(run.out.contains("a.fcf: valid\n"), run.out);
+    QVERIFY2(run.out.contains("holds no SHA-256 of"), run.out);
 }
 
 QTEST_GUILESS_MAIN(CompareTest)

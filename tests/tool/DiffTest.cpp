@@ -1,10 +1,9 @@
 #include "ToolFixture.h"
 
-#include <QCryptographicHash>
 #include <QJsonArray>
 #include <QtTest>
 
-/// What diff, digest, show --field and show --check give.
+/// What diff, show --field and show --check give.
 class DiffTest : public QObject {
     Q_OBJECT
 
@@ -22,7 +21,6 @@ private slots:
     void leavesOutWhatIsIgnored();
     void refusesToIgnoreWhatIsNotThere();
     void takesNothingElseThanFcfFiles();
-    void printsDigestsAsSha256sumDoes();
     void showsOneFieldAlone_data();
     void showsOneFieldAlone();
     void refusesAFieldThatIsNotThere();
@@ -227,18 +225,6 @@ void DiffTest::takesNothingElseThanFcfFiles()
     m_tool->write("b.fcf", "bad");
     QCOMPARE(diff().code, 2);
     QCOMPARE(m_tool->run({"diff", m_tool->argument("a.fcf"), m_tool->argument("none")}).code, 3);
-}
-
-void DiffTest::printsDigestsAsSha256sumDoes()
-{
-    make("a", ToolFixture::payload(4000));
-    const QByteArray digest =
-        QCryptographicHash::hash(m_tool->read("a.fcf"), QCryptographicHash::Sha256).toHex();
-    QCOMPARE(m_tool->run({"digest", m_tool->argument("a.fcf")}).out, digest + "  a.fcf\n");
-    const QJsonObject json = m_tool->run({"digest", m_tool->argument("a.fcf"), "--json"}).json();
-    QCOMPARE(json["files"].toArray()[0].toObject()["sha256"].toString().toLatin1(), digest);
-    m_tool->write("b.fcf", "bad");
-    QCOMPARE(m_tool->run({"digest", m_tool->argument("b.fcf")}).code, 1);
 }
 
 void DiffTest::showsOneFieldAlone_data()

@@ -1,4 +1,5 @@
 #include "tool/files/Digest.h"
+#include "tool/files/DigestList.h"
 
 #include <QtTest>
 
@@ -35,17 +36,21 @@ void DigestTest::writesLinesThatItFinds()
     const QByteArray digest(32, 'x');
     const QByteArray line = Digest::line(digest, path);
     QCOMPARE(line.count('\n'), 1);
-    QCOMPARE(Digest::find(line, path), QList<QByteArray>{digest});
-    QCOMPARE(Digest::find("\n# no digest\n" + line + line, path),
-             (QList<QByteArray>{digest, digest}));
+    QVERIFY(DigestList::isDigest(line));
+
+    const DigestList list("\n# no digest\n" + line + line, ".");
+    QCOMPARE(list.entries().size(), 2);
+    QCOMPARE(list.entriesOfName(path).size(), 2);
+    QCOMPARE(list.entriesOfName(path).first().digest, digest);
+    QVERIFY(!DigestList::isDigest(line + line));
 }
 
 void DigestTest::findsNothingOfAnotherName()
 {
     const QByteArray line = Digest::line(QByteArray(32, 'x'), "top.fcf");
-    QVERIFY(Digest::find(line, QString("op.fcf")).isEmpty());
-    QVERIFY(Digest::find(line.mid(1), QString("top.fcf")).isEmpty());
-    QCOMPARE(Digest::find(line, std::nullopt).size(), 1);
+    QVERIFY(DigestList(line, ".").entriesOfName("op.fcf").isEmpty());
+    QVERIFY(DigestList(line.mid(1), ".").entries().isEmpty());
+    QCOMPARE(DigestList(line, ".").entries().size(), 1);
 }
 
 QTEST_GUILESS_MAIN(DigestTest)

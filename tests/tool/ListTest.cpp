@@ -2,6 +2,7 @@
 
 #include "support/ReadCount.h"
 
+#include <QCryptographicHash>
 #include <QFile>
 #include <QJsonArray>
 #include <QtTest>
@@ -185,12 +186,11 @@ void ListTest::showsTheDigestBesideAnImage()
 void ListTest::computesDigests()
 {
     m_tool->write("images/a.fcf", image(1));
-    const Run digest = m_tool->run({"digest", m_tool->argument("images/a.fcf")});
-    const QByteArray own = digest.out.left(64);
+    const QByteArray own = QCryptographicHash::hash(image(1), QCryptographicHash::Sha256).toHex();
     Run run = list({"--json", "--digest"});
     QCOMPARE(run.code, 0);
     QCOMPARE(row(run, 0)["sha256"].toString(), QString(own));
-    m_tool->write("images/a.fcf.sha256", digest.out);
+    m_tool->write("images/a.fcf.sha256", own + "  a.fcf\n");
     QCOMPARE(list({"--digest"}).code, 0);
     m_tool->write("images/a.fcf.sha256", QByteArray(64, 'a') + "  a.fcf\n");
     run = list({"--json", "--digest"});

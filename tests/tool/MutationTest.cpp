@@ -77,7 +77,6 @@ void MutationTest::everyCommandSurvivesDamagedImages()
         {"list", path},
         {"list", path, "--digest"},
         {"recipe", path},
-        {"digest", path},
         {"extract", path, "--output", tool.argument("out"), "--force"},
         {"diff", path, tool.argument("top.fcf")},
         {"create", tool.argument("top.bin"), "--like", path, "--output", tool.argument("y.fcf"),

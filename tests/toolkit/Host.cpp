@@ -1,16 +1,12 @@
 #include "toolkit/Host.h"
 
-#include "support/TestFile.h"
-
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 #include <QtilitiesExtensionSystem/ExtensionSystemCore.h>
 
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -25,19 +21,6 @@ using Qtilities::ExtensionSystem::Interfaces::IPlugin;
 namespace {
 
 Host* theHost = nullptr;
-
-void removeFolder(const QString& path)
-{
-    const QDir folder(path);
-    foreach (const QFileInfo& entry,
-             folder.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot)) {
-        if (entry.isDir() && !entry.isSymLink())
-            removeFolder(entry.filePath());
-        else
-            QFile::remove(entry.filePath());
-    }
-    QDir().rmdir(path);
-}
 
 } // namespace
 
@@ -164,25 +147,3 @@ void clearForm(const QWidget* window)
 {
     window->findChild<QAction*>(QLatin1String("actionNew"))->trigger();
 }
-
-WorkFolder::WorkFolder()
-{
-    QByteArray path = QFile::encodeName(QDir::tempPath()) + "/toolkit-test-XXXXXX";
-    if (!mkdtemp(path.data()))
-        qFatal("no folder for the test");
-    m_path = QFile::decodeName(path);
-}
-
-WorkFolder::~WorkFolder() { removeFolder(m_path); }
-
-QString WorkFolder::path(const QString& name) const
-{
-    return name.isEmpty() ? m_path : m_path + QLatin1Char('/') + name;
-}
-
-QString WorkFolder::write(const QString& name, const QByteArray& bytes) const
-{
-    return TestFile::write(path(name), bytes);
-}
-
-QByteArray WorkFolder::read(const QString& path) { return TestFile::readIfPossible(path); }

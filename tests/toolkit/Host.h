@@ -1,6 +1,8 @@
 #ifndef TESTS_TOOLKIT_HOST_H
 #define TESTS_TOOLKIT_HOST_H
 
+#include "support/WorkFolder.h"
+
 #include <QtilitiesExtensionSystem/IPlugin.h>
 #include <QtilitiesLogging/Logger.h>
 
@@ -87,22 +89,5 @@ QStringList itemsOf(const QWidget* window, const char* name);
 
 /// Brings the form back to what it is in a new window, but for the target.
 void clearForm(const QWidget* window);
-
-/// A folder of the test's own, which ends with it.
-class WorkFolder {
-public:
-    WorkFolder();
-    ~WorkFolder();
-
-    QString path(const QString& name = QString()) const;
-
-    /// Writes a file and returns its path.
-    QString write(const QString& name, const QByteArray& bytes) const;
-    static QByteArray read(const QString& path);
-
-private:
-    Q_DISABLE_COPY(WorkFolder)
-    QString m_path;
-};
 
 #endif

@@ -2,13 +2,15 @@
 
 #include "fcf/FcfLayout.h"
 #include "tool/check/PayloadKind.h"
-#include "tool/files/Digest.h"
+#include "tool/files/DigestList.h"
 #include "tool/files/InputOpener.h"
 
 namespace {
 
 /// A companion has one header page, whose filler may go a few bytes beyond its nominal size.
 constexpr qint64 LargestCompanion = 2 * FcfLayout::PageBytes;
+/// A digest has one line, which is no longer than a path can be.
+constexpr qint64 LargestDigest = 64 * 1024;
 
 } // namespace
 
@@ -27,11 +29,11 @@ QString FileKind::nameOf(Kind kind)
 
 Result<bool> FileKind::isOfKind(const QString& path, Kind kind)
 {
-    const auto file = InputOpener(nullptr, nullptr).open(path, Digest::MaximumBytes, QString());
+    const auto file = InputOpener(nullptr, nullptr).open(path, LargestDigest, QString());
     if (!file)
         return tl::unexpected<Finding>(file.error());
 
-    const auto start = file->bytesAt(0, qMin<qint64>(file->size(), Digest::MaximumBytes));
+    const auto start = file->bytesAt(0, qMin(file->size(), LargestDigest));
     if (!start)
         return tl::unexpected<Finding>(start.error());
 
@@ -41,7 +43,7 @@ Result<bool> FileKind::isOfKind(const QString& path, Kind kind)
     case Kind::Companion:
         return PayloadKind::isImage(*start) && file->size() <= LargestCompanion;
     case Kind::Digest:
-        return start->size() == file->size() && Digest::isDigest(*start);
+        return start->size() == file->size() && DigestList::isDigest(*start);
     }
     Q_UNREACHABLE();
 }

@@ -31,6 +31,5 @@ CommandPointer verifyCommand(CLI::App* parent);
 CommandPointer extractCommand(CLI::App* parent);
 CommandPointer recipeCommand(CLI::App* parent);
 CommandPointer diffCommand(CLI::App* parent);
-CommandPointer digestCommand(CLI::App* parent);
 
 #endif

@@ -110,9 +110,8 @@ CommandLine::CommandLine(const Environment* environment)
     m_app.get_formatter()->label("SUBCOMMAND", "COMMAND");
     m_app.get_formatter()->label("REQUIRED", "");
 
-    for (const CommandFactory make :
-         {&createCommand, &showCommand, &listCommand, &verifyCommand, &extractCommand,
-          &recipeCommand, &diffCommand, &digestCommand}) {
+    for (const CommandFactory make : {&createCommand, &showCommand, &listCommand, &verifyCommand,
+                                      &extractCommand, &recipeCommand, &diffCommand}) {
         m_commands.push_back(make(&m_app));
         CLI::App* const app = m_commands.back()->app;
         app->add_flag("--json", m_json, "give the result as JSON");

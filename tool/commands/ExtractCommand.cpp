@@ -16,7 +16,7 @@ public:
 
 private:
     void checkOutput(const QString& output, Task* task) const;
-    void checkImage(const FcfFile& image, Task* task) const;
+    void checkImage(const FcfFile& image, Task* task);
     Status write(const Region& payload, const QString& output, Task* task) const;
 
     std::optional<std::string> m_file;
@@ -76,7 +76,7 @@ void ExtractCommand::checkOutput(const QString& output, Task* task) const
                               "takes the payload alone: --json needs a file");
 }
 
-void ExtractCommand::checkImage(const FcfFile& image, Task* task) const
+void ExtractCommand::checkImage(const FcfFile& image, Task* task)
 {
     const auto& [file, page] = image;
     const FcfFileChecker checker(&file, FcfFileChecker::Image, task->codec, &task->findings);

@@ -226,8 +226,9 @@ QByteArray ListCommand::digest(const FcfFile& fcf, Task* task) const
     if (QFileInfo(path).isFile()) {
         if (m_digest)
             SidecarOptions().checkDigest(fcf.file, fcf.page, task);
-        const auto lines = task->bytesOf(path, Digest::MaximumBytes, "digest");
-        return Digest::find(lines.value_or(QByteArray()), std::nullopt).value(0);
+        const auto lines = task->bytesOf(path, DigestList::MaximumBytes, "digest");
+        const DigestList list(lines.value_or(QByteArray()), QFileInfo(path).path());
+        return list.entries().value(0).digest;
     }
     if (!m_digest)
         return QByteArray();

@@ -1,5 +1,6 @@
 #include "tool/commands/SidecarOptions.h"
 
+#include "fcf/FcfLayout.h"
 #include "tool/base/Text.h"
 #include "tool/check/FcfFileChecker.h"
 #include "tool/commands/Arguments.h"
@@ -14,31 +15,68 @@ const QString Field = "digest";
 const QString ImageEnding = ".fcf";
 const QString CompanionEnding = ".txt";
 
-/// Adds the error that \p lines, of the file \p path, have no digest of \p image.
-void addNoDigest(const InputFile& image, const QByteArray& lines, const QString& path, Task* task)
+/// Adds the error that the list \p path has no digest of \p image.
+void addNoDigest(const InputFile& image, const QString& path, const DigestList& list, Task* task)
 {
     task->findings
         .error(ExitCode::NotValid, path, Field,
                QStringLiteral("holds no SHA-256 of \"%1\"").arg(shownText(image.label())))
         .at(0)
-        .comparing("a line of sha256sum for that name",
-                   QStringLiteral("none in %1 bytes").arg(lines.size()));
+        .comparing("a line of sha256sum for that file",
+                   QStringLiteral("none in %1 lines").arg(list.entries().size()));
 }
 
-/// The digest of \p image, or if that is none of \p expected, of what is before its filler.
+/// Adds the error that the list \p path has several digests, of which none is of \p image.
+void addAmbiguous(const InputFile& image, const QString& path, int count, Task* task)
+{
+    task->findings
+        .error(ExitCode::NotValid, path, Field,
+               QStringLiteral("holds several SHA-256 that may be of \"%1\"")
+                   .arg(shownText(image.label())))
+        .at(0)
+        .comparing("one, or one with its path", QString::number(count));
+}
+
+/// The sizes in bytes of the parts of \p image that a digest may be of: all of it, or without the
+/// filler behind it, or with a part of that which fills a page or a block.
+QVector<qint64> digestedSizes(const InputFile& image, const HeaderPage& page)
+{
+    QVector<qint64> sizes{image.size()};
+    if (page.fillerBytes == 0)
+        return sizes;
+
+    const qint64 blockBytes = qint64(FcfLayout::PageBytes) * FcfLayout::BlockPages;
+    for (const qint64 unit : {qint64(1), qint64(FcfLayout::PageBytes), blockBytes}) {
+        const qint64 size = (page.imageBytes() + unit - 1) / unit * unit;
+        if (size < image.size() && !sizes.contains(size))
+            sizes << size;
+    }
+    return sizes;
+}
+
+/// The first digest of \p image that is one of \p expected, else that of all of it.
 std::optional<QByteArray> digestOf(const InputFile& image, const HeaderPage& page,
                                    const QList<QByteArray>& expected, Task* task)
 {
-    const auto digestOfFirst = [&](qint64 bytes) {
+    std::optional<QByteArray> whole;
+    for (const qint64 bytes : digestedSizes(image, page)) {
         const Region region{&image, 0, bytes, nullptr};
-        return task->findings.valueOf(Digest::of(region, task->progress("verify", image.size())));
-    };
+        const auto digest =
+            task->findings.valueOf(Digest::of(region, task->progress("verify", bytes)));
+        if (!digest || expected.contains(*digest))
+            return digest;
+        if (!whole)
+            whole = digest;
+    }
+    return whole;
+}
 
-    const auto whole = digestOfFirst(image.size());
-    if (!whole || page.fillerBytes == 0 || expected.contains(*whole))
-        return whole;
-
-    return digestOfFirst(page.imageBytes());
+QList<QByteArray> digestsOf(const QList<DigestList::Entry>& entries)
+{
+    QList<QByteArray> digests;
+    for (const DigestList::Entry& entry : entries)
+        digests << entry.digest;
+    return digests;
 }
 
 } // namespace
@@ -55,8 +93,10 @@ void SidecarOptions::declareNaming(CLI::App* app)
     Arguments::addOption(app, "--companion", &m_companion, "TXT",
                          "the companion that the header must be; without it, the one beside the "
                          "image is taken if there is one");
-    Arguments::addOption(app, "--digest", &m_digest, "FILE",
-                         "the image's SHA-256; without it, FILE.sha256 is taken if there is one");
+    Arguments::addOption(
+        app, "--digest", &m_digest, "FILE",
+        "a list of SHA-256 as sha256sum writes it; without it, FILE.sha256 is taken if "
+        "there is one");
     Arguments::addFlag(app, "--require-digest", &m_requireDigest,
                        "take an image without a digest for wrong");
     declareSkipping(app);
@@ -102,24 +142,68 @@ std::optional<QString> SidecarOptions::digestPath(const InputFile& image, Task* 
     return std::nullopt;
 }
 
-bool SidecarOptions::checkDigest(const InputFile& image, const HeaderPage& page, Task* task) const
+/// The list at \p path. One that was named is read once, for all images.
+std::optional<DigestList> SidecarOptions::list(const QString& path, Task* task)
 {
-    const std::optional<QString> path = digestPath(image, task);
-    const auto lines = path ? task->bytesOf(*path, Digest::MaximumBytes, "digest") : std::nullopt;
+    if (m_digest && m_list)
+        return m_list;
+
+    const auto lines = task->bytesOf(path, DigestList::MaximumBytes + 1, "digest");
     if (!lines)
-        return false;
-
-    const auto name = image.isStandardInput() ? std::nullopt : std::optional<QString>(image.path());
-    const QList<QByteArray> expected = Digest::find(*lines, name);
-    if (name && !m_digest && expected.isEmpty())
-        return checkRenamed(image, page, *lines, *path, task);
-
-    // Without a name to search for, only a digest that is alone can be meant.
-    if (expected.isEmpty() || (!name && expected.size() > 1)) {
-        addNoDigest(image, *lines, *path, task);
-        return false;
+        return std::nullopt;
+    if (lines->size() > DigestList::MaximumBytes) {
+        task->findings.refuse(
+            path, Field, QStringLiteral("has more than %1 bytes").arg(DigestList::MaximumBytes));
+        return std::nullopt;
     }
 
+    m_list = DigestList(*lines, QFileInfo(path).path());
+    return m_list;
+}
+
+/// The entries of \p list, the file \p path, that \p image must agree with. If none can be meant,
+/// that is an error.
+std::optional<QList<DigestList::Entry>> SidecarOptions::expectedEntries(const InputFile& image,
+                                                                        const QString& path,
+                                                                        const DigestList& list,
+                                                                        Task* task) const
+{
+    const QList<DigestList::Entry> ofFile =
+        image.isStandardInput() ? QList<DigestList::Entry>() : list.entriesOfFile(image.path());
+    if (!ofFile.isEmpty())
+        return ofFile;
+
+    const QList<DigestList::Entry> ofName = list.entriesOfName(image.path());
+    if (ofName.size() == 1)
+        return ofName;
+    if (ofName.size() > 1) {
+        addAmbiguous(image, path, ofName.size(), task);
+        return std::nullopt;
+    }
+
+    // The only digest in a list is meant even if the image was renamed or has no name: a digest
+    // beside the image, or one of a release, against which a read-back is checked.
+    if (list.entries().size() != 1 || m_imageCount != 1) {
+        addNoDigest(image, path, list, task);
+        return std::nullopt;
+    }
+    if (!image.isStandardInput())
+        task->findings.note(path, Field, "is of a file with another name");
+    return list.entries();
+}
+
+bool SidecarOptions::checkDigest(const InputFile& image, const HeaderPage& page, Task* task)
+{
+    const std::optional<QString> path = digestPath(image, task);
+    const auto list = path ? this->list(*path, task) : std::nullopt;
+    if (!list)
+        return false;
+
+    const auto entries = expectedEntries(image, *path, *list, task);
+    if (!entries)
+        return false;
+
+    const QList<QByteArray> expected = digestsOf(*entries);
     const auto found = digestOf(image, page, expected, task);
     if (!found)
         return false;
@@ -133,27 +217,5 @@ bool SidecarOptions::checkDigest(const InputFile& image, const HeaderPage& page,
                 .comparing(QString::fromLatin1(digest.toHex()),
                            QString::fromLatin1(found->toHex()));
     }
-    return true;
-}
-
-/// Checks \p image against a digest beside it that was renamed along with it, and so has the old
-/// name in it.
-bool SidecarOptions::checkRenamed(const InputFile& image, const HeaderPage& page,
-                                  const QByteArray& lines, const QString& path, Task* task)
-{
-    const QList<QByteArray> expected = Digest::find(lines, std::nullopt);
-    if (expected.size() != 1) {
-        addNoDigest(image, lines, path, task);
-        return false;
-    }
-
-    const auto found = digestOf(image, page, expected, task);
-    if (!found)
-        return false;
-
-    if (*found == expected.first())
-        task->findings.note(path, Field, "is of a file with another name");
-    else
-        addNoDigest(image, lines, path, task);
     return true;
 }

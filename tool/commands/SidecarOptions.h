@@ -1,7 +1,8 @@
 #ifndef TOOL_COMMANDS_SIDECAROPTIONS_H
 #define TOOL_COMMANDS_SIDECAROPTIONS_H
 
-#include <QByteArray>
+#include "tool/files/DigestList.h"
+
 #include <QString>
 
 #include <optional>
@@ -23,27 +24,37 @@ public:
     void declareSkipping(CLI::App* app);
     void declareNaming(CLI::App* app);
 
-    bool areNamed() const { return m_companion || m_digest; }
+    bool hasNamedCompanion() const { return m_companion.has_value(); }
     bool hasNamedDigest() const { return m_digest.has_value(); }
+
+    /// How many images the named digest list is for. A list for one of several is not taken for
+    /// another of them.
+    void setImageCount(int count) { m_imageCount = count; }
 
     void checkCompanion(const FcfFileChecker& checker, const InputFile& file,
                         const HeaderPage& page, Task* task) const;
 
     /// A digest may be of the image with the filler behind it, or without. Returns whether the
     /// payload is known to be right or wrong.
-    bool checkDigest(const InputFile& image, const HeaderPage& page, Task* task) const;
+    bool checkDigest(const InputFile& image, const HeaderPage& page, Task* task);
 
 private:
     std::optional<QString> companionPath(const InputFile& file, Task* task) const;
     std::optional<QString> digestPath(const InputFile& image, Task* task) const;
-    static bool checkRenamed(const InputFile& image, const HeaderPage& page,
-                             const QByteArray& lines, const QString& path, Task* task);
+    std::optional<DigestList> list(const QString& path, Task* task);
+    std::optional<QList<DigestList::Entry>> expectedEntries(const InputFile& image,
+                                                            const QString& path,
+                                                            const DigestList& list,
+                                                            Task* task) const;
 
     std::optional<std::string> m_companion;
     std::optional<std::string> m_digest;
     bool m_noCompanion = false;
     bool m_noDigest = false;
     bool m_requireDigest = false;
+    int m_imageCount = 1;
+    /// The list that --digest names, once it was read.
+    std::optional<DigestList> m_list;
 };
 
 #endif

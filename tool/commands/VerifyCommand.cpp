@@ -37,10 +37,11 @@ VerifyCommand::VerifyCommand(CLI::App* parent)
 void VerifyCommand::run(Task* task)
 {
     task->report.findingsAreResults = true;
-    if (m_files.size() > 1 && (m_binary.isGiven() || m_sidecars.areNamed())) {
-        task->refuse("FILE", "--bin, --companion and --digest are about one file");
+    if (m_files.size() > 1 && (m_binary.isGiven() || m_sidecars.hasNamedCompanion())) {
+        task->refuse("FILE", "--bin and --companion are about one file");
         return;
     }
+    m_sidecars.setImageCount(static_cast<int>(m_files.size()));
 
     QJsonArray results;
     for (const std::string& argument : m_files) {

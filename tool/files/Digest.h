@@ -4,33 +4,21 @@
 #include "tool/files/Region.h"
 
 #include <QByteArray>
-#include <QList>
 #include <QString>
 
 #include <nettle/sha2.h>
 
 #include <future>
-#include <optional>
 #include <vector>
 
-/// SHA-256 digests of images, in the files that sha256sum writes and checks.
+/// SHA-256 digests of images, and the files that sha256sum checks.
 namespace Digest {
-
-/// A digest file is read up to here.
-constexpr int MaximumBytes = 64 * 1024;
 
 /// The path of the digest of the image at \p imagePath.
 QString pathFor(const QString& imagePath);
 
 /// The one line of a digest file: \p digest is binary, the name is that of \p imagePath.
 QByteArray line(const QByteArray& digest, const QString& imagePath);
-
-/// The binary digests that \p lines give for the name of \p imagePath, whatever its folder, or
-/// where an image has no name, for any.
-QList<QByteArray> find(const QByteArray& lines, const std::optional<QString>& imagePath);
-
-/// Whether \p lines are the one line of a digest file, of whatever file.
-bool isDigest(const QByteArray& lines);
 
 /// Takes the digest of bytes that come in parts. A second thread works on what came before, while
 /// the caller reads and writes what follows.

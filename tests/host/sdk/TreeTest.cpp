@@ -23,6 +23,7 @@ private slots:
     void takesAnItemOnlyOnce();
     void movesAnItemFromItsFormerNode();
     void losesADeletedItem();
+    void deletesItsItemsWithoutBeingTheirParent();
     void announcesEachChangeOutsideACycle();
     void announcesOnceAtTheEndOfTheOutermostCycle();
     void announcesNothingAfterACycleWithoutChanges();
@@ -71,6 +72,24 @@ void TreeTest::movesAnItemFromItsFormerNode()
     QCOMPARE(firstChanged.count(), 1);
     delete item;
     QCOMPARE(firstChanged.count(), 1);
+}
+
+void TreeTest::deletesItsItemsWithoutBeingTheirParent()
+{
+    auto* const root = new TreeNode("root");
+    TreeNode* const node = root->addNode("node");
+    auto* const item = new TreeItemBase("item");
+    QVERIFY(node->addItem(item));
+    QVERIFY(!node->parent());
+    QVERIFY(!item->parent());
+
+    QSignalSpy changed(root, LayoutChanged);
+    QSignalSpy nodeGone(node, SIGNAL(destroyed()));
+    QSignalSpy itemGone(item, SIGNAL(destroyed()));
+    delete root;
+    QCOMPARE(changed.count(), 0);
+    QCOMPARE(nodeGone.count(), 1);
+    QCOMPARE(itemGone.count(), 1);
 }
 
 void TreeTest::losesADeletedItem()

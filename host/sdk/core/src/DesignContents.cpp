@@ -39,11 +39,10 @@ QList<DesignFolder*> DesignContents::folders() const { return m_folders; }
 DesignFile* DesignContents::fileAt(const QString& path) const
 {
     const QString wanted = absolutePath(path);
-    DesignFile* const added = m_addedFiles.value(wanted);
-    if (added && added->parent() == m_tree.data())
-        return added;
+    // The numbers differ when a plug-in has changed the tree itself.
     if (m_addedFiles.count() == m_tree->subjectCount())
-        return nullptr;
+        return m_addedFiles.value(wanted);
+
     foreach (DesignFile* file, files()) {
         if (file->filePath() == wanted)
             return file;

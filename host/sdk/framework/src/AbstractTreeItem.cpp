@@ -7,7 +7,7 @@
 namespace Qtilities {
 namespace CoreGui {
 
-AbstractTreeItem::AbstractTreeItem() {}
+AbstractTreeItem::AbstractTreeItem() : m_node(nullptr) {}
 
 AbstractTreeItem::~AbstractTreeItem() {}
 
@@ -21,13 +21,9 @@ QString AbstractTreeItem::getCategoryString(const QString& separator, int observ
 {
     Q_UNUSED(observer_id)
     QStringList names;
-    const TreeNode* node = qobject_cast<const TreeNode*>(objectBase()->parent());
-    while (node) {
-        const TreeNode* const above = qobject_cast<const TreeNode*>(node->parent());
-        if (above)
-            names.prepend(node->objectName());
-        node = above;
-    }
+    // The root has no node above it, and is left out.
+    for (const TreeNode* node = m_node; node && node->m_node; node = node->m_node)
+        names.prepend(node->objectName());
     return names.join(separator);
 }
 

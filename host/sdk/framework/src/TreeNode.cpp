@@ -13,34 +13,37 @@ TreeNode::TreeNode(const QString& name, QObject* parent)
 
 TreeNode::~TreeNode()
 {
-    // Subjects are deleted after this; they must not be announced by what is no node any more.
-    foreach (QObject* subject, m_subjects)
-        disconnect(subject, nullptr, this, nullptr);
+    // What is no node any more announces nothing.
+    blockSignals(true);
+    while (!m_subjects.isEmpty())
+        delete m_subjects.takeFirst();
+    blockSignals(false);
 }
 
 TreeNode* TreeNode::addNode(const QString& name)
 {
     TreeNode* const node = new TreeNode(name);
     connect(node, SIGNAL(layoutChanged()), this, SLOT(noteChange()));
-    addSubject(node);
+    addSubject(node, node);
     return node;
 }
 
 bool TreeNode::addItem(TreeItemBase* item)
 {
-    if (!item || item->parent() == this)
+    if (!item || item->m_node == this)
         return false;
-    if (TreeNode* const former = qobject_cast<TreeNode*>(item->parent())) {
+
+    if (TreeNode* const former = item->m_node) {
         disconnect(item, nullptr, former, nullptr);
         former->forgetSubject(item);
     }
-    addSubject(item);
+    addSubject(item, item);
     return true;
 }
 
-void TreeNode::addSubject(QObject* subject)
+void TreeNode::addSubject(QObject* subject, AbstractTreeItem* item)
 {
-    subject->setParent(this);
+    item->m_node = this;
     connect(subject, SIGNAL(destroyed(QObject*)), this, SLOT(forgetSubject(QObject*)));
     m_subjects.append(subject);
     noteChange();

@@ -24,6 +24,12 @@ public:
     /// of the two included. An item has one parent, so that \p observer_id makes no difference.
     virtual QString getCategoryString(const QString& separator = QLatin1String("::"),
                                       int observer_id = -1) const;
+
+private:
+    friend class TreeNode;
+
+    /// The node that has the item, or null. Not owned.
+    TreeNode* m_node;
 };
 
 } // namespace CoreGui

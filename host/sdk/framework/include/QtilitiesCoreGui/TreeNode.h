@@ -12,7 +12,8 @@ namespace CoreGui {
 
 class TreeItemBase;
 
-/// A node of a tree: it has further nodes and leaves under it, which it owns.
+/// A node of a tree: it has further nodes and leaves under it. Owned, but not as children in the
+/// sense of QObject.
 ///
 /// Many changes in a row are made in a processing cycle, so that views follow them only once.
 class QTILITIES_SHARED_EXPORT TreeNode : public QObject, public AbstractTreeItem {
@@ -25,11 +26,11 @@ public:
     QObject* objectBase() override { return this; }
     const QObject* objectBase() const override { return this; }
 
-    /// Adds a new node, which is this one's, and returns it.
+    /// Adds a new node and returns it. Owned.
     TreeNode* addNode(const QString& name);
 
-    /// Adds and takes \p item, from the node that has had it, if any. Returns false, and leaves the
-    /// item its owner's, for null and for an item that is in this node already.
+    /// Adds \p item, which leaves the node that has had it, if any. Owned. Returns false, and does
+    /// nothing, for null and for an item that is in this node already.
     bool addItem(TreeItemBase* item);
 
     /// Nodes and leaves directly under this node, in the order in which they were added.
@@ -60,8 +61,9 @@ private Q_SLOTS:
     void forgetSubject(QObject* subject);
 
 private:
-    void addSubject(QObject* subject);
     Q_DISABLE_COPY(TreeNode)
+
+    void addSubject(QObject* subject, AbstractTreeItem* item);
 
     QList<QObject*> m_subjects;
     int m_cycles;

@@ -1,0 +1,517 @@
+#include "design/DesignModel.h"
+
+#include "support/MarkingTranslator.h"
+
+#include <QFileInfo>
+
+namespace {
+
+const char NotCompatible[] = "please select a correct text file,the selected file is not "
+                             "compartable with this programme ";
+const char TooLong[] =
+    "The Description can not be more 1000 characters long The description is too long";
+
+int pagesOf(int bytes)
+{
+    const int all = (bytes + 2111) / 2112;
+    return all <= 64 ? all : all - all / 64 * 64;
+}
+
+int blocksOf(int bytes)
+{
+    const int all = (bytes + 2111) / 2112;
+    return all <= 64 ? 0 : all / 64;
+}
+
+QString number(int value, const char* unit) { return QString::number(value) + QLatin1String(unit); }
+
+} // namespace
+
+PageNumbers PageNumbers::ofCompanion()
+{
+    const PageNumbers numbers = {11, 12, 13013, 14, 15, 16016, 2, 4, 6, 21, 22};
+    return numbers;
+}
+
+PageNumbers PageNumbers::ofForeignFile()
+{
+    const PageNumbers numbers = {31, 32, 33033, 34, 35, 36036, 1, 2, 9, 41, 42};
+    return numbers;
+}
+
+WindowModel::WindowModel()
+    : module(QLatin1String("DFE")), device(QLatin1String("Interface_FPGA")), configIndex(0),
+      binSize(QLatin1String("size")), binPages(QLatin1String("pages")),
+      binBlocks(QLatin1String("file blocks")), editorEnabled(true), modifyEnabled(false),
+      minimized(false)
+{
+}
+
+QStringList WindowModel::devicesOf(const QString& module)
+{
+    QStringList devices;
+    if (module == QLatin1String("DFE"))
+        devices << QLatin1String("Interface_FPGA") << QLatin1String("Processing_FPGA_1")
+                << QLatin1String("Clock_Master_Device");
+    else if (module == QLatin1String("DFE2"))
+        devices << QLatin1String("Processing_FPGA");
+    else if (module == QLatin1String("GPM"))
+        devices << QLatin1String("Interface_FPGA") << QLatin1String("Processing_FPGA_1")
+                << QLatin1String("Processing_FPGA_2") << QLatin1String("Processing_FPGA_3");
+    return devices;
+}
+
+void WindowModel::setModule(const QString& text)
+{
+    const QStringList modules = QStringList() << QLatin1String("DFE") << QLatin1String("DFE2")
+                                              << QLatin1String("GPM");
+    if (text == module || !modules.contains(text))
+        return;
+    module = text;
+    device = devicesOf(module).first();
+}
+
+void WindowModel::setDevice(const QString& text)
+{
+    if (devicesOf(module).contains(text))
+        device = text;
+}
+
+void WindowModel::setConfigNum(int config)
+{
+    if (config >= 1 && config <= 10)
+        configIndex = config - 1;
+}
+
+void WindowModel::setVersion(int first, int second)
+{
+    major = QString::number(first).left(3);
+    minor = QString::number(second).left(3);
+}
+
+void WindowModel::setAuthor(const QString& text) { author = text.left(20); }
+
+QString WindowModel::setDescription(const QString& text)
+{
+    description = text.left(1000);
+    return text.length() > 1000 ? QLatin1String(TooLong) : QString();
+}
+
+void WindowModel::setBinFile(const ModelFile& file)
+{
+    path = file.path;
+    binSize = number(file.bytes, "  Bytes");
+    binPages = number(pagesOf(file.bytes), " Pages");
+    binBlocks = number(blocksOf(file.bytes), " blocks");
+}
+
+QString WindowModel::setTxtFile(const ModelFile& file)
+{
+    QString box;
+    if (file.kind == ModelFile::Missing) {
+        path = file.path;
+        status = QString::fromLatin1("<font color='red'>Loading %1 failed.</font>").arg(path);
+    } else if (file.kind == ModelFile::Companion) {
+        takeCompanion();
+        status = QString::fromLatin1("<font color='green'>Loaded %1 successfully.</font>")
+                     .arg(file.path);
+        modifyEnabled = true;
+    } else {
+        takeNumbers(PageNumbers::ofForeignFile());
+        functions.clear();
+        modifyEnabled = true;
+        box = QLatin1String(NotCompatible);
+    }
+    editorEnabled = false;
+    functionName.clear();
+    path = file.path;
+    path.replace(QLatin1String(".txt"), QLatin1String(".bin"));
+    return box;
+}
+
+void WindowModel::takeNumbers(const PageNumbers& page)
+{
+    finalPages = number(page.totalPages, " Pages");
+    finalBlocks = number(page.totalBlocks, " Blocks");
+    finalSize = number(page.totalSize, " bytes");
+    binPages = number(page.binPages, " Pages");
+    binBlocks = number(page.binBlocks, " Blocks");
+    binSize = number(page.binFileSize, " bytes");
+    // The codes select by place: 1 the second module, 2 the first; 1, 2 and 4 a device.
+    setModule(QLatin1String(page.module == 1 ? "DFE2" : "DFE"));
+    const QStringList devices = devicesOf(module);
+    const int index = page.device == 1 ? 0 : page.device == 2 ? 1 : 2;
+    device = devices.value(index);
+    configIndex = page.config - 1;
+    major = QString::number(page.major);
+    minor = QString::number(page.minor);
+}
+
+void WindowModel::takeCompanion()
+{
+    clear();
+    takeNumbers(PageNumbers::ofCompanion());
+    ciNumber = QLatin1String("CI of file");
+    author = QLatin1String("Author of file");
+    description = QLatin1String("First of file\nSecond of file");
+    functions = QStringList() << QLatin1String("filter") << QLatin1String("mixer");
+}
+
+void WindowModel::clear()
+{
+    path.clear();
+    author.clear();
+    ciNumber.clear();
+    major.clear();
+    minor.clear();
+    description.clear();
+    functions.clear();
+    functionName.clear();
+    status.clear();
+    binSize.clear();
+    binPages.clear();
+    binBlocks.clear();
+    finalSize.clear();
+    finalPages.clear();
+    finalBlocks.clear();
+}
+
+QStringList WindowModel::state() const
+{
+    QStringList lines;
+    lines << QLatin1String("path ") + path << QLatin1String("author ") + author
+          << QLatin1String("version ") + major + QLatin1Char('.') + minor
+          << QLatin1String("CI ") + ciNumber << QLatin1String("description ") + description
+          << QLatin1String("target ") + module + QLatin1Char('/') + device + QLatin1Char('/') +
+                 QString::number(configIndex)
+          << QLatin1String("devices ") + devicesOf(module).join(QLatin1String(", "))
+          << QString::fromLatin1("functions %1: ").arg(functions.count()) +
+                 functions.join(QLatin1String(", "))
+          << QLatin1String("function ") + functionName << QLatin1String("status ") + status
+          << QLatin1String("binary ") + binSize + binPages + binBlocks
+          << QLatin1String("image ") + finalSize + finalPages + finalBlocks;
+    lines << QString::fromLatin1("editor %1 modify %2 minimized %3")
+                 .arg(editorEnabled)
+                 .arg(modifyEnabled)
+                 .arg(minimized);
+    return lines;
+}
+
+DesignValues::DesignValues()
+    : exists(true), open(false), major(0), minor(0), hasStructure(false), changesAreShared(true),
+      cycles(0)
+{
+}
+
+int DesignValues::indexOf(const QString& path) const
+{
+    for (int index = 0; index < files.count(); ++index) {
+        if (files.at(index).first == path)
+            return index;
+    }
+    return -1;
+}
+
+DesignModel::DesignModel()
+
+    : hasItem(false), itemDesign(-1), hasCreate(false), hasOpen(false), createEnabled(true),
+      openEnabled(true), marks(false), hasWindow(false), opened(false)
+{
+}
+
+QString DesignModel::shown(const char* text) const
+{
+    return marks ? MarkingTranslator::marked(QLatin1String("ZORV_Plugin::ZORV_FileTypeExtensions"),
+                                             QLatin1String(text))
+                 : QString::fromLatin1(text);
+}
+
+void DesignModel::contextMenu(const QString& context, bool isDesignFile, int design,
+                              const ModelFile& file)
+{
+    const QString suffix = QFileInfo(file.path).fileName().section(QLatin1Char('.'), 1);
+    if (context == QLatin1String("MainDesignWidget") && isDesignFile && design >= 0 &&
+        designs.at(design).type == QLatin1String("Firmware Design")) {
+        if (suffix == QLatin1String("bin")) {
+            if (!hasCreate)
+                createText = shown("Create FCF");
+            hasCreate = true;
+            trace << QLatin1String("menu: create");
+        } else if (suffix == QLatin1String("txt")) {
+            if (!hasOpen)
+                openText = shown("Open FCF");
+            hasOpen = true;
+            trace << QLatin1String("menu: open");
+        }
+    }
+    hasItem = true;
+    itemDesign = design;
+    item = file;
+}
+
+void DesignModel::refreshForDesignState(bool locked, bool read_only)
+{
+    if (hasCreate)
+        createEnabled = !locked && !read_only;
+    if (hasOpen)
+        openEnabled = !locked && !read_only;
+}
+
+int DesignModel::onlyDesign() const
+{
+    int only = -1;
+    for (int index = 0; index < designs.count(); ++index) {
+        if (!designs.at(index).open)
+            continue;
+        if (only >= 0)
+            return -1;
+        only = index;
+    }
+    return only;
+}
+
+void DesignModel::note(int design, const QString& line)
+{
+    trace << QLatin1String(designs.at(design).cycles > 0 ? "cycle: " : "") + line;
+}
+
+QVariant DesignModel::readProperty(int design, const char* name)
+{
+    note(design, QLatin1String("read ") + QLatin1String(name));
+    return designs.at(design).properties.value(QLatin1String(name));
+}
+
+void DesignModel::needWindow()
+{
+    if (hasWindow)
+        return;
+    hasWindow = opened = true;
+    window = WindowModel();
+}
+
+void DesignModel::showWindow() { window.minimized = false; }
+
+void DesignModel::create()
+{
+    if (!hasItem)
+        return;
+    needWindow();
+    const int design = onlyDesign();
+    if (design >= 0) {
+        const DesignValues& values = designs.at(design);
+        window.setVersion(values.major, values.minor);
+        window.setAuthor(user);
+        window.setBinFile(item);
+        window.ciNumber = QLatin1String("0");
+        fillTarget(design);
+        if (values.changes.isValid() && values.changesAreShared) {
+            const QString box = window.setDescription(values.changes.toString());
+            if (!box.isEmpty())
+                trace << QLatin1String("box ") + box;
+        }
+    }
+    showWindow();
+}
+
+void DesignModel::fillTarget(int design)
+{
+    const QVariant module = readProperty(design, "ZORV Pelk Module");
+    if (module.toString().isEmpty())
+        return;
+    window.setModule(module.toString());
+    const QVariant device = readProperty(design, "ZORV Pelk Device");
+    if (device.toString().isEmpty())
+        return;
+    window.setDevice(device.toString());
+    window.setConfigNum(readProperty(design, "ZORV Pelk Config Number").toInt());
+}
+
+void DesignModel::open()
+{
+    if (!hasItem)
+        return;
+    needWindow();
+    if (onlyDesign() >= 0) {
+        const QString box = window.setTxtFile(item);
+        if (!box.isEmpty())
+            trace << QLatin1String("box ") + box;
+    }
+    showWindow();
+}
+
+void DesignModel::newFiles(const QStringList& paths, const HostActs& acts)
+{
+    const int design = onlyDesign();
+    if (paths.isEmpty() || design < 0)
+        return;
+    QStringList handled;
+    note(design, QLatin1String("structure"));
+    const bool begun = designs.at(design).hasStructure && !designs.at(design).node.isNull();
+    if (begun) {
+        ++designs[design].cycles;
+        foreach (const QString& path, paths) {
+            const QString file = takeFile(design, path, acts);
+            if (!file.isNull())
+                handled << file;
+        }
+        if (hasWindow)
+            writeTarget(design);
+    }
+    note(design, QLatin1String("events"));
+    actInEvents(design, acts, &handled);
+    if (!designs.at(design).exists)
+        return;
+    if (begun && --designs[design].cycles == 0)
+        note(design, QLatin1String("end of the cycle 1"));
+    QStringList names;
+    foreach (const QString& path, handled)
+        names << QFileInfo(path).fileName();
+    note(design, QLatin1String("refresh ") + names.join(QLatin1String(", ")));
+}
+
+void DesignModel::logGenerated()
+{
+    const QString line =
+        QLatin1String("2 Pelk FCF Generator: Successfully generated output files.");
+    if (onlyDesign() >= 0)
+        note(onlyDesign(), line);
+    else
+        trace << line;
+}
+
+QString DesignModel::takeFile(int design, const QString& path, const HostActs& acts)
+{
+    DesignValues& values = designs[design];
+    const QString node = values.node;
+    const QString name = QFileInfo(path).fileName();
+    note(design, QLatin1String("find ") + path);
+    int index = values.indexOf(path);
+    const bool isNew = index < 0;
+    if (isNew) {
+        note(design, QString::fromLatin1("add %1 with error \"\"").arg(path));
+        if (!values.refusal.isNull()) {
+            note(design, QString::fromLatin1("8 ") +
+                             shown("Failed to add generated file \"%1\" to design. Error: %2")
+                                 .arg(path, values.refusal));
+            return QString();
+        }
+        index = values.files.count();
+        values.files << qMakePair(path, QString::fromLatin1("/-/"));
+        if (acts.whenAdded == HostActs::ChangesVersion)
+            ++values.minor;
+        else if (acts.whenAdded == HostActs::DropsStructure)
+            values.hasStructure = false;
+        else if (acts.whenAdded == HostActs::DropsWindow)
+            hasWindow = false;
+    }
+    QString& noted = values.files[index].second;
+    QStringList parts = noted.split(QLatin1Char('/'));
+    const QStringList wanted = QStringList()
+                               << QString::fromLatin1("%1.%2").arg(values.major).arg(values.minor)
+                               << QLatin1String("generated") << node;
+    for (int part = 0; part < 3; ++part) {
+        if (parts.at(part) == wanted.at(part))
+            continue;
+        parts[part] = wanted.at(part);
+        noted = parts.join(QLatin1String("/"));
+        note(design, QString::fromLatin1("mark %1: %2").arg(name, noted));
+    }
+    note(design, QString::fromLatin1("2 ") +
+                     shown(isNew ? "Successfully added generated file \"%1\" to design."
+                                 : "Successfully updated generated file \"%1\" in design.")
+                         .arg(path));
+    return path;
+}
+
+void DesignModel::writeTarget(int design)
+{
+    const QString place = QLatin1String(" in Pelk Radar Signal Processor");
+    QMap<QString, QVariant>& properties = designs[design].properties;
+    properties[QLatin1String("ZORV Pelk Module")] = window.module;
+    note(design,
+         QString::fromLatin1("set ZORV Pelk Module = QString \"%1\"").arg(window.module) + place);
+    properties[QLatin1String("ZORV Pelk Device")] = window.device;
+    note(design,
+         QString::fromLatin1("set ZORV Pelk Device = QString \"%1\"").arg(window.device) + place);
+    const int config = window.configIndex + 1;
+    properties[QLatin1String("ZORV Pelk Config Number")] = config;
+    note(design,
+         QString::fromLatin1("set ZORV Pelk Config Number = int \"%1\"").arg(config) + place);
+}
+
+void DesignModel::actInEvents(int design, const HostActs& acts, QStringList* handled)
+{
+    DesignValues& values = designs[design];
+    switch (acts.inEvents) {
+    case HostActs::DeletesDesign:
+        closeDesign(design);
+        return;
+    case HostActs::RemovesFile:
+        removeFile(design, acts.path);
+        handled->removeAll(acts.path);
+        return;
+    case HostActs::ClosesWindow:
+        hasWindow = false;
+        return;
+    case HostActs::BeginsCycle:
+        ++values.cycles;
+        return;
+    case HostActs::TakesDesignFromList:
+        values.open = false;
+        return;
+    case HostActs::OpensAnother:
+        designs[1 - design].open = designs.at(1 - design).exists;
+        return;
+    case HostActs::DropsItsStructure:
+        values.hasStructure = false;
+        return;
+    case HostActs::Nothing:
+        return;
+    }
+}
+
+void DesignModel::closeDesign(int design)
+{
+    designs[design] = DesignValues();
+    designs[design].exists = false;
+    if (itemDesign == design)
+        hasItem = false;
+}
+
+void DesignModel::removeFile(int design, const QString& path)
+{
+    const int file = designs.at(design).indexOf(path);
+    if (file < 0)
+        return;
+    designs[design].files.removeAt(file);
+    if (itemDesign == design && item.path == path)
+        hasItem = false;
+}
+
+QStringList DesignModel::state() const
+{
+    QStringList lines;
+    if (hasCreate)
+        lines << QString::fromLatin1("create \"%1\" enabled %2").arg(createText).arg(createEnabled);
+    if (hasOpen)
+        lines << QString::fromLatin1("open \"%1\" enabled %2").arg(openText).arg(openEnabled);
+    for (int index = 0; index < designs.count(); ++index) {
+        const DesignValues& design = designs.at(index);
+        if (!design.exists)
+            continue;
+        lines << QString::fromLatin1("design %1 open %2 cycle %3")
+                     .arg(index)
+                     .arg(design.open)
+                     .arg(design.cycles > 0);
+        foreach (const QString& name, design.properties.keys())
+            lines << QString::fromLatin1("%1 = %2").arg(name,
+                                                        design.properties.value(name).toString());
+        for (int file = 0; file < design.files.count(); ++file)
+            lines << design.files.at(file).first + QLatin1String(": ") +
+                         design.files.at(file).second;
+    }
+    lines << QString::fromLatin1("window %1 opened %2").arg(hasWindow).arg(opened);
+    if (hasWindow)
+        lines << window.state();
+    return lines;
+}

@@ -1,0 +1,46 @@
+#include "support/LoadedPlugin.h"
+
+#include <QtilitiesCore/QtilitiesCoreApplication.h>
+#include <QtilitiesCoreGui/QtilitiesApplication.h>
+
+#include <QApplication>
+
+using Qtilities::Core::QtilitiesCoreApplication;
+using Qtilities::CoreGui::QtilitiesApplication;
+using Qtilities::ExtensionSystem::Interfaces::IPlugin;
+
+IPlugin* LoadedPlugin::load()
+{
+    m_instance = m_loader.instance();
+    IPlugin* const plugin = qobject_cast<IPlugin*>(m_instance);
+    if (!plugin)
+        qFatal("%s", qPrintable(m_loader.errorString()));
+    return plugin;
+}
+
+void LoadedPlugin::start() { load()->initialize(QStringList(), nullptr); }
+
+void LoadedPlugin::end()
+{
+    qDeleteAll(generatorWindows());
+    qDeleteAll(registered("QObject"));
+    delete m_instance;
+    delete QtilitiesApplication::actionManager();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+QList<QWidget*> LoadedPlugin::generatorWindows()
+{
+    QList<QWidget*> windows;
+    foreach (QWidget* window, QApplication::topLevelWidgets()) {
+        if (window->inherits("PelkFcfGenerator"))
+            windows << window;
+    }
+    return windows;
+}
+
+QList<QObject*> LoadedPlugin::registered(const char* identifier)
+{
+    return QtilitiesCoreApplication::objectManager()->registeredInterfaces(
+        QLatin1String(identifier));
+}
