@@ -370,6 +370,25 @@
     </message>
 </context>
 <context>
+    <name>DesignHistory</name>
+    <message>
+        <source>Change Version</source>
+        <translation>Version ändern</translation>
+    </message>
+    <message>
+        <source>Change Text of Changes</source>
+        <translation>Änderungstext ändern</translation>
+    </message>
+    <message>
+        <source>Generate</source>
+        <translation>Erzeugen</translation>
+    </message>
+    <message>
+        <source>Change of Design</source>
+        <translation>Änderung des Designs</translation>
+    </message>
+</context>
+<context>
     <name>DesignModel</name>
     <message>
         <source>Name</source>
@@ -548,6 +567,10 @@ Do you want to archive the design as it is?</source>
 %2
 
 Soll das Design so archiviert werden?</translation>
+    </message>
+    <message>
+        <source>Move to %1</source>
+        <translation>Nach %1 verschieben</translation>
     </message>
 </context>
 <context>

@@ -92,6 +92,9 @@ private:
     bool mayReplace(const OrvanticCore::Design& design);
     bool mayClose(OrvanticCore::Design* design);
     void addTo(OrvanticCore::Design* design, const QStringList& paths, const QString& node);
+    /// What adding \p paths is called in the menu Edit.
+    static QString stepOf(const OrvanticCore::Design& design, const QStringList& paths,
+                          const QString& node);
     static AddedItem addItem(OrvanticCore::Design* design, const QString& path,
                              const QString& node);
     /// Returns the button that the user chose.

@@ -182,7 +182,11 @@ void MainWindow::connectDesigns()
         showCurrentDesign();
     });
 
-    connect(m_session, &DesignSession::chosen, m_view, &DesignView::setCurrentDesign);
+    connect(m_session, &DesignSession::chosen, this, [this](const Design* design) {
+        m_view->setCurrentDesign(design);
+        // Else the first key would go into the box of the version.
+        m_view->setFocus();
+    });
     connect(m_view, &DesignView::currentItemChanged, this, &MainWindow::showCurrentDesign);
 }
 

@@ -4,6 +4,8 @@
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
 
+#include <QtilitiesCoreGui/TreeNode.h>
+
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
@@ -40,19 +42,6 @@ void makeImage(const HostFixture& host)
     QCOMPARE(host.view()->currentIndex(), host.item("top.fcf"));
 }
 
-void dropOn(const HostFixture& host, const QString& item, const QString& path)
-{
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(path)});
-    const QPoint place = host.view()->viewport()->mapTo(
-        host.window(), host.view()->visualRect(host.item(item)).center());
-    QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(host.window(), &enter);
-    QVERIFY(enter.isAccepted());
-    QDropEvent event(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(host.window(), &event);
-}
-
 } // namespace
 
 /// What happens to the files of a design: their state, their nodes, undo and redo.
@@ -70,7 +59,7 @@ private slots:
     void undoesAndRedoesWhatWasDoneToFiles();
     void undoesAChangedProperty();
     void undoesNothingInALockedDesign();
-    void keepsWhatAToolAddedWhenItUndoes();
+    void undoesWhatAToolAddedAsAStepOfItsOwn();
     void saysWhyAValueIsNotTaken();
     void showsWhatAnImageContains();
     void showsWhatIsWrongWithAnImage();
@@ -130,12 +119,12 @@ void HostFilesTest::putsAFileWhereItIsDropped()
 {
     HostFixture host;
     const Design* const design = host.openDesign("radar");
-    dropOn(host, "Other Files", host.writeFile("radar/new.bit", "bytes"));
+    host.drop("Other Files", host.writeFile("radar/new.bit", "bytes"));
     QCOMPARE(host.item("new.bit").parent(), host.item("Other Files"));
-    dropOn(host, "top.bin", host.writeFile("radar/notes.pdf", "bytes"));
+    host.drop("top.bin", host.writeFile("radar/notes.pdf", "bytes"));
     QCOMPARE(host.item("notes.pdf").parent(), host.item("Bit-stream Files"));
     // On the design its rules decide.
-    dropOn(host, "radar", host.writeFile("radar/other.bit", "bytes"));
+    host.drop("radar", host.writeFile("radar/other.bit", "bytes"));
     QCOMPARE(host.item("other.bit").parent(), host.item("Bit-stream Files"));
     QCOMPARE(design->fileAt("other.bit")->customNode(), QString());
 }
@@ -170,7 +159,7 @@ void HostFilesTest::movesSelectedFilesByTheMenu()
     QCOMPARE(host.item("a.bit").parent(), host.item("Other Files"));
     QCOMPARE(host.item("top.bin").parent(), host.item("Other Files"));
     // Also by dragging, to which a file of the design is one like any other.
-    dropOn(host, "Bit-stream Files", host.path("radar/top.bin"));
+    host.drop("Bit-stream Files", host.path("radar/top.bin"));
     QCOMPARE(host.item("top.bin").parent(), host.item("Bit-stream Files"));
     QCOMPARE(design->files().count(), 2);
 }
@@ -191,7 +180,7 @@ void HostFilesTest::undoesAndRedoesWhatWasDoneToFiles()
     host.view()->setFocus();
     host.view()->setCurrentIndex(host.item("top.bin"));
     QTest::keyClick(host.view(), Qt::Key_Delete);
-    dropOn(host, "Other Files", host.writeFile("radar/new.bit", "bytes"));
+    host.drop("Other Files", host.writeFile("radar/new.bit", "bytes"));
     QCOMPARE(design->files().count(), 1);
 
     host.press(Qt::Key_Z, Qt::ControlModifier);
@@ -232,14 +221,18 @@ void HostFilesTest::undoesNothingInALockedDesign()
     QCOMPARE(design->files().count(), 1);
 }
 
-void HostFilesTest::keepsWhatAToolAddedWhenItUndoes()
+void HostFilesTest::undoesWhatAToolAddedAsAStepOfItsOwn()
 {
     HostFixture host;
     Design* const design = host.openDesign("radar");
-    dropOn(host, "Other Files", host.writeFile("radar/new.bit", "bytes"));
+    host.drop("Other Files", host.writeFile("radar/new.bit", "bytes"));
+    design->tree()->startProcessingCycle();
     design->restoreFile("top.fcf")->setIsGenerated(true);
+    design->tree()->endProcessingCycle();
     host.press(Qt::Key_Z, Qt::ControlModifier);
-    QVERIFY(design->fileAt("top.fcf"));
+    QVERIFY(!design->fileAt("top.fcf"));
+    QVERIFY(design->fileAt("new.bit"));
+    host.press(Qt::Key_Z, Qt::ControlModifier);
     QVERIFY(!design->fileAt("new.bit"));
 }
 
