@@ -30,7 +30,7 @@ void updateLayouts(QWidget* widget, const QWidget* top)
 } // namespace
 
 FormFit::FormFit(QMainWindow* window, QScrollArea* area, const QList<QWidget*>& bodies)
-    : QObject(window), m_window(window), m_area(area), m_wasShown(false), m_isPlaced(false)
+    : QObject(window), m_window(window), m_area(area), m_wasShown(false)
 {
     // A form that is cut off at the right could only be used by scrolling to and fro.
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -53,8 +53,6 @@ bool FormFit::eventFilter(QObject* watched, QEvent* event)
 
 void FormFit::handleWindowEvent(QEvent::Type type)
 {
-    if (m_wasShown && !m_isPlaced && isFramed())
-        place();
     if (type != QEvent::Show || m_wasShown)
         return;
     m_wasShown = true;
@@ -66,17 +64,6 @@ void FormFit::handleWindowEvent(QEvent::Type type)
 
     growWide();
     grow();
-}
-
-bool FormFit::isFramed() const { return m_window->frameGeometry() != m_window->geometry(); }
-
-/// Until its frame is known, a window is moved without it: its title may be above the screen.
-void FormFit::place()
-{
-    m_isPlaced = true;
-    const int top = Toolkit::availableGeometry(m_window).top();
-    if (m_window->frameGeometry().top() < top)
-        m_window->move(m_window->x(), top);
 }
 
 void FormFit::handleBodyEvent(QWidget* body, QEvent::Type type)
@@ -121,10 +108,13 @@ void FormFit::grow()
 void FormFit::moveUp()
 {
     const QRect available = Toolkit::availableGeometry(m_window);
-    const int frame = isFramed() ? 0 : FrameHeight;
+    // A window whose frame is not known yet is moved without it: the frame needs room above.
+    const bool isFramed = m_window->frameGeometry() != m_window->geometry();
+    const int frame = isFramed ? 0 : FrameHeight;
+
     const int below = m_window->geometry().bottom() + frame - available.bottom();
     if (below > 0)
-        m_window->move(m_window->x(), qMax(available.top(), m_window->y() - below));
+        m_window->move(m_window->x(), qMax(available.top() + frame, m_window->y() - below));
 }
 
 void FormFit::shrink(int height)

@@ -29,8 +29,6 @@ private:
     void growWide();
     void grow();
     void moveUp();
-    bool isFramed() const;
-    void place();
     void shrink(int height);
     /// The height that is free once \p body is folded: its own, less what was scrolled out of view.
     int spareHeight(const QWidget* body) const;
@@ -40,8 +38,6 @@ private:
     QMainWindow* m_window;
     QScrollArea* m_area;
     bool m_wasShown;
-    /// Whether the window has its place on the screen with its frame.
-    bool m_isPlaced;
     /// The height by which the window grew when a body was unfolded.
     QMap<QWidget*, int> m_grown;
 };
