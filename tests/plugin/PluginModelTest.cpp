@@ -448,6 +448,8 @@ void PluginModelTest::translate(const ModelAction& action)
     QCoreApplication::removeTranslator(&m_translator);
     if (m_model.marks)
         QCoreApplication::installTranslator(&m_translator);
+    // The windows get to know it when events run.
+    QCoreApplication::processEvents();
 }
 
 /// Whether an object's own class has \p methods, in this order, and no others.
