@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>ArchiveDestination</name>
+    <message>
+        <source>A part of the name is empty.</source>
+        <translation>Ein Teil des Namens ist leer.</translation>
+    </message>
+    <message>
+        <source>The name has the character &quot;%1&quot;.</source>
+        <translation>Der Name hat das Zeichen „%1“.</translation>
+    </message>
+    <message>
+        <source>There is no folder %1 yet.</source>
+        <translation>Den Ordner %1 gibt es noch nicht.</translation>
+    </message>
+</context>
+<context>
     <name>ArchiveDialog</name>
     <message>
         <source>Archive Design</source>
@@ -134,6 +149,24 @@
     <message>
         <source>&amp;Show in Folder</source>
         <translation>Im Ordner an&amp;zeigen</translation>
+    </message>
+    <message>
+        <source>The name leads out of the folder of the archive:
+%1</source>
+        <translation>Der Name führt aus dem Ordner des Archivs hinaus:
+%1</translation>
+    </message>
+    <message>
+        <source>%1
+
+%2
+
+Do you want to archive the design under this name?</source>
+        <translation>%1
+
+%2
+
+Soll das Design unter diesem Namen archiviert werden?</translation>
     </message>
 </context>
 <context>
@@ -1014,6 +1047,14 @@ Qt %2</translation>
     <message>
         <source>%1 is outdated: %2</source>
         <translation>%1 ist veraltet: %2</translation>
+    </message>
+    <message>
+        <source>&amp;Close Others</source>
+        <translation>Andere s&amp;chließen</translation>
+    </message>
+    <message>
+        <source>%1 designs are open. The generator is filled in, and adds its files, only when one is.</source>
+        <translation>%1 Designs sind offen. Nur wenn eines offen ist, wird der Generator ausgefüllt und werden seine Dateien aufgenommen.</translation>
     </message>
 </context>
 <context>
