@@ -841,6 +841,30 @@ Qt %2</translation>
         <source>Finding: %1</source>
         <translation>Befund: %1</translation>
     </message>
+    <message>
+        <source>Beside it</source>
+        <translation>Daneben</translation>
+    </message>
+    <message>
+        <source>%1 has %2 bytes, the image is of %3</source>
+        <translation>%1 hat %2 Bytes, das Image ist aus %3</translation>
+    </message>
+    <message>
+        <source>%1 is the payload, byte for byte</source>
+        <translation>%1 ist die Nutzlast, Byte für Byte</translation>
+    </message>
+    <message>
+        <source>%1 differs in %2 bytes, the first one at offset %3</source>
+        <translation>%1 unterscheidet sich in %2 Bytes, zuerst an Position %3</translation>
+    </message>
+    <message>
+        <source>VALID</source>
+        <translation>GÜLTIG</translation>
+    </message>
+    <message>
+        <source>NOT VALID</source>
+        <translation>NICHT GÜLTIG</translation>
+    </message>
 </context>
 <context>
     <name>ImageTarget</name>

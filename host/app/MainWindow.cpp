@@ -194,6 +194,18 @@ void MainWindow::connectDesigns()
         m_view->setFocus();
     });
     connect(m_view, &DesignView::currentItemChanged, this, &MainWindow::showCurrentDesign);
+    connect(m_view, &DesignView::currentItemChanged, this, &MainWindow::inspectCurrent);
+    connect(m_ui->InspectorDock, &QDockWidget::visibilityChanged, this,
+            &MainWindow::inspectCurrent);
+}
+
+void MainWindow::inspectCurrent()
+{
+    // A pane that is closed, or behind another tab, is disabled.
+    const DesignFile* const file = m_model->fileAt(m_view->currentIndex());
+    const bool isFcf = file && QStringList({"fcf", "txt"}).contains(file->suffix());
+    if (isFcf && m_ui->InspectorDock->isVisible() && m_ui->inspector->isEnabled())
+        m_ui->inspector->inspect(file->filePath());
 }
 
 void MainWindow::showSeveralDesigns()
