@@ -10,14 +10,9 @@ else()
     set(zorv_lrelease "${QT_LRELEASE_EXECUTABLE}")
 endif()
 
-# Embeds translations/NAME_de.ts in the program or plug-in TARGET, as ":/translations/NAME_de.qm".
-function(zorv_embed_catalogue target name)
-    if(NOT zorv_lrelease)
-        return()
-    endif()
+# Compiles translations/NAME_de.ts to the file OUTPUT when TARGET is built.
+function(zorv_compile_catalogue target name output)
     set(source "${PROJECT_SOURCE_DIR}/translations/${name}_de.ts")
-    set(catalogue "${CMAKE_CURRENT_BINARY_DIR}/${name}_de.qm")
-    set(resources "${CMAKE_CURRENT_BINARY_DIR}/${name}_translations.qrc")
     if(ZORV_PSEUDO_TRANSLATION)
         set(longer "${CMAKE_CURRENT_BINARY_DIR}/${name}_pseudo.ts")
         set(script "${PROJECT_SOURCE_DIR}/cmake/pseudo-translation")
@@ -29,13 +24,34 @@ function(zorv_embed_catalogue target name)
         set(source "${longer}")
     endif()
     add_custom_command(
-        OUTPUT "${catalogue}"
-        COMMAND ${zorv_lrelease} -silent "${source}" -qm "${catalogue}"
+        OUTPUT "${output}"
+        COMMAND ${zorv_lrelease} -silent "${source}" -qm "${output}"
         DEPENDS "${source}"
         COMMENT "Compiling the catalogue ${name}_de"
         VERBATIM)
+    target_sources(${target} PRIVATE "${output}")
+endfunction()
+
+# Embeds translations/NAME_de.ts in the program TARGET, as ":/translations/NAME_de.qm".
+function(zorv_embed_catalogue target name)
+    if(NOT zorv_lrelease)
+        return()
+    endif()
+    zorv_compile_catalogue(${target} ${name} "${CMAKE_CURRENT_BINARY_DIR}/${name}_de.qm")
+    set(resources "${CMAKE_CURRENT_BINARY_DIR}/${name}_translations.qrc")
     file(CONFIGURE OUTPUT "${resources}" CONTENT
 "<RCC><qresource prefix=\"/translations\"><file>@name@_de.qm</file></qresource></RCC>\n" @ONLY)
-    target_sources(${target} PRIVATE "${catalogue}" "${resources}")
+    target_sources(${target} PRIVATE "${resources}")
     set_target_properties(${target} PROPERTIES AUTORCC ON)
+endfunction()
+
+# Puts translations/NAME_de.ts beside the plug-in TARGET, as TARGET_de.qm, and installs it with it.
+function(zorv_place_catalogue target name)
+    if(NOT zorv_lrelease)
+        return()
+    endif()
+    get_target_property(folder ${target} LIBRARY_OUTPUT_DIRECTORY)
+    zorv_compile_catalogue(${target} ${name} "${folder}/${target}_de.qm")
+    install(FILES "${folder}/${target}_de.qm"
+        DESTINATION "${ZORV_PLUGIN_INSTALL_DIR}" COMPONENT plugin)
 endfunction()

@@ -108,11 +108,13 @@ void FormFit::grow()
 void FormFit::moveUp()
 {
     const QRect available = Toolkit::availableGeometry(m_window);
+    // A window whose frame is not known yet is moved without it: the frame needs room above.
     const bool isFramed = m_window->frameGeometry() != m_window->geometry();
     const int frame = isFramed ? 0 : FrameHeight;
+
     const int below = m_window->geometry().bottom() + frame - available.bottom();
     if (below > 0)
-        m_window->move(m_window->x(), qMax(available.top(), m_window->y() - below));
+        m_window->move(m_window->x(), qMax(available.top() + frame, m_window->y() - below));
 }
 
 void FormFit::shrink(int height)

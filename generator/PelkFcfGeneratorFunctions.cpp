@@ -120,11 +120,10 @@ bool PelkFcfGenerator::checkFunction()
     setDefault(ui->CiNumberEditBoxFunctions);
     setDefault(ui->AuthorFunctions);
     setDefault(ui->DescriptionMemoFunctions);
-    const FcfFunction function = editedFunction();
 
     ui->btnRemove->setEnabled(ui->FunctionComboBox->count() > 0);
-    const int index =
-        ui->FunctionComboBox->findText(function.name, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    const int index = ui->FunctionComboBox->findText(ui->EditFunctionName->text(),
+                                                     Qt::MatchExactly | Qt::MatchCaseSensitive);
     if (index < 0)
         return false;
 
@@ -132,6 +131,8 @@ bool PelkFcfGenerator::checkFunction()
         this, tr("The Function already exists, click Yes to override it and No to cancel"),
         QMessageBox::No);
     if (answer != QMessageBox::No) {
+        // As the editor has it now: the host may have changed it while the question was open.
+        const FcfFunction function = editedFunction();
         const int first = index * EntryCount;
         // Shorter than the combo box after a load into a window that listed functions already.
         functions.resize(qMax(functions.size(), first + EntryCount));

@@ -9,9 +9,6 @@
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 
 #include <QAction>
-#include <QCoreApplication>
-#include <QLocale>
-#include <QTranslator>
 
 using Qtilities::Core::QtilitiesCategory;
 using Qtilities::Core::QtilitiesCoreApplication;
@@ -48,23 +45,9 @@ bool ZORV_Plugin_Core::initialize(const QStringList& arguments, QStringList* err
     Q_UNUSED(arguments)
     Q_UNUSED(error_strings)
 
-    installCatalogue();
     registerExtensions();
     addGeneratorToToolsMenu();
     return true;
-}
-
-void ZORV_Plugin_Core::installCatalogue()
-{
-    // English texts are in no catalogue: to try the user's further languages would put one of them
-    // before English.
-    const QString language =
-        QLocale::system().uiLanguages().value(0).replace(QLatin1Char('-'), QLatin1Char('_'));
-    QTranslator* const catalogue = new QTranslator(QCoreApplication::instance());
-    if (catalogue->load(QLatin1String("zorv_") + language, QLatin1String(":/translations")))
-        QCoreApplication::installTranslator(catalogue);
-    else
-        delete catalogue;
 }
 
 void ZORV_Plugin_Core::registerExtensions()

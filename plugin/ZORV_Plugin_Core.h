@@ -29,9 +29,8 @@ public:
     QObject* objectBase() override { return this; }
     const QObject* objectBase() const override { return this; }
 
-    /// Installs the catalogue of the user's language, registers the extensions for designs in the
-    /// object pool, and adds "Pelk FCF Generator" to the Tools menu. Takes no arguments and reports
-    /// no errors.
+    /// Registers the extensions for designs in the object pool, and adds "Pelk FCF Generator" to
+    /// the Tools menu. Takes no arguments and reports no errors.
     bool initialize(const QStringList& arguments, QStringList* error_strings) override;
     bool initializeDependencies(QStringList* error_strings) override;
     void finalize() override;
@@ -51,7 +50,6 @@ private Q_SLOTS:
     void showFcfGenerator();
 
 private:
-    void installCatalogue();
     void registerExtensions();
     void addGeneratorToToolsMenu();
 

@@ -370,6 +370,25 @@
     </message>
 </context>
 <context>
+    <name>DesignHistory</name>
+    <message>
+        <source>Change Version</source>
+        <translation>Version ändern</translation>
+    </message>
+    <message>
+        <source>Change Text of Changes</source>
+        <translation>Änderungstext ändern</translation>
+    </message>
+    <message>
+        <source>Generate</source>
+        <translation>Erzeugen</translation>
+    </message>
+    <message>
+        <source>Change of Design</source>
+        <translation>Änderung des Designs</translation>
+    </message>
+</context>
+<context>
     <name>DesignModel</name>
     <message>
         <source>Name</source>
@@ -419,18 +438,6 @@
         <translation>Ordner, fehlt</translation>
     </message>
     <message>
-        <source>Generated</source>
-        <translation>Erzeugt</translation>
-    </message>
-    <message>
-        <source>Outdated</source>
-        <translation>Veraltet</translation>
-    </message>
-    <message>
-        <source>Missing</source>
-        <translation>Fehlt</translation>
-    </message>
-    <message>
         <source>There is no such file on the disk.</source>
         <translation>Die Datei gibt es auf der Platte nicht.</translation>
     </message>
@@ -439,8 +446,16 @@
         <translation>%1, geändert %2</translation>
     </message>
     <message>
-        <source>&lt;b&gt;Outdated&lt;/b&gt;: %1. Generate it again.</source>
-        <translation>&lt;b&gt;Veraltet&lt;/b&gt;: %1. Bitte neu erzeugen.</translation>
+        <source>&lt;b&gt;Invalid&lt;/b&gt;: %1</source>
+        <translation>&lt;b&gt;Ungültig&lt;/b&gt;: %1</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Outdated&lt;/b&gt;: %1. Make it again.</source>
+        <translation>&lt;b&gt;Veraltet&lt;/b&gt;: %1. Erneut erzeugen.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;External&lt;/b&gt;: the file is outside of the folder of the design.</source>
+        <translation>&lt;b&gt;Extern&lt;/b&gt;: Die Datei ist außerhalb des Ordners des Designs.</translation>
     </message>
 </context>
 <context>
@@ -537,6 +552,26 @@ Soll sie ersetzt werden?</translation>
         <source>Cannot make the folder %1.</source>
         <translation>Der Ordner %1 kann nicht angelegt werden.</translation>
     </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+    <message>
+        <source>Some files of &quot;%1&quot; are not what they should be:
+
+%2
+
+Do you want to archive the design as it is?</source>
+        <translation>Einige Dateien von „%1“ sind nicht, wie sie sein sollten:
+
+%2
+
+Soll das Design so archiviert werden?</translation>
+    </message>
+    <message>
+        <source>Move to %1</source>
+        <translation>Nach %1 verschieben</translation>
+    </message>
 </context>
 <context>
     <name>DesignStorage</name>
@@ -574,8 +609,40 @@ Soll sie ersetzt werden?</translation>
         <translation>%1 hat sich seither geändert</translation>
     </message>
     <message>
-        <source>made for version %1, the design is at %2</source>
-        <translation>für Version %1 erzeugt, das Design ist bei %2</translation>
+        <source>for %1 %2, the design is for %3 %4</source>
+        <translation>für %1 %2, das Design ist für %3 %4</translation>
+    </message>
+    <message>
+        <source>slot %1, the design has %2</source>
+        <translation>Slot %1, das Design hat %2</translation>
+    </message>
+    <message>
+        <source>version %1, the design has %2</source>
+        <translation>Version %1, das Design hat %2</translation>
+    </message>
+    <message>
+        <source>%1 has another size</source>
+        <translation>%1 hat eine andere Größe</translation>
+    </message>
+    <message>
+        <source>Invalid</source>
+        <translation>Ungültig</translation>
+    </message>
+    <message>
+        <source>Generated</source>
+        <translation>Erzeugt</translation>
+    </message>
+    <message>
+        <source>Outdated</source>
+        <translation>Veraltet</translation>
+    </message>
+    <message>
+        <source>Missing</source>
+        <translation>Fehlt</translation>
+    </message>
+    <message>
+        <source>External</source>
+        <translation>Extern</translation>
     </message>
 </context>
 <context>
@@ -939,6 +1006,14 @@ Qt %2</translation>
     <message>
         <source>&amp;Help</source>
         <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>%1 is not valid: %2</source>
+        <translation>%1 ist nicht gültig: %2</translation>
+    </message>
+    <message>
+        <source>%1 is outdated: %2</source>
+        <translation>%1 ist veraltet: %2</translation>
     </message>
 </context>
 <context>

@@ -6,6 +6,7 @@
 #include "host/app/DesignSession.h"
 #include "host/app/DesignStorage.h"
 #include "host/app/DesignView.h"
+#include "host/app/image/FileState.h"
 #include "host/app/image/RemakeCommands.h"
 #include "host/app/ItemCommands.h"
 
@@ -182,6 +183,10 @@ void DesignCommands::chooseDesign()
 void DesignCommands::archiveCurrent()
 {
     Design* const design = m_view->currentDesign();
+    const QStringList lines = FileState::linesOf(*design);
+    if (!lines.isEmpty() && !m_session->mayArchive(*design, lines))
+        return;
+
     const QString name =
         QFileInfo(DesignStorage::descriptionPath(design->workingFolderPath())).fileName();
     archiveDesign(design, {name, [design] { return DesignStorage::text(*design); }}, m_window);

@@ -1,5 +1,6 @@
 #include "host/app/DesignEditor.h"
 
+#include "host/app/common/WheelGuard.h"
 #include "host/app/DesignHistory.h"
 #include "host/app/PropertyModel.h"
 #include "ui_DesignEditor.h"
@@ -70,6 +71,7 @@ DesignEditor::DesignEditor(QWidget* parent)
       m_menu(new QMenu(this))
 {
     m_ui->setupUi(this);
+    guardWheel(this);
     m_ui->VersionChanges->setFixedHeight(fontMetrics().lineSpacing() * 4);
     m_ui->PropertyView->setModel(m_model);
     m_ui->PropertyView->setItemDelegate(new ValueDelegate(m_model, this));

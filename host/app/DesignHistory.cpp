@@ -6,8 +6,10 @@
 
 #include <QtilitiesCoreGui/TreeNode.h>
 
+#include <QCoreApplication>
 #include <QMap>
 #include <QPair>
+#include <QScopedValueRollback>
 #include <QUndoStack>
 #include <QVariant>
 
@@ -19,8 +21,13 @@ using Qtilities::Core::QtilitiesCategory;
 
 namespace {
 
-enum Kind { File, Folder, Property };
-/// The path of a file or a folder, the name of a property.
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(DesignHistory)
+};
+
+enum Kind { File, Folder, Property, Version, Changes };
+/// The path of a file or a folder, or the name of a property. The version and its changes have
+/// none.
 using Key = QPair<Kind, QString>;
 /// What can be undone of a design: each item with what is noted about it.
 using Snapshot = QMap<Key, QVariantList>;
@@ -40,6 +47,9 @@ Snapshot snapshotOf(const Design& design)
     for (const DesignProperty& property : design.designProperties())
         items[{Property, property.name}] = {property.value, property.value.isValid(),
                                             property.category.toString(Separator)};
+
+    items[{Version, QString()}] = {design.versionMajor(), design.versionMinor()};
+    items[{Changes, QString()}] = {design.versionChanges()};
     return items;
 }
 
@@ -64,26 +74,90 @@ void restore(Design* design, const Key& key, const QVariantList& noted)
         file->setVersionAssociation(noted.at(2).toString());
     } else if (key.first == Folder) {
         design->restoreFolder(key.second);
-    } else {
+    } else if (key.first == Property) {
         design->setDesignProperty(key.second, noted.at(0),
                                   QtilitiesCategory(noted.at(2).toString(), Separator));
+    } else if (key.first == Version) {
+        design->setVersion(noted.at(0).toInt(), noted.at(1).toInt());
+    } else {
+        design->setVersionChanges(noted.at(0).toString());
     }
 }
 
+/// What the user reads of a step that led from \p before to \p after without a command of the host.
+QString textOf(const Snapshot& before, const Snapshot& after)
+{
+    bool hasGenerated = false;
+    for (const Key& key : after.keys()) {
+        const bool isChanged = before.value(key) != after[key] || !before.contains(key);
+        if (isChanged && key.first == Version)
+            return Texts::tr("Change Version");
+        if (isChanged && key.first == Changes)
+            return Texts::tr("Change Text of Changes");
+        hasGenerated =
+            hasGenerated || (isChanged && key.first == File && after[key].at(1).toBool());
+    }
+    return hasGenerated ? Texts::tr("Generate") : Texts::tr("Change of Design");
+}
+
+/// Follows a design: what changes without a command of the host, such as by the generator, becomes
+/// a step of its own. The changes of one processing cycle are one step.
+class History : public QUndoStack {
+public:
+    explicit History(Design* design)
+        : QUndoStack(design), m_design(design), m_last(snapshotOf(*design))
+    {
+        const auto capture = [this] { push(QString()); };
+        connect(design, &Design::filesChanged, this, capture);
+        connect(design, &Design::filesRefreshed, this, capture);
+        connect(design, &Design::propertiesChanged, this, capture);
+        connect(design, &Design::versionChanged, this, capture);
+    }
+
+    void record(const QString& text, const std::function<void()>& change)
+    {
+        {
+            const QScopedValueRollback<bool> own(m_isOwnChange, true);
+            change();
+        }
+        push(text);
+    }
+
+    /// Takes what a step of the history itself changes.
+    void follow(const std::function<void()>& change)
+    {
+        const QScopedValueRollback<bool> own(m_isOwnChange, true);
+        change();
+        m_last = snapshotOf(*m_design);
+    }
+
+private:
+    void push(const QString& text);
+
+    Design* m_design;
+    /// The design after the last step.
+    Snapshot m_last;
+    bool m_isOwnChange = false;
+};
+
 class ChangeCommand : public QUndoCommand {
 public:
-    ChangeCommand(Design* design, const QString& text, const Snapshot& before,
+    ChangeCommand(Design* design, History* history, const QString& text, const Snapshot& before,
                   const Snapshot& after)
-        : QUndoCommand(text), m_design(design), m_before(before), m_after(after)
+        : QUndoCommand(text), m_design(design), m_history(history), m_before(before), m_after(after)
     {
     }
 
-    void undo() override { apply(m_after, m_before); }
+    void undo() override
+    {
+        m_history->follow([this] { apply(m_after, m_before); });
+    }
+
     void redo() override
     {
         // The stack redoes a command when it is pushed, and then the change is there already.
         if (m_isMade)
-            apply(m_before, m_after);
+            m_history->follow([this] { apply(m_before, m_after); });
         m_isMade = true;
     }
 
@@ -103,14 +177,27 @@ private:
     }
 
     Design* m_design;
+    History* m_history;
     Snapshot m_before;
     Snapshot m_after;
     bool m_isMade = false;
 };
 
+void History::push(const QString& text)
+{
+    if (m_isOwnChange || m_design->tree()->isProcessingCycleActive())
+        return;
+
+    const Snapshot before = m_last;
+    m_last = snapshotOf(*m_design);
+    if (before != m_last)
+        QUndoStack::push(new ChangeCommand(
+            m_design, this, text.isEmpty() ? textOf(before, m_last) : text, before, m_last));
+}
+
 } // namespace
 
-void DesignHistory::attach(Design* design) { new QUndoStack(design); }
+void DesignHistory::attach(Design* design) { new History(design); }
 
 QUndoStack* DesignHistory::of(const Design* design)
 {
@@ -119,10 +206,8 @@ QUndoStack* DesignHistory::of(const Design* design)
 
 void DesignHistory::record(Design* design, const QString& text, const std::function<void()>& change)
 {
-    const Snapshot before = snapshotOf(*design);
-    change();
-    const Snapshot after = snapshotOf(*design);
-    QUndoStack* const history = of(design);
-    if (history && before != after)
-        history->push(new ChangeCommand(design, text, before, after));
+    if (auto* const history = static_cast<History*>(of(design)))
+        history->record(text, change);
+    else
+        change();
 }

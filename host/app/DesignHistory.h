@@ -11,8 +11,8 @@ namespace OrvanticCore {
 class Design;
 }
 
-/// What can be undone in each open design: changes of its files, folders and properties that the
-/// user made. Changes by extensions in between are left as they are.
+/// What can be undone in each open design: all changes of its version, files, folders and
+/// properties, each as a step of its own. What an extension changes is a step, too.
 namespace DesignHistory {
 
 /// Gives \p design a history, which it owns.

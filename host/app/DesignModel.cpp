@@ -58,6 +58,9 @@ void DesignModel::addDesign(Design* design)
         refreshRows(indexOf(design));
     });
     connect(design, &Design::stateChanged, this, [this, design] { refreshDesign(design); });
+    // The target properties decide which images are outdated.
+    connect(design, &Design::propertiesChanged, this,
+            [this, design] { refreshRows(indexOf(design)); });
 }
 
 void DesignModel::removeDesign(Design* design)

@@ -65,36 +65,34 @@ void applyRoleData(QStandardItem* item, const Ask& ask)
     }
 }
 
-/// The words of the column State: "Generated", "Outdated", "Missing".
-QStringList stateOf(const DesignFile& file)
-{
-    QStringList words;
-    if (file.isGenerated())
-        words << Texts::tr("Generated");
-    if (!FileState::reasonsOutdated(file).isEmpty())
-        words << Texts::tr("Outdated");
-    if (!file.exists())
-        words << Texts::tr("Missing");
-    return words;
-}
-
 /// Path, size, date and reasons, as rich text.
-QString toolTipOf(const DesignFile& file)
+QString toolTipOf(const DesignFile& file, const FileState& state)
 {
     const QFileInfo info(file.filePath());
     QStringList lines{QDir::toNativeSeparators(file.filePath()).toHtmlEscaped()};
-    if (!info.exists())
+    if (state.isMissing)
         lines << Texts::tr("There is no such file on the disk.");
     else
         lines << Texts::tr("%1, changed %2")
                      .arg(QLocale().formattedDataSize(info.size()),
                           QLocale().toString(info.lastModified(), QLocale::ShortFormat));
 
-    const QStringList reasons = FileState::reasonsOutdated(file);
-    if (!reasons.isEmpty())
-        lines << Texts::tr("<b>Outdated</b>: %1. Generate it again.")
-                     .arg(reasons.join("; ").toHtmlEscaped());
+    if (!state.invalid.isEmpty())
+        lines << Texts::tr("<b>Invalid</b>: %1").arg(state.invalid.toHtmlEscaped());
+    if (!state.outdated.isEmpty())
+        lines << Texts::tr("<b>Outdated</b>: %1. Make it again.")
+                     .arg(state.outdated.join("; ").toHtmlEscaped());
+    if (state.isOutside)
+        lines << Texts::tr("<b>External</b>: the file is outside of the folder of the design.");
     return "<p style='white-space:pre'>" + lines.join("<br>") + "</p>";
+}
+
+/// The colour beside the words: red for what cannot be used, yellow for what is outdated.
+QIcon iconOf(const FileState& state)
+{
+    if (state.isMissing || !state.invalid.isEmpty())
+        return FileIcons::forInvalid();
+    return state.outdated.isEmpty() ? QIcon() : FileIcons::forOutdated();
 }
 
 DesignRows::Row makeFileRow(DesignFile* file)
@@ -158,8 +156,9 @@ void DesignRows::refresh(const Row& row, const Design& design)
 
 void DesignRows::refresh(const Row& row, const DesignFile& file)
 {
-    const QString state = stateOf(file).join(", ");
-    const QString toolTip = toolTipOf(file);
+    const FileState fileState = FileState::of(file);
+    const QString state = fileState.words().join(", ");
+    const QString toolTip = toolTipOf(file, fileState);
     QStandardItem* const stateItem = row.at(DesignModel::StateColumn);
     QStandardItem* const versionItem = row.at(DesignModel::VersionColumn);
 
@@ -172,6 +171,7 @@ void DesignRows::refresh(const Row& row, const DesignFile& file)
     row.first()->setIcon(info.exists() ? FileIcons::forFile(file.fileName())
                                        : FileIcons::forMissing());
     stateItem->setText(state);
+    stateItem->setIcon(iconOf(fileState));
     versionItem->setText(file.versionAssociation());
     row.at(DesignModel::SizeColumn)
         ->setText(info.exists() ? QLocale().formattedDataSize(info.size()) : QString());

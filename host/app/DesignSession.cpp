@@ -202,14 +202,25 @@ void DesignSession::addTo(Design* design, const QStringList& paths, const QStrin
         design->tree()->endProcessingCycle();
     };
 
-    const QString step = paths.count() == 1 ? tr("Add %1").arg(QFileInfo(paths.first()).fileName())
-                                            : tr("Add %1 Items").arg(paths.count());
-    DesignHistory::record(design, step, addAll);
+    DesignHistory::record(design, stepOf(*design, paths, node), addAll);
     design->refreshFiles(files);
 
     if (!problems.isEmpty())
         showError("CannotAddBox", tr("Not everything could be added to \"%1\".\n\n%2")
                                       .arg(design->name(), problems.join('\n')));
+}
+
+QString DesignSession::stepOf(const Design& design, const QStringList& paths, const QString& node)
+{
+    const bool isMove =
+        !node.isEmpty() && std::all_of(paths.begin(), paths.end(), [&design](const QString& path) {
+            return design.fileAt(path) != nullptr;
+        });
+    if (isMove)
+        return tr("Move to %1").arg(node);
+    if (paths.count() == 1)
+        return tr("Add %1").arg(QFileInfo(paths.first()).fileName());
+    return tr("Add %1 Items").arg(paths.count());
 }
 
 DesignSession::AddedItem DesignSession::addItem(Design* design, const QString& path,
@@ -309,6 +320,20 @@ bool DesignSession::mayClose(Design* design)
     default:
         return false;
     }
+}
+
+bool DesignSession::mayArchive(const Design& design, const QStringList& lines)
+{
+    constexpr int ShownLines = 12;
+    QStringList shown = lines.mid(0, ShownLines);
+    if (lines.count() > ShownLines)
+        shown << tr("and %1 more").arg(lines.count() - ShownLines);
+
+    const QString question = tr("Some files of \"%1\" are not what they should be:\n\n%2\n\n"
+                                "Do you want to archive the design as it is?")
+                                 .arg(design.name(), shown.join('\n'));
+    return ask("ArchiveStatesBox", question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
+           QMessageBox::Yes;
 }
 
 void DesignSession::restoreLast()

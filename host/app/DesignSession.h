@@ -66,6 +66,9 @@ public:
     /// Folders of the designs opened last, the newest first.
     static QStringList recentFolders();
 
+    /// Asks whether \p design is to be archived, of whose files \p lines name what is wrong.
+    bool mayArchive(const OrvanticCore::Design& design, const QStringList& lines);
+
     void showError(const QString& name, const QString& text);
     void showMessage(const QString& name, const QString& text);
 
@@ -89,6 +92,9 @@ private:
     bool mayReplace(const OrvanticCore::Design& design);
     bool mayClose(OrvanticCore::Design* design);
     void addTo(OrvanticCore::Design* design, const QStringList& paths, const QString& node);
+    /// What adding \p paths is called in the menu Edit.
+    static QString stepOf(const OrvanticCore::Design& design, const QStringList& paths,
+                          const QString& node);
     static AddedItem addItem(OrvanticCore::Design* design, const QString& path,
                              const QString& node);
     /// Returns the button that the user chose.

@@ -21,6 +21,10 @@ QIcon FileIcons::forFile(const QString& fileName)
 
 QIcon FileIcons::forMissing() { return standard(QStyle::SP_MessageBoxWarning); }
 
+QIcon FileIcons::forInvalid() { return standard(QStyle::SP_MessageBoxCritical); }
+
+QIcon FileIcons::forOutdated() { return standard(QStyle::SP_MessageBoxWarning); }
+
 QIcon FileIcons::forNode() { return standard(QStyle::SP_DirIcon); }
 
 QIcon FileIcons::forFolder() { return standard(QStyle::SP_DirLinkIcon); }

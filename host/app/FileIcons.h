@@ -10,6 +10,11 @@ namespace FileIcons {
 /// The icon of a file with the name \p fileName.
 QIcon forFile(const QString& fileName);
 QIcon forMissing();
+
+/// Marks of states: for files that cannot be used, and for those that should be made again.
+QIcon forInvalid();
+QIcon forOutdated();
+
 QIcon forNode();
 QIcon forFolder();
 

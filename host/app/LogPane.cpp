@@ -12,6 +12,11 @@ using Qtilities::Logging::Logger;
 
 namespace {
 
+enum Column { TimeColumn, KindColumn, MessageColumn };
+
+/// The image that a message links to.
+constexpr int PathRole = Qt::UserRole;
+
 struct Texts {
     Q_DECLARE_TR_FUNCTIONS(LogPane)
 };
@@ -67,6 +72,8 @@ LogPane::LogPane(QWidget* parent) : QTreeWidget(parent)
     connect(copyAction, &QAction::triggered, this, &LogPane::copy);
     connect(addMenuAction(tr("C&lear Log")), &QAction::triggered, this, &QTreeWidget::clear);
 
+    connect(this, &QTreeWidget::itemClicked, this, &LogPane::follow);
+    connect(this, &QTreeWidget::itemActivated, this, &LogPane::follow);
     connect(Logger::instance(), &Logger::newPriorityMessage, this, &LogPane::addMessage);
 }
 
@@ -89,7 +96,7 @@ void LogPane::copy()
     QApplication::clipboard()->setText(lines.join('\n'));
 }
 
-void LogPane::addMessage(Logger::MessageType type, const QString& text)
+QTreeWidgetItem* LogPane::addMessage(Logger::MessageType type, const QString& text)
 {
     if (topLevelItemCount() == MaximumMessages)
         delete topLevelItem(0);
@@ -98,4 +105,22 @@ void LogPane::addMessage(Logger::MessageType type, const QString& text)
     item->setIcon(1, style()->standardIcon(symbolOf(type)));
     item->setToolTip(2, text.toHtmlEscaped());
     scrollToItem(item);
+    return item;
+}
+
+void LogPane::addLink(Logger::MessageType type, const QString& text, const QString& path)
+{
+    QTreeWidgetItem* const item = addMessage(type, text);
+    QFont underlined = font();
+    underlined.setUnderline(true);
+    item->setFont(MessageColumn, underlined);
+    item->setForeground(MessageColumn, palette().link());
+    item->setData(MessageColumn, PathRole, path);
+}
+
+void LogPane::follow(const QTreeWidgetItem* item)
+{
+    const QString path = item->data(MessageColumn, PathRole).toString();
+    if (!path.isEmpty())
+        emit inspectionWanted(path);
 }

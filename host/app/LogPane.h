@@ -12,11 +12,20 @@ class LogPane : public QTreeWidget {
 public:
     explicit LogPane(QWidget* parent = nullptr);
 
+    /// Adds a message with a link to the image at \p path.
+    void addLink(Qtilities::Logging::Logger::MessageType type, const QString& text,
+                 const QString& path);
+
+signals:
+    /// The user has followed a link.
+    void inspectionWanted(const QString& path);
+
 private:
     QAction* addMenuAction(const QString& text);
     /// The selected messages, or all when none is selected, a line each.
     void copy();
-    void addMessage(Qtilities::Logging::Logger::MessageType type, const QString& text);
+    QTreeWidgetItem* addMessage(Qtilities::Logging::Logger::MessageType type, const QString& text);
+    void follow(const QTreeWidgetItem* item);
 };
 
 #endif

@@ -7,6 +7,7 @@
 #include "host/app/DesignSession.h"
 #include "host/app/DesignView.h"
 #include "host/app/HelpMenu.h"
+#include "host/app/image/FileState.h"
 #include "host/app/image/RemakeCommands.h"
 #include "host/app/ItemCommands.h"
 #include "host/app/ViewExtensions.h"
@@ -33,8 +34,10 @@
 #include <QUrl>
 
 using OrvanticCore::Design;
+using OrvanticCore::DesignFile;
 using OrvanticCore::DesignManager;
 using Qtilities::CoreGui::QtilitiesApplication;
+using Qtilities::Logging::Logger;
 
 namespace {
 
@@ -140,6 +143,7 @@ void MainWindow::buildMenus()
     m_view->setFileActions(QList<QAction*>{remakes->makeAgain()} + items->ofFile());
     new DesignCommands(m_session, m_view, items, *remakes, m_ui->ToolBar, this);
     connect(items, &ItemCommands::inspectionWanted, this, &MainWindow::inspect);
+    connect(m_ui->logMessages, &LogPane::inspectionWanted, this, &MainWindow::inspect);
     m_help = new HelpMenu(this);
 
     Commands::menu("File")->addSeparator();
@@ -163,11 +167,11 @@ void MainWindow::connectDesigns()
 {
     connect(m_session, &DesignSession::opened, this, [this](Design* design) {
         m_model->addDesign(design);
-        connect(design, &Design::filesRefreshed, this,
-                [this](const QList<OrvanticCore::DesignFile*>& files) {
-                    m_model->refreshFromDisk();
-                    m_view->showFiles(files);
-                });
+        connect(design, &Design::filesRefreshed, this, [this](const QList<DesignFile*>& files) {
+            m_model->refreshFromDisk();
+            m_view->showFiles(files);
+            logStates(files);
+        });
         connect(design, &Design::stateChanged, this, &MainWindow::showCurrentDesign);
         connect(design, &Design::modifiedChanged, this, &MainWindow::showCurrentDesign);
         showCurrentDesign();
@@ -178,8 +182,28 @@ void MainWindow::connectDesigns()
         showCurrentDesign();
     });
 
-    connect(m_session, &DesignSession::chosen, m_view, &DesignView::setCurrentDesign);
+    connect(m_session, &DesignSession::chosen, this, [this](const Design* design) {
+        m_view->setCurrentDesign(design);
+        // Else the first key would go into the box of the version.
+        m_view->setFocus();
+    });
     connect(m_view, &DesignView::currentItemChanged, this, &MainWindow::showCurrentDesign);
+}
+
+void MainWindow::logStates(const QList<DesignFile*>& files)
+{
+    for (const DesignFile* file : files) {
+        const FileState state = FileState::of(*file);
+        const QString name = file->fileName();
+        if (!state.invalid.isEmpty())
+            m_ui->logMessages->addLink(Logger::Error,
+                                       tr("%1 is not valid: %2").arg(name, state.invalid),
+                                       file->filePath());
+        else if (state.isGenerated && !state.outdated.isEmpty())
+            m_ui->logMessages->addLink(
+                Logger::Warning, tr("%1 is outdated: %2").arg(name, state.outdated.join("; ")),
+                file->filePath());
+    }
 }
 
 void MainWindow::showCurrentDesign()

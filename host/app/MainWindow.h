@@ -12,6 +12,10 @@ class DesignView;
 class HelpMenu;
 class QLabel;
 
+namespace OrvanticCore {
+class DesignFile;
+}
+
 namespace Ui {
 class MainWindow;
 }
@@ -49,6 +53,8 @@ private:
     void connectDesigns();
     void resetLayout();
     void showCurrentDesign();
+    /// Logs which of \p files, which were generated just now, are not what they should be.
+    void logStates(const QList<OrvanticCore::DesignFile*>& files);
 
     const std::unique_ptr<Ui::MainWindow> m_ui;
     DesignModel* m_model;

@@ -1,5 +1,6 @@
 #include "host/app/NewDesignDialog.h"
 
+#include "host/app/common/WheelGuard.h"
 #include "host/app/DesignStorage.h"
 #include "ui_NewDesignDialog.h"
 
@@ -14,6 +15,7 @@ NewDesignDialog::NewDesignDialog(const QString& folder, QWidget* parent)
     : QDialog(parent), m_ui(new Ui::NewDesignDialog)
 {
     m_ui->setupUi(this);
+    guardWheel(this);
     m_ui->NewDesignFolder->setText(QDir::toNativeSeparators(folder));
     connect(m_ui->BrowseFolderButton, &QPushButton::clicked, this, &NewDesignDialog::browse);
     connect(m_ui->NewDesignFolder, &QLineEdit::textChanged, this, &NewDesignDialog::check);

@@ -1,3 +1,4 @@
+#include "host/app/Catalogues.h"
 #include "host/app/MainWindow.h"
 #include "host/app/PluginList.h"
 #include "toolkit/QtDifferences.h"
@@ -7,8 +8,6 @@
 
 #include <QCommandLineParser>
 #include <QDir>
-#include <QLocale>
-#include <QTranslator>
 
 using Qtilities::CoreGui::QtilitiesApplication;
 using Qtilities::ExtensionSystem::ExtensionSystemCore;
@@ -25,17 +24,6 @@ QString defaultPluginPath()
     return QDir(QCoreApplication::applicationDirPath()).absoluteFilePath("../lib/zorv/plugins");
 }
 
-/// Installs the catalogue of that name for the language of the user's desktop, if there is one.
-void installCatalogue(const QString& name, const QString& folder)
-{
-    // There is no catalogue of English texts, so that a user who prefers English to German would
-    // get German if the further languages were tried.
-    const QString language = QLocale::system().uiLanguages().value(0).replace('-', '_');
-    auto* const catalogue = new QTranslator(qApp);
-    if (catalogue->load(name + '_' + language, folder))
-        QCoreApplication::installTranslator(catalogue);
-}
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -47,8 +35,8 @@ int main(int argc, char** argv)
     // Desktops find the window's icon and menu entry by it.
     QGuiApplication::setDesktopFileName("pelk-host");
 
-    installCatalogue("qtbase", Toolkit::translationsFolder());
-    installCatalogue("pelk-host", ":/translations");
+    Catalogues::install("qtbase", Toolkit::translationsFolder());
+    Catalogues::install("pelk-host", ":/translations");
 
     QCommandLineParser parser;
     parser.setApplicationDescription(Texts::tr("Reference host for design plug-ins."));
@@ -68,6 +56,7 @@ int main(int argc, char** argv)
     const QStringList folders = parser.values(pluginPath);
     for (const QString& path : folders)
         ExtensionSystemCore::instance()->addPluginPath(path);
+    Catalogues::installForPlugins(folders);
     ExtensionSystemCore::instance()->initialize();
     PluginList::logMissing(folders);
     window.setPluginFolders(folders);

@@ -18,22 +18,31 @@ _pelk_fcf_words() {
 
 _pelk_fcf() {
     local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
-    local command=${COMP_WORDS[1]} index module=
+    local command=${COMP_WORDS[1]} index module= commands='create show list verify extract recipe diff'
     local common='--json --quiet --help'
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
         case $word in
         -*) _pelk_fcf_words --help --version ;;
-        *) _pelk_fcf_words create show list verify extract recipe diff ;;
+        *) _pelk_fcf_words "$commands" help ;;
         esac
         return
+    fi
+
+    # Bash takes the = of --module=DFE for a word of its own.
+    if [[ $word == = ]]; then
+        word=
+    elif [[ $previous == = ]]; then
+        previous=${COMP_WORDS[COMP_CWORD - 2]}
     fi
 
     case $previous in
     --module) _pelk_fcf_words DFE DFE2 GPM; return ;;
     --device)
         for ((index = 2; index < COMP_CWORD; ++index)); do
-            [[ ${COMP_WORDS[index]} == --module ]] && module=${COMP_WORDS[index + 1]}
+            [[ ${COMP_WORDS[index]} == --module ]] || continue
+            module=${COMP_WORDS[index + 1]}
+            [[ $module == = ]] && module=${COMP_WORDS[index + 2]}
         done
         case $module in
         DFE) _pelk_fcf_words Interface_FPGA Processing_FPGA_1 Clock_Master_Device ;;
@@ -43,7 +52,7 @@ _pelk_fcf() {
             Processing_FPGA_3 Clock_Master_Device ;;
         esac
         return ;;
-    --config) _pelk_fcf_words 1 2 3 4 5 6 7 8 9 10; return ;;
+    --config | --slot) _pelk_fcf_words 1 2 3 4 5 6 7 8 9 10; return ;;
     --date-format) _pelk_fcf_words locale iso; return ;;
     --type) _pelk_fcf_words image companion; return ;;
     --swap) _pelk_fcf_words bits bytes halfwords; return ;;
@@ -51,13 +60,18 @@ _pelk_fcf() {
     --like) _pelk_fcf_files .fcf .txt .json; return ;;
     --bin) _pelk_fcf_files .bin .bit; return ;;
     --companion) _pelk_fcf_files .txt; return ;;
-    --output) _pelk_fcf_files ''; return ;;
+    --output | -o) _pelk_fcf_files ''; return ;;
     --digest)
         if [[ $command == verify ]]; then
             _pelk_fcf_files ''
             return
         fi ;;
-    --ignore | --author | --ci | --version | --description | --date-time | --function | --field) return ;;
+    --ignore | --author | --ci | --version | --description | --date-time | --function) return ;;
+    --field)
+        _pelk_fcf_words author binBlocks binFileSize binPages ciNumber configNumber date description \
+            device deviceCode fileName functions module moduleCode time totalBlocks \
+            totalPages totalSize version versionMajor versionMinor
+        return ;;
     esac
 
     if [[ $word == -* ]]; then
@@ -76,6 +90,7 @@ _pelk_fcf() {
         return
     fi
     case $command in
+    help) ((COMP_CWORD == 2)) && _pelk_fcf_words "$commands" ;;
     create) _pelk_fcf_files .bin .bit ;;
     list | extract) _pelk_fcf_files .fcf ;;
     show | verify | recipe | diff) _pelk_fcf_files .fcf .txt ;;

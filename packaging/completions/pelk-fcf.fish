@@ -8,7 +8,7 @@ end
 function __pelk_fcf_devices
     set -l words (commandline -opc)
     set -l index (contains -i -- --module $words)
-    set -l module ''
+    set -l module (string match -r -- '^--module=(.*)' $words)[2]
     test -n "$index"; and set module $words[(math $index + 1)]
     switch "$module"
         case DFE
@@ -29,18 +29,23 @@ function __pelk_fcf_files
     __fish_complete_suffix $argv[1] | string match -r -- ".*(?:$endings)\$"
 end
 
+set -l fields author binBlocks binFileSize binPages ciNumber configNumber date description \
+    device deviceCode fileName functions module moduleCode time totalBlocks \
+    totalPages totalSize version versionMajor versionMinor
 set -l commands create show list verify extract recipe diff
 complete -c pelk-fcf -f
-complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -l version -d 'Print the version and exit'
+complete -c pelk-fcf -n "not __pelk_fcf_command $commands help" -l version -d 'Print the version and exit'
 complete -c pelk-fcf -l help -d 'Print help and exit'
-complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a create -d 'Make an image of a binary'
-complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a show -d 'List headers'
-complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a verify -d 'Say whether files are valid'
-complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a list -d 'List images, one line each'
-complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a extract -d 'Take the payload out'
-complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a recipe -d 'Write the recipe of a build'
-complete -c pelk-fcf -n "not __pelk_fcf_command $commands" -a diff -d 'Say how two files differ'
-complete -c pelk-fcf -n '__pelk_fcf_command show' -x -l field -d 'Print this field alone'
+complete -c pelk-fcf -n "not __pelk_fcf_command $commands help" -a create -d 'Make an image of a binary'
+complete -c pelk-fcf -n "not __pelk_fcf_command $commands help" -a show -d 'List headers'
+complete -c pelk-fcf -n "not __pelk_fcf_command $commands help" -a verify -d 'Say whether files are valid'
+complete -c pelk-fcf -n "not __pelk_fcf_command $commands help" -a list -d 'List images, one line each'
+complete -c pelk-fcf -n "not __pelk_fcf_command $commands help" -a extract -d 'Take the payload out'
+complete -c pelk-fcf -n "not __pelk_fcf_command $commands help" -a recipe -d 'Write the recipe of a build'
+complete -c pelk-fcf -n "not __pelk_fcf_command $commands help" -a diff -d 'Say how two files differ'
+complete -c pelk-fcf -n "not __pelk_fcf_command $commands help" -a help -d 'Print help'
+complete -c pelk-fcf -n '__pelk_fcf_command help' -a "$commands"
+complete -c pelk-fcf -n '__pelk_fcf_command show' -x -l field -a "$fields" -d 'Print this field alone'
 complete -c pelk-fcf -n '__pelk_fcf_command show' -l check -d 'End with 1 if a file is not valid'
 
 complete -c pelk-fcf -n '__pelk_fcf_command list' -l csv -d 'Give comma-separated values'
@@ -59,12 +64,15 @@ complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l ci -d 'Configuration i
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l module -a 'DFE DFE2 GPM' -d 'Module'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l device -a '(__pelk_fcf_devices)' -d 'Device'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l config -a '(seq 10)' -d 'Flash slot'
+# Its other name is offered to nobody, but its values are.
+complete -c pelk-fcf -n '__pelk_fcf_command create; and string match -q -- "*--slot*" (commandline -pc)' \
+    -x -l slot -a '(seq 10)' -d 'Flash slot'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l version -d 'Version of the build'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l description -d 'Text, or @file'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l function -d 'Name, author, CI, description'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l like -a '(__pelk_fcf_files .fcf .txt .json)' \
     -d 'Take the rest from a file'
-complete -c pelk-fcf -n '__pelk_fcf_command create extract' -r -F -l output -d 'Where to write'
+complete -c pelk-fcf -n '__pelk_fcf_command create extract' -r -F -s o -l output -d 'Where to write'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l date-time -d 'YYYY-MM-DDTHH:MM:SS'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l date-format -a 'locale iso' -d 'Date format'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -l no-companion -d 'Write no companion'

@@ -400,10 +400,14 @@ void ArchiveModelTest::changeDesign(const ModelAction& action)
     design->ownStructure.reset(kind == 0 ? nullptr : new DesignStructure);
     modelled.hasStructure = kind != 0;
     modelled.folders = folders(kind);
-    foreach (const QString& extension, modelled.folders.keys())
+    foreach (const QString& extension, modelled.folders.keys()) {
+        // A file of that name is kept elsewhere than others of its extension.
+        design->ownStructure->addFileAssociation(QLatin1String("a.") + extension,
+                                                 QLatin1String("Named"), QLatin1String("named"));
         design->ownStructure->addFileAssociation(QLatin1String("*.") + extension,
-                                                 QLatin1String("Archives"),
+                                                 QLatin1String("Packages"),
                                                  modelled.folders.value(extension));
+    }
     reach(modelled.folders.isEmpty() ? "no folder mapped" : "mapped folder");
 }
 
@@ -448,6 +452,8 @@ void ArchiveModelTest::translate(const ModelAction& action)
     QCoreApplication::removeTranslator(&m_translator);
     if (m_model.marks)
         QCoreApplication::installTranslator(&m_translator);
+    // The windows get to know it when events run.
+    QCoreApplication::processEvents();
 }
 
 QString ArchiveModelTest::settingsLine(int file) const

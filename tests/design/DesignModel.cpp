@@ -118,15 +118,22 @@ QString WindowModel::setTxtFile(const ModelFile& file)
         modifyEnabled = true;
     } else {
         takeNumbers(PageNumbers::ofForeignFile());
+        // The list shows nothing when it is emptied.
+        if (!functions.isEmpty())
+            functionName.clear();
         functions.clear();
         modifyEnabled = true;
         box = QLatin1String(NotCompatible);
     }
     editorEnabled = false;
-    functionName.clear();
     path = file.path;
-    path.replace(QLatin1String(".txt"), QLatin1String(".bin"));
     return box;
+}
+
+void WindowModel::finishTxtFile()
+{
+    path.replace(QLatin1String(".txt"), QLatin1String(".bin"));
+    functionName.clear();
 }
 
 void WindowModel::takeNumbers(const PageNumbers& page)
@@ -289,6 +296,12 @@ void DesignModel::needWindow()
     window = WindowModel();
 }
 
+void DesignModel::noteBox(const QString& text)
+{
+    if (!text.isEmpty())
+        trace << QLatin1String("box ") + text << window.state();
+}
+
 void DesignModel::showWindow() { window.minimized = false; }
 
 void DesignModel::create()
@@ -305,9 +318,7 @@ void DesignModel::create()
         window.ciNumber = QLatin1String("0");
         fillTarget(design);
         if (values.changes.isValid() && values.changesAreShared) {
-            const QString box = window.setDescription(values.changes.toString());
-            if (!box.isEmpty())
-                trace << QLatin1String("box ") + box;
+            noteBox(window.setDescription(values.changes.toString()));
         }
     }
     showWindow();
@@ -332,9 +343,8 @@ void DesignModel::open()
         return;
     needWindow();
     if (onlyDesign() >= 0) {
-        const QString box = window.setTxtFile(item);
-        if (!box.isEmpty())
-            trace << QLatin1String("box ") + box;
+        noteBox(window.setTxtFile(item));
+        window.finishTxtFile();
     }
     showWindow();
 }

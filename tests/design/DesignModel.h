@@ -59,7 +59,9 @@ struct WindowModel {
     /// Returns the box that comes up, or nothing.
     QString setDescription(const QString& text);
     void setBinFile(const ModelFile& file);
+    /// As setDescription(); what follows a box is finishTxtFile()'s.
     QString setTxtFile(const ModelFile& file);
+    void finishTxtFile();
     void clear();
 
     QStringList state() const;
@@ -158,6 +160,7 @@ struct DesignModel {
 private:
     QString shown(const char* text) const;
     void needWindow();
+    void noteBox(const QString& text);
     void showWindow();
     void note(int design, const QString& line);
     QVariant readProperty(int design, const char* name);

@@ -111,14 +111,16 @@ DesignStructure* newStructure(int kind)
         structure->addFileAssociation(QLatin1String("*.bit"), QLatin1String("Bits"));
     if (kind == 6)
         structure->addFileAssociation(QLatin1String("*.bit"), QLatin1String("Nowhere"));
+    if (kind == 8)
+        structure->addFileAssociation(QLatin1String("*.bit"), QString());
     return structure;
 }
 
 /// The node for bit-stream files of newStructure(); null for none.
 QString nodeOfStructure(int kind)
 {
-    const char* const nodes[] = {nullptr, "Bits",  "Bits",  "All",
-                                 nullptr, nullptr, nullptr, "Others"};
+    const char* const nodes[] = {nullptr, "Bits",  "Bits",   "All",  nullptr,
+                                 nullptr, nullptr, "Others", nullptr};
     return nodes[kind] ? QString::fromLatin1(nodes[kind]) : QString();
 }
 
@@ -189,8 +191,8 @@ private:
     void prepareActs(const HostActs& acts);
     void countBranches(const QStringList& paths, const HostActs& acts);
     int onlyDesign() const;
-    QWidget* window() const;
-    QStringList windowState() const;
+    static QWidget* shownWindow();
+    static QStringList windowState(const QWidget* window);
     QStringList state();
 
     DesignModel m_model;
@@ -351,13 +353,17 @@ QString DesignModelTest::perform(const ModelAction& action)
     m_model.trace.clear();
     m_model.opened = false;
     m_boxes->clear();
+    m_boxes->inspect([this](QWidget* box) {
+        const QWidget* const behind = LoadedPlugin::generatorWindows().value(0);
+        m_trace << QLatin1String("box ") + box->property("text").toString() << windowState(behind);
+    });
     ReservedScreen::askedFor() = QRect();
     (this->*acts().at(action.kind))(action);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCoreApplication::removePostedEvents(this);
-    QStringList seen = m_trace;
-    foreach (const QString& box, m_boxes->texts())
-        seen << QLatin1String("box ") + box;
+    if (!m_boxes->texts().isEmpty() && m_boxes->texts().count() != 1)
+        m_trace << QLatin1String("more than one box");
+    const QStringList seen = m_trace;
     return difference(m_model.trace + m_model.state(), seen + state());
 }
 
@@ -383,7 +389,7 @@ int DesignModelTest::onlyDesign() const
     return -1;
 }
 
-QWidget* DesignModelTest::window() const
+QWidget* DesignModelTest::shownWindow()
 {
     foreach (QWidget* candidate, LoadedPlugin::generatorWindows()) {
         if (candidate->isVisible())
@@ -485,7 +491,7 @@ void DesignModelTest::changeProperty(const ModelAction& action)
     if (!m_designs[index])
         return;
     const char* const names[] = {"ZORV Pelk Module", "ZORV Pelk Device", "ZORV Pelk Config Number"};
-    const char* const modules[] = {"GPM", "DFE2", "DFE", "dfe", "DFE1", ""};
+    const char* const modules[] = {"GPM", "DFE2", " ", "dfe", "DFE1", ""};
     const char* const devices[] = {"Processing_FPGA_2", "Processing_FPGA_1", "Clock_Master_Device",
                                    "Processing_FPGA",   "processing_fpga_1", ""};
     const int which = action.choice(1, 3);
@@ -534,7 +540,7 @@ void DesignModelTest::changeStructure(const ModelAction& action)
     const int index = action.numbers[0] < 75 ? 0 : 1;
     if (!m_designs[index])
         return;
-    const int kind = action.choice(1, 8);
+    const int kind = action.choice(1, 9);
     m_designs[index]->ownStructure.reset(kind == 0 ? nullptr : newStructure(kind));
     m_model.designs[index].hasStructure = kind != 0;
     m_model.designs[index].node = nodeOfStructure(kind);
@@ -584,6 +590,8 @@ void DesignModelTest::translate(const ModelAction& action)
     QCoreApplication::removeTranslator(&m_translator);
     if (m_model.marks)
         QCoreApplication::installTranslator(&m_translator);
+    // The windows get to know it when events run.
+    QCoreApplication::processEvents();
 }
 
 void DesignModelTest::changeUser(const ModelAction& action)
@@ -890,11 +898,11 @@ void DesignModelTest::minimize(const ModelAction&)
     m_model.window.minimized = true;
 }
 
-QStringList DesignModelTest::windowState() const
+QStringList DesignModelTest::windowState(const QWidget* window)
 {
-    const auto line = [this](const char* name) { return lineIn(m_window, name); };
-    const auto label = [this](const char* name) { return labelIn(m_window, name); };
-    const QStringList functions = itemsIn(m_window, "FunctionComboBox");
+    const auto line = [window](const char* name) { return lineIn(window, name); };
+    const auto label = [window](const char* name) { return labelIn(window, name); };
+    const QStringList functions = itemsIn(window, "FunctionComboBox");
     QStringList lines;
     lines << QLatin1String("path ") + line("txtInputFile")
           << QLatin1String("author ") + line("AuthoEditBox")
@@ -902,12 +910,12 @@ QStringList DesignModelTest::windowState() const
                  line("MinorVerEditBox")
           << QLatin1String("CI ") + line("CiNumEditBox")
           << QLatin1String("description ") +
-                 find<QTextEdit>(m_window, "DescriptionMemo")->toPlainText()
+                 find<QTextEdit>(window, "DescriptionMemo")->toPlainText()
           << QString::fromLatin1("target %1/%2/%3")
-                 .arg(find<QComboBox>(m_window, "ModuleComboBox")->currentText(),
-                      find<QComboBox>(m_window, "FpgaComboBox")->currentText())
-                 .arg(find<QComboBox>(m_window, "ConfigComboBox")->currentIndex())
-          << QLatin1String("devices ") + itemsIn(m_window, "FpgaComboBox").join(QLatin1String(", "))
+                 .arg(find<QComboBox>(window, "ModuleComboBox")->currentText(),
+                      find<QComboBox>(window, "FpgaComboBox")->currentText())
+                 .arg(find<QComboBox>(window, "ConfigComboBox")->currentIndex())
+          << QLatin1String("devices ") + itemsIn(window, "FpgaComboBox").join(QLatin1String(", "))
           << QString::fromLatin1("functions %1: ").arg(functions.count()) +
                  functions.join(QLatin1String(", "))
           << QLatin1String("function ") + line("EditFunctionName")
@@ -917,9 +925,9 @@ QStringList DesignModelTest::windowState() const
           << QLatin1String("image ") + label("finalSize") + label("finalPages") +
                  label("finalBlocks");
     lines << QString::fromLatin1("editor %1 modify %2 minimized %3")
-                 .arg(find<QWidget>(m_window, "EditFunctionName")->isEnabled())
-                 .arg(find<QWidget>(m_window, "ModifyFunctionCheckBox")->isEnabled())
-                 .arg(m_window->isMinimized());
+                 .arg(find<QWidget>(window, "EditFunctionName")->isEnabled())
+                 .arg(find<QWidget>(window, "ModifyFunctionCheckBox")->isEnabled())
+                 .arg(window->isMinimized());
     return lines;
 }
 
@@ -970,14 +978,14 @@ QStringList DesignModelTest::state()
                                                         design->properties.value(name).toString());
         lines << design->files();
     }
-    QWidget* const shown = window();
+    QWidget* const shown = shownWindow();
     lines << QString::fromLatin1("window %1 opened %2%3")
                  .arg(shown != nullptr)
                  .arg(shown && shown != m_window)
                  .arg(shown && shown != m_window ? faultOf(shown) : QString());
     m_window = shown;
     if (shown)
-        lines << windowState();
+        lines << windowState(shown);
     return lines;
 }
 

@@ -1,4 +1,5 @@
 #include "fcf/FcfLayout.h"
+#include "fcf/PelkFcfGeneratorFileInfo.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -108,6 +109,7 @@ class FormatDocumentTest : public QObject {
 private slots:
     void theDocumentContainsTheTables();
     void theDocumentContainsTheConstants();
+    void theExamplesOfSizesAreRight();
     void theOffsetsLeaveNoGap();
     void theKaitaiDescriptionAgrees();
     void theHexPatternAgrees();
@@ -144,6 +146,36 @@ void FormatDocumentTest::theDocumentContainsTheConstants()
         QString(reinterpret_cast<const QChar*>(FcfLayout::FillerUnit), FcfLayout::FillerUnitLength)
             .toUtf8();
     QVERIFY(document.contains(QString(bytes.toHex(' ')).toUpper() + " in UTF-8"));
+}
+
+void FormatDocumentTest::theExamplesOfSizesAreRight()
+{
+    const PelkFcfGeneratorFileInfo info;
+    const QString sizes = part(readDocument("fcf-format.md"), "### Sizes", "### Codes");
+    auto rows = QRegularExpression("^\\| (\\d+) \\| (\\d+) \\| (\\d+) \\| (\\d+) \\|$",
+                                   QRegularExpression::MultilineOption)
+                    .globalMatch(sizes);
+    int count = 0;
+    for (; rows.hasNext(); ++count) {
+        const QRegularExpressionMatch row = rows.next();
+        const int bytes = row.captured(1).toInt();
+        QCOMPARE(row.captured(2).toInt(),
+                 (bytes + FcfLayout::PageBytes - 1) / FcfLayout::PageBytes);
+        QCOMPARE(row.captured(3).toInt(), info.pages(bytes));
+        QCOMPARE(row.captured(4).toInt(), info.blocks(bytes));
+    }
+    QCOMPARE(count, 7);
+
+    const FcfSizes edge = info.measure(268223);
+    QVERIFY(sizes.contains(QString("A payload of %1 bytes is at such an edge. It has %2 pages and "
+                                   "%3 block. With the header it has %4\nbytes: %5 pages and %6 "
+                                   "blocks")
+                               .arg(edge.binFileSize)
+                               .arg(edge.binPages)
+                               .arg(edge.binBlocks)
+                               .arg(edge.totalSize)
+                               .arg(edge.totalPages)
+                               .arg(edge.totalBlocks)));
 }
 
 void FormatDocumentTest::theOffsetsLeaveNoGap()

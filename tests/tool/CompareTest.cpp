@@ -71,6 +71,13 @@ void CompareTest::checksTheSizesOfACompanionAgainstTheBinary()
     QCOMPARE(m_tool.run(arguments).code, 0);
     m_tool.write("top.bin", image.payload + "x");
     checkFinding(m_tool.run(arguments), {"binFileSize", 20, "4001", "4000"});
+
+    // All but one of the six sizes are others then.
+    m_tool.write("top.bin", image.payload + QByteArray(64 * 2112, 'x'));
+    const Run run = m_tool.run(arguments);
+    QCOMPARE(errorsOf(run).size(), 1);
+    checkFinding(run, {"binFileSize", 20, "139168", "4000"});
+    QVERIFY(run.finding("binFileSize")["reason"].toString().startsWith("is not the length of "));
 }
 
 void CompareTest::checksTheDigestBesideAnImage()

@@ -2,6 +2,7 @@
 
 #include <QCryptographicHash>
 #include <QJsonArray>
+#include <QRegularExpression>
 #include <QtTest>
 
 #include <QFile>
@@ -28,6 +29,8 @@ private slots:
     void namesThePlaceInAContainer();
     void swapsWhatItIsToldTo_data();
     void swapsWhatItIsToldTo();
+    void hintsAtTheWholeSwapOption_data();
+    void hintsAtTheWholeSwapOption();
     void refusesASwapThatCannotBe();
     void comparesWithAContainer();
     void comparesWithASwappedBinary();
@@ -54,6 +57,10 @@ void FlashTest::padsAnImage_data()
     QTest::newRow("a block") << "block" << 64 * 2112;
     QTest::newRow("a number of bytes") << "10000" << 10000;
     QTest::newRow("its own size") << "6116" << 6116;
+    QTest::newRow("KiB") << "7K" << 7 * 1024;
+    QTest::newRow("KiB in lower case") << "7k" << 7 * 1024;
+    QTest::newRow("MiB") << "1M" << 1024 * 1024;
+    QTest::newRow("a hexadecimal number") << "0x1F40" << 8000;
 }
 
 void FlashTest::padsAnImage()
@@ -82,6 +89,11 @@ void FlashTest::refusesAPaddingThatCannotBe_data()
     QTest::addColumn<QByteArray>("message");
     QTest::newRow("too few bytes") << "6115" << QByteArray("the image has 6116 bytes already");
     QTest::newRow("another word") << "slot" << QByteArray("is neither page, block nor a number");
+    for (const char* const number : {"7KB", "7 K", "K", "0x", "0x1g", "-1", "1.5M", "1F40", "0x0",
+                                     "2G", "9999999999M", "3000000000"})
+        QTest::newRow(number) << number
+                              << QByteArray("is neither page, block nor a number of bytes like "
+                                            "135168, 0x21000, 132K or 2M");
     QTest::newRow("zero") << "0" << QByteArray("is neither page, block nor a number");
 }
 
@@ -131,7 +143,7 @@ void FlashTest::takesNothingButFillerBehindAnImage()
     tool.write("top.fcf", tool.read("top.fcf") + QByteArray(100, '\xff') + "x");
     const Run run = tool.run({"verify", tool.argument("top.fcf")});
     QCOMPARE(run.code, 1);
-    QVERIFY2(run.out.contains("does not agree with a payload of 4101 bytes"), run.out);
+    QVERIFY2(run.out.contains("101 bytes follow the payload, not all of them 0xFF"), run.out);
 }
 
 /// As development tools write it.
@@ -344,6 +356,43 @@ void FlashTest::padsInPieces()
     QCOMPARE(tool.run({"verify", tool.argument("top.fcf"), "--require-digest"}).code, 0);
     const Run again = create(&tool, "top.bin", padded + Arguments{"--if-changed"});
     QVERIFY2(again.out.contains("top.fcf: unchanged"), again.out);
+}
+
+void FlashTest::hintsAtTheWholeSwapOption_data()
+{
+    QTest::addColumn<QByteArray>("binary");
+    QTest::addColumn<QString>("given");
+    QTest::addColumn<QByteArray>("hint");
+    const QByteArray bytes = QByteArray::fromHex("665599aa80400301");
+    QTest::newRow("the wrong one") << bytes << "bits" << QByteArray("; --swap bytes repairs it\n");
+    QTest::newRow("half of it") << QByteArray::fromHex("66aa99550102c080") << "bytes"
+                                << QByteArray("; --swap bits,bytes repairs it\n");
+    QTest::newRow("one too many") << bytes << "bytes,halfwords"
+                                  << QByteArray("; --swap bytes repairs it\n");
+    QTest::newRow("all three") << QByteArray::fromHex("995566aac08001 02") << "halfwords"
+                               << QByteArray("; --swap bits,bytes,halfwords repairs it\n");
+    QTest::newRow("none is right") << QByteArray::fromHex("aa99556601034080") << "halfwords"
+                                   << QByteArray("; leave out --swap\n");
+}
+
+/// Whoever does what the hint says is done.
+void FlashTest::hintsAtTheWholeSwapOption()
+{
+    QFETCH(QByteArray, binary);
+    QFETCH(QString, given);
+    QFETCH(QByteArray, hint);
+    ToolFixture tool;
+    tool.write("top.bin", binary);
+    const Run run = create(&tool, "top.bin", {"--swap", given.toStdString()});
+    QVERIFY2(run.err.contains(hint), run.err);
+
+    Arguments repaired{"--force"};
+    const QRegularExpressionMatch swap = QRegularExpression("--swap (\\S+)").match(hint);
+    if (swap.hasMatch())
+        repaired = repaired + Arguments{"--swap", swap.captured(1).toStdString()};
+    const Run again = create(&tool, "top.bin", repaired);
+    QVERIFY2(again.code == 0 && !again.err.contains("warning: "), again.err);
+    QCOMPARE(tool.read("top.fcf").right(8), QByteArray::fromHex("aa99556601034080"));
 }
 
 void FlashTest::refusesASwapThatCannotBe()

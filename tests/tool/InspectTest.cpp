@@ -25,6 +25,7 @@ private slots:
     void writesARecipe();
     void givesNoRecipeForAnUnknownTarget();
     void extractsThePayload();
+    void printsNoControlCharacterOfAPath();
     void extractsNothingFromABadImage();
     void guardsTheOutputOfAnExtraction();
     void printsHelpAndVersion();
@@ -293,6 +294,28 @@ void InspectTest::extractsThePayload()
     QCOMPARE(tool.names(), QStringList({"out.bin", "top.bin", "top.fcf", "top.txt"}));
 }
 
+void InspectTest::printsNoControlCharacterOfAPath()
+{
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(100));
+    const QString folder = "a\x1b[2J\tb";
+    QVERIFY(QDir(tool.path("")).mkdir(folder));
+    const QByteArray shown = tool.path("a\\u001b[2J\\u0009b/top").toUtf8();
+    const Arguments create = Arguments{"create", tool.argument("top.bin"), "--output",
+                                       tool.argument(folder + "/top.fcf"), "--digest"} +
+                             ToolFixture::described();
+    Run run = tool.run(create);
+    QCOMPARE(run.code, 0);
+    QCOMPARE(run.out, shown + ".fcf\n" + shown + ".txt\n" + shown + ".fcf.sha256\n");
+    run = tool.run(create + Arguments{"--if-changed"});
+    QCOMPARE(run.out, shown + ".fcf: unchanged\n" + shown + ".txt: unchanged\n" + shown +
+                          ".fcf.sha256: unchanged\n");
+    run = tool.run({"extract", tool.argument(folder + "/top.fcf"), "--output",
+                    tool.argument(folder + "/top.bin")});
+    QCOMPARE(run.out, shown + ".bin\n");
+    QCOMPARE(tool.read(folder + "/top.bin"), tool.read("top.bin"));
+}
+
 void InspectTest::extractsNothingFromABadImage()
 {
     ToolFixture tool;
@@ -303,8 +326,8 @@ void InspectTest::extractsNothingFromABadImage()
     const Run run = tool.run(
         {"extract", tool.argument("top.fcf"), "--output", tool.argument("out.bin"), "--force"});
     QCOMPARE(run.code, 1);
-    QVERIFY2(run.err.contains("binFileSize at offset 20: does not agree with a payload of 3999 "
-                              "bytes; expected 3999, found 4000"),
+    QVERIFY2(run.err.contains("top.fcf: payload at offset 6112: 1 byte is missing at the end; "
+                              "expected 6113 bytes, found 6112 bytes"),
              run.err);
     QCOMPARE(tool.read("out.bin"), QByteArray("old"));
 }

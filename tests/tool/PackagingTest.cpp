@@ -48,6 +48,10 @@ private slots:
     void describesTheExitCodesInTheManual();
     void completes_data();
     void completes();
+    void completesValuesBehindAnEqualsSign_data();
+    void completesValuesBehindAnEqualsSign();
+    void completesFields_data();
+    void completesFields();
     void completesEveryOption_data();
     void completesEveryOption();
     void quotesNamesWithBlanksInZsh();
@@ -177,7 +181,17 @@ void PackagingTest::completes_data()
         QStringList words;
         QStringList expected;
     } rows[] = {
-        {"commands", {""}, {"create", "diff", "extract", "list", "recipe", "show", "verify"}},
+        {"commands",
+         {""},
+         {"create", "diff", "extract", "help", "list", "recipe", "show", "verify"}},
+        {"commands to explain",
+         {"help", ""},
+         {"create", "diff", "extract", "list", "recipe", "show", "verify"}},
+        {"slots", {"create", "--config", "1"}, {"1", "10"}},
+        {"slots under the other name", {"create", "--slot", "1"}, {"1", "10"}},
+        {"outputs",
+         {"extract", "-o", "two"},
+         {"two words.bin", "two words.fcf", "two words.json", "two.o"}},
         {"begun command", {"e"}, {"extract"}},
         {"options of no command", {"--"}, {"--help", "--version"}},
         {"modules", {"create", "--module", "D"}, {"DFE", "DFE2"}},
@@ -214,6 +228,46 @@ void PackagingTest::completes()
     QFETCH(QStringList, words);
     QFETCH(QStringList, expected);
     QCOMPARE(completion(shell, words), expected);
+}
+
+void PackagingTest::completesValuesBehindAnEqualsSign_data()
+{
+    QTest::addColumn<QString>("shell");
+    for (const QString& shell : Shells)
+        QTest::newRow(qPrintable(shell)) << shell;
+}
+
+void PackagingTest::completesValuesBehindAnEqualsSign()
+{
+    QFETCH(QString, shell);
+    // Bash splits there.
+    const QString equals = shell == "bash" ? " = " : "=";
+    const auto offered = [&](const QString& line) {
+        // Fish offers the option along with its value.
+        QStringList values;
+        for (const QString& value : completion(shell, line.split(' ')))
+            values << value.section('=', -1);
+        return values;
+    };
+    QCOMPARE(offered("create --module" + equals + "D"), QStringList({"DFE", "DFE2"}));
+    QCOMPARE(offered("create --slot" + equals + "1"), QStringList({"1", "10"}));
+    QCOMPARE(offered("create --module" + equals + "DFE2 --device" + equals + "P"),
+             QStringList("Processing_FPGA"));
+}
+
+void PackagingTest::completesFields_data() { completesValuesBehindAnEqualsSign_data(); }
+
+void PackagingTest::completesFields()
+{
+    QFETCH(QString, shell);
+    ToolFixture tool;
+    tool.makeImage();
+    const Run run = tool.run({"show", tool.argument("top.fcf"), "--field", "none"});
+    const QString fields = QString::fromUtf8(run.err).section("is none of ", 1).trimmed();
+    QStringList expected = fields.split(", ");
+    QVERIFY(expected.size() > 10);
+    expected.sort();
+    QCOMPARE(completion(shell, {"show", "--field", ""}), expected);
 }
 
 void PackagingTest::completesEveryOption_data()

@@ -24,6 +24,7 @@ private slots:
     void knowsTheLargestBinary();
     void refusesALocaleThatHasNoSuchLetter();
     void refusesArgumentsThatAreNoText();
+    void namesADescriptionFileThatIsNoText();
     void reportsByHowMuchAHeaderIsTooLong();
     void refusesAnotherBuild_data();
     void refusesAnotherBuild();
@@ -43,11 +44,11 @@ void RefusalTest::refusesWhatCannotBeBuilt_data()
 
     const auto row = [](const char* name, const char* option, const QString& value,
                         const char* text) { QTest::newRow(name) << option << value << text; };
-    row("no author", "--author", "", "author: is missing: give --author");
-    row("an author of blanks", "--author", "   ", "author: is missing: give --author");
-    row("a CI number of blanks", "--ci", " \t", "ciNumber: is missing: give --ci");
+    row("no author", "--author", "", "author: is blank: give --author");
+    row("an author of blanks", "--author", "   ", "author: is blank: give --author");
+    row("a CI number of blanks", "--ci", " \t", "ciNumber: is blank: give --ci");
     row("a negative version", "--version", "-1.-2", "version: -1.-2 has a negative number");
-    row("no CI number", "--ci", "", "ciNumber: is missing: give --ci");
+    row("no CI number", "--ci", "", "ciNumber: is blank: give --ci");
     row("an unknown module", "--module", "dfe",
         "module: \"dfe\" is none of \"DFE\", \"DFE2\", \"GPM\"");
     row("another module's device", "--device", "Processing_FPGA_2",
@@ -209,6 +210,30 @@ void RefusalTest::refusesArgumentsThatAreNoText()
     QCOMPARE(tool.names(), QStringList("top.bin"));
 }
 
+void RefusalTest::namesADescriptionFileThatIsNoText()
+{
+    ToolFixture tool;
+    tool.write("top.bin", ToolFixture::payload(100));
+    tool.write("notes", "gr\xfcn");
+    Arguments described = ToolFixture::described();
+    described.back() = "@" + tool.argument("notes");
+    const Run run = tool.run(Arguments{"create", tool.argument("top.bin")} + described);
+    QCOMPARE(run.code, 2);
+    QVERIFY2(run.err.contains("error: " + tool.path("notes").toUtf8() +
+                              ": --description: is not text in the encoding of this locale, "
+                              "UTF-8\n"),
+             run.err);
+
+    tool.write("like.json", "{\"recipe\": 2, \"descriptionFile\": \"notes\"}");
+    described.resize(described.size() - 2);
+    const Run like = tool.run(
+        Arguments{"create", tool.argument("top.bin"), "--like", tool.argument("like.json")} +
+        described);
+    QCOMPARE(like.code, 2);
+    QVERIFY2(like.err.contains("error: " + tool.path("notes").toUtf8() + ": descriptionFile: is "),
+             like.err);
+}
+
 void RefusalTest::reportsByHowMuchAHeaderIsTooLong()
 {
     ToolFixture tool;
@@ -222,9 +247,13 @@ void RefusalTest::reportsByHowMuchAHeaderIsTooLong()
     const int excess = used + 2 * ((2112 - used) / 2 + 1) - 2112;
     const Run run = tool.run(Arguments{"create", tool.argument("top.bin"), "--force"} + described);
     QCOMPARE(run.code, 2);
-    const QByteArray text = "the header text is too long by " + QByteArray::number(excess) +
-                            " bytes; the largest fields are description (" +
-                            QByteArray::number(5 + 2 * ((2112 - used) / 2 + 1)) + " bytes), ";
+    // Labels and line feeds included.
+    const int description = 14 + 5 + 2 * ((2112 - used) / 2 + 1);
+    const QByteArray text =
+        "the header is too long by " + QByteArray::number(excess) + " bytes: of its " +
+        QByteArray::number(2112 + excess) + ", labels included, description has " +
+        QByteArray::number(description) + ", fileName has 18, date has 18 and the rest " +
+        QByteArray::number(2112 + excess - description - 18 - 18) + "\n";
     QVERIFY2(run.err.contains(text), run.err);
     QCOMPARE(tool.read("top.fcf"), before);
 }
@@ -244,6 +273,12 @@ void RefusalTest::refusesAnotherBuild_data()
         << "like.fcf: text: is no FCF file: neither the reserved";
     QTest::newRow("an empty companion") << "like.txt" << QByteArray() << "is no FCF header page";
     recipe("no JSON", "{", "like.json: is not JSON: ");
+    recipe("a mistake in the first line", "{\"recipe\" 2}", " at line 1, column 11\n");
+    recipe("a mistake in a line behind letters",
+           "{\n    \"recipe\": 2,\n    \"author\": \"\xc3\xa4\xc3\xb6\" 3\n}\n",
+           " at line 3, column 20\n");
+    recipe("a text that ends too early", "{\"recipe\": 2,\n", " at line 2, column 1\n");
+    recipe("something behind the object", "{\"recipe\": 2}\n\nx\n", " at line 3, column 1\n");
     recipe("no object", "[]", "recipe: is missing: this is not a recipe");
     recipe("another object", "{\"author\": \"Ann\"}", "recipe: is missing: this is not a recipe");
     recipe("a later recipe", "{\"recipe\": 3}", "recipe: is 3, but only 2 is known");
@@ -347,12 +382,30 @@ void RefusalTest::refusesWrongUsage_data()
         << QStringList({"verify", "top.txt", "--digest", "none"})
         << "top.txt: --digest: is of an image; this is a companion";
     QTest::newRow("an option without its value")
-        << QStringList({"create", "a.bin", "--author"}) << "--author";
+        << QStringList({"create", "a.bin", "--author"}) << "error: --author lacks a value: TEXT\n";
+    QTest::newRow("a short option without its value")
+        << QStringList({"create", "a.bin", "-o"}) << "error: --output lacks a value: FILE\n";
+    for (const char* const value : {"maybe", "no", "true", ""})
+        QTest::addRow("a value for an option that takes none, %s", value)
+            << QStringList({"show", "a.fcf", QString("--check=") + value})
+            << "error: --check takes no value\n";
     QTest::newRow("an option twice")
-        << QStringList({"create", "a.bin", "--author", "A", "--author", "B"}) << "--author";
+        << QStringList({"create", "a.bin", "--author", "A", "--author", "B"})
+        << "error: --author is given more than once\n";
     QTest::newRow("a function of three texts")
-        << QStringList({"create", "a.bin", "--function", "a", "b", "c"}) << "--function";
-    QTest::newRow("two binaries") << QStringList({"create", "a.bin", "b.bin"}) << "b.bin";
+        << QStringList({"create", "a.bin", "--function", "a", "b", "c"})
+        << "error: --function lacks a value: NAME AUTHOR CI DESCRIPTION\n";
+    QTest::newRow("a second function of three texts")
+        << QStringList(
+               {"create", "a.bin", "--function", "a", "b", "c", "d", "--function", "a", "b", "c"})
+        << "error: --function lacks a value: NAME AUTHOR CI DESCRIPTION\n";
+    QTest::newRow("two binaries") << QStringList({"create", "a.bin", "b.bin"})
+                                  << "error: \"b.bin\" is not expected\n";
+    QTest::newRow("three binaries") << QStringList({"create", "a.bin", "b.bin", "[c].bin"})
+                                    << "error: \"b.bin\", \"[c].bin\" are not expected\n";
+    QTest::newRow("two unknown options")
+        << QStringList({"create", "a.bin", "--one", "--two", "b.bin"})
+        << "error: \"--one\", \"--two\" are not known\n";
     QTest::newRow("no file") << QStringList({"verify"}) << "FILE is required";
     QTest::newRow("no output") << QStringList({"extract", "a.fcf"}) << "--output is required";
     QTest::newRow("one binary for two images")
@@ -361,6 +414,19 @@ void RefusalTest::refusesWrongUsage_data()
                                      << "--type: is neither \"image\" nor \"companion\"";
     QTest::newRow("a type that cannot be told")
         << QStringList({"verify", "a.img"}) << "--type: is missing: the name ends with neither";
+    for (const char* const name : {"TOP.FCF", "TOP.TXT", "top.Fcf"})
+        QTest::addRow("an ending that is not in lower case, %s", name)
+            << QStringList({"verify", name})
+            << "--type: is missing: the name ends with neither .fcf nor .txt, in lower case\n";
+    QTest::newRow("a binary whose ending is not in lower case")
+        << QStringList({"create", "TOP.BIN"})
+        << "TOP.BIN: --output: is missing: only a name that ends with .bin or .bit, in lower case";
+    QTest::newRow("an output whose ending is not in lower case")
+        << QStringList({"create", "top.bin", "--output", "UP.FCF"})
+        << "UP.FCF: --output: the name of an image ends with .fcf, in lower case\n";
+    QTest::newRow("a recipe whose ending is not in lower case")
+        << QStringList({"create", "top.bin", "--like", "TOP.JSON"})
+        << "the name ends with neither .fcf, .txt nor .json, in lower case\n";
     QTest::newRow("standard input twice")
         << QStringList({"create", "-", "--like", "-"}) << "it can be read only once";
     QTest::newRow("a companion on standard output")
@@ -384,6 +450,7 @@ void RefusalTest::refusesWrongUsage()
     QFETCH(QString, text);
     ToolFixture tool;
     tool.makeImage();
+    tool.write("TOP.BIN", ToolFixture::payload(100));
     Arguments given;
     for (const QString& argument : arguments)
         given.push_back(tool.exists(argument) ? tool.argument(argument) : argument.toStdString());

@@ -16,6 +16,9 @@ private slots:
     void findsEachFlippedBitOfTheLineFeed();
     void findsEachFlippedBitOfTheFiller();
     void findsAPayloadOfAnotherLength();
+    void namesEachSizeThatDisagreesWithTheOthers();
+    void namesTheOrderOfSwappedImages_data();
+    void namesTheOrderOfSwappedImages();
     void findsAFileCutAnywhere();
     void findsCodesOutOfRange_data();
     void findsCodesOutOfRange();
@@ -113,13 +116,94 @@ void VerifyTest::findsEachFlippedBitOfTheFiller()
 
 void VerifyTest::findsAPayloadOfAnotherLength()
 {
+    const ForgedImage right;
+    const QByteArray whole = right.bytes();
+    const int page = right.page().size();
+    const QString expected = QString("%1 bytes").arg(whole.size());
+    const auto check = [&](const QByteArray& bytes, int offset, const QString& reason) {
+        const Run run = verifyBytes(bytes);
+        QCOMPARE(run.code, 1);
+        const QList<QJsonObject> errors = errorsOf(run);
+        QCOMPARE(errors.size(), 1);
+        QCOMPARE(errors[0]["field"].toString(), QString("payload"));
+        QCOMPARE(errors[0]["reason"].toString(), reason);
+        QCOMPARE(errors[0]["offset"].toInt(), offset);
+        QCOMPARE(errors[0]["expected"].toString(), expected);
+        QCOMPARE(errors[0]["found"].toString(), QString("%1 bytes").arg(bytes.size()));
+    };
+    check(whole.chopped(1), whole.size() - 1, "1 byte is missing at the end");
+    check(whole.chopped(2), whole.size() - 2, "2 bytes are missing at the end");
+    check(right.page(), page, "4000 bytes are missing at the end");
+    check(whole + "a", whole.size(), "1 byte follows the payload, not all of them 0xFF");
+    check(whole + QByteArray(7, '\xff') + "a", whole.size(),
+          "8 bytes follow the payload, not all of them 0xFF");
+    check(whole + whole, whole.size(),
+          QString("a second image follows at offset %1").arg(whole.size()));
+    const QByteArray padding(5000, '\xff');
+    check(whole + padding + whole, whole.size(),
+          QString("a second image follows at offset %1").arg(whole.size() + padding.size()));
+}
+
+void VerifyTest::namesEachSizeThatDisagreesWithTheOthers()
+{
     ForgedImage image;
     image.payload.chop(1);
-    checkFinding(verify(image), {"binFileSize", 20, "3999", "4000"});
-    image.payload += "ab";
-    checkFinding(verify(image), {"binFileSize", 20, "4001", "4000"});
-    image.payload.clear();
-    checkFinding(verify(image), {"binFileSize", 20, "0", "4000"});
+    image.numbers[0] = 5;
+    const QList<QJsonObject> errors = errorsOf(verify(image));
+    QStringList fields;
+    for (const QJsonObject& error : errors)
+        fields << error["field"].toString();
+    QCOMPARE(fields, QStringList({"totalPages", "totalSize", "binFileSize"}));
+    QCOMPARE(errors[0]["reason"].toString(),
+             QString("does not agree with a payload of 3999 bytes"));
+}
+
+void VerifyTest::namesTheOrderOfSwappedImages_data()
+{
+    QTest::addColumn<QVector<int>>("order");
+    QTest::addColumn<bool>("reversesBits");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("bytes") << QVector<int>{3, 2, 1, 0} << false << "byte-swapped";
+    QTest::newRow("halfwords") << QVector<int>{2, 3, 0, 1} << false << "halfword-swapped";
+    QTest::newRow("bytes of halfwords")
+        << QVector<int>{1, 0, 3, 2} << false << "byte-swapped in each halfword";
+    QTest::newRow("bits") << QVector<int>{0, 1, 2, 3} << true << "bit-swapped";
+    QTest::newRow("bits and bytes")
+        << QVector<int>{3, 2, 1, 0} << true << "bit-swapped and byte-swapped";
+    QTest::newRow("bits and bytes of halfwords")
+        << QVector<int>{1, 0, 3, 2} << true << "bit-swapped and byte-swapped in each halfword";
+}
+
+void VerifyTest::namesTheOrderOfSwappedImages()
+{
+    QFETCH(QVector<int>, order);
+    QFETCH(bool, reversesBits);
+    QFETCH(QString, name);
+    const QByteArray right = ForgedImage().bytes();
+    QByteArray swapped;
+    for (int word = 0; word + 4 <= right.size(); word += 4) {
+        for (const int byte : order) {
+            const auto bits = static_cast<uchar>(right.at(word + byte));
+            uchar reversed = 0;
+            for (int bit = 0; bit < 8; ++bit)
+                reversed = static_cast<uchar>(reversed | ((bits >> bit & 1) << (7 - bit)));
+            swapped += static_cast<char>(reversesBits ? reversed : bits);
+        }
+    }
+    const Run run = verifyBytes(swapped);
+    QCOMPARE(run.code, 1);
+    QCOMPARE(
+        run.finding("text")["reason"].toString(),
+        QString("is no FCF file: its words are %1; read it in the order of the flash").arg(name));
+
+    m_tool.write("top.bin", swapped);
+    const Run made = m_tool.run(
+        Arguments{"create", m_tool.argument("top.bin"), "--output", m_tool.argument("new.fcf")} +
+        ToolFixture::described());
+    QCOMPARE(made.code, 2);
+    QVERIFY2(made.err.contains("payload: is a " + name.toUtf8() +
+                               " FCF image: swap it back and extract it first\n"),
+             made.err);
 }
 
 void VerifyTest::findsAFileCutAnywhere()

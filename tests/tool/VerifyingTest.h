@@ -35,6 +35,17 @@ protected:
         return m_tool.run(Arguments{"verify", m_tool.argument("top.fcf"), "--json"} + more);
     }
 
+    /// The findings of \p run that make a file not valid.
+    static QList<QJsonObject> errorsOf(const Run& run)
+    {
+        QList<QJsonObject> errors;
+        for (const auto& value : run.json()["findings"].toArray()) {
+            if (value.toObject()["severity"].toString() == "error")
+                errors << value.toObject();
+        }
+        return errors;
+    }
+
     void checkFinding(const Run& run, const Lie& lie)
     {
         QCOMPARE(run.code, 1);

@@ -7,8 +7,10 @@
 #include "tool/base/Text.h"
 #include "tool/check/Findings.h"
 #include "tool/check/HeaderPage.h"
+#include "tool/check/PayloadKind.h"
 #include "tool/check/TextRules.h"
 #include "tool/files/FileCompare.h"
+#include "tool/files/Filler.h"
 #include "tool/files/InputFile.h"
 
 #include <QFileInfo>
@@ -49,6 +51,29 @@ qint64 offsetOf(const HeaderPage& page, const QString& field)
     return -1;
 }
 
+qint32 FcfSizes::*const SizeFields[] = {&FcfSizes::totalPages, &FcfSizes::totalBlocks,
+                                        &FcfSizes::totalSize,  &FcfSizes::binPages,
+                                        &FcfSizes::binBlocks,  &FcfSizes::binFileSize};
+
+/// Whether all sizes in \p header are those of one payload.
+bool haveOneLength(const FcfHeader& header)
+{
+    const qint64 bytes = header.binFileSize;
+    if (bytes <= 0 || bytes > NewImageChecker::LargestBinary)
+        return false;
+
+    const FcfSizes sizes = PelkFcfGeneratorFileInfo().measure(bytes);
+    return std::all_of(std::begin(SizeFields), std::end(SizeFields),
+                       [&](const auto field) { return header.*field == sizes.*field; });
+}
+
+/// "1 byte is" or "2 bytes are".
+QString counted(qint64 bytes, const char* verbOfOne, const char* verbOfMany)
+{
+    return bytes == 1 ? QStringLiteral("1 byte %1").arg(QLatin1String(verbOfOne))
+                      : QStringLiteral("%1 bytes %2").arg(bytes).arg(QLatin1String(verbOfMany));
+}
+
 } // namespace
 
 FcfFileChecker::FcfFileChecker(const InputFile* file, Kind kind, QTextCodec* codec,
@@ -60,7 +85,10 @@ FcfFileChecker::FcfFileChecker(const InputFile* file, Kind kind, QTextCodec* cod
 void FcfFileChecker::check(const HeaderPage& page) const
 {
     const FcfHeader& header = page.reading.header;
-    checkSizes(header, m_kind == Image ? page.payloadBytes : header.binFileSize);
+    if (m_kind == Image && haveOneLength(header) && header.binFileSize != page.payloadBytes)
+        checkLength(page);
+    else
+        checkSizes(header, m_kind == Image ? page.payloadBytes : header.binFileSize);
     checkCodes(header);
     checkReservedWords(page.reading.reservedWords);
     checkTexts(page);
@@ -83,6 +111,37 @@ void FcfFileChecker::checkEnd(const HeaderPage& page) const
                 QStringLiteral("%1 bytes").arg(m_file->size()));
 }
 
+/// Names what is missing of an image, or too much, whose header states another length. Its sizes
+/// agree with each other: it is the file that is not as it was.
+void FcfFileChecker::checkLength(const HeaderPage& page) const
+{
+    const qint64 end = page.bytes + page.reading.header.binFileSize;
+    const qint64 missing = end - m_file->size();
+    const std::optional<QString> reason =
+        missing > 0 ? QStringLiteral("%1 missing at the end").arg(counted(missing, "is", "are"))
+                    : whatFollows(end);
+    if (reason)
+        invalid(PayloadField, qMin(end, m_file->size()), *reason,
+                QStringLiteral("%1 bytes").arg(end),
+                QStringLiteral("%1 bytes").arg(m_file->size()));
+}
+
+/// What is in the file from \p end on, where its payload ends.
+std::optional<QString> FcfFileChecker::whatFollows(qint64 end) const
+{
+    const Region rest{m_file, end, m_file->size() - end, nullptr};
+    const auto filler = m_findings->valueOf(Filler::count(rest));
+    const auto start =
+        filler ? bytesAt(*m_file, end + *filler, FcfLayout::PageBytes) : std::nullopt;
+    if (!start)
+        return std::nullopt;
+
+    if (PayloadKind::isImage(*start))
+        return QStringLiteral("a second image follows at offset %1").arg(end + *filler);
+    return QStringLiteral("%1 the payload, not all of them 0xFF")
+        .arg(counted(rest.bytes, "follows", "follow"));
+}
+
 void FcfFileChecker::checkSizes(const FcfHeader& header, qint64 bytes) const
 {
     if (bytes <= 0 || bytes > NewImageChecker::LargestBinary) {
@@ -95,10 +154,7 @@ void FcfFileChecker::checkSizes(const FcfHeader& header, qint64 bytes) const
     }
 
     const FcfSizes sizes = PelkFcfGeneratorFileInfo().measure(bytes);
-    qint32 FcfSizes::*const fields[] = {&FcfSizes::totalPages, &FcfSizes::totalBlocks,
-                                        &FcfSizes::totalSize,  &FcfSizes::binPages,
-                                        &FcfSizes::binBlocks,  &FcfSizes::binFileSize};
-    for (const auto field : fields) {
+    for (const auto field : SizeFields) {
         if (header.*field != sizes.*field)
             invalid(field, header,
                     QStringLiteral("does not agree with a payload of %1 bytes").arg(bytes),
@@ -224,12 +280,18 @@ void FcfFileChecker::checkAgainstWriter(const HeaderPage& page) const
 void FcfFileChecker::compareBinary(const HeaderPage& page, const Region& binary,
                                    const CopyObserver& observe) const
 {
+    const QString label = shownText(binary.file->label());
     if (m_kind == Companion) {
-        checkSizes(page.reading.header, binary.bytes);
+        const FcfHeader& header = page.reading.header;
+        if (!haveOneLength(header))
+            checkSizes(header, binary.bytes);
+        else if (header.binFileSize != binary.bytes)
+            invalid(&FcfHeader::binFileSize, header,
+                    QStringLiteral("is not the length of %1").arg(label),
+                    QString::number(binary.bytes));
         return;
     }
 
-    const QString label = shownText(binary.file->label());
     if (page.payloadBytes != binary.bytes)
         invalid(PayloadField, page.bytes, QStringLiteral("has not the length of %1").arg(label),
                 QStringLiteral("%1 bytes").arg(binary.bytes),

@@ -41,7 +41,9 @@ public:
     void compareCompanion(const HeaderPage& page, const InputFile& companion) const;
 
 private:
+    void checkLength(const HeaderPage& page) const;
     void checkSizes(const FcfHeader& header, qint64 payloadBytes) const;
+    std::optional<QString> whatFollows(qint64 end) const;
     void checkModule(const FcfHeader& header) const;
     void checkVersion(const FcfHeader& header) const;
     void checkSlot(const FcfHeader& header) const;

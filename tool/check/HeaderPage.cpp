@@ -3,6 +3,7 @@
 #include "fcf/FcfLayout.h"
 #include "fcf/FcfWriter.h"
 #include "tool/base/Text.h"
+#include "tool/check/PayloadKind.h"
 #include "tool/check/TextRules.h"
 #include "tool/files/Filler.h"
 #include "tool/files/InputFile.h"
@@ -39,6 +40,8 @@ QString otherContent(const QByteArray& start)
         return "it is erased flash, 0xFF from its start";
     if (start.count('\0') == start.size())
         return "it has nothing but zeros at its start";
+    if (const QString swap = PayloadKind::swapOfImage(start); !swap.isEmpty())
+        return QStringLiteral("its words are %1; read it in the order of the flash").arg(swap);
     if (!hasTraceOfPage(start))
         return "neither the reserved words nor the beginning of the text are there";
     return QString();

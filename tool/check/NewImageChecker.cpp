@@ -63,10 +63,9 @@ void NewImageChecker::checkRequired(const Recipe& recipe) const
         if (value && !isBlank(*value))
             return;
 
-        const bool isBlankInFile = value && recipe.origins.contains(name);
-        refuse(name, QStringLiteral("is %1: give %2")
-                         .arg(QLatin1String(isBlankInFile ? "blank" : "missing"),
-                              QLatin1String(field.option)));
+        refuse(name,
+               QStringLiteral("is %1: give %2")
+                   .arg(QLatin1String(value ? "blank" : "missing"), QLatin1String(field.option)));
     });
 }
 
@@ -145,13 +144,14 @@ bool NewImageChecker::checkBytes(const FcfHeader& header, QTextCodec* codec) con
 /// Checks that all texts fit in the page together. Returns whether they do.
 bool NewImageChecker::checkLength(const FcfHeader& header, QTextCodec* codec) const
 {
-    const int excess = FcfWriter(codec).compose(header).size() - FcfLayout::PageBytes;
-    if (excess <= 0)
+    const int bytes = FcfWriter(codec).compose(header).size();
+    if (bytes <= FcfLayout::PageBytes)
         return true;
 
-    refuse("text", QStringLiteral("the header text is too long by %1 bytes; the largest "
-                                  "fields are %2")
-                       .arg(QString::number(excess), TextRules::largestTexts(header, codec)));
+    refuse("text",
+           QStringLiteral("the header is too long by %1 bytes: of its %2, labels included, %3")
+               .arg(QString::number(bytes - FcfLayout::PageBytes), QString::number(bytes),
+                    TextRules::largestShares(header, codec)));
     return false;
 }
 

@@ -1,7 +1,6 @@
 #include "tool/check/PayloadKind.h"
 
 #include "fcf/FcfLayout.h"
-#include "tool/check/WordSwap.h"
 
 #include <QStringList>
 #include <QVector>
@@ -33,6 +32,7 @@ constexpr Order Orders[] = {
     {"byte-swapped in each halfword", "bytes,halfwords"},
     {"bit-swapped and byte-swapped", "bits,bytes"},
     {"bit-swapped and halfword-swapped", "bits,halfwords"},
+    {"bit-swapped and byte-swapped in each halfword", "bits,bytes,halfwords"},
 };
 
 /// A boot image has these bytes at a fixed place behind its vectors. They begin like the sync word
@@ -120,15 +120,22 @@ PayloadKind::Complaint noSyncWord(const QByteArray& start)
             .arg(place.arg(PayloadKind::SearchedBytes))};
 }
 
+/// How a binary of this order is repaired on which \p done was done already.
+QString repair(const Order& order, const WordSwap::Swaps& done)
+{
+    const QString swap = WordSwap::namesOf(done + *WordSwap::swapsOf(order.swap));
+    return swap.isEmpty() ? QString("leave out --swap")
+                          : QStringLiteral("--swap %1 repairs it").arg(swap);
+}
+
 /// What is wrong with the order of the words, and with what is in front of them.
-std::optional<PayloadKind::Complaint> complaintAbout(const Sync& sync)
+std::optional<PayloadKind::Complaint> complaintAbout(const Sync& sync, const WordSwap::Swaps& done)
 {
     QStringList flaws;
     if (!isRight(*sync.order))
-        flaws << QStringLiteral("the binary is %1: its sync word is 0x%2, not 0xAA995566; --swap "
-                                "%3 repairs it")
+        flaws << QStringLiteral("the binary is %1: its sync word is 0x%2, not 0xAA995566; %3")
                      .arg(sync.order->complaint, swapped(SyncWord, *sync.order).toHex().toUpper(),
-                          sync.order->swap);
+                          repair(*sync.order, done));
     if (sync.foreign)
         flaws << QStringLiteral("something else is in front of the configuration, whose sync word "
                                 "is at offset %1: take it off, or give the .bin or .bit file as "
@@ -151,7 +158,18 @@ bool PayloadKind::isImage(const QByteArray& start)
                .startsWith('\n' + QByteArray(FcfLayout::FirstLineKeyword));
 }
 
-std::optional<PayloadKind::Complaint> PayloadKind::complaint(const QByteArray& start)
+QString PayloadKind::swapOfImage(const QByteArray& start)
+{
+    const QByteArray first = start.left(FcfLayout::PageBytes);
+    for (const Order& order : Orders) {
+        if (!isRight(order) && isImage(swapped(first, order)))
+            return order.complaint;
+    }
+    return QString();
+}
+
+std::optional<PayloadKind::Complaint> PayloadKind::complaint(const QByteArray& start,
+                                                             const WordSwap::Swaps& done)
 {
     if (start.mid(BootMarkOffset, BootMark.size()) == BootMark)
         return std::nullopt;
@@ -159,5 +177,5 @@ std::optional<PayloadKind::Complaint> PayloadKind::complaint(const QByteArray& s
     std::optional<Sync> sync = syncInPlace(start);
     if (!sync)
         sync = syncElsewhere(start);
-    return sync ? complaintAbout(*sync) : noSyncWord(start);
+    return sync ? complaintAbout(*sync, done) : noSyncWord(start);
 }

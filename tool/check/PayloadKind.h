@@ -1,6 +1,8 @@
 #ifndef TOOL_CHECK_PAYLOADKIND_H
 #define TOOL_CHECK_PAYLOADKIND_H
 
+#include "tool/check/WordSwap.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -24,9 +26,14 @@ struct Complaint {
 /// Whether a file that begins with \p start has the header page of an FCF image.
 bool isImage(const QByteArray& start);
 
-/// What is wrong with a binary that begins with \p start: in front of its sync word may be nothing
-/// but dummy words and bus width words, and its words must be in the right order.
-std::optional<Complaint> complaint(const QByteArray& start);
+/// How the words of an FCF image are swapped whose file begins with \p start, like "byte-swapped";
+/// empty if that is none.
+QString swapOfImage(const QByteArray& start);
+
+/// What is wrong with a binary that begins with \p start after the swaps \p done: in front of its
+/// sync word may be nothing but dummy words and bus width words, and its words must be in the right
+/// order.
+std::optional<Complaint> complaint(const QByteArray& start, const WordSwap::Swaps& done);
 
 } // namespace PayloadKind
 

@@ -169,24 +169,28 @@ QVector<Breach> TextRules::lostInForm(const FcfHeader& header, QTextCodec* codec
     return breaches;
 }
 
-QString TextRules::largestTexts(const FcfHeader& header, const QTextCodec* codec)
+QString TextRules::largestShares(const FcfHeader& header, QTextCodec* codec)
 {
-    QVector<QPair<int, QString>> sizes;
-    int functionBytes = 0;
-    for (const NamedText& text : textsOf(header)) {
-        const int bytes = codec->fromUnicode(text.value).size();
-        if (text.field.startsWith("functions["))
-            functionBytes += bytes;
-        else
-            sizes.append({bytes, text.field});
-    }
-    sizes.append({functionBytes, "functions"});
+    const FcfWriter writer(codec);
+    const int all = writer.compose(header).size();
 
-    std::stable_sort(sizes.begin(), sizes.end(),
+    QVector<QPair<int, QString>> shares;
+    for (const auto& field : FcfLayout::HeaderTexts) {
+        const QString line = QLatin1String(field.prefix) + header.*field.value + QLatin1Char('\n');
+        shares.append({encoded(line, codec).size(), QLatin1String(field.name)});
+    }
+    FcfHeader withoutFunctions = header;
+    withoutFunctions.functions.clear();
+    shares.append({all - writer.compose(withoutFunctions).size(), "functions"});
+
+    std::stable_sort(shares.begin(), shares.end(),
                      [](const auto& left, const auto& right) { return left.first > right.first; });
 
+    int rest = all;
     QStringList largest;
-    for (const auto& size : sizes.mid(0, LargestTextsNamed))
-        largest << QStringLiteral("%1 (%2 bytes)").arg(size.second).arg(size.first);
-    return largest.join(", ");
+    for (const auto& [bytes, field] : shares.mid(0, LargestTextsNamed)) {
+        largest << QStringLiteral("%1 has %2").arg(field).arg(bytes);
+        rest -= bytes;
+    }
+    return QStringLiteral("%1 and the rest %2").arg(largest.join(", ")).arg(rest);
 }

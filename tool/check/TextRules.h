@@ -40,8 +40,9 @@ QVector<Breach> notEncodable(const FcfHeader& header, const QTextCodec* codec);
 /// The texts of \p header of which a form that loads it shows less than there is.
 QVector<Breach> lostInForm(const FcfHeader& header, QTextCodec* codec);
 
-/// "name (N bytes)" of the texts that take up most, the largest first.
-QString largestTexts(const FcfHeader& header, const QTextCodec* codec);
+/// Which texts take up how many bytes of the page with their labels, the largest three first, and
+/// how many the rest of it takes.
+QString largestShares(const FcfHeader& header, QTextCodec* codec);
 
 } // namespace TextRules
 

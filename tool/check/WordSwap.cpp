@@ -3,6 +3,7 @@
 #include "fcf/FcfLayout.h"
 
 #include <QPair>
+#include <QStringList>
 
 #include <algorithm>
 
@@ -59,6 +60,17 @@ std::optional<WordSwap::Swaps> WordSwap::swapsOf(const QString& names)
         swaps << known->second;
     }
     return swaps;
+}
+
+QString WordSwap::namesOf(const Swaps& swaps)
+{
+    // Each undoes itself, and their order does not matter.
+    QStringList names;
+    for (const auto& [name, swap] : SwapNames) {
+        if (swaps.count(swap) % 2 == 1)
+            names << name;
+    }
+    return names.join(QLatin1Char(','));
 }
 
 bool WordSwap::needsWholeWords(const Swaps& swaps)

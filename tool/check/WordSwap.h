@@ -16,6 +16,10 @@ using Swaps = QVector<Swap>;
 /// The swaps that \p names lists, like "bits" or "bits,bytes"; nothing for other names.
 std::optional<Swaps> swapsOf(const QString& names);
 
+/// The names of the swaps that do the same as \p swaps one after the other, with commas; empty if
+/// they undo each other.
+QString namesOf(const Swaps& swaps);
+
 bool needsWholeWords(const Swaps& swaps);
 
 /// Swaps in place, as far as there are whole words.

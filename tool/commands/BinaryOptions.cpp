@@ -174,13 +174,19 @@ void BinaryOptions::checkKind(const Region& region, const QByteArray& start, Tas
         task->findings.refuse(label(), PayloadField, "is an FCF image already: extract it first");
         return;
     }
+    if (const QString swap = PayloadKind::swapOfImage(start); !swap.isEmpty()) {
+        task->findings.refuse(
+            label(), PayloadField,
+            QStringLiteral("is a %1 FCF image: swap it back and extract it first").arg(swap));
+        return;
+    }
     if (BitContainer::isStartOf(start)) {
         task->findings.refuse(label(), PayloadField,
                               "has a .bit container in it: take its header off first");
         return;
     }
 
-    if (const auto complaint = PayloadKind::complaint(start)) {
+    if (const auto complaint = PayloadKind::complaint(start, m_swaps)) {
         Finding& warning = task->findings.warning(label(), PayloadField, complaint->reason);
         if (complaint->offset >= 0)
             warning.at(region.offset + complaint->offset);

@@ -60,12 +60,54 @@ private:
         return app->get_option_no_throw(name);
     }
 
-    /// An argument that is not known is often the reason why another is missing.
-    std::string missing(const CLI::RequiredError& error) const
+    /// The \p arguments that no command or option takes, as a message; empty if all are taken. What
+    /// is behind an unknown option may be its value.
+    std::string notTaken(const std::vector<std::string>& arguments) const
     {
-        const std::vector<std::string> unknown = m_app.remaining(true);
-        if (!unknown.empty())
-            return '"' + unknown.front() + "\" is not known";
+        std::vector<std::string> left = m_app.remaining(true);
+        QStringList options;
+        QStringList operands;
+        for (const std::string& argument : arguments) {
+            const auto found = std::find(left.begin(), left.end(), Arguments::escaped(argument));
+            if (found == left.end())
+                continue;
+
+            left.erase(found);
+            const QString shown = '"' + QString::fromLocal8Bit(argument.c_str()) + '"';
+            (argument[0] == '-' ? options : operands) << shown;
+        }
+        if (options.isEmpty() && operands.isEmpty())
+            return std::string();
+
+        const QStringList& named = options.isEmpty() ? operands : options;
+        const QString verb = named.size() > 1 ? "are" : "is";
+        const QString reason = options.isEmpty() ? "not expected" : "not known";
+        return QStringLiteral("%1 %2 %3")
+            .arg(named.join(", "), verb, reason)
+            .toLocal8Bit()
+            .toStdString();
+    }
+
+    /// How often an option was given, or with how many values, in words of our own.
+    static std::string miscounted(const CLI::ArgumentMismatch& error)
+    {
+        const std::string text = error.what();
+        const std::string option = text.substr(0, text.find(':'));
+        const std::string required = " required ";
+        const std::size_t type = text.find(required);
+        const std::size_t end = text.rfind(" missing");
+        if (end == std::string::npos || type == std::string::npos)
+            return option + " is given more than once";
+        return option + " lacks a value: " +
+               text.substr(type + required.size(), end - type - required.size());
+    }
+
+    /// An argument that is not known is often the reason why another is missing.
+    std::string missing(const CLI::RequiredError& error,
+                        const std::vector<std::string>& arguments) const
+    {
+        if (const std::string unknown = notTaken(arguments); !unknown.empty())
+            return unknown;
         if (m_app.get_subcommands().empty())
             return "a command is missing; --help lists them";
         return error.what();
@@ -145,7 +187,11 @@ int CommandLine::run(const std::vector<std::string>& arguments)
     } catch (const CLI::CallForVersion& version) {
         return printed(version.what() + std::string("\n"));
     } catch (const CLI::RequiredError& error) {
-        return refused(arguments, missing(error));
+        return refused(arguments, missing(error, arguments));
+    } catch (const CLI::ExtrasError&) {
+        return refused(arguments, notTaken(arguments));
+    } catch (const CLI::ArgumentMismatch& error) {
+        return refused(arguments, miscounted(error));
     } catch (const CLI::ParseError& error) {
         return refused(arguments, error.what());
     }
@@ -175,6 +221,9 @@ CommandLine::prepared(const std::vector<std::string>& arguments) const
         const bool isNameAlone = argument == name;
         if (values > 0 && named && isNameAlone)
             return tl::make_unexpected(lacksValue(*option, argument));
+
+        if (values == 0 && named && !isNameAlone && valuesOf(*named) == 0)
+            return tl::make_unexpected(name + " takes no value");
 
         if (values == 0 && argument == "--")
             areOperands = true;

@@ -12,6 +12,8 @@
 #include "tool/commands/TimestampOptions.h"
 #include "tool/recipe/HeaderJson.h"
 
+#include <QRegularExpression>
+
 namespace {
 
 /// The whole header page of \p header.
@@ -20,6 +22,23 @@ QByteArray pageOf(const FcfHeader& header, QTextCodec* codec)
     const FcfWriter writer(codec);
     const QByteArray page = writer.compose(header);
     return page + writer.fillerFor(page.size());
+}
+
+/// The bytes that \p text means: a decimal number, or one of 1024 or 1024 * 1024 bytes with K or M,
+/// or a hexadecimal number with 0x.
+std::optional<qint64> sizeOf(const QString& text)
+{
+    static const QRegularExpression size("^(?:0x([0-9a-f]{1,8})|([0-9]{1,10})([km]?))\\z",
+                                         QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpressionMatch match = size.match(text);
+    if (!match.hasMatch())
+        return std::nullopt;
+    if (match.capturedLength(1) > 0)
+        return match.captured(1).toLongLong(nullptr, 16);
+
+    const QString unit = match.captured(3).toUpper();
+    const int shift = unit == "K" ? 10 : unit == "M" ? 20 : 0;
+    return match.captured(2).toLongLong() << shift;
 }
 
 qint64 upToMultiple(qint64 bytes, qint64 unit) { return (unit - bytes % unit) % unit; }
@@ -35,10 +54,11 @@ Result<qint64> fillerBytes(const std::optional<std::string>& padTo, qint64 image
         return upToMultiple(imageBytes, qint64(FcfLayout::PageBytes) * FcfLayout::BlockPages);
 
     const QString text = QString::fromLocal8Bit(padTo->c_str());
-    const qint32 bytes = wholeNumber(text).value_or(0);
-    if (bytes <= 0)
+    const qint64 bytes = sizeOf(text).value_or(0);
+    if (bytes <= 0 || bytes > FcfFileChecker::LargestFile)
         return failure(ExitCode::Refused, QString(), "--pad-to",
-                       QStringLiteral("\"%1\" is neither page, block nor a number of bytes")
+                       QStringLiteral("\"%1\" is neither page, block nor a number of bytes like "
+                                      "135168, 0x21000, 132K or 2M")
                            .arg(shownText(text)));
     if (bytes < imageBytes)
         return failure(ExitCode::Refused, QString(), "--pad-to",
@@ -257,7 +277,8 @@ void CreateCommand::report(const Plan& plan, const QByteArray& digest, bool isWr
 {
     const auto addFile = [&](const char* name, const QString& path) {
         if (isWritten || !task->report.quiet)
-            task->report.print(isWritten ? path : QStringLiteral("%1: unchanged").arg(path));
+            task->report.print(shownText(path, WholeText) +
+                               (isWritten ? QString() : QString(": unchanged")));
         task->report.result[QLatin1String(name)] = path;
     };
 

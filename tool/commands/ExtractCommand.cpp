@@ -60,7 +60,7 @@ void ExtractCommand::run(Task* task)
         return;
 
     task->report.isInPlace = true;
-    task->report.print(*output);
+    task->report.print(shownText(*output, WholeText));
     task->report.result["payload"] = *output;
     task->report.result["payloadBytes"] = image->page.payloadBytes;
 }

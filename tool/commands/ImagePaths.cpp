@@ -29,7 +29,7 @@ Result<ImagePaths> pathsOfOutput(const QString& output)
 {
     if (!output.endsWith(ImageEnding))
         return failure(ExitCode::Refused, output, OutputOption,
-                       "the name of an image ends with .fcf");
+                       "the name of an image ends with .fcf, in lower case");
 
     ImagePaths paths;
     paths.image = output;
@@ -46,9 +46,9 @@ Result<ImagePaths> pathsOfBinary(const InputFile& binary, bool toStandardOutput)
     if (binary.isStandardInput() || !hasEnding)
         return failure(ExitCode::Refused, binary.label(), OutputOption,
                        toStandardOutput ? "gives no name for the header: only a BIN whose "
-                                          "name ends with .bin does"
-                                        : "is missing: only a name that ends with .bin gives "
-                                          "the image's name");
+                                          "name ends with .bin or .bit, in lower case, does"
+                                        : "is missing: only a name that ends with .bin or .bit, "
+                                          "in lower case, gives the image's name");
 
     const QString path =
         isContainer ? binary.path().chopped(ContainerEnding.size()) + BinaryEnding : binary.path();

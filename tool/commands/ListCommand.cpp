@@ -128,7 +128,7 @@ void ListCommand::list(const QFileInfo& path, Task* task)
         task->findings.error(ExitCode::CannotAccess, folder.path(), "PATH",
                              "the folder cannot be read");
 
-    const auto wanted = QDir::AllDirs | QDir::Files | QDir::NoDotAndDotDot;
+    const auto wanted = QDir::AllDirs | QDir::Files | QDir::NoDotAndDotDot | QDir::CaseSensitive;
     for (const QFileInfo& entry : folder.entryInfoList({"*.fcf"}, wanted, QDir::Name)) {
         // A link to a folder may lead back here.
         const bool isLinkToFolder = entry.isDir() && entry.isSymLink();

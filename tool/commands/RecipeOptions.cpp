@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QTextCodec>
 
 namespace {
 
@@ -40,9 +41,14 @@ std::optional<QString> descriptionIn(const QString& path, const char* option, Ta
     if (!bytes)
         return std::nullopt;
 
-    auto text = task->text(bytes->toStdString(), option);
-    if (!text)
+    auto text = decodedText(bytes->toStdString(), task->codec, QLatin1String(option));
+    if (!text) {
+        text.error().file = InputFile::labelOf(path);
+        text.error().reason = QStringLiteral("is not text in the encoding of this locale, %1")
+                                  .arg(QString::fromLatin1(task->codec->name()));
+        task->findings.add(text.error());
         return std::nullopt;
+    }
 
     // How editors on other systems mark the file and end its lines is no part of the text.
     if (text->startsWith(QChar::ByteOrderMark))
@@ -248,6 +254,6 @@ std::optional<Recipe> RecipeOptions::like(Task* task) const
         return recipeOf(*path, task);
 
     task->findings.refuse(*path, QLatin1String(LikeOption),
-                          "the name ends with neither .fcf, .txt nor .json");
+                          "the name ends with neither .fcf, .txt nor .json, in lower case");
     return std::nullopt;
 }

@@ -85,9 +85,10 @@ std::optional<FcfFileChecker::Kind> VerifyCommand::kindOf(const QString& path, T
     if (m_type == "companion" || (!m_type && path.endsWith(".txt")))
         return FcfFileChecker::Companion;
 
-    task->findings.refuse(path, "--type",
-                          m_type ? "is neither \"image\" nor \"companion\""
-                                 : "is missing: the name ends with neither .fcf nor .txt");
+    task->findings.refuse(
+        path, "--type",
+        m_type ? "is neither \"image\" nor \"companion\""
+               : "is missing: the name ends with neither .fcf nor .txt, in lower case");
     return std::nullopt;
 }
 

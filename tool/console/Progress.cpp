@@ -1,5 +1,6 @@
 #include "tool/console/Progress.h"
 
+#include "tool/base/Text.h"
 #include "tool/console/Environment.h"
 #include "tool/files/Copy.h"
 
@@ -15,7 +16,7 @@ constexpr double Mebibyte = 1024 * 1024;
 class Line {
 public:
     Line(const Environment* environment, const QString& label, qint64 total)
-        : m_environment(environment), m_label(label), m_total(total),
+        : m_environment(environment), m_label(shownText(label)), m_total(total),
           m_nextShow(environment->milliseconds() + PatienceMilliseconds + 1)
     {
     }

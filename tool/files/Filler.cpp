@@ -25,16 +25,30 @@ Status Filler::write(QIODevice* output, qint64 bytes, const QString& label,
     return {};
 }
 
-Result<bool> Filler::isIn(const Region& region)
+Result<qint64> Filler::count(const Region& region)
 {
-    const auto isFillerByte = [](char byte) { return byte == FillerByte; };
+    qint64 filler = 0;
+    bool hasEnded = false;
+    const Status read = readAll(region, [&](const char* data, qint64 bytes) {
+        if (hasEnded)
+            return;
 
-    bool isFiller = true;
-    const Status read = readAll(region, [&](const char* data, qint64 count) {
-        isFiller = isFiller && std::all_of(data, data + count, isFillerByte);
+        const char* const end =
+            std::find_if(data, data + bytes, [](char byte) { return byte != FillerByte; });
+        filler += end - data;
+        hasEnded = end != data + bytes;
     });
     if (!read)
         return tl::unexpected<Finding>(read.error());
 
-    return isFiller;
+    return filler;
+}
+
+Result<bool> Filler::isIn(const Region& region)
+{
+    const Result<qint64> filler = count(region);
+    if (!filler)
+        return tl::unexpected<Finding>(filler.error());
+
+    return *filler == region.bytes;
 }

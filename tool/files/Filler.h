@@ -11,6 +11,9 @@ namespace Filler {
 /// Writes \p bytes of them to \p output, each part for \p observe. Messages call it \p label.
 Status write(QIODevice* output, qint64 bytes, const QString& label, const CopyObserver& observe);
 
+/// How many of the first bytes of \p region are such.
+Result<qint64> count(const Region& region);
+
 /// Whether there is nothing else in \p region.
 Result<bool> isIn(const Region& region);
 

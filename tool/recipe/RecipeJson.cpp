@@ -9,6 +9,7 @@
 #include <QRegularExpression>
 #include <QSet>
 
+#include <cctype>
 #include <vector>
 
 namespace {
@@ -66,6 +67,19 @@ std::optional<QString> repeatedName(const QString& json)
         }
     }
     return std::nullopt;
+}
+
+/// The line and column of a mistake that the parser found before \p offset, both counted from 1,
+/// the column in letters.
+QString placeOf(int offset, const QByteArray& json)
+{
+    // Unless the text ends too early, the parser has passed the letter that it did not expect.
+    const bool hasPassed = offset > 0 && offset < json.size() && !std::isspace(json.at(offset - 1));
+    const QByteArray before = json.left(hasPassed ? offset - 1 : offset);
+    const int lineStart = before.lastIndexOf('\n') + 1;
+    return QStringLiteral("line %1, column %2")
+        .arg(before.count('\n') + 1)
+        .arg(QString::fromUtf8(before.mid(lineStart)).size() + 1);
 }
 
 void checkRecipeVersion(const QJsonValue& value, RecipeReader* reader)
@@ -130,9 +144,9 @@ tl::expected<Recipe, QList<Finding>> RecipeJson::read(const QByteArray& json, co
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(json, &parseError);
     if (parseError.error != QJsonParseError::NoError) {
-        reader.refuse(QString(), QStringLiteral("is not JSON: %1 at offset %2")
-                                     .arg(parseError.errorString())
-                                     .arg(parseError.offset));
+        reader.refuse(QString(),
+                      QStringLiteral("is not JSON: %1 at %2")
+                          .arg(parseError.errorString(), placeOf(parseError.offset, json)));
         return tl::make_unexpected(reader.errors());
     }
 

@@ -4,6 +4,7 @@
 #include "host/app/archive/ArchiveJob.h"
 #include "host/app/archive/ArchivePlan.h"
 #include "host/app/common/HostError.h"
+#include "host/app/common/WheelGuard.h"
 #include "host/app/common/WindowPlace.h"
 #include "ui_ArchiveDialog.h"
 
@@ -61,6 +62,7 @@ ArchiveDialog::~ArchiveDialog()
 void ArchiveDialog::buildForm()
 {
     m_ui->setupUi(this);
+    guardWheel(this);
     if (design())
         setWindowTitle(tr("Archive \"%1\"").arg(QDir(design()->workingFolderPath()).dirName()));
 

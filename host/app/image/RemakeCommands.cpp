@@ -95,7 +95,7 @@ void RemakeCommands::remakeOutdated()
     for (const DesignFile* file : design->files()) {
         const ImageFiles image = ImageFiles::of(file->filePath());
         if (image.canBeMadeAgain() && !images.contains(image) &&
-            !FileState::reasonsOutdated(*file).isEmpty())
+            FileState::of(*file).needsAttention())
             images << image;
     }
     if (images.isEmpty()) {
@@ -126,8 +126,8 @@ RemakeCommands::Items RemakeCommands::itemsOf(const Design& design, const QList<
         }
 
         const DesignFile* const file = design.fileAt(image.image);
-        items << RemakeDialog::Item{remake, file ? FileState::reasonsOutdated(*file).join("; ")
-                                                 : QString()};
+        const FileState state = file ? FileState::of(*file) : FileState();
+        items << RemakeDialog::Item{remake, state.outdated.join("; ") + state.invalid};
     }
     return items;
 }

@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QDir>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QPushButton>
 #include <QStyle>
 #include <QTimer>
@@ -39,8 +40,9 @@ RemakeDialog::RemakeDialog(const QList<Item>& items, QWidget* parent)
                         QDir::toNativeSeparators(item.remake.files.image).toHtmlEscaped());
         row->setToolTip(ReasonColumn, item.reason.toHtmlEscaped());
     }
-    for (const Column column : {ImageColumn, ReasonColumn})
-        m_ui->RemakeList->resizeColumnToContents(column);
+    QHeaderView* const header = m_ui->RemakeList->header();
+    header->setSectionResizeMode(QHeaderView::Stretch);
+    header->setSectionResizeMode(ImageColumn, QHeaderView::ResizeToContents);
 
     connect(m_ui->buttonBox, &QDialogButtonBox::accepted, this, &RemakeDialog::start);
     connect(m_ui->buttonBox, &QDialogButtonBox::rejected, this, &RemakeDialog::reject);

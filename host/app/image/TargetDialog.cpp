@@ -1,6 +1,7 @@
 #include "host/app/image/TargetDialog.h"
 
 #include "fcf/FcfTarget.h"
+#include "host/app/common/WheelGuard.h"
 #include "ui_TargetDialog.h"
 
 #include <QPushButton>
@@ -9,6 +10,7 @@ TargetDialog::TargetDialog(const QString& imageName, const ImageTarget& known, Q
     : QDialog(parent), m_ui(new Ui::TargetDialog)
 {
     m_ui->setupUi(this);
+    guardWheel(this);
     m_ui->question->setText(tr("For which target is %1? Neither the properties of the design nor "
                                "the codes in the image say so.")
                                 .arg(imageName));

@@ -152,7 +152,7 @@ void HostArchiveTest::writesTheSameFilesInGerman()
     QTranslator ofHost;
     QTranslator ofPlugin;
     QVERIFY(ofHost.load(":/translations/pelk-host_de.qm"));
-    QVERIFY(ofPlugin.load(":/translations/zorv_de.qm"));
+    QVERIFY(ofPlugin.load("ZORV_Plugin_de", ZORV_PLUGIN_FOLDER));
     QVERIFY(QCoreApplication::installTranslator(&ofHost));
     QVERIFY(QCoreApplication::installTranslator(&ofPlugin));
     QLocale::setDefault(QLocale(QLocale::German));

@@ -10,7 +10,9 @@
 #include <QtilitiesExtensionSystem/ExtensionSystemCore.h>
 
 #include <QDir>
+#include <QDropEvent>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QtTest>
 #include <QWindow>
 
@@ -174,6 +176,20 @@ QMenu* HostFixture::menuByKey(const QString& name) const
         QTest::keyClick(view(), Qt::Key_Down);
     QTest::keyClick(view(), Qt::Key_F10, Qt::ShiftModifier);
     return openMenu();
+}
+
+void HostFixture::drop(const QString& name, const QString& path) const
+{
+    const QPoint place =
+        view()->viewport()->mapTo(m_window.data(), view()->visualRect(item(name)).center());
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path)});
+
+    QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_window.data(), &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent event(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_window.data(), &event);
 }
 
 QMenu* HostFixture::menu(const QString& title) const

@@ -60,6 +60,8 @@ public:
     QMenu* menuByMouse(const QString& name) const;
     /// Goes to the item and presses the menu key, and returns the menu that comes up, or null.
     QMenu* menuByKey(const QString& name) const;
+    /// Drops a file on the item.
+    void drop(const QString& name, const QString& path) const;
     /// Opens the menu of that title from the menu bar by the mouse.
     QMenu* menu(const QString& title) const;
     /// The visible entries.

@@ -1,7 +1,7 @@
 #include "host/app/HostFixture.h"
+#include "host/app/SampleImage.h"
 
 #include "fcf/FcfExactReader.h"
-#include "fcf/FcfWriter.h"
 #include "fcf/PelkFcfGeneratorFileInfo.h"
 #include "support/FullDisk.h"
 
@@ -42,40 +42,7 @@ const char Target[] = R"({ "name": "ZORV Pelk Module", "value": "GPM", "category
     { "name": "ZORV Pelk Device", "value": "Processing_FPGA_2", "category": ["Pelk"] },
     { "name": "ZORV Pelk Config Number", "value": 3, "category": ["Pelk"] })";
 
-/// A binary in which the sync word is where it should be.
-QByteArray binary(int bytes, char fill)
-{
-    return QByteArray(16, '\xff') + QByteArray::fromHex("aa995566") + QByteArray(bytes - 20, fill);
-}
-
-/// An image of version 1.0 for GPM, Processing_FPGA_2, slot 3, in which every text differs.
-FcfHeader headerOf(const QString& name)
-{
-    FcfHeader header;
-    header.moduleCode = 2;
-    header.deviceCode = 4;
-    header.configNumber = 3;
-    header.versionMajor = 1;
-    header.fileName = name;
-    header.author = "R. Vos";
-    header.ciNumber = "CI-77: second board";
-    header.description = "First line\nRev: B: final";
-    header.date = "7 Mar 1999";
-    header.time = "01:02:03";
-    for (const char* function : {"Doppler", "Pulse", "Beam", "Clutter"})
-        header.functions << FcfFunction{function, QString("Author of ") + function,
-                                        QString("F-") + function[0],
-                                        QString("What it does: ") + function};
-    return header;
-}
-
-QByteArray imageOf(FcfHeader header, const QByteArray& payload)
-{
-    header.setSizes(PelkFcfGeneratorFileInfo().measure(payload.size()));
-    const FcfWriter writer;
-    const QByteArray page = writer.compose(header);
-    return page + writer.fillerFor(page.size()) + payload;
-}
+FcfHeader headerOf(const QString& name) { return SampleImage::header(name, 1, 0); }
 
 void clickUp(QSpinBox* box)
 {
@@ -107,7 +74,7 @@ public:
     /// Makes a binary and its image, and lists both in the design.
     void addImage(const QString& name, const FcfHeader& header, const QByteArray& payload)
     {
-        const QByteArray image = imageOf(header, payload);
+        const QByteArray image = SampleImage::image(header, payload);
         writeFile("radar/" + name + ".bin", payload);
         writeFile("radar/" + name + ".fcf", image);
         writeFile("radar/" + name + ".txt", image.left(image.size() - payload.size()));
@@ -168,10 +135,10 @@ private slots:
 void RemakeTest::makesTheNextVersionInTwoClicks()
 {
     RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
+    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
     Design* const design = host.open();
     QFile::remove(host.path("radar/top.txt"));
-    const QByteArray payload = binary(141000, 'n');
+    const QByteArray payload = SampleImage::binary(141000, 'n');
     host.writeFile("radar/top.bin", payload);
     host.select("top.bin");
 
@@ -187,7 +154,7 @@ void RemakeTest::makesTheNextVersionInTwoClicks()
     QCOMPARE(made, expected);
     QVERIFY(made.binBlocks > 0 && made.totalSize == payload.size() + 2112);
     QVERIFY(made.date != headerOf("").date && made.time != headerOf("").time);
-    QCOMPARE(host.bytesOf("radar/top.fcf"), imageOf(made, payload));
+    QCOMPARE(host.bytesOf("radar/top.fcf"), SampleImage::image(made, payload));
     QCOMPARE(host.bytesOf("radar/top.txt") + payload, host.bytesOf("radar/top.fcf"));
 
     QCOMPARE(host.row("top.fcf"), QStringList({"top.fcf", "Generated", "1.1"}));
@@ -218,8 +185,8 @@ void RemakeTest::isOfferedForFilesOfAnImage()
     QFETCH(QString, file);
     QFETCH(bool, isOffered);
     RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
-    host.addImage("lonely", headerOf("lonely.fcf"), binary(6000, 'b'));
+    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
+    host.addImage("lonely", headerOf("lonely.fcf"), SampleImage::binary(6000, 'b'));
     Design* const design = host.open();
     QFile::remove(host.path("radar/lonely.bin"));
     for (const char* name : {"top.txt", "top.vhd", "other.bin"}) {
@@ -241,7 +208,7 @@ void RemakeTest::isOfferedForFilesOfAnImage()
 void RemakeTest::isDisabledInALockedDesign()
 {
     RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
+    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
     Design* const design = host.open();
     host.select("top.bin");
     QVERIFY(host.action("Design.MakeAgain")->isEnabled());
@@ -255,7 +222,7 @@ void RemakeTest::isDisabledInALockedDesign()
 void RemakeTest::takesTheTargetOfTheDesign()
 {
     RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
+    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
     Design* const design = host.open();
     design->setDesignProperty("ZORV Pelk Module", "DFE2", {});
     design->setDesignProperty("ZORV Pelk Device", "Processing_FPGA", {});
@@ -276,7 +243,7 @@ void RemakeTest::takesTheTargetOfTheImageIfTheDesignHasNone()
     FcfHeader header = headerOf("top.fcf");
     header.moduleCode = 1;
     header.configNumber = 7;
-    host.addImage("top", header, binary(5000, 'a'));
+    host.addImage("top", header, SampleImage::binary(5000, 'a'));
     // The slot of the design is out of range, so that it is none.
     Design* const design =
         host.open(R"({ "name": "ZORV Pelk Config Number", "value": 11, "category": [] })");
@@ -300,7 +267,7 @@ void RemakeTest::asksForATargetThatIsNotKnown()
     header.moduleCode = 1;
     header.deviceCode = 8;
     header.configNumber = 5;
-    host.addImage("top", header, binary(5000, 'a'));
+    host.addImage("top", header, SampleImage::binary(5000, 'a'));
     Design* const design = host.open("");
     host.select("top.bin");
     host.dialogs().leaveTo([](QWidget* dialog) {
@@ -333,7 +300,7 @@ void RemakeTest::changesNothingWhenTheQuestionIsCancelled()
     RemakeHost host;
     FcfHeader header = headerOf("top.fcf");
     header.moduleCode = 9;
-    host.addImage("top", header, binary(5000, 'a'));
+    host.addImage("top", header, SampleImage::binary(5000, 'a'));
     const QByteArray before = host.bytesOf("radar/top.fcf");
     Design* const design = host.open("");
     host.select("top.bin");
@@ -348,7 +315,7 @@ void RemakeTest::changesNothingWhenTheQuestionIsCancelled()
 void RemakeTest::replacesTheDigestToo()
 {
     RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
+    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
     host.open();
     host.writeFile("radar/top.fcf.sha256", QByteArray(64, 'a') + "  top.fcf\n");
     host.select("top.fcf");
@@ -362,7 +329,7 @@ void RemakeTest::replacesTheDigestToo()
 void RemakeTest::leavesAllFilesWhenTheImageIsDamaged()
 {
     RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
+    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
     QByteArray damaged = host.bytesOf("radar/top.fcf");
     damaged.replace("Function CI No", "Function C\r No");
     host.writeFile("radar/top.fcf", damaged);
@@ -383,7 +350,7 @@ void RemakeTest::leavesAllFilesWhenTheImageIsDamaged()
 void RemakeTest::leavesAllFilesWhenTheDiskIsFull()
 {
     RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
+    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
     host.open();
     const QByteArray before = host.bytesOf("radar/top.fcf");
     host.select("top.bin");
@@ -401,7 +368,7 @@ void RemakeTest::leavesAllFilesWhenTheDiskIsFull()
 void RemakeTest::worksWithTwoDesigns()
 {
     RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
+    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
     host.openDesign("other");
     Design* const design = host.open();
     design->setVersion(2, 6);
@@ -414,7 +381,7 @@ void RemakeTest::worksWithTwoDesigns()
 void RemakeTest::canBeUndoneInTheDesign()
 {
     RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
+    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
     Design* const design = host.open();
     design->setVersion(1, 1);
     host.select("top.bin");
@@ -431,9 +398,9 @@ void RemakeTest::canBeUndoneInTheDesign()
 void RemakeTest::makesAllOutdatedAgain()
 {
     RemakeHost host;
-    host.addImage("first", headerOf("first.fcf"), binary(5000, 'a'));
-    host.addImage("second", headerOf("second.fcf"), binary(6000, 'b'));
-    host.addImage("third", headerOf("third.fcf"), binary(7000, 'c'));
+    host.addImage("first", headerOf("first.fcf"), SampleImage::binary(5000, 'a'));
+    host.addImage("second", headerOf("second.fcf"), SampleImage::binary(6000, 'b'));
+    host.addImage("third", headerOf("third.fcf"), SampleImage::binary(7000, 'c'));
     const QByteArray page = host.bytesOf("radar/second.fcf");
     host.writeFile("radar/second.fcf", page.left(300));
     Design* const design = host.open();
@@ -465,7 +432,7 @@ void RemakeTest::makesAllOutdatedAgain()
              qPrintable(report));
     QCOMPARE(host.header("first.fcf").versionMinor, 2);
     QCOMPARE(host.header("third.fcf").versionMinor, 2);
-    QCOMPARE(host.bytesOf("radar/third.fcf").right(7000), binary(7000, 'c'));
+    QCOMPARE(host.bytesOf("radar/third.fcf").right(7000), SampleImage::binary(7000, 'c'));
     QCOMPARE(host.bytesOf("radar/second.fcf"), page.left(300));
     QCOMPARE(host.row("third.fcf"), QStringList({"third.fcf", "Generated", "1.2"}));
 
@@ -478,7 +445,7 @@ void RemakeTest::makesAllOutdatedAgain()
 void RemakeTest::saysThatNothingIsOutdated()
 {
     RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), binary(5000, 'a'));
+    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
     host.open();
     host.dialogs().click(QMessageBox::Ok);
     host.press(Qt::Key_G, Qt::ControlModifier | Qt::ShiftModifier);
@@ -488,8 +455,8 @@ void RemakeTest::saysThatNothingIsOutdated()
 void RemakeTest::stopsBehindTheCurrentImage()
 {
     RemakeHost host;
-    host.addImage("first", headerOf("first.fcf"), binary(5000, 'a'));
-    host.addImage("second", headerOf("second.fcf"), binary(6000, 'b'));
+    host.addImage("first", headerOf("first.fcf"), SampleImage::binary(5000, 'a'));
+    host.addImage("second", headerOf("second.fcf"), SampleImage::binary(6000, 'b'));
     Design* const design = host.open();
     design->setVersion(1, 2);
     host.dialogs().leaveTo([](QWidget* dialog) {

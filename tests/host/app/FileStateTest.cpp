@@ -1,0 +1,239 @@
+#include "host/app/HostFixture.h"
+#include "host/app/SampleImage.h"
+
+#include <OrvanticCore/Design.h>
+#include <OrvanticCore/DesignFile.h>
+
+#include <QDir>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTextBrowser>
+#include <QTreeWidget>
+#include <QtTest>
+
+#include <functional>
+
+using OrvanticCore::Design;
+using OrvanticCore::DesignFile;
+
+namespace {
+
+using Change = std::function<void(QByteArray*)>;
+
+FcfHeader presentHeader() { return SampleImage::header("top.fcf", 1, 4); }
+
+/// A design of version 1.4 for GPM, Processing_FPGA_2, slot 3, with a generated image of it.
+class StateHost : public HostFixture {
+public:
+    StateHost()
+    {
+        m_design = openDesign("radar");
+        writeImage(SampleImage::image(presentHeader(), bytesOf("radar/top.bin")));
+        DesignFile* const image = m_design->restoreFile(path("radar/top.fcf"));
+        image->setIsGenerated(true);
+        image->setVersionAssociation("1.4");
+    }
+
+    void writeImage(const QByteArray& bytes) const { writeFile("radar/top.fcf", bytes); }
+    Design* design() const { return m_design; }
+    QString state() const { return row("top.fcf").value(1); }
+    QString toolTip() const { return item("top.fcf").data(Qt::ToolTipRole).toString(); }
+    bool hasMark() const
+    {
+        const QModelIndex index = item("top.fcf").siblingAtColumn(1);
+        return !index.data(Qt::DecorationRole).value<QIcon>().isNull();
+    }
+
+private:
+    Design* m_design;
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(Change)
+Q_DECLARE_METATYPE(FcfHeader)
+
+/// What the design view says of files, after changes on the disk and in the design.
+class FileStateTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void marksAnInvalidImage_data();
+    void marksAnInvalidImage();
+    void marksAnImageOfAnotherBuild_data();
+    void marksAnImageOfAnotherBuild();
+    void comparesWithTheTargetOfTheDesign();
+    void leavesOtherTextsAlone();
+    void marksFilesOutsideOfTheDesign();
+    void logsWhatIsWrongAfterGenerateWithALink();
+    void asksBeforeItArchivesWhatIsOutdated();
+};
+
+void FileStateTest::marksAnInvalidImage_data()
+{
+    QTest::addColumn<Change>("change");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("empty") << Change([](QByteArray* image) { image->clear(); })
+                           << "it ends before the text";
+    QTest::newRow("cut in the page")
+        << Change([](QByteArray* image) { image->truncate(500); }) << "expected";
+    QTest::newRow("cut in the payload")
+        << Change([](QByteArray* image) { image->chop(7); })
+        << "does not agree with a payload of 4993 bytes; expected 7105, found 7112";
+    QTest::newRow("without a payload")
+        << Change([](QByteArray* image) { image->chop(5000); }) << "the payload has 0 bytes";
+    QTest::newRow("sizes of 0") << Change([](QByteArray* image) {
+        image->replace(8, 4, "\0\0\0\0", 4);
+    }) << "totalSize";
+    QTest::newRow("a damaged code")
+        << Change([](QByteArray* image) { (*image)[27] = 9; }) << "is the code of no module";
+    QTest::newRow("another file under its name")
+        << Change([](QByteArray* image) { *image = QByteArray(9000, 'x'); }) << "is no FCF";
+}
+
+void FileStateTest::marksAnInvalidImage()
+{
+    QFETCH(Change, change);
+    QFETCH(QString, reason);
+    const StateHost host;
+    QTRY_COMPARE(host.state(), QString("Generated"));
+    QVERIFY(!host.hasMark());
+
+    QByteArray image = host.bytesOf("radar/top.fcf");
+    change(&image);
+    host.writeImage(image);
+    QTRY_COMPARE(host.state(), QString("Invalid"));
+    QVERIFY(host.hasMark());
+    QVERIFY2(host.toolTip().contains(reason), qPrintable(host.toolTip()));
+}
+
+void FileStateTest::marksAnImageOfAnotherBuild_data()
+{
+    QTest::addColumn<FcfHeader>("header");
+    QTest::addColumn<QString>("reason");
+    FcfHeader header = presentHeader();
+    header.versionMinor = 3;
+    QTest::newRow("version") << header << "version 1.3, the design has 1.4";
+    header = presentHeader();
+    header.configNumber = 8;
+    QTest::newRow("slot") << header << "slot 8, the design has 3";
+    header = presentHeader();
+    header.deviceCode = 1;
+    QTest::newRow("device") << header
+                            << "for GPM Interface_FPGA, the design is for GPM Processing_FPGA_2";
+    header = presentHeader();
+    header.moduleCode = 1;
+    QTest::newRow("module")
+        << header << "for DFE Clock_Master_Device, the design is for GPM Processing_FPGA_2";
+}
+
+void FileStateTest::marksAnImageOfAnotherBuild()
+{
+    QFETCH(FcfHeader, header);
+    QFETCH(QString, reason);
+    const StateHost host;
+    host.writeImage(SampleImage::image(header, host.bytesOf("radar/top.bin")));
+    QTRY_COMPARE(host.state(), QString("Generated, Outdated"));
+    QVERIFY(host.hasMark());
+    QVERIFY2(host.toolTip().contains(reason), qPrintable(host.toolTip()));
+}
+
+void FileStateTest::comparesWithTheTargetOfTheDesign()
+{
+    const StateHost host;
+    QTRY_COMPARE(host.state(), QString("Generated"));
+    host.design()->setDesignProperty("ZORV Pelk Config Number", 4, {});
+    QCOMPARE(host.state(), QString("Generated, Outdated"));
+    // What the design does not say is not compared.
+    host.design()->removeDesignProperty("ZORV Pelk Config Number");
+    QCOMPARE(host.state(), QString("Generated"));
+    host.design()->setVersion(2, 4);
+    QCOMPARE(host.state(), QString("Generated, Outdated"));
+    QVERIFY(host.toolTip().contains("version 1.4, the design has 2.4"));
+
+    host.writeFile("radar/top.bin", QByteArray(5001, 'b'));
+    QTRY_VERIFY(host.toolTip().contains("top.bin has another size"));
+}
+
+void FileStateTest::leavesOtherTextsAlone()
+{
+    const StateHost host;
+    host.design()->restoreFile(host.writeFile("radar/notes.txt", "Remember"));
+    host.design()->restoreFile(host.writeFile("radar/top.txt", "no companion"));
+    QCOMPARE(host.row("notes.txt").value(1), QString());
+    QCOMPARE(host.row("top.txt").value(1), QString("Invalid"));
+}
+
+void FileStateTest::marksFilesOutsideOfTheDesign()
+{
+    const StateHost host;
+    host.design()->restoreFile(host.writeFile("radar-2/far.vhd", "x"));
+    QCOMPARE(host.row("far.vhd").value(1), QString("External"));
+    QCOMPARE(host.row("top.bin").value(1), QString());
+}
+
+void FileStateTest::logsWhatIsWrongAfterGenerateWithALink()
+{
+    StateHost host;
+    QMenu* const menu = host.menuByMouse("top.bin");
+    QVERIFY(host.choose(menu, "Create FCF"));
+    QTRY_VERIFY(host.generator());
+    // The generator has measured the binary already.
+    host.writeFile("radar/top.bin", QByteArray(5003, 'n'));
+    host.dialogs().click(QMessageBox::Yes);
+    auto* const author = host.generator()->findChild<QLineEdit*>("AuthoEditBox");
+    author->setText("R. Vos");
+    QTest::mouseClick(host.generator()->findChild<QPushButton*>("GenerateButton"), Qt::LeftButton);
+    QTRY_VERIFY(!host.generator());
+    QVERIFY(host.dialogs().allGiven());
+
+    auto* const log = host.child<QTreeWidget>("logMessages");
+    QTreeWidgetItem* link = nullptr;
+    for (int row = 0; row < log->topLevelItemCount(); ++row) {
+        if (log->topLevelItem(row)->text(2).startsWith("top.fcf is not valid: "))
+            link = log->topLevelItem(row);
+    }
+    QVERIFY(link);
+    QVERIFY2(link->text(2).contains("5003"), qPrintable(link->text(2)));
+    QVERIFY(link->font(2).underline());
+
+    auto* const report = host.child<QTextBrowser>("ImageReport");
+    QVERIFY(!report->isVisible());
+    log->scrollToItem(link);
+    QTest::mouseClick(log->viewport(), Qt::LeftButton, {}, log->visualItemRect(link).center());
+    QTRY_VERIFY(report->isVisible());
+    QVERIFY(report->toPlainText().contains("5003"));
+}
+
+void FileStateTest::asksBeforeItArchivesWhatIsOutdated()
+{
+    StateHost host;
+    host.design()->setVersion(1, 7);
+    host.design()->restoreFile("gone.vhd");
+    host.dialogs().click(QMessageBox::No);
+    host.action("File.ArchiveDesign")->trigger();
+    QVERIFY(host.dialogs().allGiven());
+    const QString text = host.dialogs().texts().value(0);
+    QVERIFY2(
+        text.contains(
+            "top.fcf: Generated, Outdated (version 1.4, the design has 1.7)\ngone.vhd: Missing"),
+        qPrintable(text));
+
+    host.dialogs().clear();
+    host.dialogs().click(QMessageBox::Yes);
+    QStringList titles;
+    host.dialogs().leaveTo([&titles](QWidget* dialog) {
+        titles << dialog->windowTitle();
+        dialog->close();
+    });
+    host.action("File.ArchiveDesign")->trigger();
+    QCOMPARE(titles, QStringList("Archive \"radar\""));
+}
+
+int main(int argc, char** argv)
+{
+    FileStateTest test;
+    return runHostTest(&test, argc, argv);
+}
+
+#include "FileStateTest.moc"
