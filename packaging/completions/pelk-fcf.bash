@@ -60,13 +60,13 @@ _pelk_fcf() {
     --like) _pelk_fcf_files .fcf .txt .json; return ;;
     --bin) _pelk_fcf_files .bin .bit; return ;;
     --companion) _pelk_fcf_files .txt; return ;;
-    --output | -o) _pelk_fcf_files ''; return ;;
+    --output | -o | --depfile) _pelk_fcf_files ''; return ;;
     --digest)
         if [[ $command == verify ]]; then
             _pelk_fcf_files ''
             return
         fi ;;
-    --ignore | --author | --ci | --version | --description | --date-time | --function) return ;;
+    --depfile-target | --ignore | --author | --ci | --version | --description | --date-time | --function) return ;;
     --field)
         _pelk_fcf_words author binBlocks binFileSize binPages ciNumber configNumber date description \
             device deviceCode fileName functions module moduleCode time totalBlocks \
@@ -78,7 +78,7 @@ _pelk_fcf() {
         case $command in
         create) _pelk_fcf_words --author --ci --module --device --config --version --description \
             --function --like --output --date-time --date-format --no-companion --digest --force \
-            --strict --swap --pad-to --if-changed "$common" ;;
+            --strict --depfile --depfile-target --swap --pad-to --if-changed "$common" ;;
         verify) _pelk_fcf_words --bin --swap --companion --no-companion --digest --no-digest \
             --require-digest --type "$common" ;;
         extract) _pelk_fcf_words --output --no-companion --no-digest --force "$common" ;;

@@ -81,6 +81,8 @@ complete -c pelk-fcf -n '__pelk_fcf_command create extract' -l force -d 'Replace
 complete -c pelk-fcf -n '__pelk_fcf_command create verify' -x -l swap -a 'bits bytes halfwords' -d 'Swap words'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l pad-to -a 'page block' -d 'Fill with 0xFF'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -l if-changed -d 'Leave unchanged outputs untouched'
+complete -c pelk-fcf -n '__pelk_fcf_command create' -r -F -l depfile -d 'List what was read'
+complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l depfile-target -d 'What depends on that'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -l strict -d 'Take warnings for errors'
 
 complete -c pelk-fcf -n '__pelk_fcf_command verify extract' -l no-companion -d 'Leave the companion alone'

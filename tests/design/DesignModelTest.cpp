@@ -183,6 +183,7 @@ private:
     void clearForm(const ModelAction& action);
     void closeWindow(const ModelAction& action);
     void minimize(const ModelAction& action);
+    void move(const ModelAction& action);
 
     void makeFiles();
     void openDesign(int index);
@@ -206,6 +207,8 @@ private:
     QPointer<QAction> m_create;
     QPointer<QAction> m_open;
     QPointer<QWidget> m_window;
+    QPoint m_place;
+    bool m_wasMinimized = false;
     QScopedPointer<ModalAnswer> m_boxes;
     MarkingTranslator m_translator;
     HostActs m_acts;
@@ -237,7 +240,8 @@ void DesignModelTest::makeFiles()
         {"gone.txt", ModelFile::Missing, 0},        {"gone.bin", ModelFile::Missing, 0},
         {"of.bin/in.bin", ModelFile::Binary, 2113}, {"of.txt/in.txt", ModelFile::Companion, 0},
         {"top.rev.bin", ModelFile::Binary, 2112},   {"TOP.BIN", ModelFile::Binary, 135169},
-        {"bin", ModelFile::Binary, 270336},         {"top.Txt", ModelFile::Foreign, 0}};
+        {"bin", ModelFile::Binary, 270336},         {"top.Txt", ModelFile::Foreign, 0},
+        {"image.fcf", ModelFile::Foreign, 0}};
     for (const auto& file : files) {
         ModelFile added = {folder() + QLatin1Char('/') + QLatin1String(file.name), file.kind,
                            file.bytes};
@@ -258,13 +262,13 @@ QList<Model::Kind> DesignModelTest::kinds() const
 {
     return QList<Kind>() << Kind{"click", 10} << Kind{"lock", 2} << Kind{"designs", 3}
                          << Kind{"close-design", 2} << Kind{"version", 3} << Kind{"property", 8}
-                         << Kind{"description", 6} << Kind{"structure", 3} << Kind{"design", 2}
+                         << Kind{"description", 6} << Kind{"structure", 3} << Kind{"design", 4}
                          << Kind{"remove-file", 2} << Kind{"end-cycle", 2} << Kind{"translator", 2}
                          << Kind{"user", 1} << Kind{"screen", 1} << Kind{"trigger", 20}
                          << Kind{"slot", 4} << Kind{"announce", 14} << Kind{"handle", 4}
                          << Kind{"generate", 8} << Kind{"type", 6} << Kind{"choose", 4}
                          << Kind{"upload", 2} << Kind{"clear", 1} << Kind{"close", 2}
-                         << Kind{"minimize", 4};
+                         << Kind{"minimize", 4} << Kind{"move", 3};
 }
 
 QList<DesignModelTest::Act> DesignModelTest::acts()
@@ -277,7 +281,7 @@ QList<DesignModelTest::Act> DesignModelTest::acts()
                         << &Test::changeUser << &Test::reserveEdge << &Test::trigger
                         << &Test::callSlot << &Test::announce << &Test::handle << &Test::generate
                         << &Test::type << &Test::choose << &Test::upload << &Test::clearForm
-                        << &Test::closeWindow << &Test::minimize;
+                        << &Test::closeWindow << &Test::minimize << &Test::move;
 }
 
 QStringList DesignModelTest::branches() const
@@ -400,9 +404,10 @@ QWidget* DesignModelTest::shownWindow()
 
 void DesignModelTest::clickFile(const ModelAction& action)
 {
-    const char* const contexts[] = {"MainDesignWidget", "MainDesignWidget", "MainDesignWidget",
-                                    "mainDesignWidget", ""};
-    const QString context = QLatin1String(contexts[action.choice(0, 5)]);
+    const char* const contexts[] = {
+        "MainDesignWidget",  "MainDesignWidget", "MainDesignWidget", "mainDesignWidget", "",
+        "MainDesignWidget2", "AMainDesignWidget"};
+    const QString context = QLatin1String(contexts[action.choice(0, 7)]);
     // Those with an action come more often.
     const ModelFile file = m_files.at(action.numbers[1] < 50 ? action.choice(1, 5)
                                                              : action.choice(1, m_files.count()));
@@ -494,6 +499,15 @@ void DesignModelTest::changeProperty(const ModelAction& action)
     const char* const modules[] = {"GPM", "DFE2", " ", "dfe", "DFE1", ""};
     const char* const devices[] = {"Processing_FPGA_2", "Processing_FPGA_1", "Clock_Master_Device",
                                    "Processing_FPGA",   "processing_fpga_1", ""};
+    if (action.numbers[1] >= 80) {
+        // All of a target.
+        for (int which = 0; which < 3; ++which) {
+            const ModelAction one = {action.kind,
+                                     {action.numbers[0], which, action.numbers[2] + which}};
+            changeProperty(one);
+        }
+        return;
+    }
     const int which = action.choice(1, 3);
     const int value = action.choice(2, 12);
     QVariant set;
@@ -614,7 +628,7 @@ void DesignModelTest::trigger(const ModelAction& action)
         ModelAction click = {0, {0, 0, 3}};
         const int binaries[] = {0, 0, 1, 5, 6};
         const int companions[] = {2, 2, 3, 3, 4};
-        click.numbers[1] = 60 + (creates ? binaries : companions)[action.choice(1, 5)];
+        click.numbers[1] = 65 + (creates ? binaries : companions)[action.choice(1, 5)];
         clickFile(click);
     }
     QAction* const chosen = creates ? m_create : m_open;
@@ -657,8 +671,8 @@ QStringList DesignModelTest::someNewFiles(const ModelAction& action) const
 {
     QStringList paths;
     for (int number = action.numbers[0]; number > 0; number /= 3)
-        paths << folder() +
-                     QString::fromLatin1("/new %1 of 100%2.fcf").arg(number % 3).arg(number % 3);
+        paths << folder() + QLatin1String("/new ") + QString::number(number % 3) +
+                     QLatin1String(" of 100%2 %1.fcf");
     return paths;
 }
 
@@ -898,6 +912,14 @@ void DesignModelTest::minimize(const ModelAction&)
     m_model.window.minimized = true;
 }
 
+void DesignModelTest::move(const ModelAction& action)
+{
+    if (!m_window || m_model.window.minimized)
+        return;
+    m_window->move(action.numbers[0], action.numbers[1]);
+    m_place = m_window->pos();
+}
+
 QStringList DesignModelTest::windowState(const QWidget* window)
 {
     const auto line = [window](const char* name) { return lineIn(window, name); };
@@ -983,7 +1005,14 @@ QStringList DesignModelTest::state()
                  .arg(shown != nullptr)
                  .arg(shown && shown != m_window)
                  .arg(shown && shown != m_window ? faultOf(shown) : QString());
+    // A window manager has a say in where a window is, and one that was minimized comes back.
+    const bool settled = shown && shown == m_window && !m_wasMinimized && !shown->isMinimized() &&
+                         qgetenv("QT_QPA_PLATFORM") == "offscreen";
+    if (settled && shown->pos() != m_place)
+        lines << QLatin1String("it has moved");
+    m_wasMinimized = shown && shown->isMinimized();
     m_window = shown;
+    m_place = shown ? shown->pos() : QPoint();
     if (shown)
         lines << windowState(shown);
     return lines;

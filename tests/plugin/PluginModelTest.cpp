@@ -397,7 +397,9 @@ void PluginModelTest::minimize(const ModelAction& action)
         return;
     m_model.minimized = true;
     // A window manager takes its time with two states at once.
-    m_model.maximized = action.choice(0, 2) == 0 && qgetenv("QT_QPA_PLATFORM") == "offscreen";
+    // Qt 4 knows no platform but the display, whatever the variable says.
+    const bool isOffscreen = qgetenv("QT_QPA_PLATFORM") == "offscreen" && qVersion()[0] != '4';
+    m_model.maximized = action.choice(0, 2) == 0 && isOffscreen;
     m_window->setWindowState(m_model.maximized ? Qt::WindowMinimized | Qt::WindowMaximized
                                                : Qt::WindowStates(Qt::WindowMinimized));
     activateOther();

@@ -38,6 +38,8 @@ class ExamplesTest : public ProgramTest {
 private slots:
     void init();
     void makeBuildsNothingAnewThatDidNotChange();
+    void makeKnowsAllThatWasRead();
+    void cmakeBuildsAnImage_data();
     void cmakeBuildsAnImage();
     void buildServersMakeACheckedImage_data();
     void buildServersMakeACheckedImage();
@@ -49,6 +51,8 @@ private slots:
 private:
     Run checkSchema(const QString& schema, const QStringList& names);
     Run runHere(const QString& program, const QStringList& arguments);
+    /// Has \p name be changed \p seconds ago.
+    void setAge(const QString& name, int seconds);
 
     std::unique_ptr<ToolFixture> m_tool;
 };
@@ -72,35 +76,86 @@ Run ExamplesTest::runHere(const QString& program, const QStringList& arguments)
     return finished(&process);
 }
 
+void ExamplesTest::setAge(const QString& name, int seconds)
+{
+    QFile file(m_tool->path(name));
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(-seconds),
+                             QFileDevice::FileModificationTime));
+}
+
 void ExamplesTest::makeBuildsNothingAnewThatDidNotChange()
 {
     // What depends on the image counts how often it was built.
     m_tool->write("Makefile",
                   "all: flash\nflash: top.fcf\n\techo built >> flash\n" + example("make").toUtf8());
-    Run run = runHere("make", {});
-    QVERIFY2(run.code == 0, run.err);
+    const auto make = [this] {
+        const Run run = runHere("make", {});
+        return run.code == 0 ? run.out : "failed: " + run.err;
+    };
+    QVERIFY(make().contains("pelk-fcf create"));
     QCOMPARE(m_tool->run({"verify", m_tool->argument("top.fcf"), "--require-digest"}).code, 0);
-    m_tool->write("top.json", m_tool->read("top.json") + "\n");
-    run = runHere("make", {});
-    QVERIFY2(run.code == 0, run.err);
-    QVERIFY2(run.out.contains("pelk-fcf create"), run.out);
+
+    // An input that was touched makes the tool run once more, and changes nothing.
+    for (const char* const name : {"top.bin", "top.json"}) {
+        for (const QString& other : m_tool->names())
+            setAge(other, 3600);
+        setAge(name, 10);
+        const QByteArray out = make();
+        QVERIFY2(out.contains("pelk-fcf create"), out);
+        QCOMPARE(make().contains("pelk-fcf create"), false);
+    }
     QCOMPARE(m_tool->read("flash"), QByteArray("built\n"));
+}
+
+void ExamplesTest::makeKnowsAllThatWasRead()
+{
+    m_tool->write("notes.txt", "first");
+    QByteArray recipe = m_tool->read("top.json");
+    recipe.replace("\"description\": \"Rev B\"", "\"descriptionFile\": \"notes.txt\"");
+    m_tool->write("top.json", recipe);
+    m_tool->write("Makefile", example("make").toUtf8());
+    QCOMPARE(runHere("make", {}).code, 0);
+
+    m_tool->write("notes.txt", "second");
+    // Newer than all that was made of it, whatever differences the file system sees.
+    setAge("notes.txt", -2);
+    const Run run = runHere("make", {});
+    QVERIFY2(run.out.contains("pelk-fcf create"), run.out + run.err);
+    QCOMPARE(m_tool->run({"show", m_tool->argument("top.fcf"), "--field", "description"}).out,
+             QByteArray("second\n"));
+}
+
+void ExamplesTest::cmakeBuildsAnImage_data()
+{
+    QTest::addColumn<QString>("generator");
+    QTest::newRow("Ninja") << "Ninja";
+    QTest::newRow("Makefiles") << "Unix Makefiles";
 }
 
 void ExamplesTest::cmakeBuildsAnImage()
 {
-    m_tool->write("CMakeLists.txt", "cmake_minimum_required(VERSION 3.10)\nproject(image NONE)\n"
+    QFETCH(QString, generator);
+    m_tool->write("notes.txt", "first");
+    QByteArray recipe = m_tool->read("top.json");
+    recipe.replace("\"description\": \"Rev B\"", "\"descriptionFile\": \"notes.txt\"");
+    m_tool->write("top.json", recipe);
+    m_tool->write("CMakeLists.txt", "cmake_minimum_required(VERSION 3.21)\nproject(image NONE)\n"
                                     "configure_file(top.bin top.bin COPYONLY)\n" +
                                         example("cmake").toUtf8());
-    Run run = runHere("cmake", {"-G", "Ninja", "-S", ".", "-B", "out"});
+    Run run = runHere("cmake", {"-G", generator, "-S", ".", "-B", "out"});
     QVERIFY2(run.code == 0, run.err);
     run = runHere("cmake", {"--build", "out"});
     QVERIFY2(run.code == 0, run.out + run.err);
-    QCOMPARE(
-        m_tool
-            ->run({"verify", m_tool->argument("out/top.fcf"), "--bin", m_tool->argument("top.bin")})
-            .code,
-        0);
+    const std::string image = m_tool->argument("out/top.fcf");
+    QCOMPARE(m_tool->run({"verify", image, "--bin", m_tool->argument("top.bin")}).code, 0);
+
+    m_tool->write("notes.txt", "second");
+    // Newer than all that was made of it, whatever differences the file system sees.
+    setAge("notes.txt", -2);
+    run = runHere("cmake", {"--build", "out"});
+    QVERIFY2(run.code == 0, run.out + run.err);
+    QCOMPARE(m_tool->run({"show", image, "--field", "description"}).out, QByteArray("second\n"));
 }
 
 void ExamplesTest::buildServersMakeACheckedImage_data()

@@ -116,6 +116,8 @@ extern "C" int linkat(int fromFolder, const char* from, int toFolder, const char
 
 extern "C" int flock(int descriptor, int operation) noexcept
 {
+    if (faults.beforeLocking)
+        faults.beforeLocking();
     if (faults.hasNoLock)
         return failed(ENOLCK);
     return static_cast<int>(::syscall(SYS_flock, descriptor, operation));

@@ -28,6 +28,8 @@ struct Faults {
     int signal = SIGKILL;
     /// Whether a file cannot get a name, by a rename or a link.
     std::function<bool(const QByteArray& name)> failsTo;
+    /// Called before a folder is locked.
+    std::function<void()> beforeLocking;
     /// Called before a file gets a name.
     std::function<void(const QByteArray& name)> beforeNaming;
 };

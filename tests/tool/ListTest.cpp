@@ -18,6 +18,12 @@ private slots:
     void givesJson();
     void givesJsonOfNothing();
     void reportsImagesForTheSameSlot();
+    void countsASlotWithinOneFolder();
+    void countsAFileOnce();
+    void countsNoImageThatIsNotValid();
+    void reportsThatNothingWasFound_data();
+    void reportsThatNothingWasFound();
+    void givesOneFormAlone();
     void readsHeaderPagesAlone();
     void doesNotCheckWhatFollowsThePayload();
     void showsTheDigestBesideAnImage();
@@ -128,14 +134,14 @@ void ListTest::reportsImagesForTheSameSlot()
 {
     m_tool->write("images/a.fcf", image(1));
     m_tool->write("images/b.fcf", image(2));
-    m_tool->write("images/old/c.fcf", image(1));
+    m_tool->write("images/c.fcf", image(1));
     const Run run = list({"--json"});
     QCOMPARE(run.code, 1);
     const QJsonObject finding = run.finding("configNumber");
     QCOMPARE(finding["file"].toString(), m_tool->path("images/a.fcf"));
     QCOMPARE(finding["reason"].toString(), "DFE Interface_FPGA slot 1 is that of 2 images, among "
                                            "them " +
-                                               m_tool->path("images/old/c.fcf"));
+                                               m_tool->path("images/c.fcf"));
     QVERIFY(list().out.contains("slot 1 is that of 2 images"));
     // What is read by a program has rows alone.
     const Run csv = list({"--csv"});
@@ -152,6 +158,74 @@ void ListTest::readsHeaderPagesAlone()
     // The page, then its text and filler once more for the check.
     QVERIFY2(bytes >= 2112 && bytes <= 2 * 2112 + CountingBytes,
              qPrintable(QString::number(bytes)));
+}
+
+void ListTest::countsASlotWithinOneFolder()
+{
+    m_tool->write("images/a.fcf", image(1));
+    m_tool->write("images/old/a.fcf", image(1));
+    QCOMPARE(list().code, 0);
+    m_tool->write("images/old/b.fcf", image(1));
+    const Run run = list();
+    QCOMPARE(run.code, 1);
+    QVERIFY2(
+        run.out.contains("images/old/a.fcf: configNumber: DFE Interface_FPGA slot 1 is that of "
+                         "2 images, among them "),
+        run.out);
+}
+
+void ListTest::countsAFileOnce()
+{
+    m_tool->write("images/a.fcf", image(1));
+    const std::string path = m_tool->argument("images/a.fcf");
+    const std::string folder = m_tool->argument("images");
+    Run run = m_tool->run({"list", "--json", path, folder, path, folder + "/../images/a.fcf"});
+    QCOMPARE(run.code, 0);
+    QCOMPARE(run.json()["files"].toArray().size(), 1);
+
+    // Another name of the file is listed, and holds no other slot.
+    QVERIFY(QFile::link("a.fcf", m_tool->path("images/latest.fcf")));
+    run = list({"--json"});
+    QCOMPARE(run.code, 0);
+    QCOMPARE(run.json()["files"].toArray().size(), 2);
+}
+
+void ListTest::countsNoImageThatIsNotValid()
+{
+    m_tool->write("images/a.fcf", image(1));
+    m_tool->write("images/b.fcf", image(1).chopped(1));
+    const Run run = list();
+    QCOMPARE(run.code, 1);
+    QVERIFY2(run.out.contains("not valid"), run.out);
+    QVERIFY2(!run.out.contains("is that of 2 images"), run.out);
+}
+
+void ListTest::reportsThatNothingWasFound_data()
+{
+    QTest::addColumn<QString>("form");
+    QTest::addColumn<QByteArray>("headings");
+    QTest::newRow("a table") << "--digest" << QByteArray("MODULE  DEVICE ");
+    QTest::newRow("CSV") << "--csv" << QByteArray("module,device,configNumber,");
+}
+
+void ListTest::reportsThatNothingWasFound()
+{
+    QFETCH(QString, form);
+    QFETCH(QByteArray, headings);
+    const Run run = list({form.toStdString()});
+    QCOMPARE(run.code, 0);
+    QVERIFY2(run.out.startsWith(headings), run.out);
+    const QByteArray note = "/images: PATH: no .fcf file was found in it\n";
+    QVERIFY2((form == "--csv" ? run.err : run.out).endsWith(note), run.out + run.err);
+}
+
+void ListTest::givesOneFormAlone()
+{
+    m_tool->write("images/a.fcf", image(1));
+    const Run run = list({"--csv", "--json"});
+    QCOMPARE(run.code, 2);
+    QVERIFY2(run.err.contains("--csv: cannot be given with --json"), run.err);
+    QVERIFY(run.json()["findings"].toArray().size() == 1);
 }
 
 void ListTest::doesNotCheckWhatFollowsThePayload()

@@ -1,11 +1,17 @@
 #include "FaultyFileSystem.h"
 #include "ToolFixture.h"
 
+#include "tool/commands/CommandLine.h"
+
+#include <QBuffer>
 #include <QFile>
 #include <QtTest>
 
+#include <future>
 #include <memory>
+#include <mutex>
 #include <thread>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -43,6 +49,10 @@ private slots:
     void replacesWhereNothingCanBeLocked();
     void waitsForAnotherRunThatPlacesItsOutputs();
     void clearsWhatAKilledRunLeft();
+    void readsNoSetThatIsBeingReplaced_data();
+    void readsNoSetThatIsBeingReplaced();
+    void extractsWhatItOpenedWhenThatIsReplaced();
+    void addsNothingBesideAnImageThatWasReplaced();
 
 private:
     static void addFileSystems();
@@ -250,6 +260,105 @@ void OutputTransactionTest::clearsWhatAKilledRunLeft()
     QCOMPARE(create({"--force"}).code, 0);
     QCOMPARE(m_tool->names(), All);
     QCOMPARE(m_tool->verifyAll().code, 0);
+}
+
+void OutputTransactionTest::readsNoSetThatIsBeingReplaced_data()
+{
+    QTest::addColumn<QString>("command");
+    for (const char* const command : {"verify", "extract", "list"})
+        QTest::newRow(command) << command;
+}
+
+void OutputTransactionTest::readsNoSetThatIsBeingReplaced()
+{
+    QFETCH(QString, command);
+    makeOld();
+    Arguments arguments{command.toStdString(), m_tool->argument("top.fcf")};
+    if (command == "extract")
+        arguments = arguments + Arguments{"--output", "-"};
+    if (command == "list")
+        arguments.push_back("--digest");
+
+    // Between two names of the writer, a reader begins. It ends or waits before the writer goes on.
+    ToolFixture reader;
+    Run read;
+    std::thread other;
+    std::promise<void> hasStopped;
+    std::once_flag stopped;
+    const auto stop = [&] { std::call_once(stopped, [&] { hasStopped.set_value(); }); };
+    faults.beforeNaming = [&](const QByteArray& name) {
+        if (name != "top.fcf" || other.joinable())
+            return;
+        faults.beforeLocking = stop;
+        other = std::thread([&] {
+            read = reader.run(arguments);
+            stop();
+        });
+        hasStopped.get_future().wait();
+    };
+    QCOMPARE(create({"--force"}).code, 0);
+    QVERIFY(other.joinable());
+    other.join();
+
+    QVERIFY2(read.code == 0, read.out + read.err);
+    if (command == "extract")
+        QCOMPARE(read.out, m_tool->read("top.bin"));
+}
+
+void OutputTransactionTest::extractsWhatItOpenedWhenThatIsReplaced()
+{
+    /// Standard output that has the image replaced when the first bytes come.
+    class ReplacingOutput : public QBuffer {
+    public:
+        std::function<void()> replace;
+
+    protected:
+        qint64 writeData(const char* data, qint64 bytes) override
+        {
+            if (const auto first = std::exchange(replace, nullptr))
+                first();
+            return QBuffer::writeData(data, bytes);
+        }
+    };
+
+    makeOld();
+    const QByteArray payload = m_old["top.fcf"].right(4000);
+    ReplacingOutput out;
+    out.open(QIODevice::WriteOnly);
+    out.replace = [this] { QCOMPARE(create({"--force"}).code, 0); };
+    QBuffer in;
+    QBuffer err;
+    in.open(QIODevice::ReadOnly);
+    err.open(QIODevice::WriteOnly);
+    Environment environment = m_tool->environment;
+    environment.in = &in;
+    environment.out = &out;
+    environment.err = &err;
+    const int code =
+        runCommandLine({"extract", m_tool->argument("top.fcf"), "--output", "-"}, environment);
+    QVERIFY2(code == 0, err.data());
+    QCOMPARE(out.data(), payload);
+    QVERIFY(m_tool->read("top.fcf").right(4000) != payload);
+}
+
+void OutputTransactionTest::addsNothingBesideAnImageThatWasReplaced()
+{
+    QCOMPARE(create().code, 0);
+    QVERIFY(QFile::remove(m_tool->path("top.txt")));
+    // Another run replaces the image after it was compared, and before its companion is added.
+    const QByteArray other = ForgedImage().bytes();
+    bool isReplaced = false;
+    faults.beforeLocking = [&] {
+        if (std::exchange(isReplaced, true))
+            return;
+        QVERIFY(QFile::remove(m_tool->path("top.fcf")));
+        m_tool->write("top.fcf", other);
+    };
+    const Run run = create({"--if-changed"});
+    QCOMPARE(run.code, 3);
+    QVERIFY2(run.err.contains("another run has replaced it meanwhile"), run.err);
+    QVERIFY(!m_tool->exists("top.txt"));
+    QCOMPARE(m_tool->read("top.fcf"), other);
 }
 
 QTEST_GUILESS_MAIN(OutputTransactionTest)

@@ -385,6 +385,10 @@ void RefusalTest::refusesWrongUsage_data()
         << QStringList({"create", "a.bin", "--author"}) << "error: --author lacks a value: TEXT\n";
     QTest::newRow("a short option without its value")
         << QStringList({"create", "a.bin", "-o"}) << "error: --output lacks a value: FILE\n";
+    for (const char* const value : {"maybe", "no", "true", ""})
+        QTest::addRow("a value for an option that takes none, %s", value)
+            << QStringList({"show", "a.fcf", QString("--check=") + value})
+            << "error: --check takes no value\n";
     QTest::newRow("an option twice")
         << QStringList({"create", "a.bin", "--author", "A", "--author", "B"})
         << "error: --author is given more than once\n";

@@ -222,6 +222,9 @@ CommandLine::prepared(const std::vector<std::string>& arguments) const
         if (values > 0 && named && isNameAlone)
             return tl::make_unexpected(lacksValue(*option, argument));
 
+        if (values == 0 && named && !isNameAlone && valuesOf(*named) == 0)
+            return tl::make_unexpected(name + " takes no value");
+
         if (values == 0 && argument == "--")
             areOperands = true;
         if (values > 0 || !named) {

@@ -6,6 +6,7 @@
 #include "tool/check/NewImageChecker.h"
 #include "tool/commands/BinaryOptions.h"
 #include "tool/commands/Command.h"
+#include "tool/commands/DepFileOptions.h"
 #include "tool/commands/ImageWriter.h"
 #include "tool/commands/OutputChecks.h"
 #include "tool/commands/RecipeOptions.h"
@@ -78,21 +79,35 @@ private:
         FcfHeader header;
         std::optional<InputFile> binary;
         ImageWriter image;
+        /// With --if-changed, the image that is there, if it stays as it is.
+        std::optional<ImageWriter::Old> old;
+    };
+
+    /// The files of a run that were written.
+    struct Written {
+        bool image = true;
+        bool companion = true;
+        bool digest = true;
     };
 
     std::unique_ptr<Plan> plan(Task* task);
-    std::optional<ImagePaths> paths(const InputFile& binary, Task* task) const;
+    std::optional<ImagePaths> paths(const InputFile& binary, Task* task);
     void checkFiles(const ImagePaths& paths, Task* task) const;
     void checkStandardOutput(Task* task) const;
     FcfHeader header(const Recipe& recipe, qint64 binaryBytes, const QString& imageName,
                      Task* task) const;
     bool isReplacing() const { return m_force || m_ifChanged; }
-    std::optional<QByteArray> digestIfUnchanged(Plan* plan, QTextCodec* codec) const;
-    static void report(const Plan& plan, const QByteArray& digest, bool isWritten, Task* task);
+    void findUnchanged(Plan* plan, QTextCodec* codec) const;
+    static void checkUnwritten(const Plan& plan, Task* task);
+    void write(const Plan& plan, Task* task) const;
+    static void writeMissing(const Plan& plan, Task* task);
+    static void report(const Plan& plan, const QByteArray& digest, const Written& written,
+                       Task* task);
 
     RecipeOptions m_recipe;
     TimestampOptions m_timestamp;
     BinaryOptions m_binary;
+    DepFileOptions m_depFile;
     std::optional<std::string> m_output;
     std::optional<std::string> m_padTo;
     bool m_noCompanion = false;
@@ -121,6 +136,7 @@ CreateCommand::CreateCommand(CLI::App* parent)
         app, "--if-changed", &m_ifChanged,
         "replace outputs that exist, but leave them untouched where nothing but date and "
         "time would change");
+    m_depFile.declare(app);
     Arguments::addFlag(app, "-f,--force", &m_force, "replace outputs that exist");
     Arguments::addFlag(app, "--strict", &m_strict, "take warnings for errors");
 }
@@ -134,18 +150,34 @@ void CreateCommand::run(Task* task)
     if (task->findings.hasErrors())
         return;
 
-    if (const auto digest = digestIfUnchanged(plan.get(), task->codec)) {
-        report(*plan, *digest, false, task);
-        return;
-    }
+    if (plan->old)
+        writeMissing(*plan, task);
+    else
+        write(*plan, task);
+    if (!task->findings.hasErrors())
+        m_depFile.write(plan->image.paths, task);
+}
 
-    const ImageWriter& image = plan->image;
+void CreateCommand::write(const Plan& plan, Task* task) const
+{
+    const ImageWriter& image = plan.image;
     const auto existing = isReplacing() ? OutputTransaction::Replace : OutputTransaction::Keep;
     const auto digest = task->findings.valueOf(
         image.write(existing, task->environment.out, task->progress("create", image.payload.bytes),
                     task->report.json));
     if (digest && !image.paths.toStandardOutput())
-        report(*plan, *digest, true, task);
+        report(plan, *digest, Written(), task);
+}
+
+/// Writes what is missing or wrong beside an image that stays as it is.
+void CreateCommand::writeMissing(const Plan& plan, Task* task)
+{
+    const ImageWriter::Old& old = *plan.old;
+    ImageWriter missing = plan.image;
+    missing.hasCompanion = missing.hasCompanion && !missing.isCompanionRight();
+    missing.hasDigest = missing.hasDigest && !missing.isDigestRight(old.digest);
+    if (task->findings.accept(missing.writeSidecars(old)))
+        report(plan, old.digest, {false, missing.hasCompanion, missing.hasDigest}, task);
 }
 
 /// Reads and checks all that the image is made of, as far as that goes: an error in one input does
@@ -172,10 +204,14 @@ std::unique_ptr<CreateCommand::Plan> CreateCommand::plan(Task* task)
         const qint64 imageBytes = image.page.size() + image.payload.bytes;
         image.fillerBytes = task->findings.valueOf(fillerBytes(m_padTo, imageBytes)).value_or(0);
     }
+
+    if (m_ifChanged && !task->findings.hasErrors())
+        findUnchanged(plan.get(), task->codec);
+    checkUnwritten(*plan, task);
     return plan;
 }
 
-std::optional<ImagePaths> CreateCommand::paths(const InputFile& binary, Task* task) const
+std::optional<ImagePaths> CreateCommand::paths(const InputFile& binary, Task* task)
 {
     std::optional<QString> output;
     if (m_output) {
@@ -190,6 +226,7 @@ std::optional<ImagePaths> CreateCommand::paths(const InputFile& binary, Task* ta
     if (!paths)
         return std::nullopt;
 
+    m_depFile.check(*paths, task);
     OutputChecks::checkStandardOutput(paths->toStandardOutput(), task);
     if (paths->toStandardOutput())
         checkStandardOutput(task);
@@ -216,15 +253,27 @@ void CreateCommand::checkFiles(const ImagePaths& paths, Task* task) const
     const auto imageKind = m_ifChanged && !m_force ? std::optional(Kind::Image) : std::nullopt;
     OutputChecks::checkFile(paths.image, {isReplacing(), imageKind}, task);
 
-    if (m_noCompanion)
-        OutputChecks::checkUnwritten(paths.companion, "--no-companion", task);
-    else
+    if (!m_noCompanion)
         OutputChecks::checkFile(paths.companion, {isReplacing(), Kind::Companion}, task);
-
     if (m_digest)
         OutputChecks::checkFile(paths.digest, {isReplacing(), Kind::Digest}, task);
-    else
-        OutputChecks::checkUnwritten(paths.digest, "--digest", task);
+}
+
+/// Checks what is beside the image and not written. It belongs to an image that stays as it is, if
+/// it is right.
+void CreateCommand::checkUnwritten(const Plan& plan, Task* task)
+{
+    const ImageWriter& image = plan.image;
+    if (image.paths.image.isEmpty() || image.paths.toStandardOutput())
+        return;
+
+    const bool belongsCompanion = plan.old && image.isCompanionRight();
+    if (!image.hasCompanion && !belongsCompanion)
+        OutputChecks::checkUnwritten(image.paths.companion, "--no-companion", task);
+
+    const bool belongsDigest = plan.old && image.isDigestRight(plan.old->digest);
+    if (!image.hasDigest && !belongsDigest)
+        OutputChecks::checkUnwritten(image.paths.digest, "--digest", task);
 }
 
 FcfHeader CreateCommand::header(const Recipe& recipe, qint64 binaryBytes, const QString& imageName,
@@ -240,21 +289,18 @@ FcfHeader CreateCommand::header(const Recipe& recipe, qint64 binaryBytes, const 
     return header;
 }
 
-/// With --if-changed, the digest of the image that is there, if nothing but date and time would
-/// change. Then the header of \p plan gets those of that image.
-std::optional<QByteArray> CreateCommand::digestIfUnchanged(Plan* plan, QTextCodec* codec) const
+/// Looks whether nothing but date and time of the image that is there would change. Then \p plan
+/// gets those of that image.
+void CreateCommand::findUnchanged(Plan* plan, QTextCodec* codec) const
 {
-    if (!m_ifChanged)
-        return std::nullopt;
-
     const auto old = InputOpener(nullptr, nullptr)
                          .open(plan->image.paths.image, FcfFileChecker::LargestFile, QString());
     if (!old)
-        return std::nullopt;
+        return;
 
     const auto oldPage = HeaderPage::read(*old, codec, ExitCode::NotValid);
     if (!oldPage)
-        return std::nullopt;
+        return;
 
     FcfHeader header = plan->header;
     header.date = oldPage->reading.header.date;
@@ -264,18 +310,20 @@ std::optional<QByteArray> CreateCommand::digestIfUnchanged(Plan* plan, QTextCode
     image.page = pageOf(header, codec);
     const auto filler = fillerBytes(m_padTo, image.page.size() + image.payload.bytes);
     if (!filler)
-        return std::nullopt;
+        return;
     image.fillerBytes = *filler;
 
-    const auto digest = image.digestIfUnchanged();
-    if (digest)
-        plan->header = header;
-    return digest;
+    plan->old = image.findUnchanged();
+    if (!plan->old)
+        return;
+    plan->header = header;
+    plan->image = image;
 }
 
-void CreateCommand::report(const Plan& plan, const QByteArray& digest, bool isWritten, Task* task)
+void CreateCommand::report(const Plan& plan, const QByteArray& digest, const Written& written,
+                           Task* task)
 {
-    const auto addFile = [&](const char* name, const QString& path) {
+    const auto addFile = [&](const char* name, const QString& path, bool isWritten) {
         if (isWritten || !task->report.quiet)
             task->report.print(shownText(path, WholeText) +
                                (isWritten ? QString() : QString(": unchanged")));
@@ -283,14 +331,14 @@ void CreateCommand::report(const Plan& plan, const QByteArray& digest, bool isWr
     };
 
     const ImageWriter& image = plan.image;
-    addFile("image", image.paths.image);
+    addFile("image", image.paths.image, written.image);
     if (image.hasCompanion)
-        addFile("companion", image.paths.companion);
+        addFile("companion", image.paths.companion, written.companion);
     if (image.hasDigest)
-        addFile("digest", image.paths.digest);
+        addFile("digest", image.paths.digest, written.digest);
 
     task->report.result["sha256"] = QString::fromLatin1(digest.toHex());
-    task->report.result["changed"] = isWritten;
+    task->report.result["changed"] = written.image;
     task->report.result["header"] = HeaderJson::object(plan.header);
     task->report.isInPlace = true;
 }

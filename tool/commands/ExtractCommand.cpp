@@ -16,7 +16,7 @@ public:
 
 private:
     void checkOutput(const QString& output, Task* task) const;
-    void checkImage(const FcfFile& image, Task* task);
+    void checkImage(const FcfFile& image, const SidecarOptions::Set& set, Task* task);
     Status write(const Region& payload, const QString& output, Task* task) const;
 
     std::optional<std::string> m_file;
@@ -43,15 +43,14 @@ void ExtractCommand::run(Task* task)
 
     // With --json it is refused, and the refusal goes to standard output.
     task->report.outIsTaken = output == StandardStream && !task->report.json;
-    const auto image = task->openFcf(*m_file, Task::Whole);
+    const std::optional<QString> path = task->path(*m_file, "FILE");
+    auto set = path ? m_sidecars.open(*path, true, task) : std::nullopt;
+    const auto image = set ? task->readFcf(std::move(set->file), Task::Whole) : std::nullopt;
     checkOutput(*output, task);
     if (!image || task->findings.hasErrors())
         return;
 
-    checkImage(*image, task);
-    // The companion and the digest beside the image are inputs, too.
-    if (*output != StandardStream)
-        OutputChecks::checkNoInput(*output, task);
+    checkImage(*image, *set, task);
     if (task->findings.hasErrors())
         return;
 
@@ -76,13 +75,13 @@ void ExtractCommand::checkOutput(const QString& output, Task* task) const
                               "takes the payload alone: --json needs a file");
 }
 
-void ExtractCommand::checkImage(const FcfFile& image, Task* task)
+void ExtractCommand::checkImage(const FcfFile& image, const SidecarOptions::Set& set, Task* task)
 {
     const auto& [file, page] = image;
     const FcfFileChecker checker(&file, FcfFileChecker::Image, task->codec, &task->findings);
     checker.check(page);
-    m_sidecars.checkCompanion(checker, file, page, task);
-    m_sidecars.checkDigest(file, page, task);
+    SidecarOptions::checkCompanion(checker, page, set.companion);
+    m_sidecars.checkDigest(image, set.digest, task);
     task->findings.dropNotes();
 }
 

@@ -4,9 +4,12 @@
 #include "tool/check/FcfFileChecker.h"
 #include "tool/files/Copy.h"
 #include "tool/files/Digest.h"
+#include "tool/files/DigestList.h"
 #include "tool/files/FileCompare.h"
 #include "tool/files/Filler.h"
 #include "tool/files/InputOpener.h"
+
+#include <QFileInfo>
 
 namespace {
 
@@ -44,7 +47,7 @@ Result<QByteArray> ImageWriter::write(OutputTransaction::Existing existing, QIOD
     if (!digest)
         return digest;
 
-    const Status finished = writeSidecars(*digest, &files).and_then([&] { return files.commit(); });
+    const Status finished = addSidecars(*digest, &files).and_then([&] { return files.commit(); });
     if (!finished)
         return tl::unexpected<Finding>(finished.error());
     return digest;
@@ -74,7 +77,7 @@ Result<QByteArray> ImageWriter::writeImage(QIODevice* output, const QString& lab
     return isHashed ? hash.result() : QByteArray();
 }
 
-Status ImageWriter::writeSidecars(const QByteArray& digest, OutputTransaction* files) const
+Status ImageWriter::addSidecars(const QByteArray& digest, OutputTransaction* files) const
 {
     if (hasCompanion) {
         if (Status status = files->add(paths.companion, page); !status)
@@ -87,20 +90,48 @@ Status ImageWriter::writeSidecars(const QByteArray& digest, OutputTransaction* f
     return {};
 }
 
-std::optional<QByteArray> ImageWriter::digestIfUnchanged() const
+Status ImageWriter::writeSidecars(const Old& old) const
 {
-    const auto image = openOld(paths.image);
+    if (!hasCompanion && !hasDigest)
+        return {};
+
+    OutputTransaction files(OutputTransaction::Replace);
+    files.setCondition([this, &old]() -> Status {
+        if (FileSystem::identityOf(paths.image) ==
+            FileSystem::identityOf(old.file.device()->handle()))
+            return {};
+        return FileSystem::notWritten(paths.image, "another run has replaced it meanwhile");
+    });
+    return addSidecars(old.digest, &files).and_then([&] { return files.commit(); });
+}
+
+std::optional<ImageWriter::Old> ImageWriter::findUnchanged() const
+{
+    auto image = openOld(paths.image);
     if (!image || !isSameImage(*image))
-        return std::nullopt;
-    if (hasCompanion && !isSameFile(paths.companion, page))
         return std::nullopt;
 
     const auto digest = Digest::of({&*image, 0, image->size(), nullptr}, &ignoreProgress);
     if (!digest)
         return std::nullopt;
-    if (hasDigest && !isSameFile(paths.digest, Digest::line(*digest, paths.image)))
-        return std::nullopt;
-    return *digest;
+    return Old{*digest, std::move(*image)};
+}
+
+bool ImageWriter::isCompanionRight() const { return isSameFile(paths.companion, page); }
+
+bool ImageWriter::isDigestRight(const QByteArray& digest) const
+{
+    const auto file = openOld(paths.digest);
+    if (!file || file->size() > DigestList::MaximumBytes)
+        return false;
+
+    const auto lines = file->bytesAt(0, file->size());
+    if (!lines || !DigestList::isDigest(*lines))
+        return false;
+
+    const auto entries =
+        DigestList(*lines, QFileInfo(paths.digest).path()).entriesOfName(paths.image);
+    return entries.size() == 1 && entries.first().digest == digest;
 }
 
 /// Whether the open \p image has the page, the payload and the filler that would be written. What

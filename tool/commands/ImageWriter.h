@@ -2,6 +2,7 @@
 #define TOOL_COMMANDS_IMAGEWRITER_H
 
 #include "tool/commands/ImagePaths.h"
+#include "tool/files/InputFile.h"
 #include "tool/files/OutputTransaction.h"
 #include "tool/files/Region.h"
 
@@ -26,13 +27,27 @@ struct ImageWriter {
     Result<QByteArray> write(OutputTransaction::Existing existing, QIODevice* out,
                              const CopyObserver& observe, bool isHashed) const;
 
-    /// The digest of the image if all files are there already, and have the same bytes.
-    std::optional<QByteArray> digestIfUnchanged() const;
+    /// An image that is there already.
+    struct Old {
+        QByteArray digest;
+        /// Open, so that no other file can get its identity.
+        InputFile file;
+    };
+
+    /// The image that is there already, if it has the same bytes.
+    std::optional<Old> findUnchanged() const;
+
+    /// Writes the sidecars alone, beside \p old, unless another run has replaced that.
+    Status writeSidecars(const Old& old) const;
+
+    /// Whether the companion or the digest that is there is right beside an image with \p digest.
+    bool isCompanionRight() const;
+    bool isDigestRight(const QByteArray& digest) const;
 
 private:
     Result<QByteArray> writeImage(QIODevice* output, const QString& label,
                                   const CopyObserver& observe, bool isHashed) const;
-    Status writeSidecars(const QByteArray& digest, OutputTransaction* files) const;
+    Status addSidecars(const QByteArray& digest, OutputTransaction* files) const;
     bool isSameImage(const InputFile& image) const;
 };
 

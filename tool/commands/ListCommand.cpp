@@ -4,12 +4,16 @@
 #include "tool/commands/Command.h"
 #include "tool/commands/SidecarOptions.h"
 #include "tool/files/Digest.h"
+#include "tool/files/DigestList.h"
 #include "tool/recipe/Recipe.h"
 
 #include <QDir>
 #include <QJsonDocument>
 #include <QMap>
 #include <QRegularExpression>
+#include <QSet>
+
+#include <set>
 
 namespace {
 
@@ -41,7 +45,7 @@ QString reasonFor(const Findings& findings, ExitCode code)
     return QString();
 }
 
-/// Lists images, each as soon as it was read. All that is kept of one is its slot.
+/// Lists images, each as soon as it was read. All that is kept of one is its path and its slot.
 class ListCommand : public Command {
 public:
     explicit ListCommand(CLI::App* parent)
@@ -59,12 +63,17 @@ public:
     void run(Task* task) override;
 
 private:
+    void listArgument(const QString& path, Task* task);
     void list(const QFileInfo& path, Task* task);
     void listImage(const QString& path, Task* task);
-    QJsonObject describe(const FcfFile& fcf, Task* task);
+    QJsonObject describe(const FcfFile& fcf, const std::optional<InputFile>& digest,
+                         SidecarOptions* sidecars, Task* task) const;
     void addSlot(const FcfFile& fcf);
     void checkSlots(Task* task) const;
-    QByteArray digest(const FcfFile& fcf, Task* task) const;
+    QByteArray sha256Of(const FcfFile& fcf, const std::optional<InputFile>& digest,
+                        SidecarOptions* sidecars, Task* task) const;
+    void printNothing(Task* task);
+    void stream(const QByteArray& bytes, Task* task);
     void print(const QJsonObject& row, Task* task);
     QByteArray headings(const Task& task) const;
     QByteArray line(const QJsonObject& row, const Task& task) const;
@@ -81,26 +90,58 @@ private:
     bool m_csv = false;
     bool m_digest = false;
     bool m_isEmpty = true;
+    /// How many images were named or found in folders, those that were listed already included.
+    int m_found = 0;
+    /// The absolute paths of the images that were listed.
+    QSet<QString> m_listed;
+    /// The files that count for their slots.
+    std::set<FileSystem::Identity> m_counted;
     /// Whether the result cannot be written.
     bool m_isStopped = false;
-    /// The images by module, device and slot number.
-    QMap<QString, Slot> m_slots;
+    /// The images by their folder, and by module, device and slot number.
+    QMap<QPair<QString, QString>, Slot> m_slots;
 };
 
 void ListCommand::run(Task* task)
 {
     task->report.findingsAreResults = !m_csv;
+    if (m_csv && task->report.json) {
+        task->refuse("--csv", "cannot be given with --json");
+        return;
+    }
+
     for (const std::string& argument : m_paths) {
         const std::optional<QString> path = task->path(argument, "PATH");
         if (path == StandardStream)
             task->refuse("PATH", "standard input cannot be listed; show reads it");
         else if (path)
-            list(QFileInfo(*path), task);
+            listArgument(*path, task);
     }
 
-    if (m_isEmpty)
-        task->report.result["files"] = QJsonArray();
+    if (m_isEmpty && !m_isStopped)
+        printNothing(task);
     checkSlots(task);
+}
+
+/// Lists what an argument names, and notes a folder in which there is nothing.
+void ListCommand::listArgument(const QString& path, Task* task)
+{
+    const int foundBefore = m_found;
+    const int findingsBefore = task->findings.list().size();
+    list(QFileInfo(path), task);
+
+    const bool hasFailed = task->findings.list().size() > findingsBefore;
+    if (m_found == foundBefore && !hasFailed)
+        task->findings.note(path, "PATH", "no .fcf file was found in it");
+}
+
+/// Gives the result that there is of no image.
+void ListCommand::printNothing(Task* task)
+{
+    if (task->report.json)
+        task->report.result["files"] = QJsonArray();
+    else
+        stream(headings(*task), task);
 }
 
 /// Adds an error for each slot that several images are for.
@@ -110,7 +151,7 @@ void ListCommand::checkSlots(Task* task) const
         if (slot->count > 1)
             task->findings.error(ExitCode::NotValid, slot->first, "configNumber",
                                  QStringLiteral("%1 is that of %2 images, among them %3")
-                                     .arg(slot.key())
+                                     .arg(slot.key().second)
                                      .arg(slot->count)
                                      .arg(shownText(slot->last)));
     }
@@ -139,22 +180,30 @@ void ListCommand::list(const QFileInfo& path, Task* task)
 
 void ListCommand::listImage(const QString& path, Task* task)
 {
-    if (m_isStopped)
+    ++m_found;
+    const QString absolute = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+    if (m_isStopped || m_listed.contains(absolute))
         return;
+    m_listed << absolute;
 
     // The findings of one image go into its own line.
     Task own(&task->environment, std::string());
     own.report.quiet = true;
-    const auto reach = m_digest ? Task::Whole : Task::PageOnly;
-    const auto fcf = own.openFcf(QFile::encodeName(path).toStdString(), reach);
+    SidecarOptions sidecars;
+    sidecars.skipCompanion();
+    auto set = sidecars.open(path, true, &own);
     if (const ProtectedInput* const input = own.inputs.behind(task->environment.out)) {
         stop(ExitCode::Refused, input->refusal(), task);
         return;
     }
 
-    QJsonObject row = fcf ? describe(*fcf, &own) : QJsonObject();
+    const auto reach = m_digest ? Task::Whole : Task::PageOnly;
+    const auto fcf = set ? own.readFcf(std::move(set->file), reach) : std::nullopt;
+    QJsonObject row = fcf ? describe(*fcf, set->digest, &sidecars, &own) : QJsonObject();
     row["file"] = path;
     const ExitCode code = own.findings.exitCode();
+    if (fcf && code == ExitCode::Done)
+        addSlot(*fcf);
     if (code != ExitCode::Done) {
         row["verdict"] = code == ExitCode::NotValid ? "not valid" : "unreadable";
         if (!row.contains("reason"))
@@ -165,7 +214,8 @@ void ListCommand::listImage(const QString& path, Task* task)
     print(row, task);
 }
 
-QJsonObject ListCommand::describe(const FcfFile& fcf, Task* task)
+QJsonObject ListCommand::describe(const FcfFile& fcf, const std::optional<InputFile>& digest,
+                                  SidecarOptions* sidecars, Task* task) const
 {
     HeaderPage page = fcf.page;
     const FcfHeader& header = page.reading.header;
@@ -185,7 +235,7 @@ QJsonObject ListCommand::describe(const FcfFile& fcf, Task* task)
                     {"time", header.time},
                     {"bytes", fcf.file.size()},
                     {"verdict", "valid"}};
-    if (const QByteArray sha256 = digest(fcf, task); !sha256.isEmpty())
+    if (const QByteArray sha256 = sha256Of(fcf, digest, sidecars, task); !sha256.isEmpty())
         row["sha256"] = QString::fromLatin1(sha256.toHex());
 
     const qint64 following = fcf.file.size() - page.bytes - header.binFileSize;
@@ -193,25 +243,26 @@ QJsonObject ListCommand::describe(const FcfFile& fcf, Task* task)
         row["verdict"] = "not checked";
         row["reason"] = QStringLiteral("%1 bytes follow the payload").arg(following);
     }
-
-    addSlot(fcf);
     return row;
 }
 
-/// Counts \p fcf among the images for its slot.
+/// Counts \p fcf, which is valid, among the images of its folder for its slot. Several names of one
+/// file count once.
 void ListCommand::addSlot(const FcfFile& fcf)
 {
     const FcfHeader& header = fcf.page.reading.header;
     const auto* const target = FcfTarget::find(header.moduleCode, header.deviceCode);
     const bool isSlot =
         header.configNumber >= FcfTarget::FirstSlot && header.configNumber <= FcfTarget::LastSlot;
-    if (!target || !isSlot)
+    const auto identity = FileSystem::identityOf(fcf.file.device()->handle());
+    if (!target || !isSlot || !identity || !m_counted.insert(*identity).second)
         return;
 
     const QString name = QStringLiteral("%1 %2 slot %3")
                              .arg(QLatin1String(target->module), QLatin1String(target->device))
                              .arg(header.configNumber);
-    Slot& slot = m_slots[name];
+    const QString folder = QFileInfo(fcf.file.path()).absolutePath();
+    Slot& slot = m_slots[{folder, name}];
     slot.last = fcf.file.path();
     if (slot.count == 0)
         slot.first = slot.last;
@@ -220,22 +271,22 @@ void ListCommand::addSlot(const FcfFile& fcf)
 
 /// The digest in the file beside the image, else with --digest the image's own. Empty if there is
 /// none.
-QByteArray ListCommand::digest(const FcfFile& fcf, Task* task) const
+QByteArray ListCommand::sha256Of(const FcfFile& fcf, const std::optional<InputFile>& digest,
+                                 SidecarOptions* sidecars, Task* task) const
 {
-    const QString path = Digest::pathFor(fcf.file.path());
-    if (QFileInfo(path).isFile()) {
+    if (digest) {
         if (m_digest)
-            SidecarOptions().checkDigest(fcf.file, fcf.page, task);
-        const auto lines = task->bytesOf(path, DigestList::MaximumBytes, "digest");
-        const DigestList list(lines.value_or(QByteArray()), QFileInfo(path).path());
+            sidecars->checkDigest(fcf, digest, task);
+        const auto lines = task->findings.valueOf(digest->bytesAt(0, DigestList::MaximumBytes));
+        const DigestList list(lines.value_or(QByteArray()), QFileInfo(digest->path()).path());
         return list.entries().value(0).digest;
     }
     if (!m_digest)
         return QByteArray();
 
     const Region image{&fcf.file, 0, fcf.file.size(), nullptr};
-    const auto digest = Digest::of(image, [](const char*, qint64) {});
-    return task->findings.valueOf(digest).value_or(QByteArray());
+    const auto own = Digest::of(image, [](const char*, qint64) {});
+    return task->findings.valueOf(own).value_or(QByteArray());
 }
 
 void ListCommand::print(const QJsonObject& row, Task* task)
@@ -248,7 +299,11 @@ void ListCommand::print(const QJsonObject& row, Task* task)
     else
         bytes = line(row, *task);
     m_isEmpty = false;
+    stream(bytes, task);
+}
 
+void ListCommand::stream(const QByteArray& bytes, Task* task)
+{
     const auto written = task->report.stream(bytes, task->environment);
     if (!written)
         stop(ExitCode::CannotAccess, "cannot be written: " + written.error(), task);

@@ -78,8 +78,6 @@ void OutputChecks::checkFile(const QString& path, const Existing& existing, Task
         checkExisting(path, existing, task);
 }
 
-void OutputChecks::checkNoInput(const QString& path, Task* task) { refuseInput(path, task); }
-
 void OutputChecks::checkStandardOutput(bool getsBinary, Task* task)
 {
     if (const ProtectedInput* const input = task->inputs.behind(task->environment.out))

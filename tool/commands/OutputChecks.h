@@ -24,9 +24,6 @@ struct Existing {
 /// that it does not exist unless \p existing lets it be replaced.
 void checkFile(const QString& path, const Existing& existing, Task* task);
 
-/// Checks that the output \p path is none of the inputs that were opened by now.
-void checkNoInput(const QString& path, Task* task);
-
 /// Checks that standard output is none of the inputs, and if it gets binary data, no terminal.
 void checkStandardOutput(bool getsBinary, Task* task);
 

@@ -3,6 +3,7 @@
 #include "fcf/FcfLayout.h"
 #include "fcf/FcfTarget.h"
 #include "tool/base/Text.h"
+#include "tool/check/FcfFileChecker.h"
 #include "tool/commands/Arguments.h"
 #include "tool/commands/Task.h"
 #include "tool/recipe/RecipeJson.h"
@@ -158,20 +159,40 @@ std::optional<Recipe> readRecipe(const QString& path, Task* task)
     return *recipe;
 }
 
+/// Warns if \p fcf is not valid. Returns false, with an error, if it cannot be read.
+bool warnOfErrors(const FcfFile& fcf, Task* task)
+{
+    const QList<Finding> errors = FcfFileChecker::errorsOf(fcf, task->codec);
+    for (const Finding& error : errors) {
+        if (error.exitCode != ExitCode::NotValid) {
+            task->findings.add(error);
+            return false;
+        }
+    }
+
+    if (!errors.isEmpty())
+        task->findings.warning(
+            fcf.file.label(), QLatin1String(LikeOption),
+            QStringLiteral("is not valid, %1: %2; pelk-fcf verify reports all of it")
+                .arg(shownText(errors.first().field), errors.first().reason));
+    return true;
+}
+
 /// The recipe of the image or companion at \p path, which may be made anew from itself.
 std::optional<Recipe> recipeOf(const QString& path, Task* task)
 {
-    const auto file = task->findings.valueOf(task->inputs.open(
-        path, FcfExactReader::MaximumBytes, QLatin1String(LikeOption), InputOpener::Replaceable));
+    auto file = task->findings.valueOf(task->inputs.open(
+        path, FcfFileChecker::LargestFile, QLatin1String(LikeOption), InputOpener::Replaceable));
     if (!file)
         return std::nullopt;
 
-    const auto page =
-        task->findings.valueOf(HeaderPage::read(*file, task->codec, ExitCode::Refused));
-    if (!page)
+    const auto fcf = task->readFcf(std::move(*file), Task::Whole, ExitCode::Refused);
+    if (!fcf)
         return std::nullopt;
 
-    return Recipe::of(page->reading.header);
+    if (!warnOfErrors(*fcf, task))
+        return std::nullopt;
+    return Recipe::of(fcf->page.reading.header);
 }
 
 } // namespace

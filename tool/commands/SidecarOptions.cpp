@@ -6,12 +6,13 @@
 #include "tool/commands/Arguments.h"
 #include "tool/commands/Task.h"
 #include "tool/files/Digest.h"
+#include "tool/files/FolderLock.h"
 
 #include <QFileInfo>
 
 namespace {
 
-const QString Field = "digest";
+const QLatin1String Field("digest");
 const QString ImageEnding = ".fcf";
 const QString CompanionEnding = ".txt";
 
@@ -115,14 +116,30 @@ std::optional<QString> SidecarOptions::companionPath(const InputFile& file, Task
     return path;
 }
 
-void SidecarOptions::checkCompanion(const FcfFileChecker& checker, const InputFile& file,
-                                    const HeaderPage& page, Task* task) const
+std::optional<SidecarOptions::Set> SidecarOptions::open(const QString& path, bool isImage,
+                                                        Task* task) const
 {
-    const std::optional<QString> path = companionPath(file, task);
-    if (!path)
-        return;
+    const FolderLock lock(path);
+    auto file = task->open(path, FcfFileChecker::LargestFile, "FILE");
+    if (!file)
+        return std::nullopt;
 
-    const auto companion = task->open(*path, FcfFileChecker::LargestFile, "--companion");
+    Set set{std::move(*file), std::nullopt, std::nullopt};
+    set.file.allowReplacing();
+    if (const auto companion = companionPath(set.file, task))
+        set.companion = task->open(*companion, FcfFileChecker::LargestFile, "--companion");
+
+    const bool isListRead = m_digest && m_list;
+    if (!isImage || isListRead)
+        return set;
+    if (const auto digest = digestPath(set.file, task))
+        set.digest = task->open(*digest, DigestList::MaximumBytes, Field.data());
+    return set;
+}
+
+void SidecarOptions::checkCompanion(const FcfFileChecker& checker, const HeaderPage& page,
+                                    const std::optional<InputFile>& companion)
+{
     if (companion)
         checker.compareCompanion(page, *companion);
 }
@@ -142,22 +159,26 @@ std::optional<QString> SidecarOptions::digestPath(const InputFile& image, Task* 
     return std::nullopt;
 }
 
-/// The list at \p path. One that was named is read once, for all images.
-std::optional<DigestList> SidecarOptions::list(const QString& path, Task* task)
+/// The list in \p digest. One that was named is read once, for all images.
+std::optional<DigestList> SidecarOptions::list(const std::optional<InputFile>& digest, Task* task)
 {
     if (m_digest && m_list)
         return m_list;
-
-    const auto lines = task->bytesOf(path, DigestList::MaximumBytes + 1, "digest");
-    if (!lines)
+    if (!digest)
         return std::nullopt;
-    if (lines->size() > DigestList::MaximumBytes) {
+
+    if (digest->size() > DigestList::MaximumBytes) {
         task->findings.refuse(
-            path, Field, QStringLiteral("has more than %1 bytes").arg(DigestList::MaximumBytes));
+            digest->label(), Field,
+            QStringLiteral("has more than %1 bytes").arg(DigestList::MaximumBytes));
         return std::nullopt;
     }
+    const auto lines = task->findings.valueOf(digest->bytesAt(0, digest->size()));
+    if (!lines)
+        return std::nullopt;
 
-    m_list = DigestList(*lines, QFileInfo(path).path());
+    m_listPath = digest->path();
+    m_list = DigestList(*lines, QFileInfo(m_listPath).path());
     return m_list;
 }
 
@@ -192,29 +213,30 @@ std::optional<QList<DigestList::Entry>> SidecarOptions::expectedEntries(const In
     return list.entries();
 }
 
-bool SidecarOptions::checkDigest(const InputFile& image, const HeaderPage& page, Task* task)
+bool SidecarOptions::checkDigest(const FcfFile& image, const std::optional<InputFile>& digest,
+                                 Task* task)
 {
-    const std::optional<QString> path = digestPath(image, task);
-    const auto list = path ? this->list(*path, task) : std::nullopt;
+    const InputFile& file = image.file;
+    const auto list = this->list(digest, task);
     if (!list)
         return false;
 
-    const auto entries = expectedEntries(image, *path, *list, task);
+    const auto entries = expectedEntries(file, m_listPath, *list, task);
     if (!entries)
         return false;
 
     const QList<QByteArray> expected = digestsOf(*entries);
-    const auto found = digestOf(image, page, expected, task);
+    const auto found = digestOf(file, image.page, expected, task);
     if (!found)
         return false;
 
-    for (const QByteArray& digest : expected) {
-        if (*found != digest)
+    for (const QByteArray& sha256 : expected) {
+        if (*found != sha256)
             task->findings
-                .error(ExitCode::NotValid, image.label(), Field,
-                       QStringLiteral("is not that of %1").arg(shownText(*path)))
+                .error(ExitCode::NotValid, file.label(), Field,
+                       QStringLiteral("is not that of %1").arg(shownText(m_listPath)))
                 .at(0)
-                .comparing(QString::fromLatin1(digest.toHex()),
+                .comparing(QString::fromLatin1(sha256.toHex()),
                            QString::fromLatin1(found->toHex()));
     }
     return true;

@@ -2,6 +2,7 @@
 #define TOOL_COMMANDS_SIDECAROPTIONS_H
 
 #include "tool/files/DigestList.h"
+#include "tool/files/InputFile.h"
 
 #include <QString>
 
@@ -9,7 +10,7 @@
 #include <string>
 
 class FcfFileChecker;
-class InputFile;
+struct FcfFile;
 struct HeaderPage;
 struct Task;
 
@@ -24,6 +25,9 @@ public:
     void declareSkipping(CLI::App* app);
     void declareNaming(CLI::App* app);
 
+    /// Leaves companions alone.
+    void skipCompanion() { m_noCompanion = true; }
+
     bool hasNamedCompanion() const { return m_companion.has_value(); }
     bool hasNamedDigest() const { return m_digest.has_value(); }
 
@@ -31,17 +35,28 @@ public:
     /// another of them.
     void setImageCount(int count) { m_imageCount = count; }
 
-    void checkCompanion(const FcfFileChecker& checker, const InputFile& file,
-                        const HeaderPage& page, Task* task) const;
+    /// An image or a companion, and what was opened with it.
+    struct Set {
+        InputFile file;
+        std::optional<InputFile> companion;
+        std::optional<InputFile> digest;
+    };
+
+    /// Opens the file at \p path and its sidecars, while no other run replaces one of them; the
+    /// digest only if \p isImage. Returns nothing, with an error, if the file cannot be opened.
+    std::optional<Set> open(const QString& path, bool isImage, Task* task) const;
+
+    static void checkCompanion(const FcfFileChecker& checker, const HeaderPage& page,
+                               const std::optional<InputFile>& companion);
 
     /// A digest may be of the image with the filler behind it, or without. Returns whether the
     /// payload is known to be right or wrong.
-    bool checkDigest(const InputFile& image, const HeaderPage& page, Task* task);
+    bool checkDigest(const FcfFile& image, const std::optional<InputFile>& digest, Task* task);
 
 private:
     std::optional<QString> companionPath(const InputFile& file, Task* task) const;
     std::optional<QString> digestPath(const InputFile& image, Task* task) const;
-    std::optional<DigestList> list(const QString& path, Task* task);
+    std::optional<DigestList> list(const std::optional<InputFile>& digest, Task* task);
     std::optional<QList<DigestList::Entry>> expectedEntries(const InputFile& image,
                                                             const QString& path,
                                                             const DigestList& list,
@@ -55,6 +70,7 @@ private:
     int m_imageCount = 1;
     /// The list that --digest names, once it was read.
     std::optional<DigestList> m_list;
+    QString m_listPath;
 };
 
 #endif

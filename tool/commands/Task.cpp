@@ -60,11 +60,17 @@ std::optional<FcfFile> Task::openFcf(const std::string& argument, Reach reach, E
     if (!file)
         return std::nullopt;
 
-    auto page = findings.valueOf(HeaderPage::read(*file, codec, ifBad, bytes));
+    return readFcf(std::move(*file), reach, ifBad, bytes);
+}
+
+std::optional<FcfFile> Task::readFcf(InputFile file, Reach reach, ExitCode ifBad,
+                                     HeaderPage::Bytes bytes)
+{
+    auto page = findings.valueOf(HeaderPage::read(file, codec, ifBad, bytes));
     if (!page)
         return std::nullopt;
-    if (reach == Whole && !findings.accept(page->measure(*file)))
+    if (reach == Whole && !findings.accept(page->measure(file)))
         return std::nullopt;
 
-    return FcfFile{std::move(*file), std::move(*page)};
+    return FcfFile{std::move(file), std::move(*page)};
 }

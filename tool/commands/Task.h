@@ -47,6 +47,10 @@ struct Task {
                                    ExitCode ifBad = ExitCode::NotValid,
                                    HeaderPage::Bytes bytes = HeaderPage::Exact);
 
+    /// As openFcf(), of a \p file that was opened already.
+    std::optional<FcfFile> readFcf(InputFile file, Reach reach, ExitCode ifBad = ExitCode::NotValid,
+                                   HeaderPage::Bytes bytes = HeaderPage::Exact);
+
     const Environment& environment;
     /// Not owned.
     QTextCodec* const codec;

@@ -13,9 +13,9 @@ public:
     void run(Task* task) override;
 
 private:
-    QJsonObject verifyFile(const std::string& argument, const QString& path, Task* task);
+    QJsonObject verifyFile(const QString& path, Task* task);
     std::optional<FcfFileChecker::Kind> kindOf(const QString& path, Task* task) const;
-    void verify(const FcfFile& fcf, FcfFileChecker::Kind kind, Task* task, QJsonObject* result);
+    void verify(const QString& path, FcfFileChecker::Kind kind, Task* task, QJsonObject* result);
     bool compareBinary(const FcfFileChecker& checker, const HeaderPage& page, Task* task);
 
     std::vector<std::string> m_files;
@@ -47,13 +47,13 @@ void VerifyCommand::run(Task* task)
     for (const std::string& argument : m_files) {
         const std::optional<QString> path = task->path(argument, "FILE");
         if (path)
-            results.append(verifyFile(argument, *path, task));
+            results.append(verifyFile(*path, task));
     }
     task->report.result["files"] = results;
 }
 
 /// Returns the result of one file as JSON.
-QJsonObject VerifyCommand::verifyFile(const std::string& argument, const QString& path, Task* task)
+QJsonObject VerifyCommand::verifyFile(const QString& path, Task* task)
 {
     const QString label = InputFile::labelOf(path);
     QJsonObject result{{"file", label}};
@@ -63,8 +63,7 @@ QJsonObject VerifyCommand::verifyFile(const std::string& argument, const QString
     if (kind == FcfFileChecker::Companion && m_sidecars.hasNamedDigest()) {
         task->findings.refuse(path, "--digest", "is of an image; this is a companion");
     } else if (kind) {
-        if (const auto fcf = task->openFcf(argument, Task::Whole))
-            verify(*fcf, *kind, task, &result);
+        verify(path, *kind, task, &result);
     }
 
     const ExitCode verdict = task->findings.exitCode(findingsBefore);
@@ -92,18 +91,23 @@ std::optional<FcfFileChecker::Kind> VerifyCommand::kindOf(const QString& path, T
     return std::nullopt;
 }
 
-void VerifyCommand::verify(const FcfFile& fcf, FcfFileChecker::Kind kind, Task* task,
+void VerifyCommand::verify(const QString& path, FcfFileChecker::Kind kind, Task* task,
                            QJsonObject* result)
 {
-    const auto& [file, page] = fcf;
+    auto set = m_sidecars.open(path, kind == FcfFileChecker::Image, task);
+    const auto fcf = set ? task->readFcf(std::move(set->file), Task::Whole) : std::nullopt;
+    if (!fcf)
+        return;
+
+    const auto& [file, page] = *fcf;
     const FcfFileChecker checker(&file, kind, task->codec, &task->findings);
     checker.check(page);
-    m_sidecars.checkCompanion(checker, file, page, task);
+    SidecarOptions::checkCompanion(checker, page, set->companion);
     const bool isCompared = compareBinary(checker, page, task);
     if (kind == FcfFileChecker::Companion)
         return;
 
-    const bool hasDigest = m_sidecars.checkDigest(file, page, task);
+    const bool hasDigest = m_sidecars.checkDigest(*fcf, set->digest, task);
     const bool payloadIsKnown = hasDigest || isCompared;
     (*result)["payloadCompared"] = payloadIsKnown;
     (*result)["imageBytes"] = page.imageBytes();

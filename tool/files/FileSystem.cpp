@@ -40,8 +40,9 @@ std::optional<FileSystem::Version> FileSystem::versionOf(int descriptor)
     Stat status;
     if (::fstat(descriptor, &status) != 0)
         return std::nullopt;
-    return Version{status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec,
-                   status.st_ctim.tv_sec, status.st_ctim.tv_nsec};
+    return Version{status.st_size,
+                   {status.st_mtim.tv_sec, status.st_mtim.tv_nsec},
+                   {status.st_ctim.tv_sec, status.st_ctim.tv_nsec}};
 }
 
 bool FileSystem::isFile(int descriptor)

@@ -6,7 +6,6 @@
 #include <QString>
 
 #include <optional>
-#include <tuple>
 #include <utility>
 
 #include <ctime>
@@ -23,9 +22,27 @@ using Identity = std::pair<dev_t, ino_t>;
 std::optional<Identity> identityOf(const QString& path);
 std::optional<Identity> identityOf(int descriptor);
 
-/// What cannot stay as it is when a file is written to: its size in bytes, and when its content and
-/// its entry were changed, in seconds and nanoseconds.
-using Version = std::tuple<off_t, time_t, long, time_t, long>;
+/// What cannot stay as it is when a file is written to.
+struct Version {
+    using Time = std::pair<time_t, long>;
+
+    /// In bytes.
+    off_t size = 0;
+    /// When its content was changed, in seconds and nanoseconds.
+    Time contentTime;
+    /// When its content, its names or its mode were changed.
+    Time changeTime;
+
+    bool operator==(const Version& other) const
+    {
+        return hasContentOf(other) && changeTime == other.changeTime;
+    }
+
+    bool hasContentOf(const Version& other) const
+    {
+        return size == other.size && contentTime == other.contentTime;
+    }
+};
 
 /// The version of an open file.
 std::optional<Version> versionOf(int descriptor);

@@ -39,9 +39,12 @@ Status InputFile::checkUnchanged() const
         return {};
 
     const int descriptor = m_file->handle();
-    const bool isUnwritten = m_version == FileSystem::versionOf(descriptor);
+    const auto version = FileSystem::versionOf(descriptor);
+    if (m_mayBeReplaced && version && version->hasContentOf(*m_version))
+        return {};
+
     const bool isInPlace = FileSystem::identityOf(descriptor) == FileSystem::identityOf(m_path);
-    if (isUnwritten && isInPlace)
+    if (isInPlace && version == m_version)
         return {};
 
     return notRead("it was changed meanwhile", "payload");

@@ -32,7 +32,10 @@ public:
     /// The open file, to be read from any position. Owned.
     QFile* device() const { return m_file.get(); }
 
-    /// Returns an error if the file was written to or replaced since it was opened.
+    /// Lets another program replace the file while it is read: what was opened stays whole.
+    void allowReplacing() { m_mayBeReplaced = true; }
+
+    /// Returns an error if the file was written to since it was opened, or replaced without leave.
     Status checkUnchanged() const;
 
     /// The error that it cannot be read, and why.
@@ -47,6 +50,7 @@ private:
     qint64 m_size = 0;
     /// Its version when it was opened; nothing for a stream.
     std::optional<FileSystem::Version> m_version;
+    bool m_mayBeReplaced = false;
 };
 
 #endif

@@ -90,6 +90,7 @@ Result<InputFile> InputOpener::open(const QString& path, qint64 limit, const QSt
     if (!opened->open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return file.notRead(opened->errorString(), field);
 
+    m_paths << path;
     if (protection == Protected)
         protect(*opened, file.label());
     if (opened->isSequential())

@@ -7,6 +7,7 @@
 #include "tool/files/Region.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <optional>
@@ -45,6 +46,9 @@ public:
     Result<InputFile> open(const QString& path, qint64 limit, const QString& field,
                            Protection protection = Protected);
 
+    /// The paths of all inputs that have one, in the order in which they were opened.
+    const QStringList& paths() const { return m_paths; }
+
     /// The protected input with \p identity, or null.
     const ProtectedInput* find(const std::optional<FileSystem::Identity>& identity) const;
 
@@ -60,6 +64,7 @@ private:
     /// Not owned; null once it was read.
     QIODevice* m_standardInput;
     Observers m_observers;
+    QStringList m_paths;
     std::vector<ProtectedInput> m_protected;
 };
 

@@ -106,6 +106,8 @@ Status OutputTransaction::commit()
 
     lockFolder();
     const SignalBlock block;
+    if (Status holds = m_condition(); !holds)
+        return holds;
     if (m_existing == Keep) {
         if (Status none = checkNoneExists(); !none)
             return none;

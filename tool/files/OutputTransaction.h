@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -27,6 +28,9 @@ public:
 
     /// Adds the file \p path with all of \p bytes.
     Status add(const QString& path, const QByteArray& bytes);
+
+    /// Checked by commit() when no other run can change the folder any more; an error ends it.
+    void setCondition(std::function<Status()> condition) { m_condition = std::move(condition); }
 
     /// Syncs all files and then gives them their names, one after the other, while the folder is
     /// locked against other runs. Nothing changes until all are synced. After an error the new
@@ -62,6 +66,7 @@ private:
     QByteArray m_folderPath;
     int m_folder = -1;
     std::vector<std::unique_ptr<File>> m_files;
+    std::function<Status()> m_condition = [] { return Status(); };
 };
 
 #endif
