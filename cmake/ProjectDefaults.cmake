@@ -19,7 +19,7 @@ set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}" ${QTILITIES_LIBRARY
 
 # A target of the folders that also build for the host's own Qt 4.8.
 function(zorv_product_target target)
-    set_target_properties(${target} PROPERTIES CXX_STANDARD ${ZORV_PRODUCT_STANDARD} AUTOMOC ON AUTOUIC ON AUTORCC ON)
+    set_target_properties(${target} PROPERTIES CXX_STANDARD 11 AUTOMOC ON AUTOUIC ON AUTORCC ON)
     zorv_warnings(${target})
 endfunction()
 

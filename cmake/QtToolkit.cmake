@@ -5,15 +5,12 @@ set(ZORV_QT 5 CACHE STRING
     "Qt to build with: 5 or 6 for everything, 4 for the plug-in of a Qt 4.8 host")
 set_property(CACHE ZORV_QT PROPERTY STRINGS 6 5 4)
 
-# What runs in the host is in the oldest C++ that its Qt takes.
-set(ZORV_PRODUCT_STANDARD 11)
 if(ZORV_QT EQUAL 6)
     # Core5Compat has the codecs of text, which Qt 6 no longer has itself.
     find_package(Qt6 6.4 REQUIRED COMPONENTS Core Core5Compat Gui Widgets)
     set(QT_CORE Qt6::Core Qt6::Core5Compat)
     set(QT_WIDGETS Qt6::Widgets Qt6::Core5Compat)
     set(QT_TEST Qt6::Test)
-    set(ZORV_PRODUCT_STANDARD 17)
 elseif(ZORV_QT EQUAL 5)
     find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets)
     set(QT_CORE Qt5::Core)

@@ -1,7 +1,6 @@
 #include "design/ZORV_PropertyProvider.h"
 
 #include "design/DesignProperties.h"
-#include "toolkit/QtDifferences.h"
 
 #include <QMetaType>
 
@@ -18,7 +17,7 @@ PropertySpecification designProperty(const char* name, QMetaType::Type type,
     property.d_displayed_name = QLatin1String(name);
     property.d_property_name = QLatin1String("");
     property.d_description = description;
-    property.d_data_type = static_cast<Toolkit::ValueType>(type);
+    property.d_data_type = static_cast<decltype(property.d_data_type)>(type);
     property.d_default_value = QVariant();
     property.d_class_name = QLatin1String("OrvanticCore::Design");
     return property;

@@ -51,7 +51,7 @@ Golden::Golden(const QString& path)
         const Field field{words.at(0).toInt(), words.value(1), bytesOf(value)};
         if (field.offset != m_bytes.size())
             qFatal("%s: %s should begin at byte %d", qPrintable(path), qPrintable(field.name),
-                   m_bytes.size());
+                   int(m_bytes.size()));
         m_fields.append(field);
         m_bytes += field.bytes;
     }

@@ -23,7 +23,9 @@ private slots:
     void givesEveryResultWhenQuiet();
     void showsLittleOfWhatIsNoText();
     void writesARecipe();
-    void givesNoRecipeForAnUnknownTarget();
+    void givesNoRecipeOfADamagedImage_data();
+    void givesNoRecipeOfADamagedImage();
+    void takesRecipesOfImagesOfOtherNames();
     void extractsThePayload();
     void printsNoControlCharacterOfAPath();
     void extractsNothingFromABadImage();
@@ -186,14 +188,19 @@ void InspectTest::neverReadsThePayload()
 {
     ToolFixture tool;
     tool.makeImage();
-    for (const char* const command : {"show", "recipe"}) {
+    const auto bytesReadBy = [&tool](const char* command) {
         const qint64 before = bytesReadSoFar();
-        QCOMPARE(tool.run({command, tool.argument("top.fcf")}).code, 0);
-        const qint64 bytes = bytesReadSoFar() - before;
-        // The page, and the numbers at its start once more to see that the file can be read.
-        QVERIFY2(bytes >= 2112 && bytes <= 2112 + 64 + CountingBytes,
-                 qPrintable(QString::number(bytes)));
-    }
+        const int code = tool.run({command, tool.argument("top.fcf")}).code;
+        return code == 0 ? bytesReadSoFar() - before : -1;
+    };
+    // The page, and the numbers at its start once more to see that the file can be read.
+    const qint64 shown = bytesReadBy("show");
+    QVERIFY2(shown >= 2112 && shown <= 2112 + 64 + CountingBytes,
+             qPrintable(QString::number(shown)));
+    // The same, and its text and filler once more for the check.
+    const qint64 taken = bytesReadBy("recipe");
+    QVERIFY2(taken >= 2112 && taken <= 2 * (2112 + 64) + CountingBytes,
+             qPrintable(QString::number(taken)));
 }
 
 void InspectTest::readsFromStandardInput()
@@ -269,16 +276,70 @@ void InspectTest::writesARecipe()
     QCOMPARE(refused["exitCode"].toInt(), 2);
 }
 
-void InspectTest::givesNoRecipeForAnUnknownTarget()
+void InspectTest::givesNoRecipeOfADamagedImage_data()
 {
-    ToolFixture tool;
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("field");
     ForgedImage image;
     image.numbers[7] = 16;
-    tool.write("top.fcf", image.bytes());
-    const Run run = tool.run({"recipe", tool.argument("top.fcf")});
-    QCOMPARE(run.code, 1);
-    QCOMPARE(run.out, QByteArray());
-    QVERIFY(run.err.contains("moduleCode: 1 with device code 16 is of no known target"));
+    QTest::newRow("an unknown device") << image.bytes() << "deviceCode";
+    image = ForgedImage();
+    image.numbers[8] = 11;
+    QTest::newRow("a slot that does not exist") << image.bytes() << "configNumber";
+    image = ForgedImage();
+    image.numbers[9] = -1;
+    QTest::newRow("a negative version") << image.bytes() << "versionMajor";
+    image = ForgedImage();
+    image.reserved[2] = 7;
+    QTest::newRow("a reserved word") << image.bytes() << "reserved[2]";
+    QTest::newRow("a payload that is cut") << ForgedImage().bytes().chopped(1) << "payload";
+    QTest::newRow("a header alone") << ForgedImage().page() << "payload";
+}
+
+void InspectTest::givesNoRecipeOfADamagedImage()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, field);
+    ToolFixture tool;
+    tool.write("damaged.fcf", bytes);
+    const std::string damaged = tool.argument("damaged.fcf");
+    for (const Arguments& form : {Arguments(), Arguments{"--json"}}) {
+        const Run run = tool.run(Arguments{"recipe", damaged} + form);
+        QCOMPARE(run.code, 1);
+        QVERIFY2(run.err.contains("damaged.fcf: " + field.toUtf8()), run.err);
+        QVERIFY(!run.out.contains("\"recipe\": 2"));
+    }
+
+    // A build that is like it is made, with a warning, as far as it can be.
+    tool.write("top.bin", ToolFixture::payload(4000));
+    const Arguments create{"create", tool.argument("top.bin"), "--like", damaged};
+    const Arguments mended =
+        create + Arguments{"--device", "Interface_FPGA", "--config", "1", "--version", "1.0"};
+    const Run strict = tool.run(mended + Arguments{"--strict"});
+    QCOMPARE(strict.code, 2);
+    QVERIFY(!tool.exists("top.fcf"));
+    const Run run = tool.run(mended + Arguments{"--module", "DFE"});
+    QVERIFY2(run.code == 0, run.err);
+    QVERIFY2(run.err.contains("warning: " + QByteArray::fromStdString(damaged) +
+                              ": --like: is not valid, " + field.toUtf8()),
+             run.err);
+    QCOMPARE(tool.run({"verify", tool.argument("top.fcf")}).code, 0);
+}
+
+void InspectTest::takesRecipesOfImagesOfOtherNames()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    tool.write("slot1", tool.read("top.fcf") + QByteArray(100, '\xff'));
+    tool.write("page", tool.read("top.txt"));
+    const QByteArray recipe = tool.run({"recipe", tool.argument("top.fcf")}).out;
+    QVERIFY(recipe.contains("\"recipe\": 2"));
+    for (const char* const name : {"slot1", "page", "top.txt"}) {
+        const Run run = tool.run({"recipe", tool.argument(name)});
+        QCOMPARE(run.code, 0);
+        QCOMPARE(run.out, recipe);
+        QCOMPARE(run.err, QByteArray());
+    }
 }
 
 void InspectTest::extractsThePayload()

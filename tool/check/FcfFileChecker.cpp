@@ -5,6 +5,7 @@
 #include "fcf/FcfWriter.h"
 #include "fcf/PelkFcfGeneratorFileInfo.h"
 #include "tool/base/Text.h"
+#include "tool/check/FcfFile.h"
 #include "tool/check/Findings.h"
 #include "tool/check/HeaderPage.h"
 #include "tool/check/PayloadKind.h"
@@ -75,6 +76,23 @@ QString counted(qint64 bytes, const char* verbOfOne, const char* verbOfMany)
 }
 
 } // namespace
+
+QList<Finding> FcfFileChecker::errorsOf(const FcfFile& fcf, QTextCodec* codec)
+{
+    // An image that was cut off behind its header is as long as a companion.
+    const bool isImage = fcf.file.path().endsWith(".fcf") || fcf.file.size() > fcf.page.bytes;
+    const bool isCompanion = fcf.file.path().endsWith(".txt") || !isImage;
+
+    Findings findings;
+    FcfFileChecker(&fcf.file, isCompanion ? Companion : Image, codec, &findings).check(fcf.page);
+
+    QList<Finding> errors;
+    for (const Finding& finding : findings.list()) {
+        if (finding.severity == Finding::Error)
+            errors << finding;
+    }
+    return errors;
+}
 
 FcfFileChecker::FcfFileChecker(const InputFile* file, Kind kind, QTextCodec* codec,
                                Findings* findings)

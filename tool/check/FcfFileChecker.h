@@ -5,6 +5,8 @@
 #include "tool/check/NewImageChecker.h"
 #include "tool/files/Region.h"
 
+#include <QList>
+
 #include <QString>
 #include <QVector>
 
@@ -12,6 +14,7 @@
 
 class InputFile;
 class QTextCodec;
+struct FcfFile;
 struct FcfHeader;
 struct HeaderPage;
 
@@ -24,6 +27,10 @@ public:
     /// The size in bytes of the largest image that can be valid.
     static constexpr qint64 LargestFile =
         NewImageChecker::LargestBinary + FcfExactReader::MaximumBytes;
+
+    /// What is wrong with \p fcf, whose payload was measured. What it is follows from its name, or
+    /// for other names from its length.
+    static QList<Finding> errorsOf(const FcfFile& fcf, QTextCodec* codec);
 
     /// Findings go to \p findings. No pointer is owned.
     FcfFileChecker(const InputFile* file, Kind kind, QTextCodec* codec, Findings* findings);

@@ -1,3 +1,4 @@
+#include "tool/check/FcfFileChecker.h"
 #include "tool/commands/Command.h"
 #include "tool/recipe/RecipeJson.h"
 
@@ -17,21 +18,18 @@ public:
 
     void run(Task* task) override
     {
-        const auto fcf = task->openFcf(*m_file, Task::PageOnly);
+        const auto fcf = task->openFcf(*m_file, Task::Whole);
         if (!fcf)
             return;
 
-        const FcfHeader& header = fcf->page.reading.header;
-        const Recipe recipe = Recipe::of(header);
-        if (!recipe.module) {
-            task->findings.error(ExitCode::NotValid, fcf->file.label(), "moduleCode",
-                                 QStringLiteral("%1 with device code %2 is of no known target")
-                                     .arg(header.moduleCode)
-                                     .arg(header.deviceCode));
+        // What is damaged is not taken over into the next build.
+        const QList<Finding> errors = FcfFileChecker::errorsOf(*fcf, task->codec);
+        for (const Finding& error : errors)
+            task->findings.add(error);
+        if (!errors.isEmpty())
             return;
-        }
 
-        const QByteArray json = RecipeJson::write(recipe);
+        const QByteArray json = RecipeJson::write(Recipe::of(fcf->page.reading.header));
         if (task->report.json)
             task->report.result["recipe"] = QJsonDocument::fromJson(json).object();
         else
