@@ -49,15 +49,19 @@ PelkFcfGenerator::PelkFcfGenerator(QWidget* parent)
 {
     ui->setupUi(this);
     fileInfo.reset(new PelkFcfGeneratorFileInfo);
+
     listTargets();
     connectWidgets();
+
     functionsDetails = foldInto(ui->widgetFunctionDetailsHolder, ui->widgetFunctions,
                                 tr("<b>Functions In Build:</b>"));
     targetDetails = foldInto(ui->widgetTargetDetailsHolder, ui->widgetTargetSettings,
                              tr("<b>Target Flash Location:</b>"));
     targetDetails->setState(DetailsWidget::Expanded);
+
     putIntoTabOrder(targetDetails, ui->DescriptionMemo);
     putIntoTabOrder(functionsDetails, ui->ConfigComboBox);
+
     new FormFit(this, ui->formArea,
                 QList<QWidget*>() << ui->widgetTargetSettings << ui->widgetFunctions);
     new FileDrop(this);
@@ -94,6 +98,7 @@ DetailsWidget* PelkFcfGenerator::foldInto(QWidget* holder, QWidget* body, const 
     delete holder->layout();
     QVBoxLayout* const layout = new QVBoxLayout(holder);
     layout->setContentsMargins(0, 0, 0, 0);
+
     DetailsWidget* const details = new DetailsWidget;
     layout->addWidget(details);
     details->setWidget(body);

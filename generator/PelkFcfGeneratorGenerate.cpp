@@ -112,6 +112,7 @@ FcfHeader PelkFcfGenerator::headerFromForm() const
     header.configNumber = ui->ConfigComboBox->currentIndex() + 1;
     header.versionMajor = ui->MajorVerEditBox->text().toInt();
     header.versionMinor = ui->MinorVerEditBox->text().toInt();
+
     header.ciNumber = ui->CiNumEditBox->text();
     header.author = ui->AuthoEditBox->text();
     header.description = ui->DescriptionMemo->toPlainText();

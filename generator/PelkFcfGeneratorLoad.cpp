@@ -122,6 +122,7 @@ void PelkFcfGenerator::openFileDialog()
         showPlainStatus(tr("Failed to load *.bin file"));
         return;
     }
+
     ui->txtInputFile->setText(path);
     showPlainStatus(tr("Loaded ") + ui->txtInputFile->text() + tr(" successfully."));
     displayBinFileSizeInfo(path);

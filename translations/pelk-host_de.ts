@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>ArchiveDestination</name>
+    <message>
+        <source>A part of the name is empty.</source>
+        <translation>Ein Teil des Namens ist leer.</translation>
+    </message>
+    <message>
+        <source>The name has the character &quot;%1&quot;.</source>
+        <translation>Der Name hat das Zeichen „%1“.</translation>
+    </message>
+    <message>
+        <source>There is no folder %1 yet.</source>
+        <translation>Den Ordner %1 gibt es noch nicht.</translation>
+    </message>
+</context>
+<context>
     <name>ArchiveDialog</name>
     <message>
         <source>Archive Design</source>
@@ -134,6 +149,24 @@
     <message>
         <source>&amp;Show in Folder</source>
         <translation>Im Ordner an&amp;zeigen</translation>
+    </message>
+    <message>
+        <source>The name leads out of the folder of the archive:
+%1</source>
+        <translation>Der Name führt aus dem Ordner des Archivs hinaus:
+%1</translation>
+    </message>
+    <message>
+        <source>%1
+
+%2
+
+Do you want to archive the design under this name?</source>
+        <translation>%1
+
+%2
+
+Soll das Design unter diesem Namen archiviert werden?</translation>
     </message>
 </context>
 <context>
@@ -808,6 +841,30 @@ Qt %2</translation>
         <source>Finding: %1</source>
         <translation>Befund: %1</translation>
     </message>
+    <message>
+        <source>Beside it</source>
+        <translation>Daneben</translation>
+    </message>
+    <message>
+        <source>%1 has %2 bytes, the image is of %3</source>
+        <translation>%1 hat %2 Bytes, das Image ist aus %3</translation>
+    </message>
+    <message>
+        <source>%1 is the payload, byte for byte</source>
+        <translation>%1 ist die Nutzlast, Byte für Byte</translation>
+    </message>
+    <message>
+        <source>%1 differs in %2 bytes, the first one at offset %3</source>
+        <translation>%1 unterscheidet sich in %2 Bytes, zuerst an Position %3</translation>
+    </message>
+    <message>
+        <source>VALID</source>
+        <translation>GÜLTIG</translation>
+    </message>
+    <message>
+        <source>NOT VALID</source>
+        <translation>NICHT GÜLTIG</translation>
+    </message>
 </context>
 <context>
     <name>ImageTarget</name>
@@ -1014,6 +1071,14 @@ Qt %2</translation>
     <message>
         <source>%1 is outdated: %2</source>
         <translation>%1 ist veraltet: %2</translation>
+    </message>
+    <message>
+        <source>&amp;Close Others</source>
+        <translation>Andere s&amp;chließen</translation>
+    </message>
+    <message>
+        <source>%1 designs are open. The generator is filled in, and adds its files, only when one is.</source>
+        <translation>%1 Designs sind offen. Nur wenn eines offen ist, wird der Generator ausgefüllt und werden seine Dateien aufgenommen.</translation>
     </message>
 </context>
 <context>

@@ -260,6 +260,18 @@ void DesignSession::close(Design* design)
         drop(design);
 }
 
+void DesignSession::closeOthers(const Design* design)
+{
+    const QList<Design*> designs = m_designs;
+    for (Design* other : designs) {
+        if (other == design)
+            continue;
+        if (!mayClose(other))
+            return;
+        drop(other);
+    }
+}
+
 void DesignSession::drop(Design* design)
 {
     emit aboutToClose(design);

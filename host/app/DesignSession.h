@@ -52,6 +52,8 @@ public:
 
     bool save(OrvanticCore::Design* design);
     void close(OrvanticCore::Design* design);
+    /// Closes all designs but \p design, until the user cancels.
+    void closeOthers(const OrvanticCore::Design* design);
     /// Reads the description of \p design again; asks first when that loses changes.
     void reload(OrvanticCore::Design* design);
 

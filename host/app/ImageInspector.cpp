@@ -1,11 +1,13 @@
 #include "host/app/ImageInspector.h"
 
 #include "fcf/FcfTarget.h"
+#include "host/app/image/ImageFiles.h"
 #include "tool/check/FcfFileChecker.h"
 #include "tool/check/Findings.h"
 #include "tool/check/HeaderPage.h"
 #include "tool/files/Digest.h"
 #include "tool/files/DigestList.h"
+#include "tool/files/FileCompare.h"
 #include "tool/files/InputOpener.h"
 
 #include <QApplication>
@@ -91,7 +93,9 @@ private:
 
     void addPayload(const HeaderPage& page)
     {
-        const bool isCompanion = page.payloadBytes == 0;
+        // An image without a payload is not a companion, whatever its bytes are.
+        const bool isCompanion =
+            page.payloadBytes == 0 && QFileInfo(m_file.path()).suffix() != "fcf";
         add(Texts::tr("Kind"), isCompanion
                                    ? Texts::tr("companion: the header page alone")
                                    : Texts::tr("image: the header page and a binary of %1 bytes")
@@ -99,6 +103,8 @@ private:
         FcfFileChecker(&m_file, isCompanion ? FcfFileChecker::Companion : FcfFileChecker::Image,
                        m_codec, &m_findings)
             .check(page);
+        compareBinary(page);
+
         QFile file(Digest::pathFor(m_file.path()));
         if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
             return;
@@ -116,6 +122,44 @@ private:
             m_findings.error(ExitCode::NotValid, QString(), QString(),
                              Texts::tr("The digest in %1 is that of another file.")
                                  .arg(QFileInfo(file).fileName()));
+    }
+
+    /// Compares the payload, or the size in a companion, with the binary beside the file. Another
+    /// binary is no error: it may have been built since.
+    void compareBinary(const HeaderPage& page)
+    {
+        const QString path = ImageFiles::of(m_file.path()).binary;
+        const QString name = QFileInfo(path).fileName();
+        if (!QFileInfo(path).isFile())
+            return;
+
+        InputOpener inputs(nullptr, [](const QString&) { return Unobserved; });
+        const auto binary = inputs.open(path, FcfFileChecker::LargestFile, QString());
+        if (!binary)
+            return;
+
+        const qint64 stated = page.reading.header.binFileSize;
+        if (binary->size() != stated) {
+            add(Texts::tr("Beside it"), Texts::tr("%1 has %2 bytes, the image is of %3")
+                                            .arg(name)
+                                            .arg(binary->size())
+                                            .arg(stated));
+            return;
+        }
+        if (page.payloadBytes != stated)
+            return;
+
+        const auto difference =
+            FileCompare::compare({&m_file, page.bytes, page.payloadBytes, nullptr},
+                                 {&*binary, 0, binary->size(), nullptr}, Unobserved);
+        if (!difference)
+            return;
+        add(Texts::tr("Beside it"),
+            difference->count == 0 ? Texts::tr("%1 is the payload, byte for byte").arg(name)
+                                   : Texts::tr("%1 differs in %2 bytes, the first one at offset %3")
+                                         .arg(name)
+                                         .arg(difference->count)
+                                         .arg(difference->offset));
     }
 
     const InputFile& m_file;
@@ -146,8 +190,9 @@ ImageReport ImageReport::of(const QString& path)
 
 QString ImageReport::html() const
 {
-    QString html = findings.isEmpty() ? Texts::tr("<p>The file is as the generator writes it.</p>")
-                                      : Texts::tr("<p><b>Findings</b></p>");
+    QString html = "<h3>" + verdict() + "</h3>";
+    html += findings.isEmpty() ? Texts::tr("<p>The file is as the generator writes it.</p>")
+                               : Texts::tr("<p><b>Findings</b></p>");
     for (const QString& finding : findings)
         html += "<p>&#9888; " + finding.toHtmlEscaped() + "</p>";
     html += "<table cellpadding='3'>";
@@ -158,9 +203,14 @@ QString ImageReport::html() const
     return html + "</table>";
 }
 
+QString ImageReport::verdict() const
+{
+    return findings.isEmpty() ? Texts::tr("VALID") : Texts::tr("NOT VALID");
+}
+
 QString ImageReport::text() const
 {
-    QStringList lines;
+    QStringList lines{verdict()};
     for (const auto& row : rows)
         lines << row.first + ": " + row.second;
     for (const QString& finding : findings)

@@ -19,6 +19,8 @@ struct ImageReport {
     /// Reads the file at \p path, which may be anything, whole.
     static ImageReport of(const QString& path);
 
+    /// Whether the file is valid, for the user.
+    QString verdict() const;
     QString html() const;
     QString text() const;
 };

@@ -28,6 +28,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPushButton>
 #include <QSettings>
 #include <QStatusBar>
 #include <QStyle>
@@ -112,6 +113,8 @@ void MainWindow::buildCentre()
     connect(m_ui->startPage, &StartPage::chosen, this, [](const QString& command) {
         QtilitiesApplication::actionManager()->command(command)->action()->trigger();
     });
+    connect(m_ui->CloseOthersButton, &QPushButton::clicked, this,
+            [this] { m_session->closeOthers(m_view->currentDesign()); });
     connect(m_ui->startPage, &StartPage::recentChosen, this, &MainWindow::openDesign);
 
     m_path = new QLabel(this);
@@ -156,6 +159,9 @@ void MainWindow::buildViewMenu()
     for (const QDockWidget* dock : {m_ui->PropertyDock, m_ui->InspectorDock, m_ui->LogDock})
         view->addAction(dock->toggleViewAction());
     view->addAction(m_ui->ToolBar->toggleViewAction());
+    // A pane behind another tab has no keys: a menu of its own would come up at the edge.
+    for (QDockWidget* dock : {m_ui->PropertyDock, m_ui->InspectorDock, m_ui->LogDock})
+        connect(dock, &QDockWidget::visibilityChanged, dock->widget(), &QWidget::setEnabled);
     view->addSeparator();
     auto* const reset = new QAction(tr("&Reset Layout"), this);
     reset->setObjectName("View.ResetLayout");
@@ -188,6 +194,28 @@ void MainWindow::connectDesigns()
         m_view->setFocus();
     });
     connect(m_view, &DesignView::currentItemChanged, this, &MainWindow::showCurrentDesign);
+    connect(m_view, &DesignView::currentItemChanged, this, &MainWindow::inspectCurrent);
+    connect(m_ui->InspectorDock, &QDockWidget::visibilityChanged, this,
+            &MainWindow::inspectCurrent);
+}
+
+void MainWindow::inspectCurrent()
+{
+    // A pane that is closed, or behind another tab, is disabled.
+    const DesignFile* const file = m_model->fileAt(m_view->currentIndex());
+    const bool isFcf = file && QStringList({"fcf", "txt"}).contains(file->suffix());
+    if (isFcf && m_ui->InspectorDock->isVisible() && m_ui->inspector->isEnabled())
+        m_ui->inspector->inspect(file->filePath());
+}
+
+void MainWindow::showSeveralDesigns()
+{
+    const int count = m_model->rowCount();
+    m_ui->SeveralDesigns->setVisible(count > 1);
+    m_ui->SeveralDesignsText->setText(
+        tr("%1 designs are open. The generator is filled in, and adds its files, only when one is.")
+            .arg(count));
+    m_ui->CloseOthersButton->setEnabled(m_view->currentDesign());
 }
 
 void MainWindow::logStates(const QList<DesignFile*>& files)
@@ -212,6 +240,7 @@ void MainWindow::showCurrentDesign()
     const bool hasDesigns = m_model->rowCount() > 0;
     m_ui->pages->setCurrentWidget(hasDesigns ? static_cast<QWidget*>(m_view) : m_ui->startPage);
     m_ui->editor->setDesign(design);
+    showSeveralDesigns();
 
     setWindowTitle(design ? tr("%1[*] - Pelk Design Host").arg(design->name())
                           : tr("Pelk Design Host"));

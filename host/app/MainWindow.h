@@ -53,6 +53,10 @@ private:
     void connectDesigns();
     void resetLayout();
     void showCurrentDesign();
+    /// Shows the current image or companion in the inspector, if that is visible.
+    void inspectCurrent();
+    /// Says what does not work while several designs are open, above them.
+    void showSeveralDesigns();
     /// Logs which of \p files, which were generated just now, are not what they should be.
     void logStates(const QList<OrvanticCore::DesignFile*>& files);
 

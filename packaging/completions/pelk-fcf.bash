@@ -80,7 +80,7 @@ _pelk_fcf() {
             --function --like --output --date-time --date-format --no-companion --digest --force \
             --strict --depfile --depfile-target --swap --pad-to --if-changed "$common" ;;
         verify) _pelk_fcf_words --bin --swap --companion --no-companion --digest --no-digest \
-            --require-digest --type "$common" ;;
+            --require-digest --like --type "$common" ;;
         extract) _pelk_fcf_words --output --no-companion --no-digest --force "$common" ;;
         show) _pelk_fcf_words --field --check "$common" ;;
         list) _pelk_fcf_words --csv --digest "$common" ;;

@@ -70,7 +70,7 @@ complete -c pelk-fcf -n '__pelk_fcf_command create; and string match -q -- "*--s
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l version -d 'Version of the build'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l description -d 'Text, or @file'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l function -d 'Name, author, CI, description'
-complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l like -a '(__pelk_fcf_files .fcf .txt .json)' \
+complete -c pelk-fcf -n '__pelk_fcf_command create verify' -x -l like -a '(__pelk_fcf_files .fcf .txt .json)' \
     -d 'Take the rest from a file'
 complete -c pelk-fcf -n '__pelk_fcf_command create extract' -r -F -s o -l output -d 'Where to write'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l date-time -d 'YYYY-MM-DDTHH:MM:SS'

@@ -43,7 +43,9 @@ It also adds configuration packages to the host's archive dialog.")
 
 set(CPACK_DEBIAN_PELK-HOST_PACKAGE_NAME pelk-host)
 set(CPACK_DEBIAN_PELK-HOST_PACKAGE_SECTION electronics)
-set(CPACK_DEBIAN_PELK-HOST_PACKAGE_RECOMMENDS "pelk-fcf, pelk-fcf-plugin, qttranslations5-l10n")
+# Its catalogue has the standard buttons, such as Cancel, in the user's language.
+set(CPACK_DEBIAN_PELK-HOST_PACKAGE_DEPENDS "qttranslations5-l10n")
+set(CPACK_DEBIAN_PELK-HOST_PACKAGE_RECOMMENDS "pelk-fcf, pelk-fcf-plugin")
 set(CPACK_DEBIAN_PELK-HOST_PACKAGE_SUGGESTS "cmake, g++, qtbase5-dev")
 set(CPACK_DEBIAN_PELK-HOST_DESCRIPTION
 "design host for firmware plug-ins, and its SDK

@@ -40,14 +40,6 @@ class GenerateFailureTest : public GeneratorTest {
     Q_OBJECT
 
 private slots:
-    void asksBeforeOverwritingAndStopsOnNo_data();
-    void asksBeforeOverwritingAndStopsOnNo();
-    void overwritesOnYes();
-    void namesTheFileThatCannotBeOpenedAfterTheQuestion_data();
-    void namesTheFileThatCannotBeOpenedAfterTheQuestion();
-    void namesTheImageThatCannotBeMade();
-    void namesTheCompanionThatCannotBeMade();
-    void failsForABinaryThatHasVanished();
     void failsForABinaryThatCannotBeRead();
     void failsOnAFullDisk_data();
     void failsOnAFullDisk();
@@ -56,7 +48,6 @@ private slots:
     void failsOnAFullDevice_data();
     void failsOnAFullDevice();
     void failsForACompanionThatKeepsNothing();
-    void warnsWhenTheHeaderHasAnotherSize();
     void namesAnImageThatCannotBeOpenedAgain_data();
     void namesAnImageThatCannotBeOpenedAgain();
     void logsWhichTooLargeFileCannotBeDeleted_data();
@@ -76,118 +67,6 @@ void GenerateFailureTest::expectFailure()
     QCOMPARE(created.count(), 0);
     for (const QString& line : driver->log())
         QVERIFY2(line.startsWith("8 "), qPrintable(line));
-}
-
-void GenerateFailureTest::asksBeforeOverwritingAndStopsOnNo_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::newRow("the button No") << 0;
-    QTest::newRow("Enter, on the default button") << int(Qt::Key_Return);
-    QTest::newRow("Escape") << int(Qt::Key_Escape);
-}
-
-void GenerateFailureTest::asksBeforeOverwritingAndStopsOnNo()
-{
-    QFETCH(int, key);
-    driver->fillIn(driver->binary("top.bin", 10));
-    const QString image = driver->binary("top.fcf", 77);
-    const QString companion = driver->binary("top.txt", 78);
-    const QByteArray imageBefore = driver->content(image);
-    const QByteArray companionBefore = driver->content(companion);
-    driver->dialogs().clear();
-    driver->dialogs().inspect([](QWidget* widget) {
-        const auto* const box = qobject_cast<QMessageBox*>(widget);
-        QCOMPARE(box->standardButtons(), QMessageBox::Yes | QMessageBox::No);
-        QCOMPARE(box->defaultButton(), box->button(QMessageBox::No));
-        QCOMPARE(box->icon(), QMessageBox::Question);
-        QVERIFY(!box->parent());
-    });
-    if (key == 0)
-        driver->dialogs().click(QMessageBox::No);
-    else
-        driver->dialogs().press(static_cast<Qt::Key>(key));
-    expectFailure();
-    QCOMPARE(driver->dialogs().texts(),
-             QStringList("A fcf file already exists at path:<br><br>" + image +
-                         "<br><br>Do you want to overwrite it?"));
-    QCOMPARE(driver->content(image), imageBefore);
-    QCOMPARE(driver->content(companion), companionBefore);
-    QCOMPARE(driver->text("finalSize"), QString());
-}
-
-void GenerateFailureTest::overwritesOnYes()
-{
-    driver->fillIn(driver->binary("top.bin", 10));
-    driver->binary("top.fcf", 700000);
-    driver->binary("top.txt", 800000);
-    driver->dialogs().click(QMessageBox::Yes);
-    driver->click("GenerateButton");
-    QCOMPARE(driver->text("StatusBar"), QString(Green));
-    const PlainFcf image = PlainFcf::fromFile(driver->path("top.fcf").toStdString());
-    QCOMPARE(image.payload, driver->content(driver->path("top.bin")).toStdString());
-    QCOMPARE(driver->content(driver->path("top.txt")).size(), int(image.headerBytes));
-}
-
-void GenerateFailureTest::namesTheFileThatCannotBeOpenedAfterTheQuestion_data()
-{
-    QTest::addColumn<QString>("folderInItsPlace");
-    QTest::addColumn<bool>("imageEmptied");
-    QTest::newRow("the image") << "top.fcf" << false;
-    QTest::newRow("the binary") << "top.bin" << true;
-    QTest::newRow("the companion") << "top.txt" << true;
-}
-
-void GenerateFailureTest::namesTheFileThatCannotBeOpenedAfterTheQuestion()
-{
-    QFETCH(QString, folderInItsPlace);
-    QFETCH(bool, imageEmptied);
-    driver->fillIn(driver->binary("top.bin", 10));
-    driver->binary("top.fcf", 77);
-    const QString refused = driver->path(folderInItsPlace);
-    QFile::remove(refused);
-    QVERIFY(QDir().mkpath(refused));
-    driver->dialogs().click(QMessageBox::Yes);
-    driver->dialogs().click(QMessageBox::Ok);
-    expectFailure();
-    QCOMPARE(driver->dialogs().texts().last(), "can't open " + refused);
-    if (imageEmptied)
-        QCOMPARE(QFileInfo(driver->path("top.fcf")).size(), qint64(0));
-    QCOMPARE(driver->exists(driver->path("top.txt")), folderInItsPlace == "top.txt");
-    QCOMPARE(driver->text("finalSize"), QString());
-}
-
-void GenerateFailureTest::namesTheImageThatCannotBeMade()
-{
-    // The image's folder would be "out.fcf", which does not exist.
-    QVERIFY(QDir().mkpath(driver->path("out.bin")));
-    driver->fillIn(driver->binary("out.bin/top.bin", 10));
-    driver->dialogs().click(QMessageBox::Ok);
-    expectFailure();
-    QCOMPARE(driver->dialogs().texts().last(), "can't open " + driver->path("out.fcf/top.fcf"));
-}
-
-void GenerateFailureTest::namesTheCompanionThatCannotBeMade()
-{
-    driver->fillIn(driver->binary("top.bin", 10));
-    QVERIFY(QDir().mkpath(driver->path("top.txt")));
-    driver->dialogs().click(QMessageBox::Ok);
-    expectFailure();
-    QCOMPARE(driver->dialogs().texts().last(), "can't open " + driver->path("top.txt"));
-    QVERIFY(driver->exists(driver->path("top.fcf")));
-    QVERIFY(driver->exists(driver->path("top.txt")));
-}
-
-void GenerateFailureTest::failsForABinaryThatHasVanished()
-{
-    const QString binary = driver->binary("top.bin", 5000);
-    driver->fillIn(binary);
-    QVERIFY(QFile::remove(binary));
-    expectFailure();
-    QCOMPARE(driver->log(), QStringList("8 Pelk FCF Generator: \"" + binary +
-                                        "\" is not complete: No such file or directory."));
-    const PlainFcf image = PlainFcf::fromFile(driver->path("top.fcf").toStdString());
-    QVERIFY(image.fault.empty() && image.payload.empty());
-    QCOMPARE(image.numbers[5], 5000);
 }
 
 void GenerateFailureTest::failsForABinaryThatCannotBeRead()
@@ -289,23 +168,6 @@ void GenerateFailureTest::failsForACompanionThatKeepsNothing()
     expectFailure();
     QVERIFY2(driver->log().last().contains("it has 0 bytes, but"),
              qPrintable(driver->log().last()));
-}
-
-void GenerateFailureTest::warnsWhenTheHeaderHasAnotherSize()
-{
-    const QString binary = driver->binary("top.bin", 5000);
-    driver->fillIn(binary);
-    driver->binary("top.bin", 6000);
-    driver->click("GenerateButton");
-    QCOMPARE(driver->text("StatusBar"), QString(Green));
-    const PlainFcf image = PlainFcf::fromFile(driver->path("top.fcf").toStdString());
-    QCOMPARE(image.numbers[5], 5000);
-    QCOMPARE(image.payload.size(), std::size_t(6000));
-    QCOMPARE(driver->log().size(), 2);
-    QCOMPARE(driver->log()[0],
-             "4 Pelk FCF Generator: \"" + binary +
-                 "\" has 6000 bytes, but the header says 5000, as the binary was when it was last "
-                 "selected. Select it again and generate anew.");
 }
 
 void GenerateFailureTest::namesAnImageThatCannotBeOpenedAgain_data()

@@ -3,11 +3,14 @@
 #include <QtCreatorUtilities/DetailsWidget.h>
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QGroupBox>
 #include <QLayout>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QtTest>
 
 using QtCreatorUtilities::DetailsWidget;
@@ -29,7 +32,10 @@ private slots:
     void startsWithTheTargetUnfoldedAndTheFunctionsFolded();
     void visitsItsFieldsInReadingOrder();
     void labelsAreBuddiesOfTheirFields();
-    void closesOnCancel();
+    void leavesTheDevicesEmptyForAnUnknownModule();
+    void pastesMarkupAsPlainText();
+    void showsTheTargetThatTheUserGuideNames_data();
+    void showsTheTargetThatTheUserGuideNames();
 };
 
 void GeneratorFormTest::declaresItsSignalAndSlotsInOrder()
@@ -319,10 +325,63 @@ void GeneratorFormTest::labelsAreBuddiesOfTheirFields()
     QCOMPARE(buddies, expected);
 }
 
-void GeneratorFormTest::closesOnCancel()
+void GeneratorFormTest::leavesTheDevicesEmptyForAnUnknownModule()
 {
-    driver->click("btnCancel");
-    QVERIFY(!driver->window()->isVisible());
+    auto* const modules = driver->find<QComboBox>("ModuleComboBox");
+    modules->addItem("dfe");
+    QTest::keyClick(modules, Qt::Key_End);
+    QCOMPARE(driver->window()->getModule(), QString("dfe"));
+    QCOMPARE(driver->find<QComboBox>("FpgaComboBox")->count(), 0);
+    QCOMPARE(driver->window()->getDevice(), QString());
+}
+
+void GeneratorFormTest::pastesMarkupAsPlainText()
+{
+    auto* const data = new QMimeData;
+    data->setHtml("<b>bold</b>");
+    data->setText("bold");
+    QApplication::clipboard()->setMimeData(data);
+    for (const char* memo : {"DescriptionMemo", "DescriptionMemoFunctions"}) {
+        auto* const edit = driver->find<QTextEdit>(memo);
+        edit->setFocus();
+        QTest::keySequence(edit, QKeySequence::Paste);
+        QCOMPARE(edit->toPlainText(), QString("bold"));
+        QVERIFY(!edit->toHtml().contains("font-weight:600"));
+    }
+}
+
+void GeneratorFormTest::showsTheTargetThatTheUserGuideNames_data()
+{
+    QTest::addColumn<QStringList>("made");
+    QTest::addColumn<QStringList>("shown");
+    QFile guide(QFINDTESTDATA("../../docs/guide/changing-a-build.md"));
+    QVERIFY(guide.open(QIODevice::ReadOnly));
+    static const QRegularExpression row(
+        "\\| (DFE|DFE2|GPM), (\\w+) \\| (DFE|DFE2|GPM), (no device|\\w+)");
+    const QString text = guide.readAll();
+    int rows = 0;
+    for (auto match = row.globalMatch(text); match.hasNext();) {
+        const QStringList cells = match.next().capturedTexts();
+        QTest::newRow(qPrintable(cells[1] + ' ' + cells[2]))
+            << QStringList{cells[1], cells[2]}
+            << QStringList{cells[3], cells[4] == "no device" ? QString() : cells[4]};
+        ++rows;
+    }
+    QCOMPARE(rows, 8);
+}
+
+void GeneratorFormTest::showsTheTargetThatTheUserGuideNames()
+{
+    QFETCH(QStringList, made);
+    driver->fillIn(driver->binary("top.bin", 10));
+    driver->window()->setModule(made[0]);
+    driver->window()->setDevice(made[1]);
+    driver->window()->setConfigNum(6);
+    generate();
+    driver->reopen();
+    driver->window()->setTxtFile(driver->path("top.txt"));
+    QTEST(QStringList({driver->window()->getModule(), driver->window()->getDevice()}), "shown");
+    QCOMPARE(driver->window()->getConfigNum(), 6);
 }
 
 QTEST_MAIN(GeneratorFormTest)

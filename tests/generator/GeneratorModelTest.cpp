@@ -3,6 +3,8 @@
 #include "generator/model/GeneratorDice.h"
 #include "generator/model/GeneratorRegressions.h"
 #include "generator/model/GeneratorRun.h"
+#include "generator/model/GeneratorWindow.h"
+#include "generator/PelkFcfGenerator.h"
 
 #include <QApplication>
 #include <QTextCodec>
@@ -33,6 +35,9 @@ void changeSurroundings()
     const std::size_t number = static_cast<std::size_t>(qAbs(seed()));
     if (qgetenv("QT_QPA_PLATFORM").isEmpty())
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    // A day: many steps take longer than Qt gives a function.
+    if (qgetenv("QTEST_FUNCTION_TIMEOUT").isEmpty())
+        qputenv("QTEST_FUNCTION_TIMEOUT", "86400000");
     qputenv("LC_ALL", "");
     qputenv("LANG", "C.UTF-8");
     qputenv("LC_TIME", Locales[number % 5]);
@@ -77,6 +82,7 @@ private Q_SLOTS:
     void takesTheStepsOf();
     void takesRandomSteps();
     void takesTheStepsOfAFile();
+    void stampsTheLocalTimeByItself();
 
 private:
     void report(const QVector<Step>& steps);
@@ -129,6 +135,27 @@ void GeneratorModelTest::takesTheStepsOfAFile()
         return;
     report(steps);
     QFAIL("the window and its model differ");
+}
+
+void GeneratorModelTest::stampsTheLocalTimeByItself()
+{
+    const QString folder = WorkingFolder::make();
+    const QString binary = folder + QLatin1String("/top.bin");
+    WorkingFolder::write(binary, "payload");
+    PelkFcfGenerator window;
+    window.setBinFile(binary);
+    const QDateTime before = QDateTime::currentDateTime();
+    window.saveTofile(binary);
+    const QDateTime after = QDateTime::currentDateTime();
+
+    QFile companion(folder + QLatin1String("/top.txt"));
+    QVERIFY(companion.open(QIODevice::ReadOnly));
+    const QList<QByteArray> lines = companion.readAll().split('\n');
+    WorkingFolder::remove(folder);
+    const QTime time =
+        QTime::fromString(QString::fromLatin1(lines.at(5)), QLatin1String("'Time: 'HH:mm:ss"));
+    QVERIFY(before.date() != after.date() ||
+            (time >= before.time().addMSecs(-999) && time <= after.time()));
 }
 
 void GeneratorModelTest::report(const QVector<Step>& steps)

@@ -22,26 +22,3 @@ PlainFcf GeneratorTest::generate()
     driver->click("GenerateButton");
     return PlainFcf::fromFile(driver->path("top.fcf").toStdString());
 }
-
-void GeneratorTest::uploadThree()
-{
-    driver->upload("A", "a1", "a2", "a3");
-    driver->upload("B", "b1", "b2", "b3");
-    driver->upload("C", "c1", "c2", "c3");
-}
-
-QList<bool> GeneratorTest::editorEnabled() const
-{
-    QList<bool> enabled;
-    for (const char* name :
-         {"EditFunctionName", "AuthorFunctions", "DescriptionMemoFunctions",
-          "CiNumberEditBoxFunctions", "AddNewFunction", "UploadFunctionButton", "btnItsMe"})
-        enabled << driver->find<QWidget>(name)->isEnabled();
-    return enabled;
-}
-
-QStringList GeneratorTest::shown(int index)
-{
-    driver->window()->displayFunctionInfo(index);
-    return driver->editor();
-}

@@ -18,12 +18,6 @@ protected:
 
     /// Presses Generate for top.bin, overwriting, and takes the image apart.
     PlainFcf generate();
-    /// Adds the functions A, B and C.
-    void uploadThree();
-    /// What the editor shows of a function.
-    QStringList shown(int index);
-    /// Of the fields and buttons of the function editor.
-    QList<bool> editorEnabled() const;
 
     QScopedPointer<GeneratorDriver> driver;
 

@@ -21,6 +21,9 @@ private slots:
     void checksAReadBackAgainstARelease_data();
     void checksAReadBackAgainstARelease();
     void takesNoDigestOfOneImageForAnother();
+    void comparesWithWhatWasMeant_data();
+    void comparesWithWhatWasMeant();
+    void refusesWhatNobodyCanHaveMeant();
 };
 
 void CompareTest::comparesThePayloadWithTheBinary()
@@ -271,6 +274,76 @@ void CompareTest::takesNoDigestOfOneImageForAnother()
     QCOMPARE(run.code, 1);
     QVERIFY2(run.out.contains("a.fcf: valid\n"), run.out);
     QVERIFY2(run.out.contains("holds no SHA-256 of"), run.out);
+}
+
+void CompareTest::comparesWithWhatWasMeant_data()
+{
+    QTest::addColumn<QByteArray>("recipe");
+    QTest::addColumn<QStringList>("fields");
+    const auto row = [](const char* name, const QByteArray& members, const QStringList& fields) {
+        QTest::newRow(name) << "{\"recipe\": 2" + members + "}" << fields;
+    };
+    const QByteArray fft = "{\"name\": \"fft\", \"author\": \"Bob\", \"ciNumber\": \"7\", "
+                           "\"description\": \"Spectrum\"}";
+    row("nothing", "", {});
+    row("all that there is",
+        ", \"author\": \"Ann\", \"ciNumber\": \"42\", \"module\": \"DFE\", \"device\": "
+        "\"Interface_FPGA\", \"configNumber\": 1, \"version\": \"1.0\", \"description\": "
+        "\"  Rev B\\n\", \"functions\": [" +
+            fft + "]",
+        {});
+    row("an author", ", \"author\": \"Bob\"", {"author"});
+    row("a version", ", \"version\": \"1.1\"", {"version"});
+    row("a slot", ", \"configNumber\": 2", {"configNumber"});
+    row("a device", ", \"module\": \"DFE\", \"device\": \"Clock_Master_Device\"", {"device"});
+    row("a description and a CI number", ", \"description\": \"\", \"ciNumber\": \"\"",
+        {"ciNumber", "description"});
+    row("no functions", ", \"functions\": []", {"functions[fft]"});
+    row("a function", ", \"functions\": [" + QByteArray(fft).replace("Bob", "Cy") + "]",
+        {"functions[fft].author"});
+}
+
+void CompareTest::comparesWithWhatWasMeant()
+{
+    QFETCH(QByteArray, recipe);
+    QFETCH(QStringList, fields);
+    m_tool.write("meant.json", recipe);
+    const Run run = verifyBytes(ForgedImage().bytes(),
+                                {"--no-companion", "--like", m_tool.argument("meant.json")});
+    QCOMPARE(run.code, fields.isEmpty() ? 0 : 1);
+    QStringList found;
+    for (const auto& value : run.json()["findings"].toArray()) {
+        const QJsonObject finding = value.toObject();
+        if (finding["severity"].toString() == "error")
+            found << finding["field"].toString();
+    }
+    QCOMPARE(found, fields);
+    if (fields == QStringList("author")) {
+        QCOMPARE(run.finding("author")["expected"].toString(), QString("Bob"));
+        QCOMPARE(run.finding("author")["found"].toString(), QString("Ann"));
+    }
+}
+
+void CompareTest::refusesWhatNobodyCanHaveMeant()
+{
+    m_tool.write("meant.json", "{}");
+    const Arguments like{"--like", m_tool.argument("meant.json")};
+    QCOMPARE(verifyBytes(ForgedImage().bytes(), like).code, 2);
+    QCOMPARE(
+        m_tool
+            .run(Arguments{"verify", m_tool.argument("top.fcf"), m_tool.argument("top.fcf")} + like)
+            .code,
+        2);
+
+    // The image of the release is what was meant.
+    ForgedImage image;
+    m_tool.write("release.fcf", image.bytes());
+    image.text.replace("Date: 31 May 2024", "Date: 1 June 2025");
+    const Arguments release{"--like", m_tool.argument("release.fcf"), "--no-companion"};
+    const Run same = verifyBytes(image.bytes(), release);
+    QVERIFY2(same.code == 0, same.out);
+    image.text.replace("Author: Ann", "Author: Bob");
+    QCOMPARE(verifyBytes(image.bytes(), release).code, 1);
 }
 
 QTEST_GUILESS_MAIN(CompareTest)

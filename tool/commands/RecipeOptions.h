@@ -25,7 +25,6 @@ public:
 
 private:
     void readFields(Recipe* recipe, Task* task) const;
-    std::optional<Recipe> like(Task* task) const;
 
     /// The arguments by the names of the fields.
     std::map<std::string, std::optional<std::string>> m_given;

@@ -2,7 +2,10 @@
 #include "tool/check/FcfFileChecker.h"
 #include "tool/commands/BinaryOptions.h"
 #include "tool/commands/Command.h"
+#include "tool/commands/RecipeFile.h"
 #include "tool/commands/SidecarOptions.h"
+#include "tool/recipe/HeaderJson.h"
+#include "tool/recipe/RecipeJson.h"
 
 namespace {
 
@@ -16,11 +19,13 @@ private:
     QJsonObject verifyFile(const QString& path, Task* task);
     std::optional<FcfFileChecker::Kind> kindOf(const QString& path, Task* task) const;
     void verify(const QString& path, FcfFileChecker::Kind kind, Task* task, QJsonObject* result);
+    void compareRecipe(const FcfFile& fcf, Task* task) const;
     bool compareBinary(const FcfFileChecker& checker, const HeaderPage& page, Task* task);
 
     std::vector<std::string> m_files;
     BinaryOptions m_binary;
     SidecarOptions m_sidecars;
+    std::optional<std::string> m_like;
     std::optional<std::string> m_type;
 };
 
@@ -30,6 +35,9 @@ VerifyCommand::VerifyCommand(CLI::App* parent)
     Arguments::addOperands(app, "FILE", &m_files, "images or companions; - is standard input");
     m_binary.declareOption(app);
     m_sidecars.declareNaming(app);
+    Arguments::addOption(app, RecipeFile::Option, &m_like, "FILE",
+                         "what the header must say: a recipe (.json; - is one on standard input), "
+                         "an image (.fcf) or a companion (.txt)");
     Arguments::addOption(app, "--type", &m_type, "image|companion",
                          "what FILE is (default: by its name, .fcf or .txt)");
 }
@@ -37,8 +45,8 @@ VerifyCommand::VerifyCommand(CLI::App* parent)
 void VerifyCommand::run(Task* task)
 {
     task->report.findingsAreResults = true;
-    if (m_files.size() > 1 && (m_binary.isGiven() || m_sidecars.hasNamedCompanion())) {
-        task->refuse("FILE", "--bin and --companion are about one file");
+    if (m_files.size() > 1 && (m_binary.isGiven() || m_sidecars.hasNamedCompanion() || m_like)) {
+        task->refuse("FILE", "--bin, --companion and --like are about one file");
         return;
     }
     m_sidecars.setImageCount(static_cast<int>(m_files.size()));
@@ -103,6 +111,8 @@ void VerifyCommand::verify(const QString& path, FcfFileChecker::Kind kind, Task*
     const FcfFileChecker checker(&file, kind, task->codec, &task->findings);
     checker.check(page);
     SidecarOptions::checkCompanion(checker, page, set->companion);
+    if (m_like)
+        compareRecipe(*fcf, task);
     const bool isCompared = compareBinary(checker, page, task);
     if (kind == FcfFileChecker::Companion)
         return;
@@ -116,6 +126,35 @@ void VerifyCommand::verify(const QString& path, FcfFileChecker::Kind kind, Task*
         task->findings.note(file.label(), PayloadField,
                             "the header holds no checksum of the payload, so only its "
                             "length was checked; --bin or a digest checks more");
+}
+
+/// Checks that the header says what the file of --like does. What that leaves open may be anything.
+void VerifyCommand::compareRecipe(const FcfFile& fcf, Task* task) const
+{
+    std::optional<Recipe> recipe = RecipeFile::read(*m_like, task);
+    if (!recipe)
+        return;
+
+    const FcfHeader& header = fcf.page.reading.header;
+    FcfHeader meant = header;
+    recipe->complete(Recipe::of(header), QString());
+    recipe->fill(&meant);
+
+    const QString like = shownText(InputFile::labelOf(QFile::decodeName(m_like->c_str())));
+    const QStringList fieldsOfRecipes =
+        RecipeJson::fields(Recipe::of(FcfHeader())).keys() + QStringList{"module", "device"};
+    for (const auto& value : HeaderJson::differences(meant, header)) {
+        const QJsonObject difference = value.toObject();
+        const QString field = difference["field"].toString();
+        // A version and a target have numbers beside them, which differ along with them.
+        if (!fieldsOfRecipes.contains(field.section(QLatin1Char('['), 0, 0)))
+            continue;
+        task->findings
+            .error(ExitCode::NotValid, fcf.file.label(), field,
+                   QStringLiteral("is not that of %1").arg(like))
+            .comparing(difference["a"].toVariant().toString(),
+                       difference["b"].toVariant().toString());
+    }
 }
 
 /// Compares the payload with the binary, if one was given. Returns whether it did.

@@ -4,6 +4,7 @@
 #include <OrvanticCore/DesignFile.h>
 #include <OrvanticCore/DesignStructure.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -15,6 +16,10 @@ using OrvanticCore::DesignFile;
 using OrvanticCore::DesignStructure;
 
 namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(ArchiveDestination)
+};
 
 /// The format whose extension \p path has, in letters of either case.
 std::optional<ArchiveFormat> formatOf(const QString& path)
@@ -77,6 +82,36 @@ QString ArchiveDestination::filePath(const QString& path) const
     const QString file = QDir::fromNativeSeparators(path);
     return m_design ? QDir::cleanPath(QDir(m_design->workingFolderPath()).absoluteFilePath(file))
                     : file;
+}
+
+bool ArchiveDestination::leadsOut(const QString& path)
+{
+    return QDir::fromNativeSeparators(path).split('/').contains("..");
+}
+
+QStringList ArchiveDestination::oddities(const QString& path) const
+{
+    QStringList found;
+    const QFileInfo file(filePath(path));
+    const QString extension = knownExtension(file.fileName());
+    const QString stem = file.fileName().left(file.fileName().size() - extension.size());
+    if (stem.split('-').contains(QString()))
+        found << Texts::tr("A part of the name is empty.");
+
+    for (const QChar character : stem) {
+        const bool isUsual = character.isLetterOrNumber() || QString("-_.").contains(character);
+        if (!isUsual) {
+            found << Texts::tr("The name has the character \"%1\".").arg(character);
+            break;
+        }
+    }
+
+    // The host makes the folder that the structure of the design has for archives.
+    const std::optional<ArchiveFormat> format = formatOf(path);
+    const bool isOfStructure = m_design && format && folderFor(*format) == file.path();
+    if (!isOfStructure && !file.dir().exists())
+        found << Texts::tr("There is no folder %1 yet.").arg(QDir::toNativeSeparators(file.path()));
+    return found;
 }
 
 bool ArchiveDestination::isOfDesign(const QString& file) const

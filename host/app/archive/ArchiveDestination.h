@@ -4,6 +4,7 @@
 #include "host/app/archive/ArchiveFormat.h"
 
 #include <QString>
+#include <QStringList>
 
 namespace OrvanticCore {
 class Design;
@@ -35,6 +36,14 @@ public:
 
     /// The absolute path of the file, with slashes.
     QString filePath(const QString& path) const;
+
+    /// Whether \p path, which an extension has built from the parts of a name, leads out of its
+    /// folder.
+    static bool leadsOut(const QString& path);
+
+    /// What is odd about the name of the file at \p path, which an extension has built: empty parts
+    /// between hyphens, characters that names of packages do not have, further folders.
+    QStringList oddities(const QString& path) const;
 
     /// Whether the file at \p file, an absolute path, is one of the design's or its description,
     /// by this name or by another one through links.

@@ -99,6 +99,8 @@ private:
     void setIncludedItems(Items items);
 
     void archive();
+    /// Whether the archive may get the name that the extension has built. Asks about an odd one.
+    bool mayUseName();
     ArchivePlan plan() const;
     void handleJobFinished();
     void showError(const QString& reason);

@@ -58,6 +58,9 @@ void ArchiveDialog::archive()
         return;
     }
 
+    if (!m_isPlain && !mayUseName())
+        return;
+
     const QString question =
         tr("%1 exists already. Replace it?").arg(QDir::toNativeSeparators(path));
     if (present.isFile() &&
@@ -81,6 +84,23 @@ void ArchiveDialog::archive()
     m_ui->stateLabel->clear();
     updateState();
     m_job->start();
+}
+
+bool ArchiveDialog::mayUseName()
+{
+    const QString path = m_ui->destinationPath->text();
+    const QString shown = QDir::toNativeSeparators(path);
+    if (ArchiveDestination::leadsOut(path)) {
+        showError(tr("The name leads out of the folder of the archive:\n%1").arg(shown));
+        return false;
+    }
+
+    const QStringList oddities = destination().oddities(path);
+    return oddities.isEmpty() ||
+           showBox(QMessageBox::Question,
+                   tr("%1\n\n%2\n\nDo you want to archive the design under this name?")
+                       .arg(shown, oddities.join('\n')),
+                   QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
 }
 
 ArchivePlan ArchiveDialog::plan() const

@@ -45,10 +45,14 @@ QString sideText(int number) { return QString::fromLatin1("side%1").arg(number);
 
 QDateTime momentOf(int number)
 {
-    // Both files of a build get times on different days now and then.
-    const int secondsBetween = 8 * 3600 + 1;
-    const QDateTime start(QDate(2026, 9, 29), QTime(23, 59, 58));
-    return start.addSecs(number / 2 * secondsBetween + number % 2 * 3);
+    // Days that some locales write longer or shorter than the day behind them.
+    static const int Days[][2] = {{9, 10}, {31, 10}, {29, 9}, {31, 12}};
+    const int pair = number / 2;
+    const int* const day = Days[pair % 4];
+    const QDate date(2026 + pair / 4, day[1], day[0]);
+    // Two of three builds go on past midnight.
+    const QTime time = pair % 3 == 2 ? QTime(12, 34, pair % 60) : QTime(23, 59, 58);
+    return QDateTime(date, time).addSecs(number % 2 * 3);
 }
 
 GeneratorRun::GeneratorRun()

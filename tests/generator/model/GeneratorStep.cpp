@@ -178,7 +178,7 @@ QString withMarksInPlaces(QString text, int kind)
     case 24:
         return text.replace(description, QLatin1String("Description:without a blank"));
     case 25:
-        return text.replace(QLatin1String("----"), QString());
+        return text.remove(QLatin1String("----\n")).remove(QLatin1String("----"));
     default:
         return text;
     }

@@ -5,6 +5,8 @@
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
 
+#include <QDockWidget>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -54,6 +56,8 @@ private slots:
     void undoesWhatTheGeneratorSetAsOneStep();
     void undoesEachStepExactly();
     void callsAMoveAMove();
+    void saysThatSeveralDesignsAreOpen();
+    void opensNoMenuOfAPaneBehindAnother();
 };
 
 void AccidentsTest::beginsWithTheKeyboardInTheTree()
@@ -166,6 +170,47 @@ void AccidentsTest::callsAMoveAMove()
 
     host.drop("Other Files", host.writeFile("radar/new.vhd", "x"));
     QCOMPARE(host.child<QAction>("Edit.Undo")->text(), QString("&Undo Add new.vhd"));
+}
+
+void AccidentsTest::saysThatSeveralDesignsAreOpen()
+{
+    HostFixture host;
+    auto* const bar = host.child<QWidget>("SeveralDesigns");
+    Design* const first = host.openDesign("radar");
+    QVERIFY(!bar->isVisible());
+    host.openDesign("other");
+    QVERIFY(bar->isVisible());
+    QVERIFY(host.child<QLabel>("SeveralDesignsText")->text().startsWith("2 designs are open."));
+
+    // Cancelling keeps both open.
+    first->setVersion(3, 3);
+    host.dialogs().click(QMessageBox::Cancel);
+    auto* const close = host.child<QPushButton>("CloseOthersButton");
+    QTest::mouseClick(close, Qt::LeftButton);
+    QVERIFY(bar->isVisible());
+    host.dialogs().click(QMessageBox::Discard);
+    QTest::mouseClick(close, Qt::LeftButton);
+    QVERIFY(host.dialogs().allGiven());
+    QVERIFY(!bar->isVisible());
+    QVERIFY(!host.item("radar").isValid());
+    QVERIFY(host.item("other").isValid());
+}
+
+void AccidentsTest::opensNoMenuOfAPaneBehindAnother()
+{
+    HostFixture host;
+    host.openDesign("radar");
+    host.activate();
+    auto* const properties = host.child<QDockWidget>("PropertyDock");
+    auto* const image = host.child<QDockWidget>("InspectorDock");
+    image->show();
+    image->raise();
+    QTRY_VERIFY(!properties->widget()->isEnabled());
+    QTest::keyClick(host.window()->windowHandle(), Qt::Key_A, Qt::AltModifier);
+    QVERIFY(!QApplication::activePopupWidget());
+
+    properties->raise();
+    QTRY_VERIFY(properties->widget()->isEnabled());
 }
 
 int main(int argc, char** argv)

@@ -1,13 +1,16 @@
 #include "host/app/HostFixture.h"
 
 #include "host/archive/Unpacked.h"
+#include "toolkit/QtDifferences.h"
 
 #include <OrvanticCore/Design.h>
 
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSettings>
 #include <QTranslator>
 #include <QtTest>
@@ -149,8 +152,12 @@ void HostArchiveTest::writesTheSameFilesInGerman()
     QCOMPARE(english["ZORV_Plugin/active_package_type"], QByteArray("7010 (Firmware)"));
     QCOMPARE(host->action("File.ArchiveDesign")->text(), QString("&Archive Design..."));
 
+    QTranslator ofToolkit;
     QTranslator ofHost;
     QTranslator ofPlugin;
+    // The toolkit's own buttons are in its catalogue, which the packages depend on.
+    QVERIFY(ofToolkit.load("qtbase_de", Toolkit::translationsFolder()));
+    QVERIFY(QCoreApplication::installTranslator(&ofToolkit));
     QVERIFY(ofHost.load(":/translations/pelk-host_de.qm"));
     QVERIFY(ofPlugin.load("ZORV_Plugin_de", ZORV_PLUGIN_FOLDER));
     QVERIFY(QCoreApplication::installTranslator(&ofHost));
@@ -162,6 +169,9 @@ void HostArchiveTest::writesTheSameFilesInGerman()
     QLocale::setDefault(QLocale::c());
     QCOMPARE(german, english);
     QCOMPARE(host->action("File.ArchiveDesign")->text(), QString("Design &archivieren..."));
+    const QDialogButtonBox buttons(QDialogButtonBox::Cancel | QDialogButtonBox::Close);
+    QCOMPARE(buttons.button(QDialogButtonBox::Cancel)->text(), QString("Abbrechen"));
+    QCOMPARE(buttons.button(QDialogButtonBox::Close)->text(), QString("Schließen"));
 }
 
 int main(int argc, char** argv)

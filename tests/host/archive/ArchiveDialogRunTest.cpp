@@ -43,6 +43,9 @@ private slots:
 
     void archivesWhatIsChecked();
     void archivesTheDescriptionAsItIsThen();
+    void refusesANameThatLeadsOut();
+    void asksAboutAnOddName_data();
+    void asksAboutAnOddName();
     void archivesWhatAHidingExtensionNames();
     void archivesUnderTheExactPath();
     void asksBeforeItReplaces_data();
@@ -126,6 +129,53 @@ void ArchiveDialogRunTest::archivesWhatIsChecked()
     QCOMPARE(log.size(), 1);
     QVERIFY(log.at(0).at(1).toString().contains("The design is archived in " +
                                                 bench->path("radar.zip") + '.'));
+}
+
+void ArchiveDialogRunTest::refusesANameThatLeadsOut()
+{
+    find<QComboBox>("typeBox")->setCurrentIndex(1);
+    QTest::keyClicks(extension.get(), bench->path("7010-x/../../OUT-01.zip"));
+    answers->click(QMessageBox::Ok);
+    pressArchive();
+    QVERIFY(answers->allGiven());
+    QVERIFY2(answers->texts().first().contains("leads out of the folder"),
+             qPrintable(answers->texts().first()));
+    QVERIFY(!QFileInfo::exists(bench->outside("OUT-01.zip")));
+    QVERIFY(dialog->isVisible());
+}
+
+void ArchiveDialogRunTest::asksAboutAnOddName_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("oddity");
+    QTest::newRow("an empty part") << "7010--ELEC.zip"
+                                   << "A part of the name is empty.";
+    QTest::newRow("a blank") << "7010-A B-ELEC.zip"
+                             << "The name has the character \" \".";
+    QTest::newRow("a colon") << "7010-A:B-ELEC.zip"
+                             << "The name has the character \":\".";
+    QTest::newRow("a folder of its own") << "7010-A/B-ELEC.zip"
+                                         << "There is no folder ";
+}
+
+void ArchiveDialogRunTest::asksAboutAnOddName()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, oddity);
+    find<QComboBox>("typeBox")->setCurrentIndex(1);
+    QTest::keyClicks(extension.get(), bench->path(name));
+    answers->click(QMessageBox::No);
+    pressArchive();
+    QVERIFY(answers->allGiven());
+    QVERIFY2(answers->texts().first().contains(oddity), qPrintable(answers->texts().first()));
+    QVERIFY(dialog->isVisible());
+    QVERIFY(!QFileInfo::exists(bench->path(name)));
+
+    answers->clear();
+    answers->click(QMessageBox::Yes);
+    pressArchive();
+    QTRY_VERIFY_WITH_TIMEOUT(!dialog->isVisible(), PatienceMs);
+    QVERIFY(QFileInfo::exists(bench->path(name)));
 }
 
 void ArchiveDialogRunTest::archivesTheDescriptionAsItIsThen()
