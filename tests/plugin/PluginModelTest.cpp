@@ -13,12 +13,9 @@
 
 #include <QApplication>
 #include <QDirIterator>
-#include <QElapsedTimer>
 #include <QFocusEvent>
 #include <QLineEdit>
 #include <QtTest>
-
-#include <functional>
 
 using OrvanticCore::Interfaces::IDesignViewExtensions;
 using Qtilities::Core::PropertySpecification;
@@ -173,15 +170,6 @@ QStringList embeddedFiles()
         files << entry.next();
     files.sort();
     return files;
-}
-
-/// Lets events run until \p condition is true, for some seconds at most.
-void waitFor(const std::function<bool()>& condition)
-{
-    QElapsedTimer timer;
-    timer.start();
-    while (!condition() && timer.elapsed() < 2000)
-        QTest::qWait(1);
 }
 
 } // namespace
@@ -373,7 +361,7 @@ void PluginModelTest::choose(const ModelAction& action)
     foreach (QWidget* window, LoadedPlugin::generatorWindows())
         m_window = window;
     if (times > 0)
-        waitFor([this] { return isActive(); });
+        LoadedPlugin::waitUntilActive(m_window);
 }
 
 void PluginModelTest::closeWindow(const ModelAction& action)
@@ -414,7 +402,7 @@ void PluginModelTest::cover(const ModelAction&)
 void PluginModelTest::activateOther()
 {
     m_other.activateWindow();
-    waitFor([this] { return m_other.isActiveWindow(); });
+    LoadedPlugin::waitUntilActive(&m_other);
     m_model.active = false;
 }
 
@@ -423,7 +411,7 @@ void PluginModelTest::useField(const ModelAction& action)
     if (!m_window || !m_model.visible || m_model.minimized)
         return;
     m_window->activateWindow();
-    waitFor([this] { return isActive(); });
+    LoadedPlugin::waitUntilActive(m_window);
     field()->setFocus(Qt::MouseFocusReason);
     QTest::keyClick(field(), static_cast<char>('a' + action.choice(0, 26)));
     m_model.author = qobject_cast<QLineEdit*>(field())->text();

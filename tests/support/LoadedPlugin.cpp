@@ -4,6 +4,8 @@
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 
 #include <QApplication>
+#include <QElapsedTimer>
+#include <QtTest>
 
 using Qtilities::Core::QtilitiesCoreApplication;
 using Qtilities::CoreGui::QtilitiesApplication;
@@ -37,6 +39,14 @@ QList<QWidget*> LoadedPlugin::generatorWindows()
             windows << window;
     }
     return windows;
+}
+
+void LoadedPlugin::waitUntilActive(const QWidget* window)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (QApplication::activeWindow() != window && timer.elapsed() < 2000)
+        QTest::qWait(1);
 }
 
 QList<QObject*> LoadedPlugin::registered(const char* identifier)

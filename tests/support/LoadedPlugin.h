@@ -37,6 +37,9 @@ public:
     /// All generator windows, in no order.
     static QList<QWidget*> generatorWindows();
 
+    /// Lets events run until \p window is the active one, for some seconds at most.
+    static void waitUntilActive(const QWidget* window);
+
 private:
     static QList<QObject*> registered(const char* identifier);
 
