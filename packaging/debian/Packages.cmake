@@ -43,8 +43,12 @@ It also adds configuration packages to the host's archive dialog.")
 
 set(CPACK_DEBIAN_PELK-HOST_PACKAGE_NAME pelk-host)
 set(CPACK_DEBIAN_PELK-HOST_PACKAGE_SECTION electronics)
-# Its catalogue has the standard buttons, such as Cancel, in the user's language.
-set(CPACK_DEBIAN_PELK-HOST_PACKAGE_DEPENDS "qttranslations5-l10n")
+# The toolkit's catalogue has the standard buttons, such as Cancel, in the user's language.
+if(ZORV_QT EQUAL 6)
+    set(CPACK_DEBIAN_PELK-HOST_PACKAGE_DEPENDS "qt6-translations-l10n")
+else()
+    set(CPACK_DEBIAN_PELK-HOST_PACKAGE_DEPENDS "qttranslations5-l10n")
+endif()
 set(CPACK_DEBIAN_PELK-HOST_PACKAGE_RECOMMENDS "pelk-fcf, pelk-fcf-plugin")
 set(CPACK_DEBIAN_PELK-HOST_PACKAGE_SUGGESTS "cmake, g++, qtbase5-dev")
 set(CPACK_DEBIAN_PELK-HOST_DESCRIPTION

@@ -38,8 +38,27 @@ QString oneOf(const char* const (&texts)[Count], int number)
     return QString::fromLatin1(texts[qAbs(number) % Count]);
 }
 
-/// What is put into a field while a box is open, another text each time.
-QString sideText(int number) { return QString::fromLatin1("side%1").arg(number); }
+/// The field that is edited while a box is open.
+WidgetName fieldOf(Reaction::Deed deed)
+{
+    static const WidgetName Fields[] = {AuthoEditBox,
+                                        EditFunctionName,
+                                        AuthorFunctions,
+                                        DescriptionMemoFunctions,
+                                        CiNumberEditBoxFunctions,
+                                        txtInputFile,
+                                        MajorVerEditBox};
+    return Fields[deed - Reaction::EditAuthor];
+}
+
+/// What is put into it, another text each time.
+QString sideText(Reaction::Deed deed, int number)
+{
+    if (deed == Reaction::EditMajorVersion)
+        return QString::number(700 + number);
+    return QString::fromLatin1(deed == Reaction::EditInputFile ? "side%1.bin" : "side%1")
+        .arg(number);
+}
 
 } // namespace
 
@@ -150,28 +169,40 @@ QString GeneratorRun::take(const Step& step)
 
 void GeneratorRun::takeOfPerson()
 {
-    const Step& step = m_step;
-    switch (step.action) {
-    case TypeText: {
-        static const WidgetName Edits[] = {AuthoEditBox,
-                                           CiNumEditBox,
-                                           EditFunctionName,
-                                           AuthorFunctions,
-                                           DescriptionMemoFunctions,
-                                           CiNumberEditBoxFunctions,
-                                           DescriptionMemo,
-                                           MajorVerEditBox,
-                                           MinorVerEditBox};
-        const WidgetName name = Edits[qAbs(step.a) % 9];
-        enter(name, textOf(step.b, name != DescriptionMemo && name != DescriptionMemoFunctions));
-        break;
+    if (m_step.action <= FitPage)
+        takeTyping();
+    else if (m_step.action <= ClickItsMe)
+        takeClick();
+    else
+        takeChoice();
+}
+
+void GeneratorRun::takeTyping()
+{
+    static const WidgetName Edits[] = {AuthoEditBox,
+                                       CiNumEditBox,
+                                       EditFunctionName,
+                                       AuthorFunctions,
+                                       DescriptionMemoFunctions,
+                                       CiNumberEditBoxFunctions,
+                                       DescriptionMemo,
+                                       MajorVerEditBox,
+                                       MinorVerEditBox};
+    if (m_step.action == TypePath) {
+        enter(txtInputFile, absolutePath(m_step.a));
+        return;
     }
-    case TypePath:
-        enter(txtInputFile, absolutePath(step.a));
-        break;
-    case FitPage:
-        fitPage(qAbs(step.a) % 17 - 8);
-        break;
+    if (m_step.action == FitPage) {
+        fitPage(qAbs(m_step.a) % 17 - 8);
+        return;
+    }
+    const WidgetName name = Edits[qAbs(m_step.a) % 9];
+    enter(name, textOf(m_step.b, name != DescriptionMemo && name != DescriptionMemoFunctions));
+}
+
+void GeneratorRun::takeClick()
+{
+    switch (m_step.action) {
     case ClickLoad:
         press(btnLoad, &GeneratorModel::openFileDialog);
         break;
@@ -199,20 +230,25 @@ void GeneratorRun::takeOfPerson()
     case ClickModify:
         press(ModifyFunctionCheckBox, &GeneratorModel::tick);
         break;
-    case ClickItsMe:
+    default:
         press(btnItsMe, &GeneratorModel::on_btnItsMe_clicked);
-        break;
+    }
+}
+
+void GeneratorRun::takeChoice()
+{
+    switch (m_step.action) {
     case ChooseModule:
-        choose(ModuleComboBox, step.a);
+        choose(ModuleComboBox, m_step.a);
         break;
     case ChooseDevice:
-        choose(FpgaComboBox, step.a);
+        choose(FpgaComboBox, m_step.a);
         break;
     case ConfigNumber:
-        choose(ConfigComboBox, step.a);
+        choose(ConfigComboBox, m_step.a);
         break;
     case ChooseFunction:
-        choose(FunctionComboBox, step.a);
+        choose(FunctionComboBox, m_step.a);
         break;
     case FoldFunctions:
         reachWindow();
@@ -222,47 +258,92 @@ void GeneratorRun::takeOfPerson()
         showAgain();
         break;
     default:
-        open(step.a % 2 != 0);
+        open(m_step.a % 2 != 0);
     }
 }
 
 void GeneratorRun::takeOfProgram()
 {
-    const Step& step = m_step;
-    const QString file = step.b % 2 == 0 ? path(step.a) : absolutePath(step.a);
-    const QString text = textOf(step.b, false);
+    switch (m_step.action) {
+    case SetBinFile:
+    case SetTxtFile:
+    case ReplaceByTxtFile:
+    case ReadConfigFile:
+    case DisplayConfigFileInfo:
+    case DisplayBinFileSizeInfo:
+    case SaveToFile:
+        takeFileCall(m_step.b % 2 == 0 ? path(m_step.a) : absolutePath(m_step.a));
+        break;
+    case ClearScreen:
+        m_model.clearScreen();
+        m_window->clearScreen();
+        break;
+    case UpdateConfigData:
+        m_model.updateConfigData();
+        m_window->updateConfigData();
+        break;
+    case DisplayFunctionInfo:
+        m_model.displayFunctionInfo(qAbs(m_step.a) % 6 - 1);
+        m_window->displayFunctionInfo(qAbs(m_step.a) % 6 - 1);
+        break;
+    case CheckFunction:
+        m_model.checkFunction();
+        m_window->checkFunction();
+        break;
+    case AddFunction:
+        m_model.addFunction();
+        m_window->addFunction();
+        break;
+    case UpdateComboBoxFpga:
+        m_model.updateComboBoxFPGA();
+        m_window->updateComboBoxFPGA();
+        break;
+    default:
+        takeSetter();
+    }
+}
+
+void GeneratorRun::takeSetter()
+{
+    const QString text = textOf(m_step.b, m_step.action != SetDescription);
+    switch (m_step.action) {
+    case SetModule:
+        m_model.setModule(oneOf(Modules, m_step.a));
+        m_window->setModule(oneOf(Modules, m_step.a));
+        break;
+    case SetDevice:
+        m_model.setDevice(oneOf(Devices, m_step.a));
+        m_window->setDevice(oneOf(Devices, m_step.a));
+        break;
+    case SetConfigNum:
+        m_model.setConfigNum(m_step.a % 13);
+        m_window->setConfigNum(m_step.a % 13);
+        break;
+    case SetVersion:
+        m_model.setVersion(m_step.a, m_step.b);
+        m_window->setVersion(m_step.a, m_step.b);
+        break;
+    case SetAuthor:
+        m_model.setAuthor(text);
+        m_window->setAuthor(text);
+        break;
+    case SetCINumber:
+        m_model.setCINumber(text);
+        m_window->setCINumber(text);
+        break;
+    default:
+        m_model.setDescription(text);
+        m_window->setDescription(text);
+    }
+}
+
+void GeneratorRun::takeFileCall(const QString& file)
+{
     // How large a folder is depends on the file system.
     if (m_model.disk.isFolder(file))
         return;
-    switch (step.action) {
-    case SetModule:
-        m_model.setModule(oneOf(Modules, step.a));
-        m_window->setModule(oneOf(Modules, step.a));
-        break;
-    case SetDevice:
-        m_model.setDevice(oneOf(Devices, step.a));
-        m_window->setDevice(oneOf(Devices, step.a));
-        break;
-    case SetConfigNum:
-        m_model.setConfigNum(step.a % 13);
-        m_window->setConfigNum(step.a % 13);
-        break;
-    case SetVersion:
-        m_model.setVersion(step.a, step.b);
-        m_window->setVersion(step.a, step.b);
-        break;
-    case SetAuthor:
-        m_model.setAuthor(textOf(step.b, true));
-        m_window->setAuthor(textOf(step.b, true));
-        break;
-    case SetCINumber:
-        m_model.setCINumber(textOf(step.b, true));
-        m_window->setCINumber(textOf(step.b, true));
-        break;
-    case SetDescription:
-        m_model.setDescription(text);
-        m_window->setDescription(text);
-        break;
+
+    switch (m_step.action) {
     case SetBinFile:
         m_model.setBinFile(file);
         m_window->setBinFile(file);
@@ -274,10 +355,6 @@ void GeneratorRun::takeOfProgram()
     case ReplaceByTxtFile:
         m_model.replaceByTxtFile(file);
         m_window->replaceByTxtFile(file);
-        break;
-    case ClearScreen:
-        m_model.clearScreen();
-        m_window->clearScreen();
         break;
     case ReadConfigFile:
         m_model.readConfigFile(file);
@@ -291,29 +368,9 @@ void GeneratorRun::takeOfProgram()
         m_model.displayBinFileSizeInfo(file);
         m_window->displayBinFileSizeInfo(file);
         break;
-    case SaveToFile:
+    default:
         m_model.saveTofile(file);
         m_window->saveTofile(file);
-        break;
-    case UpdateConfigData:
-        m_model.updateConfigData();
-        m_window->updateConfigData();
-        break;
-    case DisplayFunctionInfo:
-        m_model.displayFunctionInfo(qAbs(step.a) % 6 - 1);
-        m_window->displayFunctionInfo(qAbs(step.a) % 6 - 1);
-        break;
-    case CheckFunction:
-        m_model.checkFunction();
-        m_window->checkFunction();
-        break;
-    case AddFunction:
-        m_model.addFunction();
-        m_window->addFunction();
-        break;
-    default:
-        m_model.updateComboBoxFPGA();
-        m_window->updateComboBoxFPGA();
     }
 }
 
@@ -410,25 +467,13 @@ void GeneratorRun::reactOnModel(Reaction::Deed deed)
     case Reaction::DeedCount:
         break;
     case Reaction::EditAuthor:
-        m_model.setText(AuthoEditBox, sideText(number));
-        break;
     case Reaction::RenameFunction:
-        m_model.setText(EditFunctionName, sideText(number));
-        break;
     case Reaction::EditFunctionAuthor:
-        m_model.setText(AuthorFunctions, sideText(number));
-        break;
     case Reaction::EditFunctionDescription:
-        m_model.setText(DescriptionMemoFunctions, sideText(number));
-        break;
     case Reaction::EditFunctionNumber:
-        m_model.setText(CiNumberEditBoxFunctions, sideText(number));
-        break;
     case Reaction::EditInputFile:
-        m_model.setText(txtInputFile, sideText(number) + QLatin1String(".bin"));
-        break;
     case Reaction::EditMajorVersion:
-        m_model.setText(MajorVerEditBox, QString::number(700 + number));
+        m_model.setText(fieldOf(deed), sideText(deed, number));
         break;
     case Reaction::ChangeSlot:
         m_model.setConfigNum(1 + m_step.b % 10);
@@ -468,25 +513,13 @@ void GeneratorRun::reactOnWindow(Reaction::Deed deed)
     case Reaction::DeedCount:
         break;
     case Reaction::EditAuthor:
-        window.lineEdit(AuthoEditBox)->setText(sideText(number));
-        break;
     case Reaction::RenameFunction:
-        window.lineEdit(EditFunctionName)->setText(sideText(number));
-        break;
     case Reaction::EditFunctionAuthor:
-        window.lineEdit(AuthorFunctions)->setText(sideText(number));
-        break;
     case Reaction::EditFunctionDescription:
-        window.textEdit(DescriptionMemoFunctions)->setPlainText(sideText(number));
-        break;
     case Reaction::EditFunctionNumber:
-        window.lineEdit(CiNumberEditBoxFunctions)->setText(sideText(number));
-        break;
     case Reaction::EditInputFile:
-        window.lineEdit(txtInputFile)->setText(sideText(number) + QLatin1String(".bin"));
-        break;
     case Reaction::EditMajorVersion:
-        window.lineEdit(MajorVerEditBox)->setText(QString::number(700 + number));
+        window.setText(fieldOf(deed), sideText(deed, number));
         break;
     case Reaction::ChangeSlot:
         m_window->setConfigNum(1 + m_step.b % 10);

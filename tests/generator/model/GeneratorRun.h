@@ -47,7 +47,12 @@ private:
     void end();
     QString take(const Step& step);
     void takeOfPerson();
+    void takeTyping();
+    void takeClick();
+    void takeChoice();
     void takeOfProgram();
+    void takeSetter();
+    void takeFileCall(const QString& file);
     void takeOfDisk();
     QString difference();
     void countBranches();

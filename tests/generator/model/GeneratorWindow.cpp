@@ -157,6 +157,14 @@ GeneratorState GeneratorWindow::state() const
     return state;
 }
 
+void GeneratorWindow::setText(WidgetName name, const QString& text)
+{
+    if (QTextEdit* const memo = textEdit(name))
+        memo->setPlainText(text);
+    else
+        lineEdit(name)->setText(text);
+}
+
 void GeneratorWindow::enter(WidgetName name, const QString& text)
 {
     widget(name)->setFocus();

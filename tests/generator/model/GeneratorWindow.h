@@ -24,6 +24,8 @@ public:
 
     GeneratorState state() const;
 
+    /// Sets the text of an edit, as a program does.
+    void setText(WidgetName name, const QString& text);
     /// Replaces the text of an edit in one go, as by pasting.
     void enter(WidgetName name, const QString& text);
     /// Goes to a row of a combo box with the keys; to none for -1.
