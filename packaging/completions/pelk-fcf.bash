@@ -85,7 +85,7 @@ _pelk_fcf() {
         show) _pelk_fcf_words --field --check "$common" ;;
         list) _pelk_fcf_words --csv --digest "$common" ;;
         diff) _pelk_fcf_words --ignore "$common" ;;
-        recipe) _pelk_fcf_words "$common" ;;
+        recipe) _pelk_fcf_words --check "$common" ;;
         esac
         return
     fi
@@ -93,7 +93,8 @@ _pelk_fcf() {
     help) ((COMP_CWORD == 2)) && _pelk_fcf_words "$commands" ;;
     create) _pelk_fcf_files .bin .bit ;;
     list | extract) _pelk_fcf_files .fcf ;;
-    show | verify | recipe | diff) _pelk_fcf_files .fcf .txt ;;
+    recipe) _pelk_fcf_files .fcf .txt .json ;;
+    show | verify | diff) _pelk_fcf_files .fcf .txt ;;
     esac
 }
 

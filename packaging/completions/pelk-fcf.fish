@@ -57,7 +57,9 @@ complete -c pelk-fcf -n "__pelk_fcf_command $commands" -l json -d 'Give the resu
 complete -c pelk-fcf -n "__pelk_fcf_command $commands" -l quiet -d 'Show no progress and no notes'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -a '(__pelk_fcf_files .bin .bit)'
 complete -c pelk-fcf -n '__pelk_fcf_command list extract' -a '(__pelk_fcf_files .fcf)'
-complete -c pelk-fcf -n '__pelk_fcf_command show verify recipe diff' -a '(__pelk_fcf_files .fcf .txt)'
+complete -c pelk-fcf -n '__pelk_fcf_command show verify diff' -a '(__pelk_fcf_files .fcf .txt)'
+complete -c pelk-fcf -n '__pelk_fcf_command recipe' -a '(__pelk_fcf_files .fcf .txt .json)'
+complete -c pelk-fcf -n '__pelk_fcf_command recipe' -l check -d 'Check a recipe'
 
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l author -d 'Who built it'
 complete -c pelk-fcf -n '__pelk_fcf_command create' -x -l ci -d 'Configuration item number'

@@ -248,6 +248,7 @@ void ExamplesTest::resultsFollowTheirSchema()
         {"verify", image, "--bin", binary, "--swap", "bits"},
         {"extract", other, "--output", m_tool->argument("out.bin")},
         {"recipe", image},
+        {"recipe", "--check", m_tool->argument("top.json")},
         {"diff", image, other},
         {"diff", image, image},
         {"nonsense"},

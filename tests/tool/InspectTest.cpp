@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QtTest>
 
 /// What show, recipe and extract give.
@@ -26,6 +27,9 @@ private slots:
     void givesNoRecipeOfADamagedImage_data();
     void givesNoRecipeOfADamagedImage();
     void takesRecipesOfImagesOfOtherNames();
+    void checksARecipeAsCreateDoes_data();
+    void checksARecipeAsCreateDoes();
+    void notesWhatARecipeLeavesOpen();
     void extractsThePayload();
     void printsNoControlCharacterOfAPath();
     void extractsNothingFromABadImage();
@@ -340,6 +344,98 @@ void InspectTest::takesRecipesOfImagesOfOtherNames()
         QCOMPARE(run.out, recipe);
         QCOMPARE(run.err, QByteArray());
     }
+}
+
+void InspectTest::checksARecipeAsCreateDoes_data()
+{
+    QTest::addColumn<QJsonObject>("members");
+    QTest::addColumn<QStringList>("fields");
+    const auto function = [](const QString& name, const QString& description) {
+        return QJsonArray{QJsonObject{
+            {"name", name}, {"author", "Bob"}, {"ciNumber", "7"}, {"description", description}}};
+    };
+    QTest::newRow("nothing") << QJsonObject() << QStringList();
+    QTest::newRow("a module") << QJsonObject{{"module", "DFE3"}} << QStringList("module");
+    QTest::newRow("a device of another module")
+        << QJsonObject{{"device", "Processing_FPGA_2"}} << QStringList("device");
+    QTest::newRow("a slot and a version") << QJsonObject{{"configNumber", 11}, {"version", "-1.2"}}
+                                          << QStringList{"configNumber", "version"};
+    QTest::newRow("a blank author") << QJsonObject{{"author", " "}} << QStringList("author");
+    QTest::newRow("a line break") << QJsonObject{{"ciNumber", "4\n2"}} << QStringList("ciNumber");
+    QTest::newRow("a long text") << QJsonObject{{"description", QString(2100, 'x')}}
+                                 << QStringList("text");
+    QTest::newRow("a function without a name")
+        << QJsonObject{{"functions", function("", "Spectrum")}} << QStringList("functions[0].name");
+    QTest::newRow("a text that the window cuts")
+        << QJsonObject{{"functions", function("fft", "a: b: c")}}
+        << QStringList("functions[0].description");
+    QTest::newRow("a version that is none")
+        << QJsonObject{{"version", "1"}} << QStringList("version");
+    QTest::newRow("a description file that is not there")
+        << QJsonObject{{"descriptionFile", "none"}} << QStringList("descriptionFile");
+}
+
+void InspectTest::checksARecipeAsCreateDoes()
+{
+    QFETCH(QJsonObject, members);
+    QFETCH(QStringList, fields);
+    QJsonObject recipe{{"recipe", 2},
+                       {"author", "Ann"},
+                       {"ciNumber", "42"},
+                       {"module", "DFE"},
+                       {"device", "Interface_FPGA"},
+                       {"configNumber", 3},
+                       {"version", "1.12"}};
+    for (auto member = members.begin(); member != members.end(); ++member)
+        recipe[member.key()] = member.value();
+
+    ToolFixture tool;
+    tool.write("top.json", QJsonDocument(recipe).toJson());
+    tool.write("top.bin", ToolFixture::payload(4000));
+    const std::string file = tool.argument("top.json");
+    const Run checked = tool.run({"recipe", "--check", file, "--json", "--quiet"});
+    QStringList found;
+    for (const auto& finding : checked.json()["findings"].toArray())
+        found << finding.toObject()["field"].toString();
+    found.sort();
+    QCOMPARE(found, fields);
+
+    const Run made = tool.run({"create", tool.argument("top.bin"), "--like", file, "--json"});
+    QCOMPARE(checked.code, made.code);
+    QCOMPARE(checked.json().contains("recipe"), made.code == 0);
+    for (const QString& field : fields)
+        QVERIFY2(!made.finding(field).isEmpty(), made.out);
+}
+
+void InspectTest::notesWhatARecipeLeavesOpen()
+{
+    ToolFixture tool;
+    tool.in = "{\"recipe\": 2, \"author\": \"Ann\", \"device\": \"Interface_FPGA\"}";
+    const Run run = tool.run({"recipe", "--check", "-"});
+    QCOMPARE(run.code, 0);
+    QCOMPARE(run.out, QByteArray("standard input: valid\n"));
+    for (const char* const open : {"ciNumber: is not given: create needs --ci\n",
+                                   "module: is not given: create needs --module\n",
+                                   "configNumber: is not given: create needs --config\n",
+                                   "version: is not given: create needs --version\n"})
+        QVERIFY2(run.err.contains(QByteArray("note: standard input: ") + open), run.err);
+    QVERIFY2(!run.err.contains("author: is") && !run.err.contains("device: is"), run.err);
+
+    // An image shows what the header has without name, date and time.
+    tool.makeImage();
+    const QByteArray page = tool.read("top.txt");
+    const int used = page.indexOf("\n----\n") + 6;
+    const int known = static_cast<int>(strlen("top.fcf"));
+    const QByteArray text = page.mid(64);
+    const auto lengthOf = [&](const QByteArray& label) {
+        const int start = text.indexOf(label) + label.size();
+        return text.indexOf('\n', start) - start;
+    };
+    const int room = 2112 - used + known + lengthOf("\nDate: ") + lengthOf("\nTime: ");
+    tool.write("top.json", tool.run({"recipe", tool.argument("top.fcf")}).out);
+    const Run whole = tool.run({"recipe", "--check", tool.argument("top.json")});
+    QVERIFY2(whole.err.contains("room for " + QByteArray::number(room) + " bytes"), whole.err);
+    QCOMPARE(whole.err.count('\n'), 1);
 }
 
 void InspectTest::extractsThePayload()

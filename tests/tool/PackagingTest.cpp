@@ -211,6 +211,7 @@ void PackagingTest::completes_data()
         {"images to list", {"list", "two"}, {"two words.fcf"}},
         {"swaps", {"verify", "--swap", "b"}, {"bits", "bytes"}},
         {"recipes", {"create", "--like", "two"}, {"two words.fcf", "two words.json"}},
+        {"recipes to check", {"recipe", "--check", "two"}, {"two words.fcf", "two words.json"}},
     };
     QTest::addColumn<QString>("shell");
     QTest::addColumn<QStringList>("words");

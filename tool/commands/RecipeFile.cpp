@@ -11,8 +11,6 @@
 
 namespace {
 
-using RecipeFile::Option;
-
 /// In bytes. It is many times what a page has room for, so that a message can say by how much a
 /// text is too long.
 constexpr int LargestDescriptionFile = 256 * 1024;
@@ -31,9 +29,9 @@ std::optional<QByteArray> wholeFile(const QString& path, qint64 limit, const cha
 }
 
 /// The recipe in the file at \p path, with the text of the description file that it names.
-std::optional<Recipe> readRecipe(const QString& path, Task* task)
+std::optional<Recipe> readRecipe(const QString& path, const char* option, Task* task)
 {
-    const auto json = wholeFile(path, RecipeJson::MaximumBytes, Option, task);
+    const auto json = wholeFile(path, RecipeJson::MaximumBytes, option, task);
     if (!json)
         return std::nullopt;
 
@@ -52,7 +50,7 @@ std::optional<Recipe> readRecipe(const QString& path, Task* task)
 }
 
 /// Warns if \p fcf is not valid. Returns false, with an error, if it cannot be read.
-bool warnOfErrors(const FcfFile& fcf, Task* task)
+bool warnOfErrors(const FcfFile& fcf, const char* option, Task* task)
 {
     const QList<Finding> errors = FcfFileChecker::errorsOf(fcf, task->codec);
     for (const Finding& error : errors) {
@@ -64,17 +62,17 @@ bool warnOfErrors(const FcfFile& fcf, Task* task)
 
     if (!errors.isEmpty())
         task->findings.warning(
-            fcf.file.label(), QLatin1String(Option),
+            fcf.file.label(), QLatin1String(option),
             QStringLiteral("is not valid, %1: %2; pelk-fcf verify reports all of it")
                 .arg(shownText(errors.first().field), errors.first().reason));
     return true;
 }
 
 /// The recipe of the image or companion at \p path, which may be made anew from itself.
-std::optional<Recipe> recipeOf(const QString& path, Task* task)
+std::optional<Recipe> recipeOf(const QString& path, const char* option, Task* task)
 {
     auto file = task->findings.valueOf(task->inputs.open(
-        path, FcfFileChecker::LargestFile, QLatin1String(Option), InputOpener::Replaceable));
+        path, FcfFileChecker::LargestFile, QLatin1String(option), InputOpener::Replaceable));
     if (!file)
         return std::nullopt;
 
@@ -82,7 +80,7 @@ std::optional<Recipe> recipeOf(const QString& path, Task* task)
     if (!fcf)
         return std::nullopt;
 
-    if (!warnOfErrors(*fcf, task))
+    if (!warnOfErrors(*fcf, option, task))
         return std::nullopt;
     return Recipe::of(fcf->page.reading.header);
 }
@@ -111,18 +109,18 @@ std::optional<QString> RecipeFile::readDescription(const QString& path, const ch
     return text->replace("\r\n", "\n");
 }
 
-std::optional<Recipe> RecipeFile::read(const std::string& argument, Task* task)
+std::optional<Recipe> RecipeFile::read(const std::string& argument, const char* option, Task* task)
 {
-    const std::optional<QString> path = task->path(argument, Option);
+    const std::optional<QString> path = task->path(argument, option);
     if (!path)
         return std::nullopt;
 
     if (*path == StandardStream || path->endsWith(".json"))
-        return readRecipe(*path, task);
+        return readRecipe(*path, option, task);
     if (path->endsWith(".fcf") || path->endsWith(".txt"))
-        return recipeOf(*path, task);
+        return recipeOf(*path, option, task);
 
-    task->findings.refuse(*path, QLatin1String(Option),
+    task->findings.refuse(*path, QLatin1String(option),
                           "the name ends with neither .fcf, .txt nor .json, in lower case");
     return std::nullopt;
 }

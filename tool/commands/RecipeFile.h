@@ -15,9 +15,9 @@ namespace RecipeFile {
 
 constexpr char Option[] = "--like";
 
-/// The recipe in the file that the argument of --like names: a recipe, or that of an image or a
+/// The recipe in the file that the argument of \p option names: a recipe, or that of an image or a
 /// companion.
-std::optional<Recipe> read(const std::string& argument, Task* task);
+std::optional<Recipe> read(const std::string& argument, const char* option, Task* task);
 
 /// The description in the file at \p path, which the argument of \p option names.
 std::optional<QString> readDescription(const QString& path, const char* option, Task* task);

@@ -130,7 +130,7 @@ Recipe RecipeOptions::recipe(Task* task) const
     if (!m_like)
         return recipe;
 
-    std::optional<Recipe> base = RecipeFile::read(*m_like, task);
+    std::optional<Recipe> base = RecipeFile::read(*m_like, RecipeFile::Option, task);
     if (!base) {
         // What it would have given is not missing.
         forEachRecipeField([&](const auto& field) {

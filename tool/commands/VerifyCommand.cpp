@@ -131,7 +131,7 @@ void VerifyCommand::verify(const QString& path, FcfFileChecker::Kind kind, Task*
 /// Checks that the header says what the file of --like does. What that leaves open may be anything.
 void VerifyCommand::compareRecipe(const FcfFile& fcf, Task* task) const
 {
-    std::optional<Recipe> recipe = RecipeFile::read(*m_like, task);
+    std::optional<Recipe> recipe = RecipeFile::read(*m_like, RecipeFile::Option, task);
     if (!recipe)
         return;
 
