@@ -66,7 +66,7 @@ _pelk_fcf() {
             _pelk_fcf_files ''
             return
         fi ;;
-    --depfile-target | --ignore | --author | --ci | --version | --description | --date-time | --function) return ;;
+    --depfile-target | --ignore | --offset | --author | --ci | --version | --description | --date-time | --function) return ;;
     --field)
         _pelk_fcf_words author binBlocks binFileSize binPages ciNumber configNumber date description \
             device deviceCode fileName functions module moduleCode time totalBlocks \
@@ -80,8 +80,8 @@ _pelk_fcf() {
             --function --like --output --date-time --date-format --no-companion --digest --force \
             --strict --depfile --depfile-target --swap --pad-to --if-changed "$common" ;;
         verify) _pelk_fcf_words --bin --swap --companion --no-companion --digest --no-digest \
-            --require-digest --like --type "$common" ;;
-        extract) _pelk_fcf_words --output --no-companion --no-digest --force "$common" ;;
+            --require-digest --like --offset --type "$common" ;;
+        extract) _pelk_fcf_words --output --offset --no-companion --no-digest --force "$common" ;;
         show) _pelk_fcf_words --field --check "$common" ;;
         list) _pelk_fcf_words --csv --digest "$common" ;;
         diff) _pelk_fcf_words --ignore "$common" ;;

@@ -89,6 +89,7 @@ complete -c pelk-fcf -n '__pelk_fcf_command create' -l strict -d 'Take warnings 
 
 complete -c pelk-fcf -n '__pelk_fcf_command verify extract' -l no-companion -d 'Leave the companion alone'
 complete -c pelk-fcf -n '__pelk_fcf_command verify extract' -l no-digest -d 'Leave the digest alone'
+complete -c pelk-fcf -n '__pelk_fcf_command verify extract' -x -l offset -d 'Where the image begins'
 complete -c pelk-fcf -n '__pelk_fcf_command verify' -l require-digest -d 'Want a digest'
 complete -c pelk-fcf -n '__pelk_fcf_command verify' -x -l bin -a '(__pelk_fcf_files .bin .bit)' \
     -d 'The binary to compare with'

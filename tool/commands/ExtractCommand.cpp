@@ -1,6 +1,7 @@
 #include "tool/base/Text.h"
 #include "tool/check/FcfFileChecker.h"
 #include "tool/commands/Command.h"
+#include "tool/commands/DumpOptions.h"
 #include "tool/commands/OutputChecks.h"
 #include "tool/commands/SidecarOptions.h"
 #include "tool/files/Copy.h"
@@ -21,6 +22,7 @@ private:
 
     std::optional<std::string> m_file;
     std::optional<std::string> m_output;
+    DumpOptions m_dump;
     SidecarOptions m_sidecars;
     bool m_force = false;
 };
@@ -31,6 +33,7 @@ ExtractCommand::ExtractCommand(CLI::App* parent)
     Arguments::addRequired(app, "FILE", &m_file, "", "an image; - is standard input");
     Arguments::addRequired(app, "-o,--output", &m_output, "FILE",
                            "where the payload goes; - is standard output");
+    m_dump.declare(app);
     m_sidecars.declareSkipping(app);
     Arguments::addFlag(app, "-f,--force", &m_force, "replace an output that exists");
 }
@@ -43,9 +46,12 @@ void ExtractCommand::run(Task* task)
 
     // With --json it is refused, and the refusal goes to standard output.
     task->report.outIsTaken = output == StandardStream && !task->report.json;
+    // What is beside a dump is of all of it.
+    if (m_dump.isGiven())
+        m_sidecars.skipUnnamed();
     const std::optional<QString> path = task->path(*m_file, "FILE");
     auto set = path ? m_sidecars.open(*path, true, task) : std::nullopt;
-    const auto image = set ? task->readFcf(std::move(set->file), Task::Whole) : std::nullopt;
+    const auto image = set ? m_dump.read(std::move(set->file), task) : std::nullopt;
     checkOutput(*output, task);
     if (!image || task->findings.hasErrors())
         return;

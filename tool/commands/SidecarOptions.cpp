@@ -103,6 +103,12 @@ void SidecarOptions::declareNaming(CLI::App* app)
     declareSkipping(app);
 }
 
+void SidecarOptions::skipUnnamed()
+{
+    m_noCompanion = true;
+    m_noDigest = true;
+}
+
 std::optional<QString> SidecarOptions::companionPath(const InputFile& file, Task* task) const
 {
     if (m_companion)

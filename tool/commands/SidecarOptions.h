@@ -28,6 +28,9 @@ public:
     /// Leaves companions alone.
     void skipCompanion() { m_noCompanion = true; }
 
+    /// Leaves alone what is beside the image, but not what was named.
+    void skipUnnamed();
+
     bool hasNamedCompanion() const { return m_companion.has_value(); }
     bool hasNamedDigest() const { return m_digest.has_value(); }
 
