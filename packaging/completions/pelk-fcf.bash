@@ -66,7 +66,7 @@ _pelk_fcf() {
             _pelk_fcf_files ''
             return
         fi ;;
-    --depfile-target | --ignore | --author | --ci | --version | --description | --date-time | --function) return ;;
+    --depfile-target | --ignore | --offset | --author | --ci | --version | --description | --date-time | --function) return ;;
     --field)
         _pelk_fcf_words author binBlocks binFileSize binPages ciNumber configNumber date description \
             device deviceCode fileName functions module moduleCode time totalBlocks \
@@ -78,10 +78,10 @@ _pelk_fcf() {
         case $command in
         create) _pelk_fcf_words --author --ci --module --device --config --version --description \
             --function --like --output --date-time --date-format --no-companion --digest --force \
-            --strict --depfile --depfile-target --swap --pad-to --if-changed "$common" ;;
+            --strict --depfile --depfile-target --swap --pad-to --if-changed --relabel "$common" ;;
         verify) _pelk_fcf_words --bin --swap --companion --no-companion --digest --no-digest \
-            --require-digest --like --type "$common" ;;
-        extract) _pelk_fcf_words --output --no-companion --no-digest --force "$common" ;;
+            --require-digest --like --offset --type "$common" ;;
+        extract) _pelk_fcf_words --output --offset --no-companion --no-digest --force "$common" ;;
         show) _pelk_fcf_words --field --check "$common" ;;
         list) _pelk_fcf_words --csv --digest "$common" ;;
         diff) _pelk_fcf_words --ignore "$common" ;;
@@ -91,7 +91,11 @@ _pelk_fcf() {
     fi
     case $command in
     help) ((COMP_CWORD == 2)) && _pelk_fcf_words "$commands" ;;
-    create) _pelk_fcf_files .bin .bit ;;
+    create)
+        case " ${COMP_WORDS[*]} " in
+        *' --relabel '*) _pelk_fcf_files .fcf ;;
+        *) _pelk_fcf_files .bin .bit ;;
+        esac ;;
     list | extract) _pelk_fcf_files .fcf ;;
     recipe) _pelk_fcf_files .fcf .txt .json ;;
     show | verify | diff) _pelk_fcf_files .fcf .txt ;;

@@ -21,6 +21,11 @@ private slots:
     void takesAnImageThatWasReadBack_data();
     void takesAnImageThatWasReadBack();
     void takesNothingButFillerBehindAnImage();
+    void findsEachImageInADump_data();
+    void findsEachImageInADump();
+    void checksAnImageInADumpAsAlone();
+    void refusesAnOffsetThatCannotBe_data();
+    void refusesAnOffsetThatCannotBe();
     void leavesOutTheHeaderOfAContainer();
     void refusesAContainerThatIsCut();
     void refusesAContainerThatIsNotAsBuilt_data();
@@ -166,6 +171,127 @@ QByteArray FlashTest::container(const QByteArray& payload)
     for (int shift = 24; shift >= 0; shift -= 8)
         bytes += static_cast<char>(payload.size() >> shift);
     return bytes + payload;
+}
+
+void FlashTest::findsEachImageInADump_data()
+{
+    QTest::addColumn<QString>("offset");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("note");
+    QTest::newRow("the first") << "0"
+                               << "first" << QByteArray("another image follows, at --offset 8192");
+    QTest::newRow("the second") << "8K"
+                                << "second"
+                                << QByteArray("another image follows, at --offset 14406");
+    QTest::newRow("the third, without 0xFF in front of it")
+        << "0x3846"
+        << "third"
+        << QByteArray("9 bytes that are no image follow and are not checked, from "
+                      "offset 32768 on");
+}
+
+void FlashTest::findsEachImageInADump()
+{
+    QFETCH(QString, offset);
+    QFETCH(QString, name);
+    QFETCH(QByteArray, note);
+    ToolFixture tool;
+    QByteArray dump;
+    const struct {
+        const char* name;
+        int payloadBytes;
+        int end;
+    } images[] = {{"first", 4000, 8192}, {"second", 4101, 14406}, {"third", 4202, 32768}};
+    for (const auto& image : images) {
+        const QString binary = QString("%1.bin").arg(image.name);
+        tool.write(binary, ToolFixture::payload(image.payloadBytes));
+        QCOMPARE(create(&tool, binary, {"--digest"}).code, 0);
+        dump += tool.read(QString("%1.fcf").arg(image.name));
+        dump += QByteArray(image.end - dump.size(), '\xff');
+    }
+    tool.write("dump.fcf", dump + "leftovers");
+    // Of the whole dump, and wrong for each image.
+    tool.write("dump.txt", "notes");
+    tool.write("dump.fcf.sha256", QByteArray(64, '0') + "  dump.fcf\n");
+
+    const Arguments at{tool.argument("dump.fcf"), "--offset", offset.toStdString()};
+    const Run run = tool.run(Arguments{"verify"} + at +
+                             Arguments{"--bin", tool.argument(name + ".bin"), "--companion",
+                                       tool.argument(name + ".txt"), "--digest",
+                                       tool.argument(name + ".fcf.sha256")});
+    QVERIFY2(run.code == 0, run.out);
+    QVERIFY2(run.out.contains("--offset: " + note + "\n"), run.out);
+
+    const Run taken =
+        tool.run(Arguments{"extract"} + at + Arguments{"--output", tool.argument("out.bin")});
+    QVERIFY2(taken.code == 0, taken.err);
+    QCOMPARE(tool.read("out.bin"), tool.read(name + ".bin"));
+}
+
+void FlashTest::checksAnImageInADumpAsAlone()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    QCOMPARE(create(&tool, "top.bin", {"--force", "--digest", "--pad-to", "3000K"}).code, 0);
+    const QByteArray padded = tool.read("top.fcf");
+    const QByteArray junk(5000, 'j');
+    const std::string digest = tool.argument("top.fcf.sha256");
+    const auto verify = [&](const QByteArray& dump) {
+        tool.in = dump;
+        return tool.run({"verify", "-", "--offset", "5000", "--digest", digest, "--json"});
+    };
+    const Run padding = verify(junk + padded);
+    QVERIFY2(padding.code == 0, padding.out);
+    const QJsonObject file = padding.json()["files"].toArray()[0].toObject();
+    QCOMPARE(file["imageBytes"].toInt(), 6116);
+    QCOMPARE(file["fillerBytes"].toInt(), padded.size() - 6116);
+
+    // What is damaged is found, and counted from the start of the image.
+    QByteArray damaged = padded;
+    damaged[44] = 'x';
+    const Run reserved = verify(junk + damaged);
+    QCOMPARE(reserved.code, 1);
+    QCOMPARE(reserved.finding("reserved[0]")["offset"].toInt(), 44);
+    damaged = padded;
+    damaged[3000] = static_cast<char>(damaged.at(3000) ^ 1);
+    QCOMPARE(verify(junk + damaged).code, 1);
+    const Run cut = verify(junk + padded.left(6115));
+    QCOMPARE(cut.code, 1);
+    QVERIFY2(cut.out.contains("1 byte is missing at the end"), cut.out);
+    QCOMPARE(verify(junk + "x" + padded).code, 1);
+
+    tool.in = junk + damaged;
+    QCOMPARE(tool.run({"verify", "-", "--offset", "5000", "--require-digest"}).code, 1);
+}
+
+void FlashTest::refusesAnOffsetThatCannotBe_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QByteArray>("message");
+    QTest::newRow("no number") << QStringList{"--offset", "slot2"}
+                               << QByteArray("--offset: \"slot2\" is no number of bytes like");
+    QTest::newRow("a negative number")
+        << QStringList{"--offset", "-1"} << QByteArray("--offset: \"-1\" is no number of bytes");
+    QTest::newRow("the end") << QStringList{"--offset", "6116"}
+                             << QByteArray("6116 is behind the end: the file has 6116 bytes");
+    QTest::newRow("a companion") << QStringList{"--offset", "0", "--type", "companion"}
+                                 << QByteArray("--offset: is of an image");
+    QTest::newRow("two files") << QStringList{"--offset", "0", "other.fcf"}
+                               << QByteArray("and --offset are about one file");
+}
+
+void FlashTest::refusesAnOffsetThatCannotBe()
+{
+    QFETCH(QStringList, options);
+    QFETCH(QByteArray, message);
+    ToolFixture tool;
+    tool.makeImage();
+    Arguments arguments{"verify", tool.argument("top.fcf")};
+    for (const QString& option : options)
+        arguments.push_back(option.toStdString());
+    const Run run = tool.run(arguments);
+    QCOMPARE(run.code, 2);
+    QVERIFY2((run.out + run.err).contains(message), run.out + run.err);
 }
 
 void FlashTest::leavesOutTheHeaderOfAContainer()

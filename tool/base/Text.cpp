@@ -1,6 +1,7 @@
 #include "tool/base/Text.h"
 
 #include <QFile>
+#include <QRegularExpression>
 #include <QTextCodec>
 
 #include <algorithm>
@@ -130,4 +131,19 @@ QByteArray encoded(const QString& text, const QTextCodec* codec)
 {
     const QScopedPointer<QTextEncoder> encoder(codec->makeEncoder(QTextCodec::IgnoreHeader));
     return encoder->fromUnicode(text);
+}
+
+std::optional<qint64> byteCount(const QString& text)
+{
+    static const QRegularExpression size("^(?:0x([0-9a-f]{1,8})|([0-9]{1,10})([km]?))\\z",
+                                         QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpressionMatch match = size.match(text);
+    if (!match.hasMatch())
+        return std::nullopt;
+    if (match.capturedLength(1) > 0)
+        return match.captured(1).toLongLong(nullptr, 16);
+
+    const QString unit = match.captured(3).toUpper();
+    const int shift = unit == "K" ? 10 : unit == "M" ? 20 : 0;
+    return match.captured(2).toLongLong() << shift;
 }

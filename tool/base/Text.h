@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <string>
 
 class QTextCodec;
@@ -45,5 +46,9 @@ Result<QString> decodedPath(const std::string& argument, const QTextCodec* codec
 
 /// \p text as \p codec writes it, without a byte order mark.
 QByteArray encoded(const QString& text, const QTextCodec* codec);
+
+/// The bytes that \p text means: a decimal number, or one of 1024 or 1024 * 1024 bytes with K or M,
+/// or a hexadecimal number with 0x. Nothing if it is none.
+std::optional<qint64> byteCount(const QString& text);
 
 #endif

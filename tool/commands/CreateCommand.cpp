@@ -13,8 +13,6 @@
 #include "tool/commands/TimestampOptions.h"
 #include "tool/recipe/HeaderJson.h"
 
-#include <QRegularExpression>
-
 namespace {
 
 /// The whole header page of \p header.
@@ -23,23 +21,6 @@ QByteArray pageOf(const FcfHeader& header, QTextCodec* codec)
     const FcfWriter writer(codec);
     const QByteArray page = writer.compose(header);
     return page + writer.fillerFor(page.size());
-}
-
-/// The bytes that \p text means: a decimal number, or one of 1024 or 1024 * 1024 bytes with K or M,
-/// or a hexadecimal number with 0x.
-std::optional<qint64> sizeOf(const QString& text)
-{
-    static const QRegularExpression size("^(?:0x([0-9a-f]{1,8})|([0-9]{1,10})([km]?))\\z",
-                                         QRegularExpression::CaseInsensitiveOption);
-    const QRegularExpressionMatch match = size.match(text);
-    if (!match.hasMatch())
-        return std::nullopt;
-    if (match.capturedLength(1) > 0)
-        return match.captured(1).toLongLong(nullptr, 16);
-
-    const QString unit = match.captured(3).toUpper();
-    const int shift = unit == "K" ? 10 : unit == "M" ? 20 : 0;
-    return match.captured(2).toLongLong() << shift;
 }
 
 qint64 upToMultiple(qint64 bytes, qint64 unit) { return (unit - bytes % unit) % unit; }
@@ -55,7 +36,7 @@ Result<qint64> fillerBytes(const std::optional<std::string>& padTo, qint64 image
         return upToMultiple(imageBytes, qint64(FcfLayout::PageBytes) * FcfLayout::BlockPages);
 
     const QString text = QString::fromLocal8Bit(padTo->c_str());
-    const qint64 bytes = sizeOf(text).value_or(0);
+    const qint64 bytes = byteCount(text).value_or(0);
     if (bytes <= 0 || bytes > FcfFileChecker::LargestFile)
         return failure(ExitCode::Refused, QString(), "--pad-to",
                        QStringLiteral("\"%1\" is neither page, block nor a number of bytes like "

@@ -1,6 +1,6 @@
 #include "tool/base/Text.h"
-#include "tool/check/FcfFileChecker.h"
 #include "tool/commands/Command.h"
+#include "tool/commands/DumpOptions.h"
 #include "tool/commands/OutputChecks.h"
 #include "tool/commands/SidecarOptions.h"
 #include "tool/files/Copy.h"
@@ -16,11 +16,11 @@ public:
 
 private:
     void checkOutput(const QString& output, Task* task) const;
-    void checkImage(const FcfFile& image, const SidecarOptions::Set& set, Task* task);
     Status write(const Region& payload, const QString& output, Task* task) const;
 
     std::optional<std::string> m_file;
     std::optional<std::string> m_output;
+    DumpOptions m_dump;
     SidecarOptions m_sidecars;
     bool m_force = false;
 };
@@ -31,6 +31,7 @@ ExtractCommand::ExtractCommand(CLI::App* parent)
     Arguments::addRequired(app, "FILE", &m_file, "", "an image; - is standard input");
     Arguments::addRequired(app, "-o,--output", &m_output, "FILE",
                            "where the payload goes; - is standard output");
+    m_dump.declare(app);
     m_sidecars.declareSkipping(app);
     Arguments::addFlag(app, "-f,--force", &m_force, "replace an output that exists");
 }
@@ -43,15 +44,17 @@ void ExtractCommand::run(Task* task)
 
     // With --json it is refused, and the refusal goes to standard output.
     task->report.outIsTaken = output == StandardStream && !task->report.json;
+    // What is beside a dump is of all of it.
+    if (m_dump.isGiven())
+        m_sidecars.skipUnnamed();
     const std::optional<QString> path = task->path(*m_file, "FILE");
     auto set = path ? m_sidecars.open(*path, true, task) : std::nullopt;
-    const auto image = set ? task->readFcf(std::move(set->file), Task::Whole) : std::nullopt;
+    const auto image = set ? m_dump.read(std::move(set->file), task) : std::nullopt;
     checkOutput(*output, task);
     if (!image || task->findings.hasErrors())
         return;
 
-    checkImage(*image, *set, task);
-    if (task->findings.hasErrors())
+    if (!m_sidecars.checkImage(*image, *set, task))
         return;
 
     const Status written = write(image->payload(), *output, task);
@@ -73,16 +76,6 @@ void ExtractCommand::checkOutput(const QString& output, Task* task) const
     else if (task->report.json)
         task->findings.refuse(StandardOutputLabel, "--output",
                               "takes the payload alone: --json needs a file");
-}
-
-void ExtractCommand::checkImage(const FcfFile& image, const SidecarOptions::Set& set, Task* task)
-{
-    const auto& [file, page] = image;
-    const FcfFileChecker checker(&file, FcfFileChecker::Image, task->codec, &task->findings);
-    checker.check(page);
-    SidecarOptions::checkCompanion(checker, page, set.companion);
-    m_sidecars.checkDigest(image, set.digest, task);
-    task->findings.dropNotes();
 }
 
 Status ExtractCommand::write(const Region& payload, const QString& output, Task* task) const

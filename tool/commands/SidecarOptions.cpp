@@ -103,6 +103,12 @@ void SidecarOptions::declareNaming(CLI::App* app)
     declareSkipping(app);
 }
 
+void SidecarOptions::skipUnnamed()
+{
+    m_noCompanion = true;
+    m_noDigest = true;
+}
+
 std::optional<QString> SidecarOptions::companionPath(const InputFile& file, Task* task) const
 {
     if (m_companion)
@@ -240,4 +246,18 @@ bool SidecarOptions::checkDigest(const FcfFile& image, const std::optional<Input
                            QString::fromLatin1(found->toHex()));
     }
     return true;
+}
+
+bool SidecarOptions::checkImage(const FcfFile& image, const Set& set, Task* task)
+{
+    const int findingsBefore = task->findings.list().size();
+    const auto& [file, page] = image;
+    const FcfFileChecker checker(&file, FcfFileChecker::Image, task->codec, &task->findings);
+    checker.check(page);
+    checkCompanion(checker, page, set.companion);
+    checkDigest(image, set.digest, task);
+
+    const bool isValid = task->findings.exitCode(findingsBefore) == ExitCode::Done;
+    task->findings.dropNotes();
+    return isValid;
 }

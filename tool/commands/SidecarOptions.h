@@ -28,6 +28,9 @@ public:
     /// Leaves companions alone.
     void skipCompanion() { m_noCompanion = true; }
 
+    /// Leaves alone what is beside the image, but not what was named.
+    void skipUnnamed();
+
     bool hasNamedCompanion() const { return m_companion.has_value(); }
     bool hasNamedDigest() const { return m_digest.has_value(); }
 
@@ -52,6 +55,10 @@ public:
     /// A digest may be of the image with the filler behind it, or without. Returns whether the
     /// payload is known to be right or wrong.
     bool checkDigest(const FcfFile& image, const std::optional<InputFile>& digest, Task* task);
+
+    /// Checks that \p image is valid, and that no sidecar of \p set contradicts it. Notes are
+    /// dropped. Returns whether there are no errors.
+    bool checkImage(const FcfFile& image, const Set& set, Task* task);
 
 private:
     std::optional<QString> companionPath(const InputFile& file, Task* task) const;

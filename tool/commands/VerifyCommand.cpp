@@ -2,6 +2,7 @@
 #include "tool/check/FcfFileChecker.h"
 #include "tool/commands/BinaryOptions.h"
 #include "tool/commands/Command.h"
+#include "tool/commands/DumpOptions.h"
 #include "tool/commands/RecipeFile.h"
 #include "tool/commands/SidecarOptions.h"
 #include "tool/recipe/HeaderJson.h"
@@ -25,6 +26,7 @@ private:
     std::vector<std::string> m_files;
     BinaryOptions m_binary;
     SidecarOptions m_sidecars;
+    DumpOptions m_dump;
     std::optional<std::string> m_like;
     std::optional<std::string> m_type;
 };
@@ -35,6 +37,7 @@ VerifyCommand::VerifyCommand(CLI::App* parent)
     Arguments::addOperands(app, "FILE", &m_files, "images or companions; - is standard input");
     m_binary.declareOption(app);
     m_sidecars.declareNaming(app);
+    m_dump.declare(app);
     Arguments::addOption(app, RecipeFile::Option, &m_like, "FILE",
                          "what the header must say: a recipe (.json; - is one on standard input), "
                          "an image (.fcf) or a companion (.txt)");
@@ -45,10 +48,16 @@ VerifyCommand::VerifyCommand(CLI::App* parent)
 void VerifyCommand::run(Task* task)
 {
     task->report.findingsAreResults = true;
-    if (m_files.size() > 1 && (m_binary.isGiven() || m_sidecars.hasNamedCompanion() || m_like)) {
-        task->refuse("FILE", "--bin, --companion and --like are about one file");
+    const bool isAboutOne =
+        m_binary.isGiven() || m_sidecars.hasNamedCompanion() || m_like || m_dump.isGiven();
+    if (m_files.size() > 1 && isAboutOne) {
+        task->refuse("FILE", "--bin, --companion, --like and --offset are about one file");
         return;
     }
+
+    // What is beside a dump is of all of it.
+    if (m_dump.isGiven())
+        m_sidecars.skipUnnamed();
     m_sidecars.setImageCount(static_cast<int>(m_files.size()));
 
     QJsonArray results;
@@ -84,10 +93,16 @@ QJsonObject VerifyCommand::verifyFile(const QString& path, Task* task)
 }
 
 /// What --type gives, else the ending of the name, and never what is in the file: an image that was
-/// cut off behind its header looks just like a companion.
+/// cut off behind its header looks just like a companion. In a dump it is an image.
 std::optional<FcfFileChecker::Kind> VerifyCommand::kindOf(const QString& path, Task* task) const
 {
-    if (m_type == "image" || (!m_type && path.endsWith(".fcf")))
+    if (m_dump.isGiven() && m_type == "companion") {
+        task->findings.refuse(path, "--offset", "is of an image, and --type of a companion");
+        return std::nullopt;
+    }
+
+    const bool isNamedImage = m_dump.isGiven() || path.endsWith(".fcf");
+    if (m_type == "image" || (!m_type && isNamedImage))
         return FcfFileChecker::Image;
     if (m_type == "companion" || (!m_type && path.endsWith(".txt")))
         return FcfFileChecker::Companion;
@@ -103,7 +118,7 @@ void VerifyCommand::verify(const QString& path, FcfFileChecker::Kind kind, Task*
                            QJsonObject* result)
 {
     auto set = m_sidecars.open(path, kind == FcfFileChecker::Image, task);
-    const auto fcf = set ? task->readFcf(std::move(set->file), Task::Whole) : std::nullopt;
+    const auto fcf = set ? m_dump.read(std::move(set->file), task) : std::nullopt;
     if (!fcf)
         return;
 

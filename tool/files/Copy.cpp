@@ -56,7 +56,8 @@ Status writeOutput(QIODevice* output, const QByteArray& bytes, const QString& la
 Status copyPayload(const Region& region, QIODevice* output, const QString& label,
                    PayloadCopy::Bytes use, const CopyObserver& observe)
 {
-    const bool endsWithFile = region.offset + region.bytes >= region.file->size();
+    const bool endsWithFile =
+        !region.file->isPart() && region.offset + region.bytes >= region.file->size();
     const Status copied = region.transform || !endsWithFile
                               ? copyThroughMemory(region, output, label, observe)
                               : copyToEnd(region, output, label, use, observe);

@@ -13,14 +13,24 @@ QString InputFile::labelOf(const QString& path)
 
 bool InputFile::isStandardInput() const { return m_path == StandardStream; }
 
+void InputFile::narrow(qint64 offset, qint64 bytes)
+{
+    m_start += offset;
+    m_size = bytes;
+    m_isPart = true;
+}
+
 Result<QByteArray> InputFile::bytesAt(qint64 offset, qint64 bytes) const
 {
+    if (m_isPart)
+        bytes = qBound<qint64>(0, m_size - offset, bytes);
+
     QByteArray taken(static_cast<int>(bytes), Qt::Uninitialized);
     int count = 0;
     while (count < taken.size()) {
         const ssize_t more =
             ::pread(m_file->handle(), taken.data() + count,
-                    static_cast<std::size_t>(taken.size() - count), offset + count);
+                    static_cast<std::size_t>(taken.size() - count), m_start + offset + count);
         if (more < 0 && errno == EINTR)
             continue;
         if (more < 0)

@@ -23,13 +23,17 @@ public:
     const QString& path() const { return m_path; }
     bool isStandardInput() const;
 
-    /// Its size in bytes when it was opened.
+    /// Its size in bytes when it was opened, or that of the part that is left.
     qint64 size() const { return m_size; }
+
+    /// Leaves the \p bytes bytes from \p offset on, as if there were no others in the file.
+    void narrow(qint64 offset, qint64 bytes);
+    bool isPart() const { return m_isPart; }
 
     /// Up to \p bytes bytes from \p offset on; fewer at the end.
     Result<QByteArray> bytesAt(qint64 offset, qint64 bytes) const;
 
-    /// The open file, to be read from any position. Owned.
+    /// The open file, all of it, to be read from any position. Owned.
     QFile* device() const { return m_file.get(); }
 
     /// Lets another program replace the file while it is read: what was opened stays whole.
@@ -47,7 +51,10 @@ private:
     QString m_path;
     QString m_label;
     std::unique_ptr<QFile> m_file;
+    /// Where in the file the part that is left begins, in bytes.
+    qint64 m_start = 0;
     qint64 m_size = 0;
+    bool m_isPart = false;
     /// Its version when it was opened; nothing for a stream.
     std::optional<FileSystem::Version> m_version;
     bool m_mayBeReplaced = false;
