@@ -8,9 +8,9 @@
 namespace {
 
 /// A companion has one header page, whose filler may go a few bytes beyond its nominal size.
-constexpr qint64 LargestCompanion = 2 * FcfLayout::PageBytes;
+constexpr qint64 LargestCompanion = qint64(2) * FcfLayout::PageBytes;
 /// A digest has one line, which is no longer than a path can be.
-constexpr qint64 LargestDigest = 64 * 1024;
+constexpr qint64 LargestDigest = qint64(64) * 1024;
 
 } // namespace
 

@@ -9,7 +9,7 @@
 class DigestList {
 public:
     /// Bytes of the longest list that is read: that of some ten thousand files.
-    static constexpr qint64 MaximumBytes = 4 * 1024 * 1024;
+    static constexpr qint64 MaximumBytes = qint64(4) * 1024 * 1024;
 
     struct Entry {
         /// Binary.
