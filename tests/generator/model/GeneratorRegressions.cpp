@@ -652,6 +652,21 @@ const Line Lines[] = {
     {"all four texts of a function are overridden", {ClickUpload, 0, 0, 0x20}},
     {"a binary that is measured is not the one in the form", {SetBinFile, 0, 0, 0x0}},
     {"a binary that is measured is not the one in the form", {DisplayBinFileSizeInfo, 1, 0, 0x0}},
+    {"a mark in its first line leaves no description", {TypeText, 6, 64, 0x0}},
+    {"a mark in its first line leaves no description", {MakeCompanion, 15, 85, 0x0}},
+    {"a mark in its first line leaves no description", {SetTxtFile, 15, 0, 0x0}},
+    {"showing no function empties the editor", {TypeText, 2, 64, 0x0}},
+    {"showing no function empties the editor", {DisplayFunctionInfo, 0, 0, 0x0}},
+    {"the editor is empty while the box about a file that is no companion is open",
+     {TypeText, 2, 64, 0x0}},
+    {"the editor is empty while the box about a file that is no companion is open",
+     {ClickUpload, 0, 0, 0x0}},
+    {"the editor is empty while the box about a file that is no companion is open",
+     {TypeText, 2, 96, 0x0}},
+    {"the editor is empty while the box about a file that is no companion is open",
+     {MakeCompanion, 15, 8, 0x0}},
+    {"the editor is empty while the box about a file that is no companion is open",
+     {ReplaceByTxtFile, 15, 0, 0x0}},
 };
 
 } // namespace
