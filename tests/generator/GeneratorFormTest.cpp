@@ -35,6 +35,7 @@ private slots:
     void labelsAreBuddiesOfTheirFields();
     void leavesTheDevicesEmptyForAnUnknownModule();
     void pastesMarkupAsPlainText();
+    void showsBoxesAsWarnings();
     void keepsTheCursorWhereADescriptionIsCut();
     void removesTheFunctionThatWasSelectedWhenAsked();
     void showsTheTargetThatTheUserGuideNames_data();
@@ -351,6 +352,21 @@ void GeneratorFormTest::pastesMarkupAsPlainText()
         QCOMPARE(edit->toPlainText(), QString("bold"));
         QVERIFY(!edit->toHtml().contains("font-weight:600"));
     }
+}
+
+void GeneratorFormTest::showsBoxesAsWarnings()
+{
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    QString title;
+    driver->dialogs().inspect([&](QWidget* box) {
+        icon = qobject_cast<QMessageBox*>(box)->icon();
+        title = box->windowTitle();
+    });
+    driver->dialogs().click(QMessageBox::Ok);
+    driver->click("GenerateButton");
+    QCOMPARE(driver->dialogs().texts(), QStringList("Please select a bin file first"));
+    QCOMPARE(icon, QMessageBox::Warning);
+    QCOMPARE(title, QString("Pelk FCF Generator"));
 }
 
 void GeneratorFormTest::keepsTheCursorWhereADescriptionIsCut()
