@@ -42,11 +42,16 @@ bool FcfOutput::open(OpenMode mode)
     return true;
 }
 
-bool FcfOutput::writeImageHeader(const QByteArray& header) { return writeHeader(&m_image, header); }
+// A file that could not be opened fails when it is opened again.
+
+bool FcfOutput::writeImageHeader(const QByteArray& header)
+{
+    return !m_image.file.isOpen() || append(&m_image, header);
+}
 
 bool FcfOutput::writeCompanionHeader(const QByteArray& header)
 {
-    return writeHeader(&m_companion, header);
+    return !m_companion.file.isOpen() || append(&m_companion, header);
 }
 
 bool FcfOutput::fillHeaders(const FcfWriter& writer)
@@ -101,12 +106,6 @@ bool FcfOutput::reopen(Page* page)
 bool FcfOutput::goToEnd(Page* page)
 {
     return page->file.seek(page->file.size()) || fail(Failed, page->file, page->file.errorString());
-}
-
-bool FcfOutput::writeHeader(Page* page, const QByteArray& header)
-{
-    // One that could not be opened fails when it is opened again.
-    return !page->file.isOpen() || append(page, header);
 }
 
 bool FcfOutput::append(Page* page, const QByteArray& bytes)

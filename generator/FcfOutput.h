@@ -78,7 +78,6 @@ private:
     bool reopen(Page* page);
     /// Two pages may be one file, so that its end is known only when something is added to it.
     bool goToEnd(Page* page);
-    bool writeHeader(Page* page, const QByteArray& header);
     static bool isFilled(const Page& page);
     bool fill(Page* page, const FcfWriter& writer);
     bool append(Page* page, const QByteArray& bytes);

@@ -135,8 +135,10 @@ private:
     void showStatus(const QString& html);
 
     FcfHeader headerFromForm() const;
-    bool appendPayload(FcfOutput* output);
+    bool mayOverwrite(const QString& imagePath);
+    bool writeContents(FcfOutput* output, const QString& imageName);
     bool writeHeaders(FcfOutput* output, const QString& imageName);
+    bool appendPayload(FcfOutput* output);
     void showTotals();
     void showGenerated(const QStringList& files);
     void showGenerationFailed();

@@ -59,26 +59,37 @@ void PelkFcfGenerator::saveTofile(QString binPath)
     const QString companionPath = withExtension(ui->txtInputFile->text(), ".txt");
 
     const bool overwriting = QFileInfo(imagePath).exists();
-    if (overwriting &&
-        GeneratorDialogs::ask(this,
-                              tr("A fcf file already exists at path:<br><br>") + imagePath +
-                                  tr("<br><br>Do you want to overwrite it?"),
-                              QMessageBox::No) != QMessageBox::Yes) {
+    if (overwriting && !mayOverwrite(imagePath)) {
         showGenerationFailed();
         return;
     }
 
     FcfOutput output(imagePath, binPath, companionPath);
-    const bool isWhole =
-        output.open(overwriting ? FcfOutput::EndAtFirstFailure : FcfOutput::ShowFailuresLater) &&
-        writeHeaders(&output, QFileInfo(imagePath).fileName()) && output.fillHeaders(FcfWriter()) &&
-        appendPayload(&output);
-    if (!isWhole) {
+    const auto mode = overwriting ? FcfOutput::EndAtFirstFailure : FcfOutput::ShowFailuresLater;
+    if (!output.open(mode) || !writeContents(&output, QFileInfo(imagePath).fileName())) {
         reportFailure(&output);
         return;
     }
+
     warnOfOtherSize(binPath, output.payloadBytes());
     showGenerated(QStringList() << imagePath << companionPath);
+}
+
+bool PelkFcfGenerator::mayOverwrite(const QString& imagePath)
+{
+    const QString question = tr("A fcf file already exists at path:<br><br>") + imagePath +
+                             tr("<br><br>Do you want to overwrite it?");
+    return GeneratorDialogs::ask(this, question, QMessageBox::No) == QMessageBox::Yes;
+}
+
+bool PelkFcfGenerator::writeContents(FcfOutput* output, const QString& imageName)
+{
+    if (!writeHeaders(output, imageName))
+        return false;
+    if (!output->fillHeaders(FcfWriter()))
+        return false;
+
+    return appendPayload(output);
 }
 
 bool PelkFcfGenerator::appendPayload(FcfOutput* output)

@@ -78,7 +78,7 @@ _pelk_fcf() {
         case $command in
         create) _pelk_fcf_words --author --ci --module --device --config --version --description \
             --function --like --output --date-time --date-format --no-companion --digest --force \
-            --strict --depfile --depfile-target --swap --pad-to --if-changed "$common" ;;
+            --strict --depfile --depfile-target --swap --pad-to --if-changed --relabel "$common" ;;
         verify) _pelk_fcf_words --bin --swap --companion --no-companion --digest --no-digest \
             --require-digest --like --offset --type "$common" ;;
         extract) _pelk_fcf_words --output --offset --no-companion --no-digest --force "$common" ;;
@@ -91,7 +91,11 @@ _pelk_fcf() {
     fi
     case $command in
     help) ((COMP_CWORD == 2)) && _pelk_fcf_words "$commands" ;;
-    create) _pelk_fcf_files .bin .bit ;;
+    create)
+        case " ${COMP_WORDS[*]} " in
+        *' --relabel '*) _pelk_fcf_files .fcf ;;
+        *) _pelk_fcf_files .bin .bit ;;
+        esac ;;
     list | extract) _pelk_fcf_files .fcf ;;
     recipe) _pelk_fcf_files .fcf .txt .json ;;
     show | verify | diff) _pelk_fcf_files .fcf .txt ;;

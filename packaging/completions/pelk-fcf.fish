@@ -55,7 +55,11 @@ complete -c pelk-fcf -n '__pelk_fcf_command diff' -x -l ignore -d 'Leave these f
 
 complete -c pelk-fcf -n "__pelk_fcf_command $commands" -l json -d 'Give the result as JSON'
 complete -c pelk-fcf -n "__pelk_fcf_command $commands" -l quiet -d 'Show no progress and no notes'
-complete -c pelk-fcf -n '__pelk_fcf_command create' -a '(__pelk_fcf_files .bin .bit)'
+complete -c pelk-fcf -n '__pelk_fcf_command create; and not contains -- --relabel (commandline -opc)' \
+    -a '(__pelk_fcf_files .bin .bit)'
+complete -c pelk-fcf -n '__pelk_fcf_command create; and contains -- --relabel (commandline -opc)' \
+    -a '(__pelk_fcf_files .fcf)'
+complete -c pelk-fcf -n '__pelk_fcf_command create' -l relabel -d 'Take the payload of an image'
 complete -c pelk-fcf -n '__pelk_fcf_command list extract' -a '(__pelk_fcf_files .fcf)'
 complete -c pelk-fcf -n '__pelk_fcf_command show verify diff' -a '(__pelk_fcf_files .fcf .txt)'
 complete -c pelk-fcf -n '__pelk_fcf_command recipe' -a '(__pelk_fcf_files .fcf .txt .json)'

@@ -197,7 +197,7 @@ int explore(Model* model, Journal* journal, unsigned seed, int actions)
               .arg(sequences)
               .arg(seed)
               .arg(double(timer.elapsed()) / 1000.0));
-    const bool complete = hasReachedAll(*model, qgetenv("MODEL_VERBOSE") == "1");
+    const bool complete = hasReachedAll(*model, qgetenv("PELK_MODEL_VERBOSE") == "1");
     return complete || actions < ActionsOfLongRun ? 0 : 1;
 }
 
@@ -247,7 +247,7 @@ int reportFailure(const QString& journal)
         return 1;
     QStringList actions = partsOf(QString::fromLatin1(file.readAll()));
     print(QString::fromLatin1("FAIL! in:\n%1").arg(actions.join(QLatin1String("; "))));
-    if (qgetenv("MODEL_SHORTEN") == "0" || actions.isEmpty())
+    if (qgetenv("PELK_MODEL_SHORTEN") == "0" || actions.isEmpty())
         return 1;
     actions = shortened(actions, journal);
     const QString text = actions.join(QLatin1String("; "));
@@ -266,14 +266,14 @@ int runAll(const QString& regressions)
     const QString memory = QLatin1String("/dev/shm");
     const WorkFolder folder(QFile::exists(memory) ? memory : QString());
     const QString journal = folder.path(QLatin1String("journal"));
-    const QByteArray sequence = qgetenv("MODEL_SEQUENCE");
+    const QByteArray sequence = qgetenv("PELK_MODEL_SEQUENCE");
     if (!sequence.isEmpty()) {
         const QStringList replayed = QStringList() << QLatin1String("--replay") << journal
                                                    << QString::fromUtf8(sequence);
         return passes(replayed, false) ? 0 : 1;
     }
 
-    QString seed = QString::fromLatin1(qgetenv("MODEL_SEED"));
+    QString seed = QString::fromLatin1(qgetenv("PELK_MODEL_SEED"));
     if (seed.isEmpty())
         seed = QString::number(QDateTime::currentMSecsSinceEpoch() % 1000000000);
     const QStringList listed = QStringList() << QLatin1String("--file") << journal << regressions;
@@ -317,7 +317,7 @@ int runModel(int argc, char** argv, const QString& regressions,
         return replay(model.data(), &journal, QStringList(argument));
     if (mode == QLatin1String("--file"))
         return replay(model.data(), &journal, sequencesOf(argument));
-    const QByteArray actions = qgetenv("MODEL_ACTIONS");
+    const QByteArray actions = qgetenv("PELK_MODEL_ACTIONS");
     return explore(model.data(), &journal, argument.toUInt(),
                    actions.isEmpty() ? model->actionsOfShortRun() : actions.toInt());
 }

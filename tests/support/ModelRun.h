@@ -70,11 +70,11 @@ private:
 /// Everything runs in processes of their own: a sequence that ends in a crash, or in an action that
 /// takes more than a minute, is found, shortened and printed like another one that fails. These
 /// variables of the environment change the run:
-/// - MODEL_ACTIONS: how many actions;
-/// - MODEL_SEED: where the random numbers start, as a failure prints it;
-/// - MODEL_SEQUENCE: a sequence as a failure prints it, which is all that runs then;
-/// - MODEL_SHORTEN=0: a failure is not made shorter;
-/// - MODEL_VERBOSE=1: how often each branch was reached.
+/// - PELK_MODEL_ACTIONS: how many actions;
+/// - PELK_MODEL_SEED: where the random numbers start, as a failure prints it;
+/// - PELK_MODEL_SEQUENCE: a sequence as a failure prints it, which is all that runs then;
+/// - PELK_MODEL_SHORTEN=0: a failure is not made shorter;
+/// - PELK_MODEL_VERBOSE=1: how often each branch was reached.
 int runModel(int argc, char** argv, const QString& regressions,
              Model* (*make)(const QString& folder));
 

@@ -2,6 +2,7 @@
 
 #include <QCryptographicHash>
 #include <QFile>
+#include <QJsonArray>
 #include <QTextCodec>
 #include <QtTest>
 
@@ -36,6 +37,9 @@ private slots:
     void replacesALinkAndNotWhatItLeadsTo();
     void showsProgressAtATerminalOnly();
     void fillsThePageToTheByte();
+    void givesAPayloadOtherLabels();
+    void relabelsNoImageThatIsWrong_data();
+    void relabelsNoImageThatIsWrong();
 };
 
 void CreateTest::writesEveryByteAsTheFormatSays()
@@ -368,6 +372,103 @@ void CreateTest::fillsThePageToTheByte()
         QCOMPARE(tool.read("top.fcf").size(), page.pageBytes + 4000);
         QCOMPARE(tool.run({"verify", tool.argument("top.fcf")}).code, 0);
     }
+}
+
+void CreateTest::givesAPayloadOtherLabels()
+{
+    // The header of the first has other lengths, and 0xFF is behind it.
+    ToolFixture tool;
+    tool.write("old.bin", ToolFixture::payload(4003));
+    QCOMPARE(
+        tool.run(Arguments{"create", tool.argument("old.bin"), "--digest", "--pad-to", "8K",
+                           "--function", "fft", "Bob", "7", QByteArray(900, 'x').toStdString()} +
+                 ToolFixture::described())
+            .code,
+        0);
+    const QByteArray old = tool.read("old.fcf");
+    const std::string image = tool.argument("old.fcf");
+    const Arguments relabel{"create", image, "--relabel", "--output", tool.argument("new.fcf")};
+    const Run run = tool.run(relabel + ToolFixture::described() + Arguments{"--digest"});
+    QVERIFY2(run.code == 0, run.err);
+    QCOMPARE(tool.read("old.fcf"), old);
+
+    // The same as of the binary.
+    const QByteArray relabelled = tool.read("new.fcf");
+    const QByteArray companion = tool.read("new.txt");
+    const Arguments again{"create", tool.argument("old.bin"), "--force", "--output",
+                          tool.argument("new.fcf")};
+    QCOMPARE(tool.run(again + ToolFixture::described() + Arguments{"--digest"}).code, 0);
+    QCOMPARE(relabelled, tool.read("new.fcf"));
+    QCOMPARE(companion, tool.read("new.txt"));
+
+    // With --like nothing but what is given changes.
+    const Run like =
+        tool.run(relabel + Arguments{"--like", image, "--config", "7", "--force", "--digest"});
+    QVERIFY2(like.code == 0, like.err);
+    const Run diff = tool.run({"diff", image, tool.argument("new.fcf"), "--json", "--ignore",
+                               "date,time,fileName,padding"});
+    const QJsonArray fields = diff.json()["fields"].toArray();
+    QVERIFY2(fields.size() == 1 && fields[0].toObject()["field"] == "configNumber", diff.out);
+    QVERIFY2(diff.json()["payload"].isNull(), diff.out);
+
+    // Standard input has nothing beside it, and may have any name.
+    tool.in = old;
+    const Run input = tool.run(Arguments{"create", "-", "--relabel", "--force", "--digest",
+                                         "--output", tool.argument("new.fcf")} +
+                               ToolFixture::described());
+    QVERIFY2(input.code == 0, input.err);
+    QCOMPARE(tool.read("new.fcf"), relabelled);
+}
+
+void CreateTest::relabelsNoImageThatIsWrong_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QByteArray>("message");
+    const QByteArray right = ForgedImage().bytes();
+    ForgedImage slot;
+    slot.numbers[8] = 11;
+    const QStringList output{"--output", "new.fcf"};
+    QTest::newRow("an image that is not valid")
+        << "top.fcf" << slot.bytes() << output << 1 << QByteArray("configNumber at offset ");
+    QTest::newRow("a payload that is cut")
+        << "top.fcf" << right.chopped(1) << output << 1 << QByteArray("1 byte is missing");
+    QTest::newRow("a companion") << "top.fcf" << ForgedImage().page() << output << 1
+                                 << QByteArray("missing at the end");
+    QTest::newRow("no image") << "top.fcf" << ToolFixture::payload(4000) << output << 1
+                              << QByteArray("is no FCF file");
+    QTest::newRow("a digest that contradicts it")
+        << "wrong.fcf" << right << output << 1 << QByteArray("digest at offset 0: is not that of");
+    QTest::newRow("no output") << "top.fcf" << right << QStringList() << 2
+                               << QByteArray("--output: is missing");
+    QTest::newRow("the image as the output")
+        << "top.fcf" << right << QStringList{"--output", "top.fcf", "--force"} << 2
+        << QByteArray("is the input itself");
+    QTest::newRow("a swap") << "top.fcf" << right << output + QStringList{"--swap", "bits"} << 2
+                            << QByteArray("--swap: is of a binary");
+}
+
+void CreateTest::relabelsNoImageThatIsWrong()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, bytes);
+    QFETCH(QStringList, options);
+    QFETCH(int, code);
+    QFETCH(QByteArray, message);
+    ToolFixture tool;
+    tool.write(name, bytes);
+    tool.write("wrong.fcf.sha256", QByteArray(64, '0') + "  wrong.fcf\n");
+    const QStringList before = tool.names();
+    Arguments arguments{"create", tool.argument(name), "--relabel"};
+    for (const QString& option : options)
+        arguments.push_back(option.endsWith(".fcf") ? tool.argument(option) : option.toStdString());
+    const Run run = tool.run(arguments + ToolFixture::described());
+    QCOMPARE(run.code, code);
+    QVERIFY2(run.err.contains(message), run.err);
+    QCOMPARE(tool.names(), before);
+    QCOMPARE(tool.read(name), bytes);
 }
 
 QTEST_GUILESS_MAIN(CreateTest)

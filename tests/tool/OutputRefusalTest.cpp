@@ -214,8 +214,6 @@ void OutputRefusalTest::keepsFilesThatAreNotItsOwn_data()
                                                     << "companion";
     QTest::newRow("notes as the companion") << "top.txt" << notes << "--if-changed"
                                             << "companion";
-    QTest::newRow("nothing as the companion") << "top.txt" << QByteArray() << "--force"
-                                              << "companion";
     QTest::newRow("an image as the companion") << "top.txt" << ForgedImage().bytes() << "--force"
                                                << "companion";
     QTest::newRow("notes as the digest, forced") << "top.fcf.sha256" << notes << "--force"
@@ -270,6 +268,9 @@ void OutputRefusalTest::replacesWhatItRecognises_data()
     QTest::newRow("a digest with a tag") << "top.fcf.sha256"
                                          << "SHA256 (top.fcf) = " + digest << "--force";
     QTest::newRow("a damaged image") << "top.fcf" << damaged.bytes() << "--if-changed";
+    QTest::newRow("nothing as the companion") << "top.txt" << QByteArray() << "--force";
+    QTest::newRow("nothing as the digest") << "top.fcf.sha256" << QByteArray() << "--if-changed";
+    QTest::newRow("nothing as the image") << "top.fcf" << QByteArray() << "--if-changed";
     QTest::newRow("any file as the image") << "top.fcf" << QByteArray("notes") << "--force";
 }
 

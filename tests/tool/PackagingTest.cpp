@@ -206,6 +206,7 @@ void PackagingTest::completes_data()
         {"binaries", {"create", "two"}, {"two words.bin"}},
         {"binaries behind a version", {"create", "--version", "1.0", "two"}, {"two words.bin"}},
         {"binaries behind all options", {"create", "--", "two"}, {"two words.bin"}},
+        {"images to relabel", {"create", "--relabel", "two"}, {"two words.fcf"}},
         {"binaries to compare with", {"verify", "--bin", "two"}, {"two words.bin"}},
         {"images", {"extract", "two"}, {"two words.fcf"}},
         {"images to list", {"list", "two"}, {"two words.fcf"}},

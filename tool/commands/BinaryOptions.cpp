@@ -2,9 +2,11 @@
 
 #include "fcf/FcfLayout.h"
 #include "tool/base/Text.h"
+#include "tool/check/BitContainer.h"
 #include "tool/check/NewImageChecker.h"
 #include "tool/check/PayloadKind.h"
 #include "tool/commands/Arguments.h"
+#include "tool/commands/SidecarOptions.h"
 #include "tool/commands/Task.h"
 
 namespace {
@@ -28,8 +30,10 @@ QString lengthComplaint(qint64 stated, qint64 following)
 void BinaryOptions::declareOperand(CLI::App* app)
 {
     Arguments::addRequired(app, m_name, &m_path, "",
-                           "the binary, or a .bit file, whose header is left out; - is standard "
-                           "input");
+                           "the binary, or a .bit file, whose header is left out, or with "
+                           "--relabel an image; - is standard input");
+    Arguments::addFlag(app, "--relabel", &m_relabel,
+                       "take the payload of an image in place of a binary");
     declareSwap(app);
 }
 
@@ -62,6 +66,8 @@ std::optional<InputFile> BinaryOptions::open(Task* task)
     const std::optional<QString> path = task->path(*m_path, m_name);
     if (!path)
         return std::nullopt;
+    if (m_relabel)
+        return openImage(*path, task);
 
     auto file = task->open(*path, NewImageChecker::LargestBinary, m_name);
     if (!file)
@@ -78,10 +84,26 @@ std::optional<InputFile> BinaryOptions::open(Task* task)
     return file;
 }
 
+/// Opens an image, whose payload is taken as it is. What extract would not take is refused.
+std::optional<InputFile> BinaryOptions::openImage(const QString& path, Task* task)
+{
+    if (m_swap)
+        task->refuse("--swap", "is of a binary: with --relabel the payload stays as it is");
+
+    SidecarOptions sidecars;
+    auto set = sidecars.open(path, true, task);
+    auto image = set ? task->readFcf(std::move(set->file), Task::Whole) : std::nullopt;
+    if (!image || !sidecars.checkImage(*image, *set, task))
+        return std::nullopt;
+
+    m_before = image->page.bytes;
+    m_behind = image->page.fillerBytes;
+    return std::move(image->file);
+}
+
 Region BinaryOptions::payload(const InputFile& file) const
 {
-    const qint64 offset = m_container ? m_container->headerBytes : 0;
-    Region region{&file, offset, file.size() - offset, nullptr};
+    Region region{&file, m_before, file.size() - m_before - m_behind, nullptr};
     if (m_swaps.isEmpty())
         return region;
 
@@ -110,7 +132,7 @@ bool BinaryOptions::readContainer(const InputFile& file, const QByteArray& start
         return false;
     }
 
-    m_container = *container;
+    m_before = headerBytes;
     note(QStringLiteral("the header of its .bit container is left out: design %1, part %2, %3 %4")
              .arg(shownText(design), shownText(part), shownText(date), shownText(time)),
          task);

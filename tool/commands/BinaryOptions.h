@@ -1,7 +1,6 @@
 #ifndef TOOL_COMMANDS_BINARYOPTIONS_H
 #define TOOL_COMMANDS_BINARYOPTIONS_H
 
-#include "tool/check/BitContainer.h"
 #include "tool/check/WordSwap.h"
 #include "tool/files/InputFile.h"
 #include "tool/files/Region.h"
@@ -16,7 +15,8 @@ class App;
 }
 
 /// The arguments about the binary that an image is made of: a file without the header of its
-/// container, if it has one, and with its words swapped, if that was asked for.
+/// container, if it has one, and with its words swapped, if that was asked for, or the payload of
+/// another image.
 class BinaryOptions {
 public:
     /// These declare it as an operand that must be given, or as the option --bin.
@@ -39,6 +39,7 @@ public:
 
 private:
     void declareSwap(CLI::App* app);
+    std::optional<InputFile> openImage(const QString& path, Task* task);
     bool readContainer(const InputFile& file, const QByteArray& start, Task* task);
     void readSwap(Task* task);
     void checkWholeWords(const InputFile& file, Task* task) const;
@@ -48,7 +49,10 @@ private:
     std::optional<std::string> m_path;
     const char* m_name = "BIN";
     std::optional<std::string> m_swap;
-    std::optional<BitContainer> m_container;
+    bool m_relabel = false;
+    /// Bytes in front of the payload and behind it.
+    qint64 m_before = 0;
+    qint64 m_behind = 0;
     WordSwap::Swaps m_swaps;
 };
 

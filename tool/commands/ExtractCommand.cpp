@@ -1,5 +1,4 @@
 #include "tool/base/Text.h"
-#include "tool/check/FcfFileChecker.h"
 #include "tool/commands/Command.h"
 #include "tool/commands/DumpOptions.h"
 #include "tool/commands/OutputChecks.h"
@@ -17,7 +16,6 @@ public:
 
 private:
     void checkOutput(const QString& output, Task* task) const;
-    void checkImage(const FcfFile& image, const SidecarOptions::Set& set, Task* task);
     Status write(const Region& payload, const QString& output, Task* task) const;
 
     std::optional<std::string> m_file;
@@ -56,8 +54,7 @@ void ExtractCommand::run(Task* task)
     if (!image || task->findings.hasErrors())
         return;
 
-    checkImage(*image, *set, task);
-    if (task->findings.hasErrors())
+    if (!m_sidecars.checkImage(*image, *set, task))
         return;
 
     const Status written = write(image->payload(), *output, task);
@@ -79,16 +76,6 @@ void ExtractCommand::checkOutput(const QString& output, Task* task) const
     else if (task->report.json)
         task->findings.refuse(StandardOutputLabel, "--output",
                               "takes the payload alone: --json needs a file");
-}
-
-void ExtractCommand::checkImage(const FcfFile& image, const SidecarOptions::Set& set, Task* task)
-{
-    const auto& [file, page] = image;
-    const FcfFileChecker checker(&file, FcfFileChecker::Image, task->codec, &task->findings);
-    checker.check(page);
-    SidecarOptions::checkCompanion(checker, page, set.companion);
-    m_sidecars.checkDigest(image, set.digest, task);
-    task->findings.dropNotes();
 }
 
 Status ExtractCommand::write(const Region& payload, const QString& output, Task* task) const

@@ -26,7 +26,12 @@ bool refuseInput(const QString& path, Task* task)
 Result<bool> isReplaceable(const QString& path, const OutputChecks::Existing& existing)
 {
     // There is nothing to recognise behind a link to a folder, or to nothing.
-    if (!existing.kind || !QFileInfo(path).isFile())
+    const QFileInfo info(path);
+    if (!existing.kind || !info.isFile())
+        return true;
+
+    // Nothing is lost with an empty file, which an image that was never completed leaves behind.
+    if (info.size() == 0)
         return true;
 
     return FileKind::isOfKind(path, *existing.kind);

@@ -247,3 +247,17 @@ bool SidecarOptions::checkDigest(const FcfFile& image, const std::optional<Input
     }
     return true;
 }
+
+bool SidecarOptions::checkImage(const FcfFile& image, const Set& set, Task* task)
+{
+    const int findingsBefore = task->findings.list().size();
+    const auto& [file, page] = image;
+    const FcfFileChecker checker(&file, FcfFileChecker::Image, task->codec, &task->findings);
+    checker.check(page);
+    checkCompanion(checker, page, set.companion);
+    checkDigest(image, set.digest, task);
+
+    const bool isValid = task->findings.exitCode(findingsBefore) == ExitCode::Done;
+    task->findings.dropNotes();
+    return isValid;
+}

@@ -56,6 +56,10 @@ public:
     /// payload is known to be right or wrong.
     bool checkDigest(const FcfFile& image, const std::optional<InputFile>& digest, Task* task);
 
+    /// Checks that \p image is valid, and that no sidecar of \p set contradicts it. Notes are
+    /// dropped. Returns whether there are no errors.
+    bool checkImage(const FcfFile& image, const Set& set, Task* task);
+
 private:
     std::optional<QString> companionPath(const InputFile& file, Task* task) const;
     std::optional<QString> digestPath(const InputFile& image, Task* task) const;

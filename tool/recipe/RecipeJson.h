@@ -23,8 +23,8 @@ QJsonObject fields(const Recipe& recipe);
 
 QByteArray write(const Recipe& recipe);
 
-/// Reads \p json, the contents of the file \p label. Refuses anything that write() would not
-/// write, but for recipes of version 1, in which "version" is an object of "major" and "minor".
+/// Reads \p json, the contents of the file \p label. Refuses names that are not known, and values
+/// of another type.
 tl::expected<Recipe, QList<Finding>> read(const QByteArray& json, const QString& label);
 
 } // namespace RecipeJson

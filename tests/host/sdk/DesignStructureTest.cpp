@@ -10,11 +10,15 @@ class DesignStructureTest : public QObject {
 
 private slots:
     void mapsAPatternToItsOwnAssociationFirst();
+    void mapsAPatternToTheFirstOfItsAssociations();
     void mapsAFileNameByWildcards();
     void mapsAnUnknownNameToNothing();
     void findsNodesAtEveryDepth();
     void findsTheOutermostOfTwoNodes();
+    void findsNoNodeByAnEmptyName();
     void mapsToAWorkingFolder();
+    void mapsToTheFolderOfThePatternItselfFirst();
+    void passesOverAssociationsWithoutAFolder();
 };
 
 void DesignStructureTest::mapsAPatternToItsOwnAssociationFirst()
@@ -24,6 +28,14 @@ void DesignStructureTest::mapsAPatternToItsOwnAssociationFirst()
     structure.addFileAssociation("*.bit", "Bit-streams");
     QCOMPARE(structure.mapFileNameToAssociation("*.bit")->designNode(), QString("Bit-streams"));
     QCOMPARE(structure.mapFileNameToAssociation("*.txt")->designNode(), QString("Everything"));
+}
+
+void DesignStructureTest::mapsAPatternToTheFirstOfItsAssociations()
+{
+    DesignStructure structure;
+    structure.addFileAssociation("*.bit", "First");
+    structure.addFileAssociation("*.bit", "Second");
+    QCOMPARE(structure.mapFileNameToAssociation("*.bit")->designNode(), QString("First"));
 }
 
 void DesignStructureTest::mapsAFileNameByWildcards()
@@ -63,6 +75,14 @@ void DesignStructureTest::findsTheOutermostOfTwoNodes()
     QCOMPARE(structure.designNodeWithName("same", true)->objectBase(), outermost);
 }
 
+void DesignStructureTest::findsNoNodeByAnEmptyName()
+{
+    DesignStructure structure;
+    structure.rootNode()->addNode(QString())->addNode("inner");
+    QVERIFY(!structure.designNodeWithName(QString(), false));
+    QVERIFY(!structure.designNodeWithName(QString(), true));
+}
+
 void DesignStructureTest::mapsToAWorkingFolder()
 {
     DesignStructure structure;
@@ -73,6 +93,24 @@ void DesignStructureTest::mapsToAWorkingFolder()
     QCOMPARE(structure.mapFileNameToWorkingFolderPath("*.zip", "Packed", ""), QString("packed"));
     QCOMPARE(structure.mapFileNameToWorkingFolderPath("*.bit", "", ""), QString());
     QCOMPARE(structure.mapFileNameToWorkingFolderPath("*.tar", "", "other"), QString("other"));
+}
+
+void DesignStructureTest::mapsToTheFolderOfThePatternItselfFirst()
+{
+    DesignStructure structure;
+    structure.addFileAssociation("*.z*", "Packed", "packed");
+    structure.addFileAssociation("*.zip", "Archives", "archives");
+    QCOMPARE(structure.mapFileNameToWorkingFolderPath("*.zip", "", ""), QString("archives"));
+    QCOMPARE(structure.mapFileNameToWorkingFolderPath("top.zip", "", ""), QString("packed"));
+}
+
+void DesignStructureTest::passesOverAssociationsWithoutAFolder()
+{
+    DesignStructure structure;
+    structure.addFileAssociation("*.bit", "Bit-streams");
+    QCOMPARE(structure.mapFileNameToWorkingFolderPath("*.bit", "", "other"), QString("other"));
+    structure.addFileAssociation("*.bi*", "Binaries", "binaries");
+    QCOMPARE(structure.mapFileNameToWorkingFolderPath("*.bit", "", "other"), QString("binaries"));
 }
 
 QTEST_GUILESS_MAIN(DesignStructureTest)

@@ -34,9 +34,12 @@ private slots:
     void keepsPropertiesInOrder();
     void hasInvalidValuesForPropertiesNeverSet();
     void findsAFileByAnyPathToIt();
+    void findsAFileThatIsInTheTreeAlone();
+    void findsALinkByItsOwnPath();
     void refusesAFile_data();
     void refusesAFile();
     void refusesChangesWhileLocked();
+    void namesTheLockBeforeReadOnly();
     void keepsWhatItNotesAboutFilesWhileLocked_data();
     void keepsWhatItNotesAboutFilesWhileLocked();
     void restoresAFileThatDoesNotExist();
@@ -47,6 +50,9 @@ private slots:
     void takesFoldersToo();
     void removesAFile();
     void notesWhatChangesIt();
+    void isModifiedBeforeItSaysWhatChanged();
+    void isNotModifiedByAMarkThatIsSetAgain();
+    void isModifiedByALockButNotByReadOnly();
     void reportsItsLockStates();
     void handsFilesOverForRefreshing();
     void leavesTheManagerWhenDeleted();
@@ -133,6 +139,24 @@ void DesignTest::findsAFileByAnyPathToIt()
     QVERIFY(!m_design->fileAt(""));
 }
 
+void DesignTest::findsAFileThatIsInTheTreeAlone()
+{
+    DesignFile* const added = m_design->restoreFile("added.bin");
+    auto* const file = new DesignFile(m_folder->filePath("top.bin"), m_design.data());
+    QVERIFY(m_design->tree()->addItem(file));
+    QCOMPARE(m_design->fileAt("top.bin"), file);
+    QCOMPARE(m_design->fileAt("added.bin"), added);
+}
+
+void DesignTest::findsALinkByItsOwnPath()
+{
+    QVERIFY(QFile::link(makeFile("top.bin"), m_folder->filePath("link.bin")));
+    DesignFile* const link = m_design->addFile("link.bin", nullptr);
+    QVERIFY(link);
+    QCOMPARE(m_design->fileAt("link.bin"), link);
+    QVERIFY(!m_design->fileAt("top.bin"));
+}
+
 void DesignTest::refusesAFile_data()
 {
     QTest::addColumn<QString>("path");
@@ -175,6 +199,16 @@ void DesignTest::refusesChangesWhileLocked()
     m_design->setReadOnly(true);
     QVERIFY(!m_design->addFile("top.bin", &error));
     QCOMPARE(error, QString("The design is read-only."));
+}
+
+void DesignTest::namesTheLockBeforeReadOnly()
+{
+    makeFile("top.bin");
+    m_design->setLocked(true);
+    m_design->setReadOnly(true);
+    QString error;
+    QVERIFY(!m_design->addFile("top.bin", &error));
+    QCOMPARE(error, QString("The design is locked."));
 }
 
 void DesignTest::keepsWhatItNotesAboutFilesWhileLocked_data()
@@ -319,6 +353,34 @@ void DesignTest::notesWhatChangesIt()
     file->setIsGenerated(true);
     QVERIFY(m_design->isModified());
     QCOMPARE(modified.count(), 3);
+}
+
+void DesignTest::isModifiedBeforeItSaysWhatChanged()
+{
+    QList<bool> modified;
+    connect(m_design.data(), &Design::propertiesChanged,
+            [this, &modified] { modified << m_design->isModified(); });
+    m_design->setDesignProperty("a", 1, QtilitiesCategory());
+    m_design->setModified(false);
+    m_design->removeDesignProperty("a");
+    QCOMPARE(modified, QList<bool>() << true << true);
+}
+
+void DesignTest::isNotModifiedByAMarkThatIsSetAgain()
+{
+    DesignFile* const file = m_design->restoreFile("top.bin");
+    file->setIsGenerated(true);
+    m_design->setModified(false);
+    file->setIsGenerated(true);
+    QVERIFY(!m_design->isModified());
+}
+
+void DesignTest::isModifiedByALockButNotByReadOnly()
+{
+    m_design->setReadOnly(true);
+    QVERIFY(!m_design->isModified());
+    m_design->setLocked(true);
+    QVERIFY(m_design->isModified());
 }
 
 void DesignTest::reportsItsLockStates()

@@ -16,6 +16,7 @@
 
 #include <cstring>
 
+using OrvanticCore::DesignArchiveOutputParserDialog;
 using OrvanticCore::IDesign;
 using OrvanticCore::Interfaces::IDesignArchiveExtension;
 using OrvanticCore::Interfaces::IDesignViewExtensions;
@@ -74,6 +75,7 @@ private slots:
     void archiveExtensionsBeginAsLinkedExtensions();
     void archiveExtensionsGoOnWithTheirOwn();
     void archiveExtensionsHaveTheFlagsOfThePackage();
+    void archiveDialogs();
     void designs();
     void managers();
     void menus();
@@ -160,6 +162,19 @@ void InterfaceTablesTest::archiveExtensionsHaveTheFlagsOfThePackage()
     QCOMPARE(int(IDesignArchiveExtension::ExternalFiles), 0x04);
     QCOMPARE(int(IDesignArchiveExtension::DesignFolders), 0x08);
     QCOMPARE(int(IDesignArchiveExtension::DesignDescription), 0x10);
+}
+
+void InterfaceTablesTest::archiveDialogs()
+{
+    // How many entries a QDialog has is up to Qt.
+    const int first = placeOf(&DesignArchiveOutputParserDialog::currentExtension);
+    QVERIFY(first > OfObjects);
+    QCOMPARE(placesOf(&DesignArchiveOutputParserDialog::currentExtension,
+                      &DesignArchiveOutputParserDialog::design,
+                      &DesignArchiveOutputParserDialog::setAppendVersionCheckboxVisible,
+                      &DesignArchiveOutputParserDialog::setDestinationPathReadOnly,
+                      &DesignArchiveOutputParserDialog::setIncludedItemsGroupboxVisible),
+             from(first, 5));
 }
 
 void InterfaceTablesTest::designs()

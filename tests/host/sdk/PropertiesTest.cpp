@@ -15,6 +15,7 @@ private slots:
     void hasNoPropertyAtFirst();
     void takesAnotherKindOfPropertyForAnInvalidOne();
     void refusesAPropertyWithoutAName();
+    void isInvalidWithoutAValue();
     void startsWithTheFrameworksFlags();
     void namesAnAnnouncedProperty();
     void comparesAnnouncedProperties();
@@ -59,6 +60,14 @@ void PropertiesTest::refusesAPropertyWithoutAName()
     QCOMPARE(nameless.value(), QVariant("one"));
     QVERIFY(!ObjectManager::setSharedProperty(&object, nameless));
     QVERIFY(object.dynamicPropertyNames().isEmpty());
+}
+
+void PropertiesTest::isInvalidWithoutAValue()
+{
+    SharedProperty property("Text", QVariant());
+    QVERIFY(!property.isValid());
+    QVERIFY(property.setValue("one"));
+    QVERIFY(property.isValid());
 }
 
 void PropertiesTest::startsWithTheFrameworksFlags()
