@@ -50,8 +50,10 @@ inline QRect availableGeometry(const QWidget* window)
 /// Makes of \p value one of another type. Returns false where it has none of that type.
 inline bool convert(QVariant* value, ValueType type)
 {
-#if QT_VERSION < 0x060000
+#if QT_VERSION < 0x050000
     return value->convert(type);
+#elif QT_VERSION < 0x060000
+    return value->convert(static_cast<int>(type));
 #else
     return value->convert(QMetaType(type));
 #endif

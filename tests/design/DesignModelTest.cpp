@@ -6,6 +6,7 @@
 #include "support/MarkingTranslator.h"
 #include "support/ModalAnswer.h"
 #include "support/ModelRun.h"
+#include "support/Offscreen.h"
 #include "support/RecordingDesign.h"
 #include "support/TestFile.h"
 
@@ -94,8 +95,6 @@ QByteArray companion()
 
 /// On a screen a window manager has a say in the place and the state of a window, and takes its
 /// time.
-bool isWithoutScreen() { return qgetenv("QT_QPA_PLATFORM") == "offscreen"; }
-
 /// The items of a structure that has a node "Bits" for "*.bit" by \p kind's rules.
 DesignStructure* newStructure(int kind)
 {
@@ -291,7 +290,7 @@ QList<DesignModelTest::Act> DesignModelTest::acts()
 QStringList DesignModelTest::branches() const
 {
     QStringList branches;
-    if (isWithoutScreen())
+    if (isOffscreen())
         branches << QLatin1String("minimized window");
     return branches << QLatin1String("no design") << QLatin1String("two designs")
                     << QLatin1String("no item") << QLatin1String("no structure")
@@ -913,7 +912,7 @@ void DesignModelTest::closeWindow(const ModelAction&)
 
 void DesignModelTest::minimize(const ModelAction&)
 {
-    if (!m_window || !isWithoutScreen())
+    if (!m_window || !isOffscreen())
         return;
     m_window->setWindowState(Qt::WindowMinimized);
     m_model.window.minimized = true;
@@ -1014,7 +1013,7 @@ QStringList DesignModelTest::state()
                  .arg(shown && shown != m_window ? faultOf(shown) : QString());
     // One that was minimized comes back.
     const bool settled =
-        shown && shown == m_window && !m_wasMinimized && !shown->isMinimized() && isWithoutScreen();
+        shown && shown == m_window && !m_wasMinimized && !shown->isMinimized() && isOffscreen();
     if (settled && shown->pos() != m_place)
         lines << QLatin1String("it has moved");
     m_wasMinimized = shown && shown->isMinimized();

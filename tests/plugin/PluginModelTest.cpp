@@ -5,6 +5,7 @@
 #include "support/LoadedPlugin.h"
 #include "support/MarkingTranslator.h"
 #include "support/ModelRun.h"
+#include "support/Offscreen.h"
 #include "support/TestFile.h"
 
 #include <OrvanticCore/DesignManager.h>
@@ -385,9 +386,7 @@ void PluginModelTest::minimize(const ModelAction& action)
         return;
     m_model.minimized = true;
     // A window manager takes its time with two states at once.
-    // Qt 4 knows no platform but the display, whatever the variable says.
-    const bool isOffscreen = qgetenv("QT_QPA_PLATFORM") == "offscreen" && qVersion()[0] != '4';
-    m_model.maximized = action.choice(0, 2) == 0 && isOffscreen;
+    m_model.maximized = action.choice(0, 2) == 0 && isOffscreen();
     m_window->setWindowState(m_model.maximized ? Qt::WindowMinimized | Qt::WindowMaximized
                                                : Qt::WindowStates(Qt::WindowMinimized));
     activateOther();
