@@ -43,9 +43,11 @@ private slots:
     void givesBackWhatWasWritten();
     void findsWhereTextsAre();
     void findsWhereTheTextEnds();
+    void findsWhereATextLongerThanAPageIs();
     void takesTheReservedWords();
     void reportsTheFirstDeviation_data();
     void reportsTheFirstDeviation();
+    void reportsACharacterThatIsCutOff();
     void endsWithTheDevice();
     void takesNoMoreThanItsBound();
     void leavesThePayloadAlone();
@@ -80,6 +82,19 @@ void FcfExactReaderTest::findsWhereTheTextEnds()
     QCOMPARE(readExactly(bytes + "\n----\n").textEnd, bytes.size());
 }
 
+void FcfExactReaderTest::findsWhereATextLongerThanAPageIs()
+{
+    FcfHeader longer = header();
+    longer.description = QString("a line\n").repeated(1000);
+    const QByteArray bytes = FcfWriter(utf8()).compose(longer);
+    QVERIFY(bytes.size() > 5000);
+    const FcfExactReading reading = readExactly(bytes);
+    const FcfSpan name = reading.spans.at(6);
+    QCOMPARE(name.field, "name");
+    QVERIFY(bytes.mid(name.offset).startsWith(" f---- \nFunction author: "));
+    QCOMPARE(reading.textEnd, bytes.size());
+}
+
 void FcfExactReaderTest::takesTheReservedWords()
 {
     QByteArray bytes = FcfWriter(utf8()).compose(header());
@@ -107,6 +122,8 @@ void FcfExactReaderTest::reportsTheFirstDeviation_data()
     row("a prefix of a function", "Function CI No:  7", "Function CI No:", "ciNumber", 0,
         "Function CI No: ");
     row("a line that is missing", "Date: \n", "", "date", -1, "Date: ");
+    row("something before a prefix", "Author: Grün", "The Author: Grün", "author", -1, "Author: ");
+    row("more than the mark of the end", "\n----\n", "\n---- end\n", "name", 2, "Function name: ");
     row("an early mark", "Author: D\n", "\n---\n", "name", 0, "Function name: ");
     row("a carriage return after a mark", "\n---\n", "\n---\r\n", "description", -1,
         "a line feed without a carriage return at the end of the line");
@@ -135,6 +152,18 @@ void FcfExactReaderTest::reportsTheFirstDeviation()
                                                                  : reading.found.toUtf8());
 }
 
+void FcfExactReaderTest::reportsACharacterThatIsCutOff()
+{
+    QByteArray bytes = FcfWriter(utf8()).compose(header());
+    // The first byte of two, before the line feed.
+    const int position = bytes.indexOf("ün\n");
+    bytes.remove(position + 1, 2);
+    const FcfExactReading reading = readExactly(bytes);
+    QVERIFY(reading.outcome == FcfExactReading::Deviates);
+    QCOMPARE(QByteArray(reading.deviation.field), QByteArray("author"));
+    QCOMPARE(reading.expected, QString("text that can be decoded"));
+}
+
 void FcfExactReaderTest::endsWithTheDevice()
 {
     const QByteArray bytes = FcfWriter(utf8()).compose(header());
@@ -142,8 +171,10 @@ void FcfExactReaderTest::endsWithTheDevice()
         const FcfExactReading reading = readExactly(bytes.left(length));
         QVERIFY2(reading.outcome != FcfExactReading::Complete, qPrintable(QString::number(length)));
     }
-    QVERIFY(readExactly(QByteArray()).outcome == FcfExactReading::NoText);
-    QVERIFY(readExactly(bytes.left(65)).outcome == FcfExactReading::NoText);
+    // A number or a reserved word that is cut off is no text.
+    for (int length = 0; length <= 65; ++length)
+        QVERIFY2(readExactly(bytes.left(length)).outcome == FcfExactReading::NoText,
+                 qPrintable(QString::number(length)));
 }
 
 void FcfExactReaderTest::takesNoMoreThanItsBound()

@@ -2,6 +2,8 @@
 
 #include "fcf/FcfLayout.h"
 
+#include <QCoreApplication>
+#include <QLocale>
 #include <QtTest>
 
 class FcfHeaderTest : public QObject {
@@ -73,11 +75,28 @@ void FcfHeaderTest::functionsDifferInEachText()
 
 void FcfHeaderTest::isStampedWithTheLocalesDateAndPlainTime()
 {
+    const QDate date(2026, 3, 4);
+    const QString expected = QLocale("ar_EG").toString(date, QLocale::ShortFormat);
+    QVERIFY(expected != QLocale::c().toString(date, QLocale::ShortFormat));
+    const QDateTime moment(date, QTime(22, 8, 9, 999));
+    QVERIFY(moment.toUTC().date() != date);
+
     FcfHeader header;
-    header.stamp(QDateTime(QDate(2026, 3, 4), QTime(7, 8, 9, 999)));
-    QCOMPARE(header.date, QString("4 Mar 2026"));
-    QCOMPARE(header.time, QString("07:08:09"));
+    header.stamp(moment);
+    QCOMPARE(header.date, expected);
+    QCOMPARE(header.time, QString("22:08:09"));
 }
 
-QTEST_GUILESS_MAIN(FcfHeaderTest)
+int main(int argc, char** argv)
+{
+    // A locale with digits of its own, and a zone where it is another day than in UTC.
+    qunsetenv("LC_ALL");
+    for (const char* category : {"LC_TIME", "LC_NUMERIC"})
+        qputenv(category, "ar_EG.UTF-8");
+    qputenv("TZ", "America/St_Johns");
+    const QCoreApplication application(argc, argv);
+    FcfHeaderTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "FcfHeaderTest.moc"

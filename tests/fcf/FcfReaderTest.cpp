@@ -51,7 +51,11 @@ private slots:
     void takesAValueUpToItsSecondSeparator();
     void takesALineWithoutItsSeparatorForAnEmptyText();
     void trimsSomeValuesAndNotOthers();
+    void trimsBlanksThatAreNotAscii();
+    void takesTheKeywordAnywhereInTheFirstLine();
+    void takesADescriptionBehindAColonAlone();
     void readsADescriptionOfSeveralLinesAsLines();
+    void keepsTheEmptyLinesOfADescription();
     void joinsTheLinesOfAFunctionsDescription();
     void endsADescriptionAtThreeHyphensAnywhere();
     void endsTheListAtFourHyphensInAName();
@@ -202,11 +206,46 @@ void FcfReaderTest::trimsSomeValuesAndNotOthers()
     QVERIFY(reading.header == expected);
 }
 
+void FcfReaderTest::trimsBlanksThatAreNotAscii()
+{
+    const QString noBreakSpace(QChar(0x00A0));
+    const QString wideSpace(QChar(0x3000));
+    const QString author = noBreakSpace + "R." + noBreakSpace + "Vos" + wideSpace;
+    const FcfReading reading =
+        readingOfLines({"Filename: f", "CI No: c", "Author: " + author.toUtf8(), "Date: d",
+                        "Time: t", "Description: d", "---", "----"});
+    QCOMPARE(reading.outcome, FcfReading::Complete);
+    QCOMPARE(reading.header.author, QString("R." + noBreakSpace + "Vos"));
+}
+
+void FcfReaderTest::takesTheKeywordAnywhereInTheFirstLine()
+{
+    const FcfReading reading = readingOf(preamble() + "The " + headerLines("d\n---\n----\n"));
+    QCOMPARE(reading.outcome, FcfReading::Complete);
+    QCOMPARE(reading.header.fileName, QString("f"));
+}
+
+void FcfReaderTest::takesADescriptionBehindAColonAlone()
+{
+    const FcfReading reading =
+        readingOfLines({"Filename: f", "CI No: c", "Author: a", "Date: d", "Time: t",
+                        "Description:first", "second", "---", "----"});
+    QCOMPARE(reading.outcome, FcfReading::Complete);
+    QCOMPARE(reading.header.description, QString("first\nsecond"));
+}
+
 void FcfReaderTest::readsADescriptionOfSeveralLinesAsLines()
 {
     const FcfReading reading = readingOf(preamble() + headerLines("one\n\nthree\n---\n----\n"));
     QCOMPARE(reading.outcome, FcfReading::Complete);
     QCOMPARE(reading.header.description, QString("one\n\nthree"));
+}
+
+void FcfReaderTest::keepsTheEmptyLinesOfADescription()
+{
+    const FcfReading reading = readingOf(preamble() + headerLines("\n\nthird\n\n---\n----\n"));
+    QCOMPARE(reading.outcome, FcfReading::Complete);
+    QCOMPARE(reading.header.description, QString("\n\nthird\n"));
 }
 
 void FcfReaderTest::joinsTheLinesOfAFunctionsDescription()

@@ -43,7 +43,9 @@ private slots:
     void composesMoreThanAPageWhereTheTextIsLonger();
     void endsABuildWithoutFunctionsWithBothMarks();
     void writesWhatIsTypedUntouchedButForTheDescriptions();
+    void trimsBlanksThatAreNotAsciiFromADescription();
     void writesThroughTheGivenCodec();
+    void writesThroughTheLocalesCodecByItself();
     void leavesByteOrderMarksOut();
     void reportsAFullDeviceAtEveryByteOfThePage();
     void endsOnADeviceThatTakesNothing();
@@ -121,6 +123,17 @@ void FcfWriterTest::writesWhatIsTypedUntouchedButForTheDescriptions()
                               "Function description: d\ne\n---\n----\n"));
 }
 
+void FcfWriterTest::trimsBlanksThatAreNotAsciiFromADescription()
+{
+    FcfHeader header = headerWithoutFunctions();
+    const QString noBreakSpace(QChar(0x00A0));
+    const QString wideSpace(QChar(0x3000));
+    header.description = noBreakSpace + "first" + noBreakSpace + "end" + wideSpace;
+    const QString expected = "Description: first" + noBreakSpace + "end\n---\n";
+    const QByteArray text = FcfWriter().compose(header);
+    QVERIFY2(text.contains(expected.toUtf8()), text.mid(64));
+}
+
 void FcfWriterTest::writesThroughTheGivenCodec()
 {
     FcfHeader header = headerWithoutFunctions();
@@ -130,6 +143,17 @@ void FcfWriterTest::writesThroughTheGivenCodec()
     QVERIFY(page.contains("Author: Zo\xEB\n"));
     QVERIFY(page.endsWith("----\n" + QByteArray::fromHex("EFBFBD").repeated(646)));
     QCOMPARE(page.size(), 2113);
+}
+
+void FcfWriterTest::writesThroughTheLocalesCodecByItself()
+{
+    FcfHeader header = headerWithoutFunctions();
+    header.author = QString::fromUtf8("Zoë");
+    QTextCodec* const before = QTextCodec::codecForLocale();
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO 8859-1"));
+    const QByteArray text = FcfWriter().compose(header);
+    QTextCodec::setCodecForLocale(before);
+    QVERIFY2(text.contains("Author: Zo\xEB\n"), text.mid(64));
 }
 
 void FcfWriterTest::leavesByteOrderMarksOut()

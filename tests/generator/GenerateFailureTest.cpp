@@ -52,6 +52,7 @@ private slots:
     void namesAnImageThatCannotBeOpenedAgain();
     void logsWhichTooLargeFileCannotBeDeleted_data();
     void logsWhichTooLargeFileCannotBeDeleted();
+    void logsBothTooLargeFilesTheCompanionFirst();
 
 private:
     void expectFailure();
@@ -121,7 +122,10 @@ void GenerateFailureTest::showsTheTotalsOfAHeaderThatTheDiskDidNotTake()
     QCOMPARE(driver->text("finalSize"), QString("7112 bytes"));
     QCOMPARE(driver->text("finalPages"), QString("4 pages"));
     QCOMPARE(driver->text("finalBlocks"), QString("0 blocks"));
-    // Both headers are written as far as they go.
+    // Both headers are written as far as they go; the first failure is the one that is reported.
+    QCOMPARE(driver->log().size(), 1);
+    QVERIFY2(driver->log()[0].contains(driver->path("top.fcf") + "\" is not complete"),
+             qPrintable(driver->log()[0]));
     QCOMPARE(driver->content(driver->path("top.fcf")).size(), 100);
     QCOMPARE(driver->content(driver->path("top.txt")).size(), 100);
 }
@@ -224,6 +228,23 @@ void GenerateFailureTest::logsWhichTooLargeFileCannotBeDeleted()
     const QString start = "8 Pelk FCF Generator: \"" + kept + "\" cannot be deleted: ";
     QVERIFY2(driver->log().first().startsWith(start), qPrintable(driver->log().first()));
     QVERIFY(!driver->exists(driver->path(file == "top.fcf" ? "top.txt" : "top.fcf")));
+}
+
+void GenerateFailureTest::logsBothTooLargeFilesTheCompanionFirst()
+{
+    driver->fillIn(driver->binary("top.bin", 10));
+    driver->window()->setCINumber(QString(3000, 'x'));
+    const QStringList files = {driver->path("top.txt"), driver->path("top.fcf")};
+    driver->dialogs().click(QMessageBox::Ok);
+    driver->dialogs().inspect([&](QWidget*) {
+        for (const QString& file : files)
+            QVERIFY(QFile::remove(file) && QDir().mkpath(file));
+    });
+    expectFailure();
+    QCOMPARE(driver->log().size(), 2);
+    for (int i = 0; i < 2; ++i)
+        QVERIFY2(driver->log()[i].contains('"' + files[i] + "\" cannot be deleted: "),
+                 qPrintable(driver->log()[i]));
 }
 
 QTEST_MAIN(GenerateFailureTest)

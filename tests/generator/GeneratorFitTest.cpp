@@ -52,9 +52,15 @@ class GeneratorFitTest : public GeneratorTest {
 private slots:
     void keepsItsButtonsInReach();
     void givesTheHeightOfAFoldedPartBack();
+    void movesUpWhereItGrowsBeyondTheScreen();
+    void keepsItsSizeWhereItIsMaximised();
+    void keepsItsHeightWhenItIsShownAgain();
     void showsThatALargeBinaryIsCopied();
+    void showsABarFrom16Mebibytes();
     void takesADroppedFileAsItsInput_data();
     void takesADroppedFileAsItsInput();
+    void takesAFileWhenItIsDroppedAndNotBefore();
+    void takesTheFirstOfSeveralDroppedFiles();
     void leavesADroppedTextToItsField();
     void refusesADroppedFolder_data();
     void refusesADroppedFolder();
@@ -95,6 +101,53 @@ void GeneratorFitTest::givesTheHeightOfAFoldedPartBack()
     QCOMPARE(driver->window()->height(), folded);
 }
 
+void GeneratorFitTest::movesUpWhereItGrowsBeyondTheScreen()
+{
+    QWidget* const window = driver->window();
+    QTest::mouseClick(arrow(), Qt::LeftButton);
+    QCoreApplication::processEvents();
+    window->resize(window->width(), 400);
+    QTRY_COMPARE(window->height(), 400);
+    const QRect screen = window->screen()->availableGeometry();
+    window->move(screen.left(), screen.bottom() - 450);
+    QTest::mouseClick(arrow(), Qt::LeftButton);
+    QCoreApplication::processEvents();
+    QVERIFY(window->height() > 450);
+    QVERIFY(window->geometry().top() >= screen.top());
+    QVERIFY(window->geometry().bottom() <= screen.bottom());
+}
+
+void GeneratorFitTest::keepsItsSizeWhereItIsMaximised()
+{
+    QWidget* const window = driver->window();
+    QTest::mouseClick(arrow(), Qt::LeftButton);
+    window->resize(window->width(), 400);
+    QTRY_COMPARE(window->height(), 400);
+    QTest::mouseClick(arrow(), Qt::LeftButton);
+    QVERIFY(window->height() > 400);
+
+    const int width = window->width();
+    window->showMaximized();
+    QTRY_VERIFY(window->width() > width);
+    const QSize maximised = window->size();
+    for (int times = 0; times < 2; ++times) {
+        QTest::mouseClick(arrow(), Qt::LeftButton);
+        QCoreApplication::processEvents();
+        QCOMPARE(window->size(), maximised);
+    }
+}
+
+void GeneratorFitTest::keepsItsHeightWhenItIsShownAgain()
+{
+    QWidget* const window = driver->window();
+    window->resize(window->width(), 400);
+    QTRY_COMPARE(window->height(), 400);
+    window->hide();
+    window->show();
+    QVERIFY(QTest::qWaitForWindowActive(window));
+    QCOMPARE(window->height(), 400);
+}
+
 void GeneratorFitTest::showsThatALargeBinaryIsCopied()
 {
     const QString binary = driver->write("top.bin", QByteArray());
@@ -104,9 +157,25 @@ void GeneratorFitTest::showsThatALargeBinaryIsCopied()
     driver->click("GenerateButton");
     QVERIFY2(watcher.values.count() > 2, qPrintable(QString::number(watcher.values.count())));
     QVERIFY(std::is_sorted(watcher.values.begin(), watcher.values.end()));
+    QCOMPARE(watcher.values.last(), 100);
     QVERIFY(watcher.wasBusy);
     QVERIFY(!QApplication::overrideCursor());
     QVERIFY(!driver->window()->findChild<QProgressBar*>());
+}
+
+void GeneratorFitTest::showsABarFrom16Mebibytes()
+{
+    const QString binary = driver->write("top.bin", QByteArray());
+    const int least = 16 * 1024 * 1024;
+    for (const int bytes : {least - 1, least}) {
+        QVERIFY(QFile::resize(binary, bytes));
+        driver->reopen();
+        driver->fillIn(binary);
+        QFile::remove(driver->path("top.fcf"));
+        BarWatcher watcher;
+        driver->click("GenerateButton");
+        QCOMPARE(watcher.values.isEmpty(), bytes < least);
+    }
 }
 
 void GeneratorFitTest::takesADroppedFileAsItsInput_data()
@@ -134,6 +203,32 @@ void GeneratorFitTest::takesADroppedFileAsItsInput()
     QCOMPARE(driver->text("BinFileSize"), QString("5000  Bytes"));
     QCOMPARE(driver->text("AuthoEditBox"), QString());
     QCOMPARE(driver->text("DescriptionMemo"), QString());
+}
+
+void GeneratorFitTest::takesAFileWhenItIsDroppedAndNotBefore()
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(driver->write("top.bin", QByteArray(5000, 'b')))});
+    auto* const field = driver->find<QLineEdit>("txtInputFile");
+    const QPoint place = field->rect().center();
+    QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(field, &enter);
+    QDragMoveEvent move(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(field, &move);
+    QVERIFY(enter.isAccepted() && move.isAccepted());
+    QCOMPARE(field->text(), QString());
+}
+
+void GeneratorFitTest::takesTheFirstOfSeveralDroppedFiles()
+{
+    const QString first = driver->write("first.bin", QByteArray(5000, 'a'));
+    const QString second = driver->write("second.bin", QByteArray(6000, 'b'));
+    QMimeData data;
+    data.setUrls({QUrl("http://host.example/other.bin"), QUrl::fromLocalFile(first),
+                  QUrl::fromLocalFile(second)});
+    QVERIFY(drop(driver->window(), data));
+    QCOMPARE(driver->text("txtInputFile"), first);
+    QCOMPARE(driver->text("BinFileSize"), QString("5000  Bytes"));
 }
 
 void GeneratorFitTest::leavesADroppedTextToItsField()

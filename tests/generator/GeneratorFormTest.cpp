@@ -11,6 +11,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QTextCursor>
 #include <QtTest>
 
 using QtCreatorUtilities::DetailsWidget;
@@ -34,6 +35,9 @@ private slots:
     void labelsAreBuddiesOfTheirFields();
     void leavesTheDevicesEmptyForAnUnknownModule();
     void pastesMarkupAsPlainText();
+    void showsBoxesAsWarnings();
+    void keepsTheCursorWhereADescriptionIsCut();
+    void removesTheFunctionThatWasSelectedWhenAsked();
     void showsTheTargetThatTheUserGuideNames_data();
     void showsTheTargetThatTheUserGuideNames();
 };
@@ -348,6 +352,46 @@ void GeneratorFormTest::pastesMarkupAsPlainText()
         QCOMPARE(edit->toPlainText(), QString("bold"));
         QVERIFY(!edit->toHtml().contains("font-weight:600"));
     }
+}
+
+void GeneratorFormTest::showsBoxesAsWarnings()
+{
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    QString title;
+    driver->dialogs().inspect([&](QWidget* box) {
+        icon = qobject_cast<QMessageBox*>(box)->icon();
+        title = box->windowTitle();
+    });
+    driver->dialogs().click(QMessageBox::Ok);
+    driver->click("GenerateButton");
+    QCOMPARE(driver->dialogs().texts(), QStringList("Please select a bin file first"));
+    QCOMPARE(icon, QMessageBox::Warning);
+    QCOMPARE(title, QString("Pelk FCF Generator"));
+}
+
+void GeneratorFormTest::keepsTheCursorWhereADescriptionIsCut()
+{
+    auto* const memo = driver->find<QTextEdit>("DescriptionMemo");
+    driver->window()->setDescription(QString(1000, 'd'));
+    QTextCursor cursor = memo->textCursor();
+    cursor.setPosition(7);
+    memo->setTextCursor(cursor);
+    driver->dialogs().click(QMessageBox::Ok);
+    QTest::keyClick(memo, 'x');
+    QCOMPARE(memo->toPlainText(), QString(7, 'd') + 'x' + QString(992, 'd'));
+    QCOMPARE(memo->textCursor().position(), 8);
+}
+
+void GeneratorFormTest::removesTheFunctionThatWasSelectedWhenAsked()
+{
+    for (const char* name : {"first", "second", "third"})
+        driver->upload(name, "a", "d", "c");
+    driver->select("FunctionComboBox", 1);
+    driver->dialogs().inspect(
+        [this](QWidget*) { driver->find<QComboBox>("FunctionComboBox")->setCurrentIndex(2); });
+    driver->dialogs().click(QMessageBox::Yes);
+    driver->click("btnRemove");
+    QCOMPARE(driver->functionNames(), QStringList({"first", "third"}));
 }
 
 void GeneratorFormTest::showsTheTargetThatTheUserGuideNames_data()

@@ -179,6 +179,8 @@ QString withMarksInPlaces(QString text, int kind)
         return text.replace(description, QLatin1String("Description:without a blank"));
     case 25:
         return text.remove(QLatin1String("----\n")).remove(QLatin1String("----"));
+    case 27:
+        return text.replace(description, QLatin1String("Description: in --- it\n"));
     default:
         return text;
     }
