@@ -106,7 +106,7 @@ private:
     std::string missing(const CLI::RequiredError& error,
                         const std::vector<std::string>& arguments) const
     {
-        if (const std::string unknown = notTaken(arguments); !unknown.empty())
+        if (std::string unknown = notTaken(arguments); !unknown.empty())
             return unknown;
         if (m_app.get_subcommands().empty())
             return "a command is missing; --help lists them";

@@ -33,7 +33,7 @@ QString shownNumber(qint32 value, QString unit)
     if (value == 1 && unit.endsWith(QLatin1Char('s')))
         unit.chop(1);
 
-    const QString number = QString::number(value) + QLatin1Char(' ') + unit;
+    QString number = QString::number(value) + QLatin1Char(' ') + unit;
     if (!isLarge)
         return number;
     return QStringLiteral("%1 (%2)").arg(number, QLocale::c().formattedDataSize(value));

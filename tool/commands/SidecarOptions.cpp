@@ -62,8 +62,7 @@ std::optional<QByteArray> digestOf(const InputFile& image, const HeaderPage& pag
     std::optional<QByteArray> whole;
     for (const qint64 bytes : digestedSizes(image, page)) {
         const Region region{&image, 0, bytes, nullptr};
-        const auto digest =
-            task->findings.valueOf(Digest::of(region, task->progress("verify", bytes)));
+        auto digest = task->findings.valueOf(Digest::of(region, task->progress("verify", bytes)));
         if (!digest || expected.contains(*digest))
             return digest;
         if (!whole)

@@ -38,7 +38,7 @@ QByteArray Report::resultBytes(const Findings& findings, const Environment& envi
     if (!m_raw.isEmpty())
         return m_raw;
 
-    const QByteArray object = jsonBytes(findings);
+    QByteArray object = jsonBytes(findings);
     if (!m_isStreaming)
         return object;
     // The object was opened when the first row was written.

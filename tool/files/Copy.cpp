@@ -58,9 +58,9 @@ Status copyPayload(const Region& region, QIODevice* output, const QString& label
 {
     const bool endsWithFile =
         !region.file->isPart() && region.offset + region.bytes >= region.file->size();
-    const Status copied = region.transform || !endsWithFile
-                              ? copyThroughMemory(region, output, label, observe)
-                              : copyToEnd(region, output, label, use, observe);
+    Status copied = region.transform || !endsWithFile
+                        ? copyThroughMemory(region, output, label, observe)
+                        : copyToEnd(region, output, label, use, observe);
     if (!copied)
         return copied;
 

@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <optional>
 
-using OrvanticCore::Design;
 using OrvanticCore::DesignFile;
 using OrvanticCore::DesignStructure;
 
