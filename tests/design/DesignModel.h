@@ -9,8 +9,16 @@
 
 /// A file that a window can be filled from.
 struct ModelFile {
+    enum Kind { Missing, Binary, Companion, Foreign };
+
+    ModelFile() : kind(Missing), bytes(0) {}
+    ModelFile(const QString& filePath, Kind fileKind, int fileBytes)
+        : path(filePath), kind(fileKind), bytes(fileBytes)
+    {
+    }
+
     QString path;
-    enum Kind { Missing, Binary, Companion, Foreign } kind;
+    Kind kind;
     int bytes;
 };
 
