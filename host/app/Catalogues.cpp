@@ -14,7 +14,7 @@ void Catalogues::install(const QString& name, const QString& folder)
     // There is no catalogue of English texts, so that a user who prefers English to German would
     // get German if the further languages were tried.
     const QString language = QLocale::system().uiLanguages().value(0).replace('-', '_');
-    auto catalogue = std::make_unique<QTranslator>(qApp);
+    auto catalogue = std::make_unique<QTranslator>(QCoreApplication::instance());
     if (catalogue->load(name + '_' + language, folder))
         QCoreApplication::installTranslator(catalogue.release());
 }
