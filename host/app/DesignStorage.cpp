@@ -50,7 +50,7 @@ QByteArray readDescription(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw HostError(fileProblem(path, file.errorString()));
-    const QByteArray bytes = file.readAll();
+    QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
         throw HostError(fileProblem(path, file.errorString()));
     return bytes;

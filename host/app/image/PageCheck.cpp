@@ -83,7 +83,7 @@ PageCheck PageCheck::of(const QString& path)
         known->changed == info.lastModified())
         return known->check;
 
-    const PageCheck check = checkFile(path);
+    PageCheck check = checkFile(path);
     last.insert(path, {info.size(), info.lastModified(), check});
     return check;
 }

@@ -48,6 +48,8 @@ RemakeCommands::RemakeCommands(DesignSession* session, DesignView* view)
     connect(view, &DesignView::currentItemChanged, this, &RemakeCommands::refresh);
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &RemakeCommands::refresh);
+    // The view says nothing when the design that was current alone is closed.
+    connect(view->model(), &QAbstractItemModel::rowsRemoved, this, &RemakeCommands::refresh);
     // The files on the disk decide, too.
     connect(view->model(), &QAbstractItemModel::dataChanged, this, &RemakeCommands::refresh);
     connect(session, &DesignSession::opened, this, [this](const Design* design) {
@@ -81,6 +83,9 @@ QList<ImageFiles> RemakeCommands::selectedImages() const
 void RemakeCommands::remakeSelected()
 {
     Design* const design = m_view->currentDesign();
+    if (!design)
+        return;
+
     const Items items = itemsOf(*design, selectedImages());
     if (items.count() == 1)
         remakeOne(design, items.first().remake);
@@ -91,6 +96,9 @@ void RemakeCommands::remakeSelected()
 void RemakeCommands::remakeOutdated()
 {
     Design* const design = m_view->currentDesign();
+    if (!design)
+        return;
+
     QList<ImageFiles> images;
     for (const DesignFile* file : design->files()) {
         const ImageFiles image = ImageFiles::of(file->filePath());

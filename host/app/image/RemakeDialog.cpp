@@ -33,6 +33,7 @@ RemakeDialog::RemakeDialog(const QList<Item>& items, QWidget* parent)
                                      ? tr("1 image is to be made again.")
                                      : tr("%1 images are to be made again.").arg(items.count()));
     m_ui->RemakeProgress->setMaximum(items.count());
+    m_ui->RemakeList->setHeaderLabels({tr("Image"), tr("Why"), tr("Result")});
     for (const Item& item : items) {
         auto* const row = new QTreeWidgetItem(
             m_ui->RemakeList, {QFileInfo(item.remake.files.image).fileName(), item.reason});

@@ -59,7 +59,8 @@ ToolRun ToolRun::of(const QStringList& arguments)
 
     ToolRun run;
     run.report = QJsonDocument::fromJson(out.data()).object();
-    for (const QJsonValue& value : run.report["findings"].toArray()) {
+    const QJsonArray findings = run.report["findings"].toArray();
+    for (const auto& value : findings) {
         const QJsonObject finding = value.toObject();
         if (finding["severity"] == "error")
             run.errors << textOf(finding);

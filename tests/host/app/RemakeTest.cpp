@@ -118,6 +118,7 @@ private slots:
     void isOfferedForFilesOfAnImage_data();
     void isOfferedForFilesOfAnImage();
     void isDisabledInALockedDesign();
+    void isDisabledWithoutADesign();
     void takesTheTargetOfTheDesign();
     void takesTheTargetOfTheImageIfTheDesignHasNone();
     void asksForATargetThatIsNotKnown();
@@ -216,6 +217,16 @@ void RemakeTest::isDisabledInALockedDesign()
     host.action("Design.Locked")->trigger();
     QVERIFY(design->isLocked());
     QVERIFY(!host.action("Design.MakeAgain")->isEnabled());
+    QVERIFY(!host.action("Design.MakeAllAgain")->isEnabled());
+}
+
+void RemakeTest::isDisabledWithoutADesign()
+{
+    RemakeHost host;
+    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
+    host.open();
+    QVERIFY(host.action("Design.MakeAllAgain")->isEnabled());
+    host.action("File.CloseDesign")->trigger();
     QVERIFY(!host.action("Design.MakeAllAgain")->isEnabled());
 }
 
