@@ -32,7 +32,7 @@ using Key = QPair<Kind, QString>;
 /// What can be undone of a design: each item with what is noted about it.
 using Snapshot = QMap<Key, QVariantList>;
 
-/// Stands between the levels of a category. Nobody can type it into one.
+/// Separates the levels of a category. Nobody can type it into one.
 const QString Separator(QChar::Null);
 
 Snapshot snapshotOf(const Design& design)
