@@ -54,11 +54,7 @@ function(zorv_precompile target)
 endfunction()
 
 function(zorv_warnings target)
-    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow)
-    # Qt 6 counts in 64 bits what is an int in the others, which check the same sources.
-    if(ZORV_QT LESS 6)
-        target_compile_options(${target} PRIVATE -Wconversion)
-    endif()
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
 endfunction()
 
 set(ZORV_TEST_ENVIRONMENT
@@ -76,6 +72,10 @@ function(zorv_test name)
     cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
     add_executable(${name} ${name}.cpp ${arg_SOURCES} $<TARGET_OBJECTS:own-environment>)
     zorv_plain_target(${name})
+    # Qt 6 counts in 64 bits what tests keep as an int; those of 5.15 are checked.
+    if(ZORV_QT EQUAL 6)
+        target_compile_options(${name} PRIVATE -Wno-conversion)
+    endif()
     qt_generate_moc(${name}.cpp ${name}.moc TARGET ${name})
     target_sources(${name} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/${name}.moc")
     target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}")

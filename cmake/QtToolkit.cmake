@@ -5,6 +5,12 @@ set(ZORV_QT 5 CACHE STRING
     "Qt to build with: 5 or 6 for everything, 4 for the plug-in of a Qt 4.8 host")
 set_property(CACHE ZORV_QT PROPERTY STRINGS 6 5 4)
 
+option(ZORV_PLUGIN_ALONE
+    "Build what runs in the host and its tests alone, as always with Qt 4" OFF)
+if(ZORV_QT EQUAL 4)
+    set(ZORV_PLUGIN_ALONE ON)
+endif()
+
 if(ZORV_QT EQUAL 6)
     # Core5Compat has the codecs of text, which Qt 6 no longer has itself.
     find_package(Qt6 6.4 REQUIRED COMPONENTS Core Core5Compat Gui Widgets)

@@ -57,9 +57,9 @@ private:
         while (line != QLatin1String(FcfLayout::TextEnd)) {
             if (m_source->isAtEnd())
                 return false;
+            const int index = static_cast<int>(functions->size());
             functions->append(FcfFunction());
-            if (!readRecord(FcfLayout::FunctionTexts, functions->size() - 1, line,
-                            &functions->last()))
+            if (!readRecord(FcfLayout::FunctionTexts, index, line, &functions->last()))
                 return false;
             line = m_source->takeLine();
         }

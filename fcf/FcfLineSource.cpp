@@ -23,10 +23,10 @@ FcfLineSource::FcfLineSource(QIODevice* device, QTextCodec* codec, int maximumBy
 
 qint32 FcfLineSource::takeWord()
 {
-    while (m_bytes.size() - m_position < FcfLayout::WordBytes && fetch()) {
+    while (fetchedBytes() - m_position < FcfLayout::WordBytes && fetch()) {
     }
-    if (m_bytes.size() - m_position < FcfLayout::WordBytes) {
-        m_position = m_bytes.size();
+    if (fetchedBytes() - m_position < FcfLayout::WordBytes) {
+        m_position = fetchedBytes();
         return 0;
     }
 
@@ -38,17 +38,17 @@ qint32 FcfLineSource::takeWord()
 QString FcfLineSource::takeLine()
 {
     m_lineOffset = position();
-    int end = m_bytes.indexOf('\n', m_position);
+    int end = lineFeedFrom(m_position);
     while (end < 0) {
-        const int searched = m_bytes.size() - m_position;
+        const int searched = fetchedBytes() - m_position;
         if (!fetch())
             break;
-        end = m_bytes.indexOf('\n', searched);
+        end = lineFeedFrom(searched);
     }
 
     m_lineIsEnded = end >= 0;
     if (!m_lineIsEnded) {
-        end = m_bytes.size();
+        end = fetchedBytes();
         m_isAtEnd = m_position == end || m_allowance == 0;
         if (m_isAtEnd)
             return QString();
@@ -73,6 +73,11 @@ QString FcfLineSource::takeLine()
     return line;
 }
 
+int FcfLineSource::lineFeedFrom(int position) const
+{
+    return static_cast<int>(m_bytes.indexOf('\n', position));
+}
+
 /// Drops what was taken, since a text may be long, so that the position is 0 afterwards.
 bool FcfLineSource::fetch()
 {
@@ -87,8 +92,9 @@ bool FcfLineSource::fetch()
     if (count <= 0)
         return false;
 
-    more.truncate(static_cast<int>(count));
-    m_allowance -= more.size();
+    const int fetched = static_cast<int>(count);
+    more.truncate(fetched);
+    m_allowance -= fetched;
     m_bytes += more;
     return true;
 }

@@ -46,6 +46,11 @@ public:
 private:
     bool fetch();
 
+    /// No more than the bound, so that an int holds it.
+    int fetchedBytes() const { return static_cast<int>(m_bytes.size()); }
+    /// The place of the next line feed from \p position on in what was fetched, or -1.
+    int lineFeedFrom(int position) const;
+
     QIODevice* m_device;
     QTextCodec* m_codec;
     int m_allowance;

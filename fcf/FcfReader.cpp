@@ -10,9 +10,9 @@ namespace {
 QString valueAt(const char* separator, QString line)
 {
     const QLatin1String mark(separator);
-    const int first = line.indexOf(mark);
+    const auto first = line.indexOf(mark);
     line.remove(0, first < 0 ? line.size() : first + static_cast<int>(qstrlen(separator)));
-    const int second = line.indexOf(mark);
+    const auto second = line.indexOf(mark);
     if (second >= 0)
         line.truncate(second);
     return line;

@@ -161,7 +161,7 @@ void readFolder(const JsonNode& path, Design* design)
 {
     if (path.text().isEmpty())
         path.fail(Texts::tr("a path is expected"));
-    const int before = design->folders().size();
+    const auto before = design->folders().size();
     design->restoreFolder(path.text());
     if (design->folders().size() == before)
         path.fail(Texts::tr("\"%1\" is listed twice").arg(path.text()));

@@ -32,7 +32,7 @@ const char SeenProperty[] = "host.description";
 QString placeOf(const QByteArray& bytes, int offset)
 {
     const QByteArray before = bytes.left(offset);
-    const int lineStart = before.lastIndexOf('\n') + 1;
+    const auto lineStart = before.lastIndexOf('\n') + 1;
     return Texts::tr("line %1, column %2")
         .arg(before.count('\n') + 1)
         .arg(QString::fromUtf8(before.mid(lineStart)).size() + 1);

@@ -78,7 +78,7 @@ QModelIndex DesignView::itemAt(const QPoint& place) const
 void DesignView::showFiles(const QList<DesignFile*>& files)
 {
     // The first one comes last, so that it is visible even in a small view.
-    for (int index = files.count() - 1; index >= 0; --index)
+    for (auto index = files.count() - 1; index >= 0; --index)
         scrollTo(m_model->indexOf(files.at(index)));
     if (!files.isEmpty())
         setCurrentIndex(m_model->indexOf(files.first()));

@@ -155,7 +155,7 @@ void ItemCommands::removeSelected()
     if (!design || (files.isEmpty() && folders.isEmpty()))
         return;
 
-    const int count = files.count() + folders.count();
+    const auto count = files.count() + folders.count();
     const QString text = count == 1 ? tr("Remove Item") : tr("Remove %1 Items").arg(count);
     DesignHistory::record(design, text, [&] {
         design->tree()->startProcessingCycle();
@@ -218,7 +218,7 @@ void ItemCommands::openCurrentFolder()
 
 void ItemCommands::logWhyNothingIsFilledIn()
 {
-    const int designs = DesignManager::instance()->designs().count();
+    const auto designs = DesignManager::instance()->designs().count();
     if (designs == 1)
         return;
 

@@ -46,7 +46,7 @@ void PropertyModel::load()
     // Views keep their place when only values have changed.
     if (!hasSameNames)
         setRowCount(0);
-    setRowCount(properties.count());
+    setRowCount(static_cast<int>(properties.count()));
 
     for (int row = 0; row < rowCount(); ++row) {
         const DesignProperty& property = properties.at(row);

@@ -45,7 +45,7 @@ void VerifyComparisonTest::comparesTheHeaderWithTheCompanion()
     const Arguments companion{"--companion", m_tool.argument("top.txt")};
     m_tool.write("top.txt", image.page());
     QCOMPARE(verify(image, companion).code, 0);
-    for (const int offset : {0, 70, 300, image.page().size() - 1}) {
+    for (const int offset : {0, 70, 300, int(image.page().size()) - 1}) {
         QByteArray page = image.page();
         page[offset] = static_cast<char>(page.at(offset) ^ 4);
         m_tool.write("top.txt", page);
@@ -53,7 +53,7 @@ void VerifyComparisonTest::comparesTheHeaderWithTheCompanion()
                                                 hexByte(image.page().at(offset))});
     }
     m_tool.write("top.txt", image.page() + "x");
-    checkFinding(verify(image, companion), {"header", image.page().size(), "0x78", "the end"});
+    checkFinding(verify(image, companion), {"header", int(image.page().size()), "0x78", "the end"});
     m_tool.write("top.txt", image.page().left(100));
     QCOMPARE(verify(image, companion).code, 1);
 }

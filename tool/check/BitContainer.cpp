@@ -34,7 +34,7 @@ public:
         if (found.size() < Magic.size())
             return isCut();
 
-        m_offset = Magic.size();
+        m_offset = static_cast<int>(Magic.size());
         return {};
     }
 
@@ -47,8 +47,9 @@ public:
         if (m_offset + *length > m_bytes.size())
             return isCut();
 
-        const QByteArray text = m_bytes.mid(m_offset, static_cast<int>(*length));
-        m_offset += text.size();
+        const int bytes = static_cast<int>(*length);
+        const QByteArray text = m_bytes.mid(m_offset, bytes);
+        m_offset += bytes;
         return QString::fromLatin1(text.left(text.indexOf('\0')));
     }
 

@@ -42,6 +42,7 @@ public:
     void dropNotes();
 
     const QList<Finding>& list() const { return m_list; }
+    int count() const { return static_cast<int>(m_list.size()); }
     bool hasErrors() const { return exitCode() != ExitCode::Done; }
     /// The most important exit code of the findings from index \p first on: a refusal comes before
     /// a file that cannot be accessed, then an output that exists, then a file that is not valid.

@@ -166,7 +166,7 @@ struct EscapedPage {
 EscapedPage::EscapedPage(const QByteArray& start, const QTextCodec* codec)
     : bytes(start.left(FcfLayout::PreambleBytes))
 {
-    int offset = bytes.size();
+    int offset = static_cast<int>(bytes.size());
     while (offset < start.size()) {
         const int length = characterLength(start, offset, codec);
         if (length > 0) {
@@ -175,7 +175,7 @@ EscapedPage::EscapedPage(const QByteArray& start, const QTextCodec* codec)
             continue;
         }
 
-        escapes << bytes.size();
+        escapes << static_cast<int>(bytes.size());
         bytes += "\\x" + start.mid(offset, 1).toHex();
         ++offset;
     }
@@ -216,7 +216,7 @@ Result<HeaderPage> HeaderPage::read(const InputFile& file, QTextCodec* codec, Ex
         textEnd = escaped.unescaped(page.reading.textEnd);
     }
 
-    page.bytes = textEnd + FcfWriter(codec).fillerFor(textEnd).size();
+    page.bytes = textEnd + static_cast<int>(FcfWriter(codec).fillerFor(textEnd).size());
     return page;
 }
 

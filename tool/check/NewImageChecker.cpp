@@ -144,7 +144,7 @@ bool NewImageChecker::checkBytes(const FcfHeader& header, QTextCodec* codec) con
 /// Checks that all texts fit in the page together. Returns whether they do.
 bool NewImageChecker::checkLength(const FcfHeader& header, QTextCodec* codec) const
 {
-    const int bytes = FcfWriter(codec).compose(header).size();
+    const auto bytes = FcfWriter(codec).compose(header).size();
     if (bytes <= FcfLayout::PageBytes)
         return true;
 

@@ -97,7 +97,7 @@ std::optional<Sync> syncElsewhere(const QByteArray& start)
     const QByteArray searched = start.mid(filler, PayloadKind::SearchedBytes);
     std::optional<Sync> first;
     for (const Order& order : Orders) {
-        const int position = searched.indexOf(swapped(SyncWord, order));
+        const int position = static_cast<int>(searched.indexOf(swapped(SyncWord, order)));
         const bool isFirst = position >= 0 && (!first || filler + position < first->offset);
         if (isFirst)
             first = Sync{&order, filler + position, leadingBytes(start, order)};

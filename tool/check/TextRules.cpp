@@ -92,7 +92,7 @@ QVector<Breach> breaches(const FcfHeader& header, Rule rule)
 bool canEncode(const QTextCodec* codec, const QString& text)
 {
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-    codec->fromUnicode(text.constData(), text.size(), &state);
+    codec->fromUnicode(text.constData(), static_cast<int>(text.size()), &state);
     return state.invalidChars == 0 && state.remainingChars == 0;
 }
 
@@ -172,9 +172,9 @@ QVector<Breach> TextRules::lostInForm(const FcfHeader& header, QTextCodec* codec
 QString TextRules::largestShares(const FcfHeader& header, QTextCodec* codec)
 {
     const FcfWriter writer(codec);
-    const int all = writer.compose(header).size();
+    const auto all = writer.compose(header).size();
 
-    QVector<QPair<int, QString>> shares;
+    QVector<QPair<qint64, QString>> shares;
     for (const auto& field : FcfLayout::HeaderTexts) {
         const QString line = QLatin1String(field.prefix) + header.*field.value + QLatin1Char('\n');
         shares.append({encoded(line, codec).size(), QLatin1String(field.name)});
@@ -186,7 +186,7 @@ QString TextRules::largestShares(const FcfHeader& header, QTextCodec* codec)
     std::stable_sort(shares.begin(), shares.end(),
                      [](const auto& left, const auto& right) { return left.first > right.first; });
 
-    int rest = all;
+    qint64 rest = all;
     QStringList largest;
     for (const auto& [bytes, field] : shares.mid(0, LargestTextsNamed)) {
         largest << QStringLiteral("%1 has %2").arg(field).arg(bytes);

@@ -20,7 +20,7 @@ QByteArray pageOf(const FcfHeader& header, QTextCodec* codec)
 {
     const FcfWriter writer(codec);
     const QByteArray page = writer.compose(header);
-    return page + writer.fillerFor(page.size());
+    return page + writer.fillerFor(static_cast<int>(page.size()));
 }
 
 qint64 upToMultiple(qint64 bytes, qint64 unit) { return (unit - bytes % unit) % unit; }

@@ -127,10 +127,10 @@ void ListCommand::run(Task* task)
 void ListCommand::listArgument(const QString& path, Task* task)
 {
     const int foundBefore = m_found;
-    const int findingsBefore = task->findings.list().size();
+    const int findingsBefore = task->findings.count();
     list(QFileInfo(path), task);
 
-    const bool hasFailed = task->findings.list().size() > findingsBefore;
+    const bool hasFailed = task->findings.count() > findingsBefore;
     if (m_found == foundBefore && !hasFailed)
         task->findings.note(path, "PATH", "no .fcf file was found in it");
 }

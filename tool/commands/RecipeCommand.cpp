@@ -106,7 +106,7 @@ void RecipeCommand::noteMissing(Recipe* recipe, const QString& label, Task* task
 /// Notes what only create knows of the header, and the room that is left for it.
 void RecipeCommand::noteUnknown(const FcfHeader& header, const QString& label, Task* task)
 {
-    const int bytes = FcfWriter(task->codec).compose(header).size();
+    const auto bytes = FcfWriter(task->codec).compose(header).size();
     task->findings.note(
         label, "text",
         QStringLiteral(

@@ -204,7 +204,7 @@ bool ShowCommand::check(const FcfFile& fcf, Task* task)
     if (fcf.page.flaw)
         return false;
 
-    const int before = task->findings.list().size();
+    const int before = task->findings.count();
     const bool isCompanion = fcf.page.payloadBytes == 0;
     const auto kind = isCompanion ? FcfFileChecker::Companion : FcfFileChecker::Image;
     FcfFileChecker(&fcf.file, kind, task->codec, &task->findings).check(fcf.page);

@@ -28,7 +28,7 @@ void addNoDigest(const InputFile& image, const QString& path, const DigestList& 
 }
 
 /// Adds the error that the list \p path has several digests, of which none is of \p image.
-void addAmbiguous(const InputFile& image, const QString& path, int count, Task* task)
+void addAmbiguous(const InputFile& image, const QString& path, qint64 count, Task* task)
 {
     task->findings
         .error(ExitCode::NotValid, path, Field,
@@ -249,7 +249,7 @@ bool SidecarOptions::checkDigest(const FcfFile& image, const std::optional<Input
 
 bool SidecarOptions::checkImage(const FcfFile& image, const Set& set, Task* task)
 {
-    const int findingsBefore = task->findings.list().size();
+    const int findingsBefore = task->findings.count();
     const auto& [file, page] = image;
     const FcfFileChecker checker(&file, FcfFileChecker::Image, task->codec, &task->findings);
     checker.check(page);

@@ -74,7 +74,7 @@ QJsonObject VerifyCommand::verifyFile(const QString& path, Task* task)
 {
     const QString label = InputFile::labelOf(path);
     QJsonObject result{{"file", label}};
-    const int findingsBefore = task->findings.list().size();
+    const int findingsBefore = task->findings.count();
 
     const std::optional<FcfFileChecker::Kind> kind = kindOf(path, task);
     if (kind == FcfFileChecker::Companion && m_sidecars.hasNamedDigest()) {

@@ -47,7 +47,7 @@ std::optional<DigestList::Entry> parsed(const QByteArray& line)
     DigestList::Entry entry;
     QByteArray digits = text.left(HexDigits);
     const QByteArray separator = text.mid(HexDigits, 2);
-    const int nameEnd = text.lastIndexOf(tagEnd);
+    const auto nameEnd = text.lastIndexOf(tagEnd);
     if (text.startsWith(tag) && nameEnd > 0) {
         digits = text.mid(nameEnd + tagEnd.size());
         entry.path = text.mid(tag.size(), nameEnd - tag.size());

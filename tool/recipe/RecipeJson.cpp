@@ -76,7 +76,7 @@ QString placeOf(int offset, const QByteArray& json)
     // Unless the text ends too early, the parser has passed the letter that it did not expect.
     const bool hasPassed = offset > 0 && offset < json.size() && !std::isspace(json.at(offset - 1));
     const QByteArray before = json.left(hasPassed ? offset - 1 : offset);
-    const int lineStart = before.lastIndexOf('\n') + 1;
+    const auto lineStart = before.lastIndexOf('\n') + 1;
     return QStringLiteral("line %1, column %2")
         .arg(before.count('\n') + 1)
         .arg(QString::fromUtf8(before.mid(lineStart)).size() + 1);

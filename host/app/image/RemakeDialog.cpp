@@ -32,7 +32,7 @@ RemakeDialog::RemakeDialog(const QList<Item>& items, QWidget* parent)
     m_ui->RemakeSummary->setText(items.count() == 1
                                      ? tr("1 image is to be made again.")
                                      : tr("%1 images are to be made again.").arg(items.count()));
-    m_ui->RemakeProgress->setMaximum(items.count());
+    m_ui->RemakeProgress->setMaximum(static_cast<int>(items.count()));
     m_ui->RemakeList->setHeaderLabels({tr("Image"), tr("Why"), tr("Result")});
     for (const Item& item : items) {
         auto* const row = new QTreeWidgetItem(
@@ -99,7 +99,7 @@ void RemakeDialog::finish()
         showResult(m_ui->RemakeList->topLevelItem(row), {tr("Not made: cancelled")},
                    QStyle::SP_MessageBoxInformation);
 
-    const int failed = m_next - m_made.count();
+    const auto failed = m_next - m_made.count();
     m_ui->RemakeSummary->setText(tr("%1 of %2 images made again, %3 failed.")
                                      .arg(QString::number(m_made.count()),
                                           QString::number(m_items.count()),

@@ -112,7 +112,7 @@ void DesignStorageTest::bringsADesignBack()
     QCOMPARE(loaded->designProperties().count(), 4);
     QCOMPARE(loaded->designProperty("Text"), QVariant("value"));
     QCOMPARE(loaded->designProperty("Number"), QVariant(-7));
-    QCOMPARE(loaded->designProperty("Number").type(), QVariant::Int);
+    QCOMPARE(loaded->designProperty("Number").userType(), int(QMetaType::Int));
     QCOMPARE(loaded->designProperty("Flag"), QVariant(true));
     QVERIFY(!loaded->designProperty("Nothing").isValid());
     QCOMPARE(loaded->designProperties().first().category.toStringList(), QStringList() << "Outer"

@@ -36,7 +36,7 @@ public:
         PropertySpecification shown;
         shown.d_displayed_name = "Reviewer";
         shown.d_description = "Who has <b>reviewed</b> the design.";
-        shown.d_data_type = QVariant::String;
+        shown.d_data_type = Toolkit::ValueType(QMetaType::QString);
         shown.d_default_value = "nobody";
         shown.d_class_name = "OrvanticCore::Design";
         PropertySpecification twice = shown;
@@ -220,7 +220,7 @@ void PropertyEditorTest::editsValuesOfTheirTypes()
     QTRY_COMPARE(design->designProperty("ZORV Pelk Module"), QVariant("DFE2"));
     enterValue(host, 2, "10");
     QTRY_COMPARE(design->designProperty("ZORV Pelk Config Number"), QVariant(10));
-    QCOMPARE(design->designProperty("ZORV Pelk Config Number").type(), QVariant::Int);
+    QCOMPARE(design->designProperty("ZORV Pelk Config Number").userType(), int(QMetaType::Int));
     QCOMPARE(design->designProperties().first().category.toString(), QString("Target"));
     QVERIFY(design->isModified());
 }
@@ -245,7 +245,7 @@ void PropertyEditorTest::keepsAPropertyWithoutValueUntilOneFits()
     QVERIFY(!design->designProperty("ZORV Pelk Config Number").isValid());
     enterValue(host, 2, "7");
     QTRY_COMPARE(design->designProperty("ZORV Pelk Config Number"), QVariant(7));
-    QCOMPARE(design->designProperty("ZORV Pelk Config Number").type(), QVariant::Int);
+    QCOMPARE(design->designProperty("ZORV Pelk Config Number").userType(), int(QMetaType::Int));
 }
 
 void PropertyEditorTest::removesAProperty()

@@ -239,7 +239,7 @@ void ArchiveWriterTest::countsTheBytesOfContent()
 void ArchiveWriterTest::failsWithTheDeviceAtEveryByte()
 {
     QFETCH(ArchiveFormat, format);
-    const int size = archiveOf(format, SmallMembers).size();
+    const auto size = archiveOf(format, SmallMembers).size();
     QVERIFY(size > 100);
     for (int limit = 0; limit < size; ++limit) {
         LimitedSink failing(limit, LimitedSink::Fails);

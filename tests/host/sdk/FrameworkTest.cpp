@@ -4,7 +4,6 @@
 #include <QtilitiesLogging/Logger.h>
 
 #include <QFile>
-#include <QLibraryInfo>
 #include <QMenu>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -201,8 +200,7 @@ void FrameworkTest::extensionSystemReportsLibrariesItCannotUse()
     broken.close();
     QFile notes(folder.filePath("notes.txt"));
     QVERIFY(notes.open(QIODevice::WriteOnly));
-    const QString icons =
-        QLibraryInfo::location(QLibraryInfo::PluginsPath) + "/imageformats/libqico.so";
+    const QString icons = QCoreApplication::libraryPaths().first() + "/imageformats/libqico.so";
     QVERIFY(QFile::link(icons, folder.filePath("b-other.so")));
 
     Log log;

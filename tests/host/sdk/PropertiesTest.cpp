@@ -90,7 +90,7 @@ void PropertiesTest::namesAnAnnouncedProperty()
     announced.d_property_name = "kept";
     QCOMPARE(announced.propertyName(), QString("kept"));
     QVERIFY(!announced.isValid());
-    announced.d_data_type = QVariant::Int;
+    announced.d_data_type = Toolkit::ValueType(QMetaType::Int);
     QVERIFY(announced.isValid());
 }
 

@@ -49,7 +49,7 @@ void TreeNode::addSubject(QObject* subject, AbstractTreeItem* item)
     noteChange();
 }
 
-int TreeNode::subjectCount() const { return m_subjects.count(); }
+int TreeNode::subjectCount() const { return static_cast<int>(m_subjects.count()); }
 
 QObject* TreeNode::subjectAt(int index) const { return m_subjects.value(index, 0); }
 
