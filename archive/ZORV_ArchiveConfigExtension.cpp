@@ -71,8 +71,7 @@ ZORV_ArchiveConfigExtension::ZORV_ArchiveConfigExtension(QWidget* parent)
     restorePackageType();
     handlePackageTypeChange();
     // Connected only now: filling the list would have overwritten the setting that was just read.
-    connect(ui->cmbPackageType, SIGNAL(currentIndexChanged(QString)),
-            SLOT(handlePackageTypeChange()));
+    connect(ui->cmbPackageType, SIGNAL(currentIndexChanged(int)), SLOT(handlePackageTypeChange()));
 }
 
 ZORV_ArchiveConfigExtension::~ZORV_ArchiveConfigExtension() { delete ui; }
@@ -80,7 +79,7 @@ ZORV_ArchiveConfigExtension::~ZORV_ArchiveConfigExtension() { delete ui; }
 void ZORV_ArchiveConfigExtension::connectNameFields()
 {
     connect(ui->txtProjectCM, SIGNAL(textChanged(QString)), SLOT(updatePackageName()));
-    connect(ui->cmbDesignType, SIGNAL(currentIndexChanged(QString)), SLOT(updatePackageName()));
+    connect(ui->cmbDesignType, SIGNAL(currentIndexChanged(int)), SLOT(updatePackageName()));
     connect(ui->spinBoxSequenceNumber, SIGNAL(valueChanged(int)), SLOT(updatePackageName()));
     connect(ui->spinBoxVersionMajor, SIGNAL(valueChanged(int)), SLOT(updatePackageName()));
     connect(ui->spinBoxVersionMinor, SIGNAL(valueChanged(int)), SLOT(updatePackageName()));
