@@ -5,28 +5,6 @@
 
 #include <memory>
 
-#include <sys/resource.h>
-
-namespace {
-
-/// A process that can write no more than this much into any file.
-class LimitedProcess : public QProcess {
-public:
-    explicit LimitedProcess(rlim_t fileBytes) : m_fileBytes(fileBytes) {}
-
-protected:
-    void setupChildProcess() override
-    {
-        const struct rlimit limit = {m_fileBytes, m_fileBytes};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-
-private:
-    rlim_t m_fileBytes;
-};
-
-} // namespace
-
 /// Every command on a disk that is full or breaks: it says so, and takes nothing for read or
 /// written that is not.
 class BrokenDiskTest : public ProgramTest {
@@ -107,9 +85,10 @@ void BrokenDiskTest::leavesWhatWasThereOnAFullDisk()
 void BrokenDiskTest::leavesWhatWasThereWhenFilesMayNotGrow()
 {
     for (const QString output : {"top.fcf", "new.fcf"}) {
-        LimitedProcess process(1000);
-        process.start(PELK_FCF,
-                      create(*m_tool, "top.bin", {"--force", "--output", m_tool->path(output)}));
+        QProcess process;
+        process.start("prlimit", QStringList{"--fsize=1000", PELK_FCF} +
+                                     create(*m_tool, "top.bin",
+                                            {"--force", "--output", m_tool->path(output)}));
         const Run failed = finished(&process);
         QCOMPARE(failed.code, 3);
         QVERIFY2(

@@ -46,23 +46,6 @@ private:
     QByteArray m_shown;
 };
 
-/// A process whose standard error is a terminal.
-class ProcessAtTerminal : public QProcess {
-public:
-    explicit ProcessAtTerminal(const Terminal& terminal) : m_terminal(terminal.name()) {}
-
-protected:
-    void setupChildProcess() override
-    {
-        const int slave = ::open(m_terminal.constData(), O_RDWR | O_NOCTTY);
-        ::dup2(slave, STDERR_FILENO);
-        ::close(slave);
-    }
-
-private:
-    const QByteArray m_terminal;
-};
-
 } // namespace
 
 /// What a person at a terminal sees of the program.
@@ -81,11 +64,14 @@ namespace {
 /// A run of create that is fed by and by, and what the terminal shows of it.
 class SlowRun {
 public:
-    SlowRun(const ToolFixture& tool, const QStringList& arguments) : m_process(m_terminal)
+    SlowRun(const ToolFixture& tool, const QStringList& arguments)
     {
         QStringList all = arguments;
         all[1] = "-";
-        m_process.start(PELK_FCF, all << "--output" << tool.path("top.fcf"));
+        all << "--output" << tool.path("top.fcf");
+        // The shell opens the terminal as standard error, and becomes the program.
+        const QStringList atTerminal{"-c", "exec \"$@\" 2>\"$0\"", m_terminal.name(), PELK_FCF};
+        m_process.start("sh", atTerminal + all);
         m_process.write(ToolFixture::payload(1000));
     }
 
@@ -105,7 +91,7 @@ public:
 
 private:
     Terminal m_terminal;
-    ProcessAtTerminal m_process;
+    QProcess m_process;
 };
 
 } // namespace
