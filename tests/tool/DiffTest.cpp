@@ -3,15 +3,18 @@
 #include <QJsonArray>
 #include <QtTest>
 
-/// What diff, show --field and show --check give.
+#include <memory>
+
+/// What diff gives.
 class DiffTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init() { m_tool = std::make_unique<ToolFixture>(); }
     void findsTwoCopiesTheSame();
     void showsFieldsSideBySide();
     void matchesFunctionsByTheirNames();
+    void findsTheFirstByteThatDiffers_data();
     void findsTheFirstByteThatDiffers();
     void comparesCompanions();
     void namesWhateverDiffers_data();
@@ -21,10 +24,6 @@ private slots:
     void leavesOutWhatIsIgnored();
     void refusesToIgnoreWhatIsNotThere();
     void takesNothingElseThanFcfFiles();
-    void showsOneFieldAlone_data();
-    void showsOneFieldAlone();
-    void refusesAFieldThatIsNotThere();
-    void checksWhatItShows();
 
 private:
     /// Makes "NAME.fcf" of a payload, with further options.
@@ -37,8 +36,6 @@ private:
 
     std::unique_ptr<ToolFixture> m_tool;
 };
-
-void DiffTest::init() { m_tool = std::make_unique<ToolFixture>(); }
 
 void DiffTest::make(const char* name, const QByteArray& payload, const Arguments& more)
 {
@@ -62,6 +59,7 @@ void DiffTest::findsTwoCopiesTheSame()
     QVERIFY(json["same"].toBool());
     QVERIFY(json["payload"].isNull());
     QCOMPARE(json["exitCode"].toInt(-1), 0);
+    QCOMPARE(m_tool->run({"diff", m_tool->argument("a.fcf"), m_tool->argument("a.fcf")}).code, 0);
 }
 
 void DiffTest::showsFieldsSideBySide()
@@ -92,20 +90,43 @@ void DiffTest::matchesFunctionsByTheirNames()
     QCOMPARE(run.out.count('\n'), 3);
 }
 
-void DiffTest::findsTheFirstByteThatDiffers()
+void DiffTest::findsTheFirstByteThatDiffers_data()
 {
+    QTest::addColumn<QByteArray>("other");
+    QTest::addColumn<QJsonObject>("json");
+    QTest::addColumn<QByteArray>("text");
     QByteArray payload = ToolFixture::payload(4000);
-    make("a", payload);
+    QTest::newRow("a byte more")
+        << payload + 'x'
+        << QJsonObject{{"firstOffset", 4000},
+                       {"differingBytes", 1},
+                       {"bytesA", 4000},
+                       {"bytesB", 4001}}
+        << QByteArray(
+               "4000 bytes | 4001 bytes; 1 differ, the first at offset 4000 of the payload\n");
     payload[100] = static_cast<char>(payload[100] ^ 1);
     payload[3999] = static_cast<char>(payload[3999] ^ 1);
-    make("b", payload + "xy");
+    QTest::newRow("other bytes, and two more")
+        << payload + "xy"
+        << QJsonObject{{"firstOffset", 100},
+                       {"differingBytes", 4},
+                       {"bytesA", 4000},
+                       {"bytesB", 4002}}
+        << QByteArray(
+               "4000 bytes | 4002 bytes; 4 differ, the first at offset 100 of the payload\n");
+}
+
+void DiffTest::findsTheFirstByteThatDiffers()
+{
+    QFETCH(QByteArray, other);
+    QFETCH(QJsonObject, json);
+    QFETCH(QByteArray, text);
+    make("a", ToolFixture::payload(4000));
+    make("b", other);
     const Run run = diff({"--json"});
     QCOMPARE(run.code, 1);
-    QCOMPARE(
-        run.json()["payload"].toObject(),
-        QJsonObject(
-            {{"firstOffset", 100}, {"differingBytes", 4}, {"bytesA", 4000}, {"bytesB", 4002}}));
-    QVERIFY(diff().out.contains("4 differ, the first at offset 100 of the payload\n"));
+    QCOMPARE(run.json()["payload"].toObject(), json);
+    QVERIFY2(diff().out.contains(text), diff().out);
 }
 
 void DiffTest::comparesCompanions()
@@ -225,61 +246,6 @@ void DiffTest::takesNothingElseThanFcfFiles()
     m_tool->write("b.fcf", "bad");
     QCOMPARE(diff().code, 2);
     QCOMPARE(m_tool->run({"diff", m_tool->argument("a.fcf"), m_tool->argument("none")}).code, 3);
-}
-
-void DiffTest::showsOneFieldAlone_data()
-{
-    QTest::addColumn<QString>("field");
-    QTest::addColumn<QByteArray>("shown");
-    QTest::newRow("a version") << "version" << QByteArray("1.0\n");
-    QTest::newRow("a number") << "binFileSize" << QByteArray("4000\n");
-    QTest::newRow("a target") << "device" << QByteArray("Interface_FPGA\n");
-    QTest::newRow("a text") << "author" << QByteArray("Ann\n");
-    QTest::newRow("functions") << "functions"
-                               << QByteArray("[{\"author\":\"Bob\",\"ciNumber\":\"7\","
-                                             "\"description\":\"x\",\"name\":\"fft\"}]\n");
-}
-
-void DiffTest::showsOneFieldAlone()
-{
-    QFETCH(QString, field);
-    QFETCH(QByteArray, shown);
-    make("a", ToolFixture::payload(4000), {"--function", "fft", "Bob", "7", "x"});
-    const Arguments show{"show", m_tool->argument("a.fcf"), "--field", field.toStdString()};
-    QCOMPARE(m_tool->run(show).out, shown);
-    const QJsonObject header = m_tool->run(show + Arguments{"--json"})
-                                   .json()["files"]
-                                   .toArray()[0]
-                                   .toObject()["header"]
-                                   .toObject();
-    QCOMPARE(header.keys(), QStringList(field));
-}
-
-void DiffTest::refusesAFieldThatIsNotThere()
-{
-    make("a", ToolFixture::payload(4000));
-    const Run run = m_tool->run({"show", m_tool->argument("a.fcf"), "--field", "autor"});
-    QCOMPARE(run.code, 2);
-    QVERIFY2(run.err.contains("--field: \"autor\" is none of author, "), run.err);
-}
-
-void DiffTest::checksWhatItShows()
-{
-    ForgedImage image;
-    m_tool->write("a.fcf", image.bytes());
-    const Arguments show{"show", m_tool->argument("a.fcf"), "--check"};
-    QCOMPARE(m_tool->run(show).code, 0);
-    image.numbers[8] = 11;
-    m_tool->write("a.fcf", image.bytes());
-    QCOMPARE(m_tool->run({"show", m_tool->argument("a.fcf")}).code, 0);
-    const Run run = m_tool->run(show);
-    QCOMPARE(run.code, 1);
-    QVERIFY2(run.out.contains("a.fcf: not valid; pelk-fcf verify reports all of it\n"), run.out);
-    QVERIFY(!m_tool->run(show + Arguments{"--json"})
-                 .json()["files"]
-                 .toArray()[0]
-                 .toObject()["valid"]
-                 .toBool(true));
 }
 
 QTEST_GUILESS_MAIN(DiffTest)

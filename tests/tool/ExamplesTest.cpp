@@ -51,8 +51,6 @@ private slots:
 private:
     Run checkSchema(const QString& schema, const QStringList& names);
     Run runHere(const QString& program, const QStringList& arguments);
-    /// Has \p name be changed \p seconds ago.
-    void setAge(const QString& name, int seconds);
 
     std::unique_ptr<ToolFixture> m_tool;
 };
@@ -76,14 +74,6 @@ Run ExamplesTest::runHere(const QString& program, const QStringList& arguments)
     return finished(&process);
 }
 
-void ExamplesTest::setAge(const QString& name, int seconds)
-{
-    QFile file(m_tool->path(name));
-    QVERIFY(file.open(QIODevice::ReadWrite));
-    QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(-seconds),
-                             QFileDevice::FileModificationTime));
-}
-
 void ExamplesTest::makeBuildsNothingAnewThatDidNotChange()
 {
     // What depends on the image counts how often it was built.
@@ -99,8 +89,8 @@ void ExamplesTest::makeBuildsNothingAnewThatDidNotChange()
     // An input that was touched makes the tool run once more, and changes nothing.
     for (const char* const name : {"top.bin", "top.json"}) {
         for (const QString& other : m_tool->names())
-            setAge(other, 3600);
-        setAge(name, 10);
+            m_tool->setAge(other, 3600);
+        m_tool->setAge(name, 10);
         const QByteArray out = make();
         QVERIFY2(out.contains("pelk-fcf create"), out);
         QCOMPARE(make().contains("pelk-fcf create"), false);
@@ -119,7 +109,7 @@ void ExamplesTest::makeKnowsAllThatWasRead()
 
     m_tool->write("notes.txt", "second");
     // Newer than all that was made of it, whatever differences the file system sees.
-    setAge("notes.txt", -2);
+    m_tool->setAge("notes.txt", -2);
     const Run run = runHere("make", {});
     QVERIFY2(run.out.contains("pelk-fcf create"), run.out + run.err);
     QCOMPARE(m_tool->run({"show", m_tool->argument("top.fcf"), "--field", "description"}).out,
@@ -152,7 +142,7 @@ void ExamplesTest::cmakeBuildsAnImage()
 
     m_tool->write("notes.txt", "second");
     // Newer than all that was made of it, whatever differences the file system sees.
-    setAge("notes.txt", -2);
+    m_tool->setAge("notes.txt", -2);
     run = runHere("cmake", {"--build", "out"});
     QVERIFY2(run.code == 0, run.out + run.err);
     QCOMPARE(m_tool->run({"show", image, "--field", "description"}).out, QByteArray("second\n"));

@@ -2,7 +2,6 @@
 
 #include "support/ReadCount.h"
 
-#include <QCryptographicHash>
 #include <QFile>
 #include <QJsonArray>
 #include <QtTest>
@@ -261,7 +260,7 @@ void ListTest::showsTheDigestBesideAnImage()
 void ListTest::computesDigests()
 {
     m_tool->write("images/a.fcf", image(1));
-    const QByteArray own = QCryptographicHash::hash(image(1), QCryptographicHash::Sha256).toHex();
+    const QByteArray own = sha256Of(image(1));
     Run run = list({"--json", "--digest"});
     QCOMPARE(run.code, 0);
     QCOMPARE(row(run, 0)["sha256"].toString(), QString(own));

@@ -78,7 +78,7 @@ private:
     QJsonObject show(const QString& name, const char* key)
     {
         const Run run = m_tool.run({"show", m_tool.argument(name), "--json"});
-        return run.json()["files"].toArray()[0].toObject()[key].toObject();
+        return run.firstFile()[key].toObject();
     }
 
     ToolFixture m_tool;
@@ -158,8 +158,7 @@ void RoundTripTest::readsAFunctionOfEachOption()
                  .code,
              0);
     const Run shown = tool.run({"show", tool.argument("top.fcf"), "--json"});
-    const QJsonArray found =
-        shown.json()["files"].toArray()[0].toObject()["header"].toObject()["functions"].toArray();
+    const QJsonArray found = shown.firstFile()["header"].toObject()["functions"].toArray();
     QCOMPARE(found.size(), names.size());
     for (int index = 0; index < names.size(); ++index)
         QCOMPARE(found[index].toObject()["name"].toString(), names.at(index));

@@ -70,6 +70,8 @@ class TerminalTest : public ProgramTest {
     Q_OBJECT
 
 private slots:
+    void showsProgressAtATerminalOnly();
+    void writesNoBinaryDataToATerminal();
     void showsHowMuchOfASlowInputCameUnlessItIsToBeQuiet();
     void showsNothingOfAnInputThatIsThereAtOnce();
 };
@@ -107,6 +109,32 @@ private:
 };
 
 } // namespace
+
+void TerminalTest::showsProgressAtATerminalOnly()
+{
+    ToolFixture tool;
+    qint64 now = 0;
+    tool.environment.milliseconds = [&now] { return now += 1100; };
+    QVERIFY(!tool.createTop().err.contains('\r'));
+    tool.environment.errIsTerminal = true;
+    QVERIFY(tool.createTop({"--force"}).err.contains("\rcreate: 100 %\r\033[K"));
+    QVERIFY(!tool.createTop({"--force", "--quiet"}).err.contains('\r'));
+    tool.environment.milliseconds = [] { return 0; };
+    QVERIFY(!tool.createTop({"--force"}).err.contains('\r'));
+}
+
+void TerminalTest::writesNoBinaryDataToATerminal()
+{
+    ToolFixture tool;
+    tool.makeImage();
+    tool.environment.outIsTerminal = true;
+    const Run created = tool.createTop({"--output", "-", "--no-companion"});
+    QCOMPARE(created.code, 2);
+    QVERIFY2(created.err.contains("standard output: --output: is a terminal"), created.err);
+    QCOMPARE(created.out, QByteArray());
+    QCOMPARE(tool.run({"extract", tool.argument("top.fcf"), "--output", "-"}).code, 2);
+    QCOMPARE(tool.run({"show", tool.argument("top.fcf")}).code, 0);
+}
 
 void TerminalTest::showsHowMuchOfASlowInputCameUnlessItIsToBeQuiet()
 {

@@ -4,12 +4,15 @@
 #include "tool/commands/CommandLine.h"
 
 #include <QBuffer>
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QtEndian>
 #include <QTextCodec>
+
+#include <algorithm>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -23,7 +26,22 @@ Arguments operator+(Arguments left, const Arguments& right)
     return left;
 }
 
+Arguments toArguments(const QStringList& texts)
+{
+    Arguments arguments;
+    for (const QString& text : texts)
+        arguments.push_back(text.toStdString());
+    return arguments;
+}
+
+QByteArray sha256Of(const QByteArray& bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
+}
+
 QJsonObject Run::json() const { return QJsonDocument::fromJson(out).object(); }
+
+QJsonObject Run::firstFile() const { return json()["files"].toArray()[0].toObject(); }
 
 QJsonObject Run::finding(const QString& field) const
 {
@@ -92,6 +110,22 @@ QByteArray ToolFixture::read(const QString& name) const { return TestFile::read(
 
 bool ToolFixture::exists(const QString& name) const { return QFile::exists(path(name)); }
 
+void ToolFixture::setAge(const QString& name, int seconds) const
+{
+    QFile file(path(name));
+    const QDateTime changed = QDateTime::currentDateTime().addSecs(-seconds);
+    if (!file.open(QIODevice::ReadWrite) ||
+        !file.setFileTime(changed, QFileDevice::FileModificationTime))
+        qFatal("%s: %s", qPrintable(file.fileName()), qPrintable(file.errorString()));
+}
+
+void ToolFixture::clear() const
+{
+    QDir(m_folder.path()).removeRecursively();
+    if (!QDir().mkdir(m_folder.path()))
+        qFatal("%s cannot be made", qPrintable(m_folder.path()));
+}
+
 QStringList ToolFixture::names() const
 {
     return QDir(m_folder.path())
@@ -99,11 +133,38 @@ QStringList ToolFixture::names() const
                    QDir::Name);
 }
 
-Arguments ToolFixture::described()
+Arguments ToolFixture::described(const Options& others)
 {
-    return {"--author",  "Ann",      "--ci",           "42",       "--module",
-            "DFE",       "--device", "Interface_FPGA", "--config", "1",
-            "--version", "1.0",      "--description",  "Rev B"};
+    Arguments all{"--author",  "Ann",      "--ci",           "42",       "--module",
+                  "DFE",       "--device", "Interface_FPGA", "--config", "1",
+                  "--version", "1.0",      "--description",  "Rev B"};
+    for (const auto& [option, value] : others) {
+        const auto given = std::find(all.begin(), all.end(), option);
+        if (given != all.end())
+            *(given + 1) = value;
+        else
+            all = all + Arguments{option, value};
+    }
+    return all;
+}
+
+Arguments ToolFixture::describedWithout(const std::string& option)
+{
+    Arguments all = described();
+    const auto given = std::find(all.begin(), all.end(), option);
+    all.erase(given, given + 2);
+    return all;
+}
+
+Run ToolFixture::create(const QString& name, const Arguments& more, const Options& others)
+{
+    return run(Arguments{"create", argument(name)} + described(others) + more);
+}
+
+Run ToolFixture::createTop(const Arguments& more)
+{
+    write("top.bin", payload(4000));
+    return create("top.bin", more);
 }
 
 Arguments ToolFixture::createAll(const Arguments& more) const
@@ -119,8 +180,7 @@ Run ToolFixture::verifyAll()
 
 void ToolFixture::makeImage()
 {
-    write("top.bin", payload(4000));
-    const Run made = run(Arguments{"create", argument("top.bin"), "--force"} + described());
+    const Run made = createTop({"--force"});
     if (made.code != 0)
         qFatal("%s", made.err.constData());
 }

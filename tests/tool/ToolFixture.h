@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 
 #include <csignal>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,8 @@ struct Run {
     QByteArray err;
 
     QJsonObject json() const;
+    /// What the JSON says of the first file.
+    QJsonObject firstFile() const;
     /// The one finding about \p field; an empty object when there are none or several.
     QJsonObject finding(const QString& field) const;
 };
@@ -27,6 +30,13 @@ struct Run {
 using Arguments = std::vector<std::string>;
 
 Arguments operator+(Arguments left, const Arguments& right);
+Arguments toArguments(const QStringList& texts);
+
+/// Options with a value each.
+using Options = std::map<std::string, std::string>;
+
+/// In hexadecimal digits.
+QByteArray sha256Of(const QByteArray& bytes);
 
 /// A folder of its own, and the tool run in this process at a fixed time.
 class ToolFixture {
@@ -45,16 +55,27 @@ public:
     void write(const QString& name, const QByteArray& bytes) const;
     QByteArray read(const QString& name) const;
     bool exists(const QString& name) const;
+    /// Has \p name be changed \p seconds ago.
+    void setAge(const QString& name, int seconds) const;
+    /// Empties the folder.
+    void clear() const;
     /// All names in the folder, hidden ones too, sorted.
     QStringList names() const;
 
-    /// All options that create requires, and a description.
-    static Arguments described();
+    /// All options that create requires, and a description; some with other values, or further
+    /// ones.
+    static Arguments described(const Options& others = {});
+    /// The same but for \p option.
+    static Arguments describedWithout(const std::string& option);
+    /// Runs create on the file \p name with these options.
+    Run create(const QString& name, const Arguments& more = {}, const Options& others = {});
+    /// Makes "top.bin", and "top.fcf" of it.
+    Run createTop(const Arguments& more = {});
     /// The arguments that make all there is of "top.bin".
     Arguments createAll(const Arguments& more = {}) const;
     /// Checks that it is all of what "top.bin" is now.
     Run verifyAll();
-    /// Makes "top.bin" and of it "top.fcf" and "top.txt".
+    /// Makes "top.bin", and replaces "top.fcf" and "top.txt" by those of it.
     void makeImage();
 
     /// Bytes with a sync word near their start, \p size of them.

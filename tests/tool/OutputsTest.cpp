@@ -1,13 +1,14 @@
 #include "ToolFixture.h"
 
+#include <QDir>
 #include <QFile>
 #include <QtTest>
 
 #include <sys/stat.h>
 #include <unistd.h>
 
-/// Outputs that are refused, with text and exit code, and that nothing is touched by it.
-class OutputRefusalTest : public QObject {
+/// Where outputs may be, what they replace, and that nothing is touched by a refusal.
+class OutputsTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -23,11 +24,11 @@ private slots:
     void keepsFilesThatAreNotItsOwn();
     void replacesWhatItRecognises_data();
     void replacesWhatItRecognises();
-    void extractsOverNoSidecarThatItRead_data();
-    void extractsOverNoSidecarThatItRead();
+    void replacesALinkAndNotWhatItLeadsTo();
+    void warnsOfOutputsThatWillNotBelong();
 };
 
-void OutputRefusalTest::refusesAnOutput_data()
+void OutputsTest::refusesAnOutput_data()
 {
     QTest::addColumn<QString>("output");
     QTest::addColumn<bool>("force");
@@ -57,7 +58,7 @@ void OutputRefusalTest::refusesAnOutput_data()
         << "a\nb.fcf" << true << "fileName: holds a line break" << 2;
 }
 
-void OutputRefusalTest::refusesAnOutput()
+void OutputsTest::refusesAnOutput()
 {
     QFETCH(QString, output);
     QFETCH(bool, force);
@@ -83,7 +84,7 @@ void OutputRefusalTest::refusesAnOutput()
     QCOMPARE(tool.read("half.txt"), QByteArray("old"));
 }
 
-void OutputRefusalTest::findsABadPlaceBeforeAnythingIsOpened_data()
+void OutputsTest::findsABadPlaceBeforeAnythingIsOpened_data()
 {
     QTest::addColumn<QString>("output");
     QTest::newRow("a missing folder") << "none/a.fcf";
@@ -91,15 +92,13 @@ void OutputRefusalTest::findsABadPlaceBeforeAnythingIsOpened_data()
     QTest::newRow("a name that is too long for its digest") << QString(245, 'x') + ".fcf";
 }
 
-void OutputRefusalTest::findsABadPlaceBeforeAnythingIsOpened()
+void OutputsTest::findsABadPlaceBeforeAnythingIsOpened()
 {
     QFETCH(QString, output);
     ToolFixture tool;
     tool.makeImage();
     const QStringList before = tool.names();
-    const Run created = tool.run(Arguments{"create", tool.argument("top.bin"), "--digest",
-                                           "--output", tool.argument(output)} +
-                                 ToolFixture::described());
+    const Run created = tool.create("top.bin", {"--digest", "--output", tool.argument(output)});
     QCOMPARE(created.code, 3);
     QVERIFY2(created.err.contains("--output: cannot be written: "), created.err);
     const std::string payload = tool.argument(output + ".sha256");
@@ -107,7 +106,7 @@ void OutputRefusalTest::findsABadPlaceBeforeAnythingIsOpened()
     QCOMPARE(tool.names(), before);
 }
 
-void OutputRefusalTest::refusesTheInputAsOutputUnderAnyName_data()
+void OutputsTest::refusesTheInputAsOutputUnderAnyName_data()
 {
     QTest::addColumn<QString>("binary");
     QTest::addColumn<QString>("output");
@@ -125,7 +124,7 @@ void OutputRefusalTest::refusesTheInputAsOutputUnderAnyName_data()
                                       << "b.fcf";
 }
 
-void OutputRefusalTest::refusesTheInputAsOutputUnderAnyName()
+void OutputsTest::refusesTheInputAsOutputUnderAnyName()
 {
     QFETCH(QString, binary);
     QFETCH(QString, output);
@@ -153,7 +152,7 @@ void OutputRefusalTest::refusesTheInputAsOutputUnderAnyName()
     QCOMPARE(tool.read("top.fcf"), image);
 }
 
-void OutputRefusalTest::refusesAnyOtherFileItReadsAsOutput_data()
+void OutputsTest::refusesAnyOtherFileItReadsAsOutput_data()
 {
     QTest::addColumn<QString>("option");
     QTest::addColumn<QString>("before");
@@ -175,7 +174,7 @@ void OutputRefusalTest::refusesAnyOtherFileItReadsAsOutput_data()
                                         << "link.json";
 }
 
-void OutputRefusalTest::refusesAnyOtherFileItReadsAsOutput()
+void OutputsTest::refusesAnyOtherFileItReadsAsOutput()
 {
     QFETCH(QString, option);
     QFETCH(QString, before);
@@ -189,9 +188,9 @@ void OutputRefusalTest::refusesAnyOtherFileItReadsAsOutput()
         QVERIFY(QFile::link("n.txt", tool.path(input)));
     const QStringList names = tool.names();
 
-    Arguments described = ToolFixture::described();
-    if (option == "--description")
-        described.resize(described.size() - 2);
+    const Arguments described = option == "--description"
+                                    ? ToolFixture::describedWithout("--description")
+                                    : ToolFixture::described();
     const Run run = tool.run(Arguments{"create", tool.argument("top.bin"), "--digest", "--force",
                                        "--output", tool.argument("n.fcf"), option.toStdString(),
                                        before.toStdString() + tool.argument(input)} +
@@ -202,7 +201,7 @@ void OutputRefusalTest::refusesAnyOtherFileItReadsAsOutput()
     QCOMPARE(tool.names(), names);
 }
 
-void OutputRefusalTest::keepsFilesThatAreNotItsOwn_data()
+void OutputsTest::keepsFilesThatAreNotItsOwn_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("bytes");
@@ -226,7 +225,7 @@ void OutputRefusalTest::keepsFilesThatAreNotItsOwn_data()
                                         << "image";
 }
 
-void OutputRefusalTest::keepsFilesThatAreNotItsOwn()
+void OutputsTest::keepsFilesThatAreNotItsOwn()
 {
     QFETCH(QString, name);
     QFETCH(QByteArray, bytes);
@@ -252,7 +251,7 @@ void OutputRefusalTest::keepsFilesThatAreNotItsOwn()
     QCOMPARE(run.err.contains("--force replaces it"), kind == "image");
 }
 
-void OutputRefusalTest::replacesWhatItRecognises_data()
+void OutputsTest::replacesWhatItRecognises_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("bytes");
@@ -274,7 +273,7 @@ void OutputRefusalTest::replacesWhatItRecognises_data()
     QTest::newRow("any file as the image") << "top.fcf" << QByteArray("notes") << "--force";
 }
 
-void OutputRefusalTest::replacesWhatItRecognises()
+void OutputsTest::replacesWhatItRecognises()
 {
     QFETCH(QString, name);
     QFETCH(QByteArray, bytes);
@@ -287,27 +286,29 @@ void OutputRefusalTest::replacesWhatItRecognises()
     QCOMPARE(tool.verifyAll().code, 0);
 }
 
-void OutputRefusalTest::extractsOverNoSidecarThatItRead_data()
+void OutputsTest::replacesALinkAndNotWhatItLeadsTo()
 {
-    QTest::addColumn<QString>("output");
-    QTest::newRow("the companion") << "top.txt";
-    QTest::newRow("the digest") << "top.fcf.sha256";
-}
-
-void OutputRefusalTest::extractsOverNoSidecarThatItRead()
-{
-    QFETCH(QString, output);
     ToolFixture tool;
-    tool.write("top.bin", ToolFixture::payload(4000));
-    QCOMPARE(tool.run(tool.createAll()).code, 0);
-    const QByteArray before = tool.read(output);
-
-    const Run run = tool.run(
-        {"extract", tool.argument("top.fcf"), "--output", tool.argument(output), "--force"});
-    QCOMPARE(run.code, 2);
-    QVERIFY2(run.err.contains("--output: is the input itself"), run.err);
-    QCOMPARE(tool.read(output), before);
+    tool.write("precious", "precious");
+    QVERIFY(QFile::link("precious", tool.path("top.fcf")));
+    QVERIFY(QFile::link("nowhere", tool.path("top.txt")));
+    QCOMPARE(tool.createTop().code, 4);
+    QCOMPARE(tool.createTop({"--force"}).code, 0);
+    QCOMPARE(tool.read("precious"), QByteArray("precious"));
+    QVERIFY(!QFileInfo(tool.path("top.fcf")).isSymLink());
+    QVERIFY(!tool.exists("nowhere"));
 }
 
-QTEST_GUILESS_MAIN(OutputRefusalTest)
-#include "OutputRefusalTest.moc"
+void OutputsTest::warnsOfOutputsThatWillNotBelong()
+{
+    ToolFixture tool;
+    tool.createTop({"--digest"});
+    const Run run = tool.createTop({"--force", "--no-companion"});
+    QCOMPARE(run.code, 0);
+    const QByteArray warning = "exists, is not written, and so will not belong to the new image";
+    QCOMPARE(run.err.count(warning), 2);
+    QCOMPARE(tool.createTop({"--force", "--no-companion", "--strict"}).code, 2);
+}
+
+QTEST_GUILESS_MAIN(OutputsTest)
+#include "OutputsTest.moc"
