@@ -46,6 +46,9 @@ private:
     void begin();
     void end();
     QString take(const Step& step);
+    /// Has the model do \p rule and the window \p operation, with the same \p values.
+    template <typename Rule, typename Operation, typename... Values>
+    void both(Rule rule, Operation operation, const Values&... values);
     void takeOfPerson();
     void takeTyping();
     void takeClick();

@@ -225,6 +225,20 @@ Reaction::Reaction(quint32 plan, int number) : answer(ClickYes), deed(Nothing)
     deed = static_cast<Deed>((bits >> 4) % DeedCount);
 }
 
+QString moduleOf(int number)
+{
+    static const char* const Modules[] = {"DFE", "DFE2", "GPM", "dfe", ""};
+    return QString::fromLatin1(Modules[qAbs(number) % 5]);
+}
+
+QString deviceOf(int number)
+{
+    static const char* const Devices[] = {
+        "Interface_FPGA",      "Processing_FPGA_1", "Processing_FPGA_2", "Processing_FPGA_3",
+        "Clock_Master_Device", "Processing_FPGA",   "interface_fpga"};
+    return QString::fromLatin1(Devices[qAbs(number) % 7]);
+}
+
 QString textOf(int number, bool oneLine)
 {
     const int mark = number / 32;

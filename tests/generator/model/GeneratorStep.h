@@ -110,6 +110,10 @@ struct Reaction {
 QString textOf(int number, bool oneLine);
 const int TextKinds = 24;
 
+/// Module number \p number, some of which are none; and the same of devices.
+QString moduleOf(int number);
+QString deviceOf(int number);
+
 /// Path number \p number, relative to the working folder.
 QString pathOf(int number);
 int pathCount();
