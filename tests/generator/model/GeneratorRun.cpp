@@ -1,7 +1,7 @@
 #include "generator/model/GeneratorRun.h"
 
+#include "generator/model/GeneratorDice.h"
 #include "generator/model/GeneratorWindow.h"
-#include "generator/model/Watchdog.h"
 #include "generator/PelkFcfGenerator.h"
 
 #include <OrvanticCore/DesignManager.h>
@@ -11,6 +11,12 @@
 #include <QDir>
 
 using OrvanticCore::DesignManager;
+
+namespace {
+
+const int StepsOfSequence = 24;
+
+} // namespace
 
 QDateTime momentOf(int number)
 {
@@ -24,8 +30,9 @@ QDateTime momentOf(int number)
     return QDateTime(date, time).addSecs(number % 2 * 3);
 }
 
-GeneratorRun::GeneratorRun()
-    : m_step(), m_modelReactions(0), m_windowReactions(0), m_modelReadings(0), m_windowReadings(0)
+GeneratorRun::GeneratorRun(const QString& folder)
+    : Model(folder), m_step(), m_modelReactions(0), m_windowReactions(0), m_modelReadings(0),
+      m_windowReadings(0)
 {
     m_model.clock = [this] { return momentOf(m_modelReadings++); };
     m_model.observe = [this](const QString& event) { expect(event); };
@@ -39,25 +46,27 @@ GeneratorRun::GeneratorRun()
 
 GeneratorRun::~GeneratorRun() { qApp->removeEventFilter(this); }
 
-QString GeneratorRun::play(const QVector<Step>& steps)
+QList<Model::Kind> GeneratorRun::kinds() const
 {
-    begin();
-    QString found;
-    for (int i = 0; i < steps.size() && found.isEmpty(); ++i) {
-        const Watchdog watchdog(steps, i);
-        found = take(steps.at(i));
-        if (!found.isEmpty())
-            found = QString::fromLatin1("step %1 ").arg(i + 1) +
-                    QString::fromLatin1(printed(steps.at(i)).trimmed()) + QLatin1Char('\n') + found;
-    }
-    end();
-    return found;
+    QList<Kind> kinds;
+    for (int action = 0; action < ActionCount; ++action)
+        kinds << Kind{nameOf(static_cast<Action>(action)), 1};
+    return kinds;
+}
+
+ModelSequence GeneratorRun::sequence(std::mt19937* random) const
+{
+    ModelSequence sequence;
+    for (const Step& step : GeneratorDice(random).sequence(StepsOfSequence))
+        sequence << ModelAction{step.action, {step.a, step.b, static_cast<int>(step.plan)}};
+    return sequence;
 }
 
 void GeneratorRun::begin()
 {
     m_model.disk = DiskModel();
-    m_model.disk.root = WorkingFolder::make();
+    m_model.disk.root = folder() + QLatin1String("/run");
+    QDir().mkdir(m_model.disk.root);
     QDir::setCurrent(m_model.disk.root);
     m_model.exists = false;
     m_model.form = GeneratorState();
@@ -85,26 +94,29 @@ void GeneratorRun::makeInitialFiles()
     writeFile(QLatin1String("older.txt.fcf"), companionOf(55));
 }
 
-QString GeneratorRun::take(const Step& step)
+QString GeneratorRun::perform(const ModelAction& action)
 {
-    m_step = step;
+    m_step.action = static_cast<Action>(action.kind);
+    m_step.a = action.numbers[0];
+    m_step.b = action.numbers[1];
+    m_step.plan = static_cast<quint32>(action.numbers[2]);
     m_expected.clear();
     m_seen.clear();
     m_choices.clear();
     m_modelReactions = 0;
     m_windowReactions = 0;
 
-    if (step.action >= MakeBinary) {
+    if (m_step.action >= MakeBinary) {
         takeOfDisk();
     } else {
-        if (!m_model.exists && step.action != NewWindow) {
+        if (!m_model.exists && m_step.action != NewWindow) {
             open(false);
             showAgain();
             foldFunctions();
         }
         if (m_model.exists && m_model.form.isVisible)
             leaveWidgets();
-        if (step.action < SetModule)
+        if (m_step.action < SetModule)
             takeOfPerson();
         else
             takeOfProgram();
@@ -114,7 +126,7 @@ QString GeneratorRun::take(const Step& step)
     expect(QLatin1String("afterwards"));
     see(QLatin1String("afterwards"));
     countBranches();
-    return difference();
+    return findDifference();
 }
 
 void GeneratorRun::expect(const QString& event)
@@ -161,7 +173,7 @@ void GeneratorRun::deletePosted()
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-QString GeneratorRun::difference()
+QString GeneratorRun::findDifference()
 {
     for (int i = 0; i < qMax(m_expected.size(), m_seen.size()); ++i) {
         const Observation expected = i < m_expected.size() ? m_expected.at(i) : Observation();
@@ -206,6 +218,6 @@ void GeneratorRun::countBranches()
             if (letter.isDigit())
                 letter = QLatin1Char('#');
         }
-        m_reached[event] += 1;
+        Model::reach(event.toLatin1().constData());
     }
 }
