@@ -16,10 +16,9 @@ const NumberField Numbers[NumberCount] = {
      "payload: the pages left over after whole blocks"},
     {"binBlocks", 16, &FcfHeader::binBlocks, "blocks", "payload: the whole blocks"},
     {"binFileSize", 20, &FcfHeader::binFileSize, "bytes", "payload"},
-    {"moduleCode", 24, &FcfHeader::moduleCode, "code", "1 for DFE, 2 for DFE2 and GPM"},
+    {"moduleCode", 24, &FcfHeader::moduleCode, "code", "the module, see the codes"},
     {"deviceCode", 28, &FcfHeader::deviceCode, "code",
-     "one bit: 1 Interface_FPGA, 2 Processing_FPGA_1, 4 Processing_FPGA_2 (GPM) or "
-     "Clock_Master_Device (others), 8 Processing_FPGA_3"},
+     "the device of the module, one bit, see the codes"},
     {"configNumber", 32, &FcfHeader::configNumber, "slot", "flash slot, 1 to 10"},
     {"versionMajor", 36, &FcfHeader::versionMajor, "number", "major version of the build"},
     {"versionMinor", 40, &FcfHeader::versionMinor, "number", "minor version of the build"},

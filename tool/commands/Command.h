@@ -5,6 +5,7 @@
 #include "tool/commands/Task.h"
 
 #include <memory>
+#include <vector>
 
 /// One command of the tool: its arguments, and what it does.
 class Command {
@@ -22,7 +23,9 @@ public:
 };
 
 using CommandPointer = std::unique_ptr<Command>;
-using CommandFactory = CommandPointer (*)(CLI::App* parent);
+
+/// Adds all commands to \p parent, in the order of the help.
+std::vector<CommandPointer> addCommands(CLI::App* parent);
 
 CommandPointer createCommand(CLI::App* parent);
 CommandPointer showCommand(CLI::App* parent);

@@ -136,7 +136,7 @@ private:
     /// Not owned.
     const Environment* m_environment;
     CLI::App m_app;
-    std::vector<std::unique_ptr<Command>> m_commands;
+    std::vector<CommandPointer> m_commands;
     bool m_json = false;
     bool m_quiet = false;
 };
@@ -152,10 +152,9 @@ CommandLine::CommandLine(const Environment* environment)
     m_app.get_formatter()->label("SUBCOMMAND", "COMMAND");
     m_app.get_formatter()->label("REQUIRED", "");
 
-    for (const CommandFactory make : {&createCommand, &showCommand, &listCommand, &verifyCommand,
-                                      &extractCommand, &recipeCommand, &diffCommand}) {
-        m_commands.push_back(make(&m_app));
-        CLI::App* const app = m_commands.back()->app;
+    m_commands = addCommands(&m_app);
+    for (const CommandPointer& command : m_commands) {
+        CLI::App* const app = command->app;
         app->add_flag("--json", m_json, "give the result as JSON");
         app->add_flag("-q,--quiet", m_quiet, "show no progress and no notes");
         app->footer(app->get_footer() + Footer);

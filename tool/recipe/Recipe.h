@@ -77,7 +77,8 @@ void forEachRecipeField(Visit visit)
                &FcfHeader::author});
     visit(Text{"ciNumber", "--ci", "TEXT", "configuration item number of the build", true,
                &Recipe::ciNumber, &FcfHeader::ciNumber});
-    visit(Text{"module", "--module", "NAME", "see below", true, &Recipe::module, nullptr});
+    visit(Text{"module", "--module", "NAME", "module of the processor, see below", true,
+               &Recipe::module, nullptr});
     visit(Text{"device", "--device", "NAME", "a device of the module, see below", true,
                &Recipe::device, nullptr});
     visit(RecipeField<qint32>{"configNumber", "--config", "SLOT", "flash slot, 1 to 10", true,
