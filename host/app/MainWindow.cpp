@@ -79,7 +79,8 @@ MainWindow::MainWindow(QWidget* parent)
 
 MainWindow::~MainWindow()
 {
-    // Qt 6 hides the panes of a window that is deleted, and a pane that is hidden asks for the view.
+    // Qt 6 hides the panes of a window that is deleted, and a pane that is hidden asks for the
+    // view.
     hide();
     // The model follows the designs, so that it is deleted before them.
     delete m_view;
