@@ -22,7 +22,7 @@ QByteArray bytesOf(const QByteArray& value)
 {
     if (value.startsWith('"'))
         return unquoted(value);
-    const int times = value.indexOf(" * ");
+    const auto times = value.indexOf(" * ");
     if (times < 0)
         return QByteArray::fromHex(value);
     return QByteArray::fromHex(value.left(times)).repeated(value.mid(times + 3).toInt());
