@@ -12,7 +12,13 @@ namespace {
 /// A process that can write no more than this much into any file.
 class LimitedProcess : public QProcess {
 public:
-    explicit LimitedProcess(rlim_t fileBytes) : m_fileBytes(fileBytes) {}
+    explicit LimitedProcess(rlim_t fileBytes) : m_fileBytes(fileBytes)
+    {
+        // A program with counters for coverage would cut the files of these, too, and spoil them.
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("GCOV_PREFIX", UnwritableFolder);
+        setProcessEnvironment(environment);
+    }
 
 protected:
     void setupChildProcess() override

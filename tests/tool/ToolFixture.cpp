@@ -17,7 +17,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-// Below a file of the kernel nothing can be made, whoever asks.
+// Below a folder of the kernel nobody can make a file.
 const char* const UnwritableFolder = "/proc/sys";
 
 Arguments operator+(Arguments left, const Arguments& right)
