@@ -1,5 +1,6 @@
 #include "FaultyFileSystem.h"
 #include "ProgramTest.h"
+#include "support/TestProgram.h"
 
 #include <QtTest>
 
@@ -224,5 +225,5 @@ void BrokenDiskTest::reportsEachReadThatFails()
     QVERIFY(failures > 0);
 }
 
-QTEST_GUILESS_MAIN(BrokenDiskTest)
+ZORV_TEST(BrokenDiskTest)
 #include "BrokenDiskTest.moc"

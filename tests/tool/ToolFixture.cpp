@@ -34,6 +34,8 @@ Arguments toArguments(const QStringList& texts)
     return arguments;
 }
 
+QStringList allNames() { return {"top.bin", "top.fcf", "top.fcf.sha256", "top.txt"}; }
+
 QByteArray sha256Of(const QByteArray& bytes)
 {
     return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
