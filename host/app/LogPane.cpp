@@ -17,7 +17,7 @@ enum Column { TimeColumn, KindColumn, MessageColumn };
 /// The image that a message links to.
 constexpr int PathRole = Qt::UserRole;
 
-struct Texts {
+struct LogPaneTexts {
     Q_DECLARE_TR_FUNCTIONS(LogPane)
 };
 
@@ -41,13 +41,13 @@ QString nameOf(Logger::MessageType type)
 {
     switch (type) {
     case Logger::Error:
-        return Texts::tr("Error");
+        return LogPaneTexts::tr("Error");
     case Logger::Fatal:
-        return Texts::tr("Fatal");
+        return LogPaneTexts::tr("Fatal");
     case Logger::Warning:
-        return Texts::tr("Warning");
+        return LogPaneTexts::tr("Warning");
     default:
-        return Texts::tr("Info");
+        return LogPaneTexts::tr("Info");
     }
 }
 

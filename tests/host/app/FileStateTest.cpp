@@ -287,10 +287,6 @@ void FileStateTest::comparesWithTheBinaryBesideIt()
     QVERIFY(report->toPlainText().startsWith("NOT VALID\n"));
 }
 
-int main(int argc, char** argv)
-{
-    FileStateTest test;
-    return runHostTest(&test, argc, argv);
-}
+HOST_TEST(FileStateTest)
 
 #include "FileStateTest.moc"
