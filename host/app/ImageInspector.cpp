@@ -219,16 +219,26 @@ QString ImageReport::text() const
 }
 
 ImageInspector::ImageInspector(QWidget* parent)
-    : QWidget(parent), m_view(new QTextBrowser(this)), m_copy(new QPushButton(tr("Cop&y"), this))
+    : QWidget(parent), m_view(new QTextBrowser(this)),
+      m_page(new QPushButton(tr("Header Pa&ge"), this)), m_copy(new QPushButton(tr("Cop&y"), this))
 {
     m_view->setObjectName("ImageReport");
     m_view->setAccessibleName(tr("Image"));
     m_view->setPlaceholderText(tr("Select an image or a companion, and Inspect Image."));
+    m_page->setObjectName("ShowPageButton");
+    m_page->setToolTip(tr("Show the header page as bytes and fields"));
     m_copy->setObjectName("CopyReportButton");
     m_copy->setEnabled(false);
+
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(m_view);
-    layout->addWidget(m_copy, 0, Qt::AlignRight);
+    auto* const buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(m_page);
+    buttons->addWidget(m_copy);
+    layout->addLayout(buttons);
+
+    connect(m_page, &QPushButton::clicked, this, &ImageInspector::pageWanted);
     connect(m_copy, &QPushButton::clicked, this,
             [this] { QApplication::clipboard()->setText(m_text); });
 }

@@ -27,7 +27,7 @@ struct ImageReport {
 
 /// Shows what an image or a companion contains, to be read and copied.
 ///
-/// For drivers: "ImageReport", "CopyReportButton".
+/// For drivers: "ImageReport", "ShowPageButton", "CopyReportButton".
 class ImageInspector : public QWidget {
     Q_OBJECT
 
@@ -37,9 +37,14 @@ public:
     /// Reads the file at \p path anew.
     void inspect(const QString& path);
 
+signals:
+    /// The user wants to see the header page as bytes and fields.
+    void pageWanted();
+
 private:
     QString m_text;
     QTextBrowser* m_view;
+    QPushButton* m_page;
     QPushButton* m_copy;
 };
 

@@ -2,6 +2,9 @@
 
 #include "host/app/FormRules.h"
 
+#include <QtilitiesLogging/Logger.h>
+
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QContextMenuEvent>
@@ -18,6 +21,8 @@
 #include <QToolButton>
 #include <QTreeView>
 #include <QtTest>
+
+using Qtilities::Logging::Logger;
 
 namespace {
 
@@ -143,6 +148,9 @@ void PicturePlugin::takeGuide()
 
     m_view->setCurrentIndex(itemNamed(m_view, "top.fcf"));
     trigger(m_host, "ItemCommands", "&Inspect Image");
+    m_host->findChild<QPushButton*>("ShowPageButton")->click();
+    auto* const fields = m_host->findChild<QTreeView*>("PageFields");
+    fields->setCurrentIndex(itemNamed(fields, "author"));
     settle();
     saveWindow("guide-inspector", m_host);
 
@@ -206,9 +214,28 @@ void PicturePlugin::takeDialogs()
     trigger(m_host, "ItemCommands", "&Inspect Image");
     settle();
     saveScreen("InspectImage");
+    m_host->findChild<QPushButton*>("ShowPageButton")->click();
+    settle();
+    saveScreen("HeaderPage");
+    takeLog();
     trigger(m_host, "HelpMenu", "&Guide");
     settle();
     saveScreen("guide");
+}
+
+void PicturePlugin::takeLog()
+{
+    for (const auto type : {Logger::Info, Logger::Warning, Logger::Error})
+        Logger::instance()->logPriorityMessage(
+            QString(), type,
+            QString("A message that is longer than the pane is wide. ").repeated(6));
+    m_host->findChild<QAction*>("View.GoTo.LogDock")->trigger();
+    m_host->findChild<QToolButton*>("WrapLogButton")->click();
+    settle();
+    saveScreen("Log");
+    m_host->findChild<QPushButton*>("ErrorCount")->click();
+    settle();
+    saveScreen("LogErrors");
 }
 
 void PicturePlugin::withDialog(const char* context, const char* entry,

@@ -28,6 +28,7 @@ private:
     void takeGuide();
     void takeSideBySide();
     void takeDialogs();
+    void takeLog();
     /// Opens a dialog by a menu entry of a class of the host, and closes it after \p look.
     void withDialog(const char* context, const char* entry,
                     const std::function<void(QWidget*)>& look);
