@@ -375,7 +375,7 @@ Soll das Design unter diesem Namen archiviert werden?</translation>
     </message>
     <message>
         <source>&amp;Add Property</source>
-        <translation>Eigenschaft &amp;hinzufügen</translation>
+        <translation>Ei&amp;genschaft hinzufügen</translation>
     </message>
     <message>
         <source>&amp;Remove</source>
@@ -872,6 +872,10 @@ Qt %2</translation>
     <message>
         <source>Show the header page as bytes and fields</source>
         <translation>Die Kopfseite als Bytes und Felder zeigen</translation>
+    </message>
+    <message>
+        <source>Another program is just replacing files of this folder.</source>
+        <translation>Ein anderes Programm ersetzt gerade Dateien in diesem Ordner.</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,10 @@
 #include "pictures/PicturePlugin.h"
 
 #include "host/app/FormRules.h"
+#include "support/TestFile.h"
+
+#include <OrvanticCore/Design.h>
+#include <OrvanticCore/DesignManager.h>
 
 #include <QtilitiesLogging/Logger.h>
 
@@ -218,6 +222,7 @@ void PicturePlugin::takeDialogs()
     settle();
     saveScreen("HeaderPage");
     takeLog();
+    takeTarget();
     trigger(m_host, "HelpMenu", "&Guide");
     settle();
     saveScreen("guide");
@@ -236,6 +241,22 @@ void PicturePlugin::takeLog()
     m_host->findChild<QPushButton*>("ErrorCount")->click();
     settle();
     saveScreen("LogErrors");
+}
+
+void PicturePlugin::takeTarget()
+{
+    auto* const design = dynamic_cast<OrvanticCore::Design*>(
+        OrvanticCore::DesignManager::instance()->designs().first());
+    for (const char* property : {"ZORV Pelk Module", "ZORV Pelk Device", "ZORV Pelk Config Number"})
+        design->removeDesignProperty(property);
+    // Codes of no device, so that the target is asked for.
+    QByteArray image = TestFile::read(design->workingFolderPath() + "/top.fcf");
+    image[27] = 1;
+    image[31] = 8;
+    TestFile::write(design->workingFolderPath() + "/top.fcf", image);
+    m_view->setCurrentIndex(itemNamed(m_view, "top.fcf"));
+    withDialog("RemakeCommands", "Make Image A&gain",
+               [this](const QWidget* dialog) { saveWindow("MakeImageAgain", dialog); });
 }
 
 void PicturePlugin::withDialog(const char* context, const char* entry,
@@ -258,7 +279,7 @@ void PicturePlugin::saveScreen(const QString& name) const
 
 void PicturePlugin::saveWindow(const QString& name, const QWidget* window)
 {
-    for (const QString& problem : FormRules::cutOff(window)) {
+    for (const QString& problem : FormRules::cutOff(window) + FormRules::ambiguous(window)) {
         qWarning("%s: %s", qPrintable(name), qPrintable(problem));
         m_exitCode = 1;
     }
