@@ -224,6 +224,7 @@ void MainWindow::connectDesigns()
         connect(design, &Design::filesRefreshed, this, [this](const QList<DesignFile*>& files) {
             m_model->refreshFromDisk();
             m_view->showFiles(files);
+            inspectCurrent();
             logStates(files);
         });
         connect(design, &Design::stateChanged, this, &MainWindow::showCurrentDesign);
@@ -243,6 +244,15 @@ void MainWindow::connectDesigns()
     });
     connect(m_view, &DesignView::currentItemChanged, this, &MainWindow::showCurrentDesign);
     connect(m_view, &DesignView::currentItemChanged, this, &MainWindow::inspectCurrent);
+    connect(m_model, &QAbstractItemModel::dataChanged, this,
+            [this](const QModelIndex& changed, const QModelIndex&, const QVector<int>& roles) {
+                const bool isCurrent =
+                    changed.siblingAtColumn(0) == m_view->currentIndex().siblingAtColumn(0);
+                // The file on the disk has changed: its size, its date or what is wrong with it.
+                if (isCurrent &&
+                    (roles.contains(Qt::DisplayRole) || roles.contains(Qt::ToolTipRole)))
+                    inspectCurrent();
+            });
     for (const QDockWidget* dock : {m_ui->InspectorDock, m_ui->PageDock})
         connect(dock, &QDockWidget::visibilityChanged, this, &MainWindow::inspectCurrent);
 }
