@@ -46,12 +46,21 @@ Golden::Golden(const QString& path)
     for (const QByteArray& row : file.readAll().split('\n')) {
         if (row.isEmpty() || row.startsWith('#'))
             continue;
-        const QList<QByteArray> words = row.split(' ');
-        const QByteArray value = row.mid(words.at(0).size() + words.value(1).size() + 2);
-        const Field field{words.at(0).toInt(), words.value(1), bytesOf(value)};
-        if (field.offset != m_bytes.size())
-            qFatal("%s: %s should begin at byte %d", qPrintable(path), qPrintable(field.name),
-                   int(m_bytes.size()));
+
+        QList<QByteArray> words = row.split(' ');
+        bool hasOffset = false;
+        const int offset = words.at(0).toInt(&hasOffset);
+        if (hasOffset)
+            words.removeFirst();
+
+        const QByteArray name = words.takeFirst();
+        QByteArray value;
+        for (const QByteArray& word : words)
+            value += value.isEmpty() ? word : ' ' + word;
+        const Field field{int(m_bytes.size()), name, bytesOf(value)};
+        if (hasOffset && field.offset != offset)
+            qFatal("%s: %s begins at byte %d, not %d", qPrintable(path), qPrintable(field.name),
+                   field.offset, offset);
         m_fields.append(field);
         m_bytes += field.bytes;
     }

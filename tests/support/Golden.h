@@ -7,10 +7,10 @@
 
 /// The expected bytes of a file, written down field by field so that a person can read them.
 ///
-/// Each line of a golden file is an offset, a field's name, and its bytes: as hexadecimal digits,
-/// with an optional " * COUNT" behind them, or as quoted text in UTF-8, in which \n, \" and
-/// \\ mean the usual. The last line has no bytes and gives the length. Lines with # are
-/// comments.
+/// Each line of a golden file is a field's name and its bytes: as hexadecimal digits, with an
+/// optional " * COUNT" behind them, or as quoted text in UTF-8, in which \n, \" and \\ mean the
+/// usual. A field that is always in the same place has its offset in front. The last line has no
+/// bytes, and the length in front. Lines with # are comments.
 class Golden {
 public:
     /// Ends the test program when the file is missing or contradicts its own offsets.

@@ -35,8 +35,7 @@ void CreateIncrementalTest::leavesUnchangedFilesUntouched()
             all << QFileInfo(tool.path(name)).lastModified().toString(Qt::ISODateWithMs);
         return all;
     };
-    for (const QString& name : tool.names())
-        tool.setAge(name, 3600);
+    tool.setAge(tool.names(), 3600);
     const QStringList before = stamps();
     tool.environment.clock = [] { return QDateTime({2030, 1, 1}, {0, 0, 0}); };
     const Run run = tool.create("top.bin", {"--if-changed", "--digest"});
@@ -100,7 +99,7 @@ void CreateIncrementalTest::addsWhatIsMissingBesideAnUnchangedImage()
     QCOMPARE(tool.run(tool.createAll()).code, 0);
     const QByteArray image = tool.read("top.fcf");
     const QByteArray companion = tool.read("top.txt");
-    tool.setAge("top.fcf", 3600);
+    tool.setAge({"top.fcf"}, 3600);
     const QDateTime stamp = QFileInfo(tool.path("top.fcf")).lastModified();
     for (const QString& name : missing)
         QVERIFY(QFile::remove(tool.path(name)));

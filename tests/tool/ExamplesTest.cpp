@@ -88,9 +88,8 @@ void ExamplesTest::makeBuildsNothingAnewThatDidNotChange()
 
     // An input that was touched makes the tool run once more, and changes nothing.
     for (const char* const name : {"top.bin", "top.json"}) {
-        for (const QString& other : m_tool->names())
-            m_tool->setAge(other, 3600);
-        m_tool->setAge(name, 10);
+        m_tool->setAge(m_tool->names(), 3600);
+        m_tool->setAge({name}, 10);
         const QByteArray out = make();
         QVERIFY2(out.contains("pelk-fcf create"), out);
         QCOMPARE(make().contains("pelk-fcf create"), false);
@@ -109,7 +108,7 @@ void ExamplesTest::makeKnowsAllThatWasRead()
 
     m_tool->write("notes.txt", "second");
     // Newer than all that was made of it, whatever differences the file system sees.
-    m_tool->setAge("notes.txt", -2);
+    m_tool->setAge({"notes.txt"}, -2);
     const Run run = runHere("make", {});
     QVERIFY2(run.out.contains("pelk-fcf create"), run.out + run.err);
     QCOMPARE(m_tool->run({"show", m_tool->argument("top.fcf"), "--field", "description"}).out,
@@ -142,7 +141,7 @@ void ExamplesTest::cmakeBuildsAnImage()
 
     m_tool->write("notes.txt", "second");
     // Newer than all that was made of it, whatever differences the file system sees.
-    m_tool->setAge("notes.txt", -2);
+    m_tool->setAge({"notes.txt"}, -2);
     run = runHere("cmake", {"--build", "out"});
     QVERIFY2(run.code == 0, run.out + run.err);
     QCOMPARE(m_tool->run({"show", image, "--field", "description"}).out, QByteArray("second\n"));

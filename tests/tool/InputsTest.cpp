@@ -202,7 +202,7 @@ void InputsTest::refusesABinaryThatChangesMeanwhile()
     const QStringList before = tool.names();
 
     // The clock is read when the binary is open.
-    tool.setAge("top.bin", 60);
+    tool.setAge({"top.bin"}, 60);
     tool.environment.clock = [&] {
         if (isAnotherFile)
             QFile::remove(tool.path("top.bin"));

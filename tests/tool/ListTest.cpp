@@ -244,7 +244,10 @@ void ListTest::doesNotCheckWhatFollowsThePayload()
     m_tool->write("images/a.fcf", image(1).chopped(1));
     run = list({"--json"});
     QCOMPARE(run.code, 1);
-    QCOMPARE(row(run, 0)["reason"].toString(), QString("payload: 1 byte is missing at the end"));
+    QCOMPARE(row(run, 0)["reason"].toString(),
+             QString("payload: 1 byte is missing at the end; expected %1 bytes, found %2 bytes")
+                 .arg(image(1).size())
+                 .arg(image(1).size() - 1));
 }
 
 void ListTest::showsTheDigestBesideAnImage()

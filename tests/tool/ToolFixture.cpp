@@ -110,13 +110,15 @@ QByteArray ToolFixture::read(const QString& name) const { return TestFile::read(
 
 bool ToolFixture::exists(const QString& name) const { return QFile::exists(path(name)); }
 
-void ToolFixture::setAge(const QString& name, int seconds) const
+void ToolFixture::setAge(const QStringList& names, int seconds) const
 {
-    QFile file(path(name));
     const QDateTime changed = QDateTime::currentDateTime().addSecs(-seconds);
-    if (!file.open(QIODevice::ReadWrite) ||
-        !file.setFileTime(changed, QFileDevice::FileModificationTime))
-        qFatal("%s: %s", qPrintable(file.fileName()), qPrintable(file.errorString()));
+    for (const QString& name : names) {
+        QFile file(path(name));
+        if (!file.open(QIODevice::ReadWrite) ||
+            !file.setFileTime(changed, QFileDevice::FileModificationTime))
+            qFatal("%s: %s", qPrintable(file.fileName()), qPrintable(file.errorString()));
+    }
 }
 
 void ToolFixture::clear() const

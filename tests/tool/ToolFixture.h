@@ -55,8 +55,8 @@ public:
     void write(const QString& name, const QByteArray& bytes) const;
     QByteArray read(const QString& name) const;
     bool exists(const QString& name) const;
-    /// Has \p name be changed \p seconds ago.
-    void setAge(const QString& name, int seconds) const;
+    /// Has all of \p names be changed at the same moment, \p seconds ago.
+    void setAge(const QStringList& names, int seconds) const;
     /// Empties the folder.
     void clear() const;
     /// All names in the folder, hidden ones too, sorted.

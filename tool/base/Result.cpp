@@ -24,6 +24,13 @@ Finding& Finding::comparing(const QString& isExpected, const QString& isFound)
     return *this;
 }
 
+QString Finding::wholeReason() const
+{
+    if (expected.isEmpty() && found.isEmpty())
+        return reason;
+    return QStringLiteral("%1; expected %2, found %3").arg(reason, expected, found);
+}
+
 QString Finding::text() const
 {
     QString line = QLatin1String(SeverityNames[severity]) + ": ";
@@ -37,10 +44,7 @@ QString Finding::text() const
     if (!field.isEmpty() || offset >= 0)
         line += ": ";
 
-    line += reason;
-    if (!expected.isEmpty() || !found.isEmpty())
-        line += QStringLiteral("; expected %1, found %2").arg(expected, found);
-    return line;
+    return line + wholeReason();
 }
 
 QJsonObject Finding::toJson() const

@@ -40,6 +40,8 @@ struct Finding {
     /// Keeps the start of both texts.
     Finding& comparing(const QString& isExpected, const QString& isFound);
 
+    /// The reason with what was expected and found.
+    QString wholeReason() const;
     /// One line, fit for a terminal whatever the file held.
     QString text() const;
     QJsonObject toJson() const;

@@ -40,7 +40,7 @@ QString reasonFor(const Findings& findings, ExitCode code)
             continue;
 
         const bool isAboutField = code == ExitCode::NotValid;
-        return isAboutField ? finding.field + ": " + finding.reason : finding.reason;
+        return isAboutField ? finding.field + ": " + finding.wholeReason() : finding.wholeReason();
     }
     return QString();
 }
