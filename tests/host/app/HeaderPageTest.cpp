@@ -185,7 +185,7 @@ void HeaderPageTest::showsTheFieldsBesideTheBytes()
     QCOMPARE(host.row("functions[3].description"),
              QString("functions[3].description|%1|21|What it does: Clutter")
                  .arg(image.indexOf("What it does: Clutter")));
-    const int end = image.indexOf("\n----\n") + 6;
+    const int end = int(image.indexOf("\n----\n")) + 6;
     QCOMPARE(host.row("textEnd"), QString("textEnd|%1|4|----").arg(end - 5));
     const int page = int(image.size()) - 5000;
     QCOMPARE(host.row("filler"), QString("filler|%1|%2|").arg(end).arg(page - end));
@@ -206,7 +206,7 @@ void HeaderPageTest::marksTheFieldOfAByte()
     QCOMPARE(host.marked(), PageHost::range(28, 4));
 
     // "R. Vos" goes on in the next row.
-    const int author = image.indexOf("R. Vos");
+    const int author = int(image.indexOf("R. Vos"));
     host.clickByte(author + 3, 1);
     QCOMPARE(host.currentField(), QString("author"));
     QCOMPARE(host.marked(), PageHost::range(author, 6));
@@ -230,7 +230,7 @@ void HeaderPageTest::marksTheBytesOfAField()
     const PageHost host;
     const QByteArray image = host.bytesOf("radar/top.fcf");
     host.clickField("functions[2].ciNumber");
-    const int number = image.indexOf("F-B\n");
+    const int number = int(image.indexOf("F-B\n"));
     QCOMPARE(host.marked(), PageHost::range(number, 3));
     QCOMPARE(host.bytes()->currentIndex(), host.cell(number));
     // The bytes come into sight.
@@ -282,8 +282,8 @@ void HeaderPageTest::showsWhatCanBeReadOfADamagedPage_data()
     QTest::addColumn<QString>("reason");
     const QByteArray image =
         SampleImage::image(SampleImage::header("top.fcf", 1, 4), PageHost::payload());
-    const int time = image.indexOf("Time: ");
-    const int beam = image.indexOf("Author of Beam");
+    const int time = int(image.indexOf("Time: "));
+    const int beam = int(image.indexOf("Author of Beam"));
     const int page = int(image.size()) - 5000;
 
     QTest::newRow("cut within a number")
