@@ -101,5 +101,6 @@ complete -c pelk-fcf -n '__pelk_fcf_command create; and not contains -- --relabe
 complete -c pelk-fcf -n '__pelk_fcf_command create; and contains -- --relabel (commandline -opc)' \
     -a '(__pelk_fcf_files .fcf)'
 complete -c pelk-fcf -n '__pelk_fcf_command list extract' -a '(__pelk_fcf_files .fcf)'
-complete -c pelk-fcf -n '__pelk_fcf_command show verify diff' -a '(__pelk_fcf_files .fcf .txt)'
+complete -c pelk-fcf -n "__pelk_fcf_command $commands; and not __pelk_fcf_command create list extract recipe" \
+    -a '(__pelk_fcf_files .fcf .txt)'
 complete -c pelk-fcf -n '__pelk_fcf_command recipe' -a '(__pelk_fcf_files .fcf .txt .json)'

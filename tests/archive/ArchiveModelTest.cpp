@@ -1,20 +1,14 @@
 // The form for configuration packages and its model get the same actions in random order, and look
 // the same after each of them and at each of the form's signals.
 
-#include "archive/ArchiveModel.h"
-#include "support/LoadedPlugin.h"
-#include "support/MarkingTranslator.h"
-#include "support/ModelRun.h"
-#include "support/RecordingDesign.h"
+#include "archive/ArchiveModelTest.h"
 
-#include <OrvanticCore/DesignArchiveOutputParserDialog.h>
+#include "support/FindWidget.h"
+
 #include <OrvanticCore/DesignManager.h>
-#include <OrvanticCore/IDesignArchiveExtension.h>
 
 #include <QComboBox>
 #include <QFile>
-#include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QSettings>
 #include <QSpinBox>
@@ -22,23 +16,11 @@
 
 using OrvanticCore::DesignManager;
 using OrvanticCore::DesignStructure;
-using OrvanticCore::IDesign;
 using OrvanticCore::Interfaces::IDesignArchiveExtension;
 
 namespace {
 
 const char PackageTypeKey[] = "Plugins/ZORV_Plugin/active_package_type";
-const int Files = 2;
-const int Hosted = 2;
-
-template <class Widget>
-Widget* find(const QWidget* form, const char* name)
-{
-    Widget* const widget = form->findChild<Widget*>(QLatin1String(name));
-    if (!widget)
-        qFatal("no widget %s", name);
-    return widget;
-}
 
 /// The folders for which the structures have rules, by extension.
 QMap<QString, QString> folders(int kind)
@@ -53,108 +35,7 @@ QMap<QString, QString> folders(int kind)
     return folders;
 }
 
-QString textIn(const QWidget* form, const char* label) { return find<QLabel>(form, label)->text(); }
-
-QString itemsOf(const QComboBox* box)
-{
-    QStringList items;
-    for (int index = 0; index < box->count(); ++index)
-        items << box->itemText(index);
-    return QString::fromLatin1("%1 (%2): %3")
-        .arg(items.join(QLatin1String(", ")))
-        .arg(items.count())
-        .arg(box->currentIndex());
-}
-
 } // namespace
-
-/// Does nothing but notes what is asked of it, and answers as its model.
-class NotingArchiveDialog : public OrvanticCore::DesignArchiveOutputParserDialog {
-public:
-    NotingArchiveDialog(int number, QStringList* trace) : m_number(number), m_trace(trace) {}
-
-    QString currentExtension() const override
-    {
-        note(QLatin1String("extension"));
-        return extensions.at(asked++ % extensions.count());
-    }
-    IDesign* design() const override { return archived; }
-    void setAppendVersionCheckboxVisible(bool visible) override
-    {
-        note(QString::fromLatin1("append version %1").arg(visible));
-    }
-    void setDestinationPathReadOnly(bool read_only) override
-    {
-        note(QString::fromLatin1("read-only %1").arg(read_only));
-    }
-    void setIncludedItemsGroupboxVisible(bool visible) override
-    {
-        note(QString::fromLatin1("included items %1").arg(visible));
-    }
-
-    IDesign* archived = nullptr;
-    QStringList extensions;
-    mutable int asked = 0;
-
-private:
-    void note(const QString& what) const
-    {
-        *m_trace << QString::fromLatin1("dialog %1: %2").arg(m_number).arg(what);
-    }
-
-    int m_number;
-    QStringList* m_trace;
-};
-
-class ArchiveModelTest : public QObject, public Model {
-    Q_OBJECT
-
-public:
-    explicit ArchiveModelTest(const QString& folder)
-        : Model(folder), m_plugin(QString::fromUtf8(ZORV_PLUGIN_FILE))
-    {
-    }
-
-    QList<Kind> kinds() const override;
-    QStringList branches() const override;
-    int actionsOfShortRun() const override { return 15000; }
-    void begin() override;
-    void end() override;
-    QString perform(const ModelAction& action) override;
-
-private Q_SLOTS:
-    void notePath(const QString& path);
-
-private:
-    void make();
-    void prepareSettings(const ModelAction& action);
-    void restart(const ModelAction& action);
-    void typeProjectCm(const ModelAction& action);
-    void pressKey(const ModelAction& action);
-    void choosePackageType(const ModelAction& action);
-    void chooseDesignType(const ModelAction& action);
-    void setNumber(const ModelAction& action);
-    void setDialog(const ModelAction& action);
-    void callSlot(const ModelAction& action);
-    void changeDesign(const ModelAction& action);
-    void changeDialog(const ModelAction& action);
-    void closeDesign(const ModelAction& action);
-    void changeSettings(const ModelAction& action);
-    void translate(const ModelAction& action);
-
-    QWidget* form() const { return m_extension->extensionWidget(); }
-    QStringList state() const;
-    QString settingsLine(int file) const;
-    void openDesign(int index);
-
-    ArchiveModel m_model;
-    LoadedPlugin m_plugin;
-    IDesignArchiveExtension* m_extension = nullptr;
-    QList<NotingArchiveDialog*> m_dialogs;
-    QList<RecordingDesign*> m_designs;
-    MarkingTranslator m_translator;
-    QStringList m_trace;
-};
 
 QList<Model::Kind> ArchiveModelTest::kinds() const
 {
@@ -456,63 +337,9 @@ void ArchiveModelTest::translate(const ModelAction& action)
     QCoreApplication::processEvents();
 }
 
-QString ArchiveModelTest::settingsLine(int file) const
-{
-    QFile stored(folder() + QString::fromLatin1("/%1.ini").arg(file));
-    if (!stored.open(QIODevice::ReadOnly))
-        return QLatin1String("nothing");
-    bool inGroup = false;
-    foreach (const QByteArray& line, stored.readAll().split('\n')) {
-        if (line.startsWith('['))
-            inGroup = line == "[Plugins]";
-        const QByteArray key = "ZORV_Plugin\\active_package_type=";
-        if (inGroup && line.startsWith(key))
-            return QLatin1Char('=') + QString::fromUtf8(line.mid(key.size()));
-    }
-    return QLatin1String("nothing");
-}
-
-QStringList ArchiveModelTest::state() const
-{
-    QStringList lines;
-    lines << form()->windowTitle() << find<QGroupBox>(form(), "groupBoxConfigParameters")->title()
-          << textIn(form(), "label_3") << textIn(form(), "label_2")
-          << textIn(form(), "labelFirmwareDesignType") << textIn(form(), "label_5")
-          << textIn(form(), "label_6");
-    lines << QLatin1String("project ") + find<QLineEdit>(form(), "txtProjectCM")->text()
-          << QLatin1String("package types ") + itemsOf(find<QComboBox>(form(), "cmbPackageType"))
-          << QLatin1String("design types ") + itemsOf(find<QComboBox>(form(), "cmbDesignType"))
-          << QString::fromLatin1("numbers %1 %2 %3")
-                 .arg(find<QSpinBox>(form(), "spinBoxSequenceNumber")->value())
-                 .arg(find<QSpinBox>(form(), "spinBoxVersionMajor")->value())
-                 .arg(find<QSpinBox>(form(), "spinBoxVersionMinor")->value());
-    const QString destination = m_extension->destinationPathOnActivation();
-    lines << QLatin1String(destination.isNull() ? "no destination" : "destination ") + destination;
-    for (int file = 0; file < Files; ++file)
-        lines << QString::fromLatin1("settings %1: ").arg(file) + settingsLine(file);
-    const bool itself =
-        m_extension->objectBase() == form() &&
-        const_cast<const IDesignArchiveExtension*>(m_extension)->objectBase() == form();
-    const bool all = (m_extension->designStructureIDs() + m_extension->designTypeNames() +
-                      m_extension->designStructureOriginNames())
-                         .isEmpty() &&
-                     !m_extension->isDesignStructureIDsInversed() &&
-                     !m_extension->isDesignTypeNamesInversed() &&
-                     !m_extension->isDesignStructureOriginNamesInversed();
-    lines << QString::fromLatin1("%1, %2, installer %3, itself %4, all designs %5")
-                 .arg(m_extension->archiveType())
-                 .arg(int(m_extension->archiveDesignItems()))
-                 .arg(m_extension->archiveIncludeInstaller())
-                 .arg(itself)
-                 .arg(all);
-    return lines;
-}
-
 static Model* makeModel(const QString& folder) { return new ArchiveModelTest(folder); }
 
 int main(int argc, char** argv)
 {
     return runModel(argc, argv, QString::fromUtf8(ZORV_SEQUENCES), &makeModel);
 }
-
-#include "ArchiveModelTest.moc"

@@ -1,5 +1,6 @@
 #include "fcf/FcfHeader.h"
 #include "generator/GeneratorTest.h"
+#include "generator/PelkFcfGenerator.h"
 #include "support/PlainFcf.h"
 
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
@@ -8,13 +9,15 @@
 #include <QTranslator>
 #include <QtTest>
 
-/// What depends on the system's locale, in a process that has another one than the other tests.
+/// What depends on the system's locale and time zone, in a process that has others than the other
+/// tests.
 class SystemLocaleTest : public GeneratorTest {
     Q_OBJECT
 
 private slots:
     void writesTheDateInTheShortFormatOfTheSystem();
     void writesTheTimeInPlainDigitsWhateverTheSystem();
+    void writesTheLocalTimeWithoutAClockOfItsOwn();
     void writesTheSameFilesWithTheWindowInGerman();
 
 private:
@@ -40,6 +43,23 @@ void SystemLocaleTest::writesTheTimeInPlainDigitsWhateverTheSystem()
     header.stamp(QDateTime(QDate(2026, 3, 4), QTime(7, 8, 9, 999)));
     QCOMPARE(header.date, QString("04.03.26"));
     QCOMPARE(header.time, QString("07:08:09"));
+}
+
+void SystemLocaleTest::writesTheLocalTimeWithoutAClockOfItsOwn()
+{
+    const QString binary = driver->binary("top.bin", 10);
+    PelkFcfGenerator window;
+    window.setBinFile(binary);
+    const QDateTime before = QDateTime::currentDateTime();
+    window.saveTofile(binary);
+    const QDateTime after = QDateTime::currentDateTime();
+    QVERIFY(before.time() != before.toUTC().time());
+
+    const PlainFcf image = PlainFcf::fromFile(driver->path("top.fcf").toStdString());
+    const QTime time =
+        QTime::fromString(QString::fromStdString(image.valueOf("Time: ")), "HH:mm:ss");
+    QVERIFY(before.date() != after.date() ||
+            (time >= before.time().addMSecs(-999) && time <= after.time()));
 }
 
 QList<QByteArray> SystemLocaleTest::generate()
@@ -70,6 +90,7 @@ int main(int argc, char** argv)
 {
     // Made by scripts/setup.
     qputenv("LC_ALL", "de_DE.UTF-8");
+    qputenv("TZ", "Asia/Kathmandu");
     Qtilities::CoreGui::QtilitiesApplication application(argc, argv);
     SystemLocaleTest test;
     return QTest::qExec(&test, argc, argv);

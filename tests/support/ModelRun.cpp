@@ -14,7 +14,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <random>
 #include <unistd.h>
 
 namespace {
@@ -65,7 +64,7 @@ ModelSequence parsed(const Model& model, const QString& text)
         if (action.kind < 0 || words.count() > 4)
             qFatal("no action \"%s\"", qPrintable(part));
         for (int number = 1; number < words.count(); ++number)
-            action.numbers[number - 1] = words.at(number).toInt();
+            action.numbers[number - 1] = static_cast<int>(words.at(number).toLongLong(nullptr, 0));
         sequence << action;
     }
     return sequence;
@@ -111,35 +110,6 @@ QString play(Model* model, const ModelSequence& sequence, Journal* journal)
     return difference;
 }
 
-/// Makes random sequences. In each some kinds of actions are left out, and some come often.
-class Dice {
-public:
-    Dice(unsigned seed, const QList<Model::Kind>& kinds) : m_source(seed), m_kinds(kinds) {}
-
-    ModelSequence sequence()
-    {
-        const int factors[] = {0, 1, 1, 1, 5};
-        QList<int> choices;
-        for (int kind = 0; kind < m_kinds.count(); ++kind) {
-            for (int times = m_kinds.at(kind).weight * factors[below(5)]; times > 0; --times)
-                choices << kind;
-        }
-        ModelSequence sequence;
-        for (int count = 1 + below(LongestSequence); count > 0 && !choices.isEmpty(); --count) {
-            const ModelAction action = {choices.at(below(choices.count())),
-                                        {below(100), below(100), below(100)}};
-            sequence << action;
-        }
-        return sequence;
-    }
-
-private:
-    int below(int limit) { return static_cast<int>(m_source() % static_cast<unsigned>(limit)); }
-
-    std::mt19937 m_source;
-    QList<Model::Kind> m_kinds;
-};
-
 /// The sequences of a file: one in a line, a comment behind "#".
 QStringList sequencesOf(const QString& path)
 {
@@ -177,13 +147,13 @@ bool hasReachedAll(const Model& model, bool verbose)
 
 int explore(Model* model, Journal* journal, unsigned seed, int actions)
 {
-    Dice dice(seed, model->kinds());
+    std::mt19937 random(seed);
     QElapsedTimer timer;
     timer.start();
     int done = 0;
     int sequences = 0;
     while (done < actions) {
-        const ModelSequence sequence = dice.sequence();
+        const ModelSequence sequence = model->sequence(&random);
         const QString difference = play(model, sequence, journal);
         if (!difference.isEmpty()) {
             print(difference);
@@ -223,18 +193,34 @@ bool passes(const QStringList& arguments, bool quietly)
     return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
 }
 
-/// Takes actions out of a sequence that fails for as long as it still does.
+/// Takes actions out of a sequence that fails, and then makes their numbers 0, for as long as it
+/// still does.
 QStringList shortened(QStringList actions, const QString& journal)
 {
     QElapsedTimer timer;
     timer.start();
+    const auto fails = [&timer, &journal](const QStringList& sequence) {
+        const QString text = sequence.join(QLatin1String("; "));
+        return timer.elapsed() < MillisecondsToShorten &&
+               !passes(QStringList() << QLatin1String("--replay") << journal << text, true);
+    };
     for (int size = (actions.count() + 1) / 2; size > 0; size /= 2) {
         for (int first = actions.count() - size; first >= 0; first -= size) {
             const QStringList fewer = actions.mid(0, first) + actions.mid(first + size);
-            const QString text = fewer.join(QLatin1String("; "));
-            if (timer.elapsed() < MillisecondsToShorten &&
-                !passes(QStringList() << QLatin1String("--replay") << journal << text, true))
+            if (fails(fewer))
                 actions = fewer;
+        }
+    }
+    for (int index = 0; index < actions.count(); ++index) {
+        for (int number = 1; number < actions.at(index).count(QLatin1Char(' ')) + 1; ++number) {
+            QStringList words = actions.at(index).split(QLatin1Char(' '));
+            if (words.at(number) == QLatin1String("0"))
+                continue;
+            words[number] = QLatin1String("0");
+            QStringList simpler = actions;
+            simpler[index] = words.join(QLatin1String(" "));
+            if (fails(simpler))
+                actions = simpler;
         }
     }
     return actions;
@@ -282,6 +268,27 @@ int runAll(const QString& regressions)
 }
 
 } // namespace
+
+ModelSequence Model::sequence(std::mt19937* random) const
+{
+    const auto below = [random](int limit) {
+        return static_cast<int>((*random)() % static_cast<unsigned>(limit));
+    };
+    const int factors[] = {0, 1, 1, 1, 5};
+    const QList<Kind> all = kinds();
+    QList<int> choices;
+    for (int kind = 0; kind < all.count(); ++kind) {
+        for (int times = all.at(kind).weight * factors[below(5)]; times > 0; --times)
+            choices << kind;
+    }
+    ModelSequence sequence;
+    for (int count = 1 + below(LongestSequence); count > 0 && !choices.isEmpty(); --count) {
+        const ModelAction action = {choices.at(below(choices.count())),
+                                    {below(100), below(100), below(100)}};
+        sequence << action;
+    }
+    return sequence;
+}
 
 QString Model::difference(const QStringList& expected, const QStringList& actual)
 {

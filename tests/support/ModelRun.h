@@ -7,7 +7,10 @@
 #include <QString>
 #include <QStringList>
 
-/// One action of a sequence: which kind, and numbers of 0 to 99 from which it takes its choices.
+#include <random>
+
+/// One action of a sequence: which kind, and numbers from which it takes its choices. They are of 0
+/// to 99 where the model does not make up its own sequences.
 struct ModelAction {
     int kind;
     int numbers[3];
@@ -37,6 +40,9 @@ public:
 
     /// What sequences have to come by; a long run that never did fails.
     virtual QStringList branches() const = 0;
+
+    /// Makes up a sequence. In each some kinds of actions are left out, and some come often.
+    virtual ModelSequence sequence(std::mt19937* random) const;
 
     /// The actions of a run in every ./test, which takes about three seconds.
     virtual int actionsOfShortRun() const = 0;

@@ -27,6 +27,7 @@ private slots:
     void initTestCase();
     void installsEverythingThatBelongsToTheTool();
     void runsWhereItWasInstalled();
+    void describesEveryCommandInTheManual();
     void describesTheExitCodesInTheManual();
     void completes_data();
     void completes();
@@ -132,6 +133,14 @@ void PackagingTest::runsWhereItWasInstalled()
              QStringList("pelk-fcf " PROJECT_VERSION_TEXT));
 }
 
+void PackagingTest::describesEveryCommandInTheManual()
+{
+    const QString manual = TestFile::read(installed("share/man/man1/pelk-fcf.1"));
+    const QString commands = manual.section("SH COMMANDS", 1).section("SH OPTIONS", 0, 0);
+    for (const QString& command : completion("bash", {"help", ""}))
+        QVERIFY2(commands.contains("\n\\fB" + command + "\\fR "), qPrintable(command));
+}
+
 void PackagingTest::describesTheExitCodesInTheManual()
 {
     QString manual = TestFile::read(installed("share/man/man1/pelk-fcf.1"));
@@ -162,9 +171,9 @@ void PackagingTest::completes_data()
          {"--force", "--help", "--json", "--no-companion", "--no-digest", "--offset", "--output",
           "--quiet"}},
         {"options of no command", {"--"}, {"--help", "--version"}},
-        {"devices of GPM",
-         {"create", "--module", "GPM", "--device", ""},
-         {"Interface_FPGA", "Processing_FPGA_1", "Processing_FPGA_2", "Processing_FPGA_3"}},
+        {"devices of a module",
+         {"create", "--module", "DFE2", "--device", ""},
+         {"Processing_FPGA"}},
         {"binaries", {"create", "two"}, {"two words.bin"}},
         {"binaries behind a version", {"create", "--version", "1.0", "two"}, {"two words.bin"}},
         {"binaries behind all options", {"create", "--", "two"}, {"two words.bin"}},

@@ -1,6 +1,7 @@
 #ifndef TESTS_TOOLKIT_HOST_H
 #define TESTS_TOOLKIT_HOST_H
 
+#include "support/FindWidget.h"
 #include "support/WorkFolder.h"
 
 #include <QtilitiesExtensionSystem/IPlugin.h>
@@ -63,16 +64,6 @@ private:
 
 /// Lets events run until \p condition is true. Returns false when it is still not after a minute.
 bool waitFor(const std::function<bool()>& condition);
-
-/// The widget named \p name; ends the test program when there is none of that type.
-template <typename Widget>
-Widget* find(const QWidget* window, const char* name)
-{
-    Widget* const widget = window->findChild<Widget*>(QLatin1String(name));
-    if (!widget)
-        qFatal("no widget %s", name);
-    return widget;
-}
 
 /// Presses the button named \p name with the mouse.
 void press(const QWidget* window, const char* name);

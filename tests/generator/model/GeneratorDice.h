@@ -11,13 +11,14 @@
 /// ones seldom come.
 class GeneratorDice {
 public:
-    explicit GeneratorDice(quint32 seed) : m_random(seed) {}
+    /// \p random is not owned.
+    explicit GeneratorDice(std::mt19937* random) : m_random(random) {}
 
     /// At least \p count steps.
     QVector<Step> sequence(int count);
 
 private:
-    int below(int bound) { return static_cast<int>(m_random() % static_cast<quint32>(bound)); }
+    int below(int bound) { return static_cast<int>((*m_random)() % static_cast<quint32>(bound)); }
     bool oneIn(int times) { return below(times) == 0; }
 
     int text();
@@ -37,7 +38,7 @@ private:
     void addRemoval();
     void addTroubleOnDisk();
 
-    std::mt19937 m_random;
+    std::mt19937* m_random;
     QVector<Step> m_steps;
 };
 

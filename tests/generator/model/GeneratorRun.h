@@ -3,10 +3,10 @@
 
 #include "generator/model/GeneratorModel.h"
 #include "generator/model/GeneratorStep.h"
+#include "support/ModelRun.h"
 
 #include <QtilitiesLogging/Logger.h>
 
-#include <QMap>
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
@@ -17,22 +17,24 @@ class QDialog;
 
 /// Takes steps with the real window and with the model, each in a folder of its own, and compares
 /// everything that can be noticed of both after each step and at each box, signal and log line.
-class GeneratorRun : public QObject {
+class GeneratorRun : public QObject, public Model {
     Q_OBJECT
 
     // As the logger's signal has it.
     typedef Qtilities::Logging::Logger Logger;
 
 public:
-    GeneratorRun();
+    explicit GeneratorRun(const QString& folder);
     ~GeneratorRun() override;
 
-    /// Takes all \p steps, with a fresh window in a fresh folder. Returns the first difference, or
-    /// nothing.
-    QString play(const QVector<Step>& steps);
-
-    /// How often each kind of event was reached, since the program began.
-    const QMap<QString, int>& reached() const { return m_reached; }
+    QList<Kind> kinds() const override;
+    /// Each box, log line and result that has come by so far.
+    QStringList branches() const override { return reached().keys(); }
+    ModelSequence sequence(std::mt19937* random) const override;
+    int actionsOfShortRun() const override { return 600; }
+    void begin() override;
+    void end() override;
+    QString perform(const ModelAction& action) override;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -43,9 +45,9 @@ private Q_SLOTS:
     void noteMessage(Logger::MessageType type, const QString& text);
 
 private:
-    void begin();
-    void end();
-    QString take(const Step& step);
+    /// Has the model do \p rule and the window \p operation, with the same \p values.
+    template <typename Rule, typename Operation, typename... Values>
+    void both(Rule rule, Operation operation, const Values&... values);
     void takeOfPerson();
     void takeTyping();
     void takeClick();
@@ -54,7 +56,7 @@ private:
     void takeSetter();
     void takeFileCall(const QString& file);
     void takeOfDisk();
-    QString difference();
+    QString findDifference();
     void countBranches();
 
     // The world of the model.
@@ -100,7 +102,6 @@ private:
     int m_windowReactions;
     int m_modelReadings;
     int m_windowReadings;
-    QMap<QString, int> m_reached;
 };
 
 /// The moment of reading \p number of the clock of a run.

@@ -188,41 +188,27 @@ QString withMarksInPlaces(QString text, int kind)
 
 } // namespace
 
-QByteArray printed(const Step& step)
-{
-    return QByteArray("{") + ActionNames[step.action] + ", " + QByteArray::number(step.a) + ", " +
-           QByteArray::number(step.b) + ", 0x" + QByteArray::number(step.plan, 16) + "},\n";
-}
-
-QByteArray printed(const QVector<Step>& steps)
-{
-    QByteArray text;
-    for (const Step& step : steps)
-        text += printed(step);
-    return text;
-}
-
-QVector<Step> parsed(const QByteArray& lines)
-{
-    QVector<Step> steps;
-    for (QByteArray line : lines.split('\n')) {
-        line = line.mid(line.indexOf('{') + 1);
-        const QList<QByteArray> parts = line.left(line.indexOf('}')).split(',');
-        for (int action = 0; parts.size() == 4 && action < ActionCount; ++action) {
-            if (parts.at(0).trimmed() == ActionNames[action])
-                steps << Step{static_cast<Action>(action), parts.at(1).trimmed().toInt(),
-                              parts.at(2).trimmed().toInt(),
-                              parts.at(3).trimmed().toUInt(nullptr, 16)};
-        }
-    }
-    return steps;
-}
+const char* nameOf(Action action) { return ActionNames[action]; }
 
 Reaction::Reaction(quint32 plan, int number) : answer(ClickYes), deed(Nothing)
 {
     const quint32 bits = number < 4 ? plan >> (8 * number) & 0xFF : 0;
     answer = static_cast<Answer>(bits & 3);
     deed = static_cast<Deed>((bits >> 4) % DeedCount);
+}
+
+QString moduleOf(int number)
+{
+    static const char* const Modules[] = {"DFE", "DFE2", "GPM", "dfe", ""};
+    return QString::fromLatin1(Modules[qAbs(number) % 5]);
+}
+
+QString deviceOf(int number)
+{
+    static const char* const Devices[] = {
+        "Interface_FPGA",      "Processing_FPGA_1", "Processing_FPGA_2", "Processing_FPGA_3",
+        "Clock_Master_Device", "Processing_FPGA",   "interface_fpga"};
+    return QString::fromLatin1(Devices[qAbs(number) % 7]);
 }
 
 QString textOf(int number, bool oneLine)

@@ -61,7 +61,7 @@ enum Action {
     ActionCount
 };
 
-/// One step. Any numbers are harmless in any state.
+/// One step: an action with its three numbers. Any of them are harmless in any state.
 struct Step {
     Action action;
     int a;
@@ -71,11 +71,8 @@ struct Step {
     quint32 plan;
 };
 
-/// The step as a line of a list of regressions.
-QByteArray printed(const Step& step);
-QByteArray printed(const QVector<Step>& steps);
-/// The same the other way round; lines that are no steps are left out.
-QVector<Step> parsed(const QByteArray& lines);
+/// The name of \p action in a sequence.
+const char* nameOf(Action action);
 
 /// What is done while a box, a file dialog or the signal is open, and how it is answered.
 struct Reaction {
@@ -109,6 +106,10 @@ struct Reaction {
 /// it unlike all others. Texts with line feeds have none in \p oneLine.
 QString textOf(int number, bool oneLine);
 const int TextKinds = 24;
+
+/// Module number \p number, some of which are none; and the same of devices.
+QString moduleOf(int number);
+QString deviceOf(int number);
 
 /// Path number \p number, relative to the working folder.
 QString pathOf(int number);

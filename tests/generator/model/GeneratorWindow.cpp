@@ -20,7 +20,6 @@
 #include <QToolButton>
 #include <QtTest>
 
-#include <cstdlib>
 #include <sys/stat.h>
 
 namespace {
@@ -225,14 +224,6 @@ QString GeneratorWindow::description(QDialog* dialog, const PelkFcfGenerator* wi
             QLatin1String(box->defaultButton() == box->button(QMessageBox::No) ? "No" : "another");
     return QString::fromLatin1("box \"%1\" titled \"%2\" with %3, default %4, parent %5")
         .arg(box->text(), box->windowTitle(), buttons.join(QLatin1String(" ")), byDefault, parent);
-}
-
-QString WorkingFolder::make()
-{
-    QByteArray path = QFile::encodeName(QDir::tempPath()) + "/generator-model-XXXXXX";
-    if (!mkdtemp(path.data()))
-        qFatal("no folder for the test");
-    return QFile::decodeName(path);
 }
 
 void WorkingFolder::remove(const QString& folder)

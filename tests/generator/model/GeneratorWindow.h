@@ -49,8 +49,7 @@ private:
 /// The files of a run as they are.
 namespace WorkingFolder {
 
-/// A new folder, empty, and its removal with all that is in it.
-QString make();
+/// Removes \p folder with all that is in it.
 void remove(const QString& folder);
 
 void write(const QString& file, const QByteArray& bytes);
