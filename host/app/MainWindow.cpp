@@ -246,11 +246,10 @@ void MainWindow::connectDesigns()
     connect(m_view, &DesignView::currentItemChanged, this, &MainWindow::inspectCurrent);
     connect(m_model, &QAbstractItemModel::dataChanged, this,
             [this](const QModelIndex& changed, const QModelIndex&, const QVector<int>& roles) {
-                const bool isCurrent =
-                    changed.siblingAtColumn(0) == m_view->currentIndex().siblingAtColumn(0);
-                // The file on the disk has changed: its size, its date or what is wrong with it.
-                if (isCurrent &&
-                    (roles.contains(Qt::DisplayRole) || roles.contains(Qt::ToolTipRole)))
+                // What this tooltip says of a file has changed: its size, its date, what is wrong.
+                const QModelIndex current = m_view->currentIndex();
+                if (changed == current.siblingAtColumn(DesignModel::StateColumn) &&
+                    roles.contains(Qt::ToolTipRole))
                     inspectCurrent();
             });
     for (const QDockWidget* dock : {m_ui->InspectorDock, m_ui->PageDock})
