@@ -45,8 +45,8 @@ function(zorv_plain_target target)
     zorv_warnings(${target})
 endfunction()
 
-# Has the headers read once for all files of a target: each then compiles in half the time. The packages
-# and clang-tidy's build, which have no tests, read them for each file, and so find a missing include.
+# Has the headers read once for all files of a target: each then compiles in half the time. Clang-tidy's
+# build, which has no tests, reads them for each file, and so finds a missing include.
 function(zorv_precompile target)
     if(BUILD_TESTING AND ZORV_QT GREATER_EQUAL 5)
         target_precompile_headers(${target} PRIVATE ${ARGN})
@@ -59,6 +59,10 @@ function(zorv_warnings target)
     if(ZORV_QT LESS 6)
         target_compile_options(${target} PRIVATE -Wconversion)
     endif()
+    # Files that are compiled together look to the compiler like headers, which may have no local types.
+    if(CMAKE_UNITY_BUILD)
+        target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
+    endif()
 endfunction()
 
 set(ZORV_TEST_ENVIRONMENT
@@ -69,27 +73,32 @@ set(ZORV_TEST_ENVIRONMENT
     ASAN_OPTIONS=fast_unwind_on_malloc=0
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan-suppressions.txt")
 
-# A Qt Test program made of NAME.cpp, which includes NAME.moc, and the further SOURCES, which need no moc.
-# It runs without a screen, in a locale that does not depend on the machine, and with settings of its own,
-# also when started by hand.
-function(zorv_test name)
-    cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
-    add_executable(${name} ${name}.cpp ${arg_SOURCES} $<TARGET_OBJECTS:own-environment>)
-    zorv_plain_target(${name})
-    qt_generate_moc(${name}.cpp ${name}.moc TARGET ${name})
-    target_sources(${name} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/${name}.moc")
-    target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}")
+# A program of the classes of TESTS, each with a file of its name that includes its moc file, and the
+# further SOURCES, which need no moc. Each class is a test. It runs without a screen, in a locale that
+# does not depend on the machine, and with settings of its own, also when started by hand. LAUNCHER
+# starts it.
+function(zorv_tests program)
+    cmake_parse_arguments(arg "" "" "TESTS;SOURCES;LIBRARIES;LAUNCHER" ${ARGN})
+    add_executable(${program} ${arg_SOURCES}
+        $<TARGET_OBJECTS:own-environment> $<TARGET_OBJECTS:test-program>)
+    zorv_plain_target(${program})
+    target_include_directories(${program} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}")
     # Widgets for all, so that the headers are the same ones.
-    target_link_libraries(${name} PRIVATE ${QT_TEST} ${QT_WIDGETS} ${arg_LIBRARIES})
-    target_precompile_headers(${name} REUSE_FROM test-headers)
-    add_test(NAME ${name} COMMAND ${name})
-    zorv_test_environment(${name})
+    target_link_libraries(${program} PRIVATE ${QT_TEST} ${QT_WIDGETS} ${arg_LIBRARIES})
+    target_precompile_headers(${program} REUSE_FROM test-headers)
 
-    # Without a screen all leaks are ours, and short stacks are a tenth of the work.
-    file(STRINGS ${name}.cpp without_screen REGEX "^QTEST_(GUI|APP)LESS_MAIN")
-    if(without_screen)
-        set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT "ASAN_OPTIONS=")
-    endif()
+    foreach(test IN LISTS arg_TESTS)
+        qt_generate_moc(${test}.cpp ${test}.moc TARGET ${program})
+        target_sources(${program} PRIVATE ${test}.cpp "${CMAKE_CURRENT_BINARY_DIR}/${test}.moc")
+        add_test(NAME ${test} COMMAND ${arg_LAUNCHER} "$<TARGET_FILE:${program}>" ${test})
+        zorv_test_environment(${test})
+
+        # Without a screen all leaks are ours, and short stacks are a tenth of the work.
+        file(STRINGS ${test}.cpp without_screen REGEX "^ZORV_TEST\\(")
+        if(without_screen)
+            set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT "ASAN_OPTIONS=")
+        endif()
+    endforeach()
 endfunction()
 
 # Runs a test without a screen, in a locale that does not depend on the machine, and with settings of

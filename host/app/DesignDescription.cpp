@@ -28,7 +28,7 @@ namespace {
 
 constexpr int MaximumNumber = std::numeric_limits<int>::max();
 
-struct Texts {
+struct DesignDescriptionTexts {
     Q_DECLARE_TR_FUNCTIONS(DesignDescription)
 };
 
@@ -114,9 +114,9 @@ void readFile(const JsonNode& node, Design* design)
     node.expectEntries({"path", "node", "generated", "version"});
     const JsonNode path = node["path"];
     if (path.text().isEmpty())
-        path.fail(Texts::tr("a path is expected"));
+        path.fail(DesignDescriptionTexts::tr("a path is expected"));
     if (design->fileAt(path.text()))
-        path.fail(Texts::tr("\"%1\" is listed twice").arg(path.text()));
+        path.fail(DesignDescriptionTexts::tr("\"%1\" is listed twice").arg(path.text()));
 
     DesignFile* const file = design->restoreFile(path.text());
     file->setCustomNode(node["node"].optionalText());
@@ -145,10 +145,10 @@ void readProperty(const JsonNode& node, Design* design)
 
     const JsonNode name = node["name"];
     if (name.text().isEmpty())
-        name.fail(Texts::tr("a name is expected"));
+        name.fail(DesignDescriptionTexts::tr("a name is expected"));
     for (const DesignProperty& property : design->designProperties()) {
         if (property.name == name.text())
-            name.fail(Texts::tr("\"%1\" is listed twice").arg(name.text()));
+            name.fail(DesignDescriptionTexts::tr("\"%1\" is listed twice").arg(name.text()));
     }
 
     // Nobody can type this character into a level.
@@ -160,11 +160,11 @@ void readProperty(const JsonNode& node, Design* design)
 void readFolder(const JsonNode& path, Design* design)
 {
     if (path.text().isEmpty())
-        path.fail(Texts::tr("a path is expected"));
+        path.fail(DesignDescriptionTexts::tr("a path is expected"));
     const int before = design->folders().size();
     design->restoreFolder(path.text());
     if (design->folders().size() == before)
-        path.fail(Texts::tr("\"%1\" is listed twice").arg(path.text()));
+        path.fail(DesignDescriptionTexts::tr("\"%1\" is listed twice").arg(path.text()));
 }
 
 void readNodes(const std::vector<JsonNode>& nodes, TreeNode* parent)
@@ -225,7 +225,8 @@ std::unique_ptr<Design> DesignDescription::read(const JsonNode& description, con
     const JsonNode format = description["format"];
     const int number = format.number(1, MaximumNumber);
     if (number > Format)
-        format.fail(Texts::tr("format %1 is newer than format %2, the newest that can be read")
+        format.fail(DesignDescriptionTexts::tr(
+                        "format %1 is newer than format %2, the newest that can be read")
                         .arg(number)
                         .arg(Format));
     description.expectEntries(

@@ -21,7 +21,7 @@ using Qtilities::Core::QtilitiesCategory;
 
 namespace {
 
-struct Texts {
+struct DesignHistoryTexts {
     Q_DECLARE_TR_FUNCTIONS(DesignHistory)
 };
 
@@ -91,13 +91,14 @@ QString textOf(const Snapshot& before, const Snapshot& after)
     for (const Key& key : after.keys()) {
         const bool isChanged = before.value(key) != after[key] || !before.contains(key);
         if (isChanged && key.first == Version)
-            return Texts::tr("Change Version");
+            return DesignHistoryTexts::tr("Change Version");
         if (isChanged && key.first == Changes)
-            return Texts::tr("Change Text of Changes");
+            return DesignHistoryTexts::tr("Change Text of Changes");
         hasGenerated =
             hasGenerated || (isChanged && key.first == File && after[key].at(1).toBool());
     }
-    return hasGenerated ? Texts::tr("Generate") : Texts::tr("Change of Design");
+    return hasGenerated ? DesignHistoryTexts::tr("Generate")
+                        : DesignHistoryTexts::tr("Change of Design");
 }
 
 /// Follows a design: what changes without a command of the host, such as by the generator, becomes

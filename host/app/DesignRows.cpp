@@ -29,7 +29,7 @@ using Qtilities::CoreGui::TreeNode;
 
 namespace {
 
-struct Texts {
+struct DesignRowsTexts {
     Q_DECLARE_TR_FUNCTIONS(DesignRows)
 };
 
@@ -71,19 +71,20 @@ QString toolTipOf(const DesignFile& file, const FileState& state)
     const QFileInfo info(file.filePath());
     QStringList lines{QDir::toNativeSeparators(file.filePath()).toHtmlEscaped()};
     if (state.isMissing)
-        lines << Texts::tr("There is no such file on the disk.");
+        lines << DesignRowsTexts::tr("There is no such file on the disk.");
     else
-        lines << Texts::tr("%1, changed %2")
+        lines << DesignRowsTexts::tr("%1, changed %2")
                      .arg(QLocale().formattedDataSize(info.size()),
                           QLocale().toString(info.lastModified(), QLocale::ShortFormat));
 
     if (!state.invalid.isEmpty())
-        lines << Texts::tr("<b>Invalid</b>: %1").arg(state.invalid.toHtmlEscaped());
+        lines << DesignRowsTexts::tr("<b>Invalid</b>: %1").arg(state.invalid.toHtmlEscaped());
     if (!state.outdated.isEmpty())
-        lines << Texts::tr("<b>Outdated</b>: %1. Make it again.")
+        lines << DesignRowsTexts::tr("<b>Outdated</b>: %1. Make it again.")
                      .arg(state.outdated.join("; ").toHtmlEscaped());
     if (state.isOutside)
-        lines << Texts::tr("<b>External</b>: the file is outside of the folder of the design.");
+        lines << DesignRowsTexts::tr(
+            "<b>External</b>: the file is outside of the folder of the design.");
     return "<p style='white-space:pre'>" + lines.join("<br>") + "</p>";
 }
 
@@ -142,14 +143,15 @@ void DesignRows::refresh(const Row& row, const Design& design)
 {
     QStringList states;
     if (design.isLocked())
-        states << Texts::tr("Locked");
+        states << DesignRowsTexts::tr("Locked");
     if (design.isReadOnly())
-        states << Texts::tr("Read-only");
+        states << DesignRowsTexts::tr("Read-only");
     if (DesignStorage::isChangedOnDisk(design))
-        states << Texts::tr("Changed on disk");
+        states << DesignRowsTexts::tr("Changed on disk");
 
-    row.first()->setText(design.isModified() ? Texts::tr("%1 (modified)").arg(design.name())
-                                             : design.name());
+    row.first()->setText(design.isModified()
+                             ? DesignRowsTexts::tr("%1 (modified)").arg(design.name())
+                             : design.name());
     row.at(DesignModel::StateColumn)->setText(states.join(", "));
     row.at(DesignModel::VersionColumn)->setText(design.versionString("."));
 }
@@ -189,7 +191,8 @@ void DesignRows::refresh(const Row& row, const DesignFile& file)
 void DesignRows::refresh(const Row& row, const DesignFolder& folder)
 {
     const bool exists = QDir(folder.folderPath()).exists();
-    const QString state = exists ? Texts::tr("Folder") : Texts::tr("Folder, Missing");
+    const QString state =
+        exists ? DesignRowsTexts::tr("Folder") : DesignRowsTexts::tr("Folder, Missing");
     if (row.at(DesignModel::StateColumn)->text() == state)
         return;
     row.first()->setIcon(exists ? FileIcons::forFolder() : FileIcons::forMissing());

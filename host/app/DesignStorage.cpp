@@ -17,7 +17,7 @@ using OrvanticCore::Design;
 
 namespace {
 
-struct Texts {
+struct DesignStorageTexts {
     Q_DECLARE_TR_FUNCTIONS(DesignStorage)
 };
 
@@ -33,7 +33,7 @@ QString placeOf(const QByteArray& bytes, int offset)
 {
     const QByteArray before = bytes.left(offset);
     const int lineStart = before.lastIndexOf('\n') + 1;
-    return Texts::tr("line %1, column %2")
+    return DesignStorageTexts::tr("line %1, column %2")
         .arg(before.count('\n') + 1)
         .arg(QString::fromUtf8(before.mid(lineStart)).size() + 1);
 }
@@ -43,9 +43,10 @@ QByteArray readDescription(const QString& path)
     const QFileInfo info(path);
     // A pipe would block the host until another program writes to it.
     if (info.exists() && !info.isFile())
-        throw HostError(fileProblem(path, Texts::tr("it is not a file")));
+        throw HostError(fileProblem(path, DesignStorageTexts::tr("it is not a file")));
     if (info.size() > MaximumBytes)
-        throw HostError(fileProblem(path, Texts::tr("it is too large: %1 bytes").arg(info.size())));
+        throw HostError(fileProblem(
+            path, DesignStorageTexts::tr("it is too large: %1 bytes").arg(info.size())));
 
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))

@@ -6,7 +6,7 @@
 
 namespace {
 
-struct Texts {
+struct JsonNodeTexts {
     Q_DECLARE_TR_FUNCTIONS(JsonNode)
 };
 
@@ -14,21 +14,21 @@ struct Texts {
 
 JsonNode JsonNode::operator[](const QString& name) const
 {
-    expect(m_value.isObject(), Texts::tr("an object is expected"));
+    expect(m_value.isObject(), JsonNodeTexts::tr("an object is expected"));
     return JsonNode(m_value.toObject().value(name),
                     m_place.isEmpty() ? name : m_place + '.' + name);
 }
 
 void JsonNode::expectEntries(const QStringList& names) const
 {
-    expect(m_value.isObject(), Texts::tr("an object is expected"));
+    expect(m_value.isObject(), JsonNodeTexts::tr("an object is expected"));
     for (const QString& name : m_value.toObject().keys())
-        expect(names.contains(name), Texts::tr("the entry \"%1\" is not known").arg(name));
+        expect(names.contains(name), JsonNodeTexts::tr("the entry \"%1\" is not known").arg(name));
 }
 
 QString JsonNode::text() const
 {
-    expect(m_value.isString(), Texts::tr("a text is expected"));
+    expect(m_value.isString(), JsonNodeTexts::tr("a text is expected"));
     return m_value.toString();
 }
 
@@ -36,19 +36,19 @@ int JsonNode::number(int least, int most) const
 {
     const double exact = m_value.toDouble(-1.5);
     expect(exact >= least && exact <= most && exact == static_cast<int>(exact),
-           Texts::tr("a whole number from %1 to %2 is expected").arg(least).arg(most));
+           JsonNodeTexts::tr("a whole number from %1 to %2 is expected").arg(least).arg(most));
     return static_cast<int>(exact);
 }
 
 bool JsonNode::optionalFlag() const
 {
-    expect(isMissing() || m_value.isBool(), Texts::tr("true or false is expected"));
+    expect(isMissing() || m_value.isBool(), JsonNodeTexts::tr("true or false is expected"));
     return m_value.toBool();
 }
 
 std::vector<JsonNode> JsonNode::optionalList() const
 {
-    expect(isMissing() || m_value.isArray(), Texts::tr("a list is expected"));
+    expect(isMissing() || m_value.isArray(), JsonNodeTexts::tr("a list is expected"));
     const QJsonArray array = m_value.toArray();
     std::vector<JsonNode> nodes;
     nodes.reserve(static_cast<std::size_t>(array.size()));
@@ -60,11 +60,11 @@ std::vector<JsonNode> JsonNode::optionalList() const
 void JsonNode::expect(bool found, const QString& reason) const
 {
     if (!found)
-        fail(isMissing() ? Texts::tr("the entry is missing") : reason);
+        fail(isMissing() ? JsonNodeTexts::tr("the entry is missing") : reason);
 }
 
 void JsonNode::fail(const QString& reason) const
 {
-    const QString place = m_place.isEmpty() ? Texts::tr("the outermost object") : m_place;
+    const QString place = m_place.isEmpty() ? JsonNodeTexts::tr("the outermost object") : m_place;
     throw HostError(place + ": " + reason);
 }

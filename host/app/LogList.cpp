@@ -12,16 +12,16 @@ using Qtilities::Logging::Logger;
 
 namespace {
 
-enum Column { TimeColumn, KindColumn, MessageColumn };
+enum LogColumn { TimeColumn, KindColumn, MessageColumn };
 
-enum Role {
+enum LogRole {
     /// The image that a message links to.
     PathRole = Qt::UserRole,
     /// The kind of a message, as kindOf() has it.
     KindRole
 };
 
-struct Texts {
+struct LogListTexts {
     Q_DECLARE_TR_FUNCTIONS(LogList)
 };
 
@@ -59,13 +59,13 @@ QString nameOf(Logger::MessageType type)
 {
     switch (type) {
     case Logger::Error:
-        return Texts::tr("Error");
+        return LogListTexts::tr("Error");
     case Logger::Fatal:
-        return Texts::tr("Fatal");
+        return LogListTexts::tr("Fatal");
     case Logger::Warning:
-        return Texts::tr("Warning");
+        return LogListTexts::tr("Warning");
     default:
-        return Texts::tr("Info");
+        return LogListTexts::tr("Info");
     }
 }
 

@@ -19,7 +19,7 @@ using Qtilities::Logging::Logger;
 
 namespace {
 
-struct Texts {
+struct PluginListTexts {
     Q_DECLARE_TR_FUNCTIONS(PluginList)
 };
 
@@ -47,7 +47,8 @@ QString describe(const QString& path)
     const auto* const plugin = qobject_cast<IPlugin*>(loader.instance());
     const QString place = QDir::toNativeSeparators(path);
     if (!plugin)
-        return Texts::tr("<h3>%1</h3><p>This library is no plug-in that can be loaded. %2</p>")
+        return PluginListTexts::tr(
+                   "<h3>%1</h3><p>This library is no plug-in that can be loaded. %2</p>")
             .arg(place.toHtmlEscaped(), loader.errorString().toHtmlEscaped());
 
     const auto version = plugin->pluginVersionInformation().version();
@@ -76,11 +77,13 @@ void PluginList::logMissing(const QStringList& folders)
     for (const QString& folder : folders) {
         const QString shown = QDir::toNativeSeparators(QDir(folder).absolutePath());
         if (!QFileInfo(folder).isDir())
-            log(Logger::Error, Texts::tr("There is no plug-in folder \"%1\".").arg(shown));
+            log(Logger::Error,
+                PluginListTexts::tr("There is no plug-in folder \"%1\".").arg(shown));
         hasLibrary = hasLibrary || !librariesIn(folder).isEmpty();
     }
     if (!hasLibrary)
-        log(Logger::Warning, Texts::tr("No plug-in was found: the host makes no images."));
+        log(Logger::Warning,
+            PluginListTexts::tr("No plug-in was found: the host makes no images."));
 }
 
 void PluginList::showAbout(const QStringList& folders, QWidget* parent)
@@ -93,13 +96,13 @@ void PluginList::showAbout(const QStringList& folders, QWidget* parent)
 
     QDialog dialog(parent);
     dialog.setObjectName("AboutPluginsDialog");
-    dialog.setWindowTitle(Texts::tr("About Plug-ins"));
+    dialog.setWindowTitle(PluginListTexts::tr("About Plug-ins"));
 
     auto* const text = new QTextBrowser(&dialog);
     text->setObjectName("AboutPluginsText");
     text->setAccessibleName(dialog.windowTitle());
     text->setOpenExternalLinks(true);
-    text->setHtml(html.isEmpty() ? Texts::tr("<p>No plug-in was found.</p>") : html);
+    text->setHtml(html.isEmpty() ? PluginListTexts::tr("<p>No plug-in was found.</p>") : html);
 
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, &dialog);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);

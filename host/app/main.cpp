@@ -14,7 +14,7 @@ using Qtilities::ExtensionSystem::ExtensionSystemCore;
 
 namespace {
 
-struct Texts {
+struct HostTexts {
     Q_DECLARE_TR_FUNCTIONS(main)
 };
 
@@ -39,15 +39,15 @@ int main(int argc, char** argv)
     Catalogues::install("pelk-host", ":/translations");
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(Texts::tr("Reference host for design plug-ins."));
+    parser.setApplicationDescription(HostTexts::tr("Reference host for design plug-ins."));
     parser.addHelpOption();
     parser.addVersionOption();
     const QCommandLineOption pluginPath(
-        "plugin-path", Texts::tr("Load the plug-ins in <folder>; may be repeated."), "folder",
+        "plugin-path", HostTexts::tr("Load the plug-ins in <folder>; may be repeated."), "folder",
         defaultPluginPath());
     parser.addOption(pluginPath);
-    parser.addPositionalArgument("path", Texts::tr("Folder of a design, or an image to inspect."),
-                                 "[path...]");
+    parser.addPositionalArgument(
+        "path", HostTexts::tr("Folder of a design, or an image to inspect."), "[path...]");
     parser.process(application);
 
     MainWindow window;

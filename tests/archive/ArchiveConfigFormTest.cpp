@@ -1,4 +1,5 @@
 #include "archive/ArchiveHost.h"
+#include "support/TestProgram.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -144,5 +145,5 @@ void ArchiveConfigFormTest::limitsItsFields()
     QCOMPARE(host->packageType()->count(), 2);
 }
 
-QTEST_MAIN(ArchiveConfigFormTest)
+ZORV_WINDOW_TEST(ArchiveConfigFormTest)
 #include "ArchiveConfigFormTest.moc"

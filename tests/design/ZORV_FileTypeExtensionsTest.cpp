@@ -1,4 +1,5 @@
 #include "design/DesignFixture.h"
+#include "support/TestProgram.h"
 
 #include "generator/PelkFcfGenerator.h"
 #include "support/EventCount.h"
@@ -124,5 +125,5 @@ void ZORV_FileTypeExtensionsTest::isBroughtToTheFront()
     QCOMPARE(raised.count(), 1);
 }
 
-QTEST_MAIN(ZORV_FileTypeExtensionsTest)
+ZORV_WINDOW_TEST(ZORV_FileTypeExtensionsTest)
 #include "ZORV_FileTypeExtensionsTest.moc"

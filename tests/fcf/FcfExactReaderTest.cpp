@@ -1,5 +1,6 @@
 #include "fcf/FcfExactReader.h"
 #include "fcf/FcfWriter.h"
+#include "support/TestProgram.h"
 
 #include <QBuffer>
 #include <QTextCodec>
@@ -199,5 +200,5 @@ void FcfExactReaderTest::leavesThePayloadAlone()
     QCOMPARE(device.pos(), qint64(2112));
 }
 
-QTEST_GUILESS_MAIN(FcfExactReaderTest)
+ZORV_TEST(FcfExactReaderTest)
 #include "FcfExactReaderTest.moc"

@@ -1,4 +1,5 @@
 #include "support/SampleHeaders.h"
+#include "support/TestProgram.h"
 
 #include "fcf/FcfLayout.h"
 
@@ -87,7 +88,7 @@ void FcfHeaderTest::isStampedWithTheLocalesDateAndPlainTime()
     QCOMPARE(header.time, QString("22:08:09"));
 }
 
-int main(int argc, char** argv)
+ZORV_TEST_MAIN(FcfHeaderTest)
 {
     // A locale with digits of its own, and a zone where it is another day than in UTC.
     qunsetenv("LC_ALL");

@@ -1,4 +1,5 @@
 #include "fcf/FcfLayout.h"
+#include "support/TestProgram.h"
 
 #include <QtTest>
 
@@ -48,5 +49,5 @@ void FcfLayoutTest::endMarkContainsTheRecordMark()
     QVERIFY(QByteArray(FcfLayout::TextEnd).contains(FcfLayout::RecordEnd));
 }
 
-QTEST_GUILESS_MAIN(FcfLayoutTest)
+ZORV_TEST(FcfLayoutTest)
 #include "FcfLayoutTest.moc"

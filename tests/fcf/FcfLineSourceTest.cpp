@@ -1,4 +1,5 @@
 #include "fcf/FcfLineSource.h"
+#include "support/TestProgram.h"
 
 #include <QBuffer>
 #include <QTextCodec>
@@ -41,5 +42,5 @@ void FcfLineSourceTest::countsItsOffsetsBeyondAPage()
     QCOMPARE(source.position(), bytes.size());
 }
 
-QTEST_GUILESS_MAIN(FcfLineSourceTest)
+ZORV_TEST(FcfLineSourceTest)
 #include "FcfLineSourceTest.moc"

@@ -1,4 +1,5 @@
 #include "support/SampleHeaders.h"
+#include "support/TestProgram.h"
 
 #include "fcf/FcfLayout.h"
 #include "fcf/FcfReader.h"
@@ -427,5 +428,5 @@ void FcfReaderTest::readsATextUpToItsBound()
     QCOMPARE(readingOf(start + QByteArray(room + 5, 'd') + end).outcome, FcfReading::TooLong);
 }
 
-QTEST_GUILESS_MAIN(FcfReaderTest)
+ZORV_TEST(FcfReaderTest)
 #include "FcfReaderTest.moc"

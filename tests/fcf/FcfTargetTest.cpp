@@ -1,4 +1,5 @@
 #include "fcf/FcfTarget.h"
+#include "support/TestProgram.h"
 
 #include <QtTest>
 
@@ -89,5 +90,5 @@ void FcfTargetTest::findsNothingForOtherCodes()
         QVERIFY(!FcfTarget::find(module, 1));
 }
 
-QTEST_GUILESS_MAIN(FcfTargetTest)
+ZORV_TEST(FcfTargetTest)
 #include "FcfTargetTest.moc"

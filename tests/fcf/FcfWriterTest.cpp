@@ -1,4 +1,5 @@
 #include "support/SampleHeaders.h"
+#include "support/TestProgram.h"
 
 #include "fcf/FcfDevice.h"
 #include "fcf/FcfLayout.h"
@@ -196,5 +197,5 @@ void FcfWriterTest::writesAllToADeviceThatTakesAByteAtATime()
     QCOMPARE(sink.bytes(), page);
 }
 
-QTEST_GUILESS_MAIN(FcfWriterTest)
+ZORV_TEST(FcfWriterTest)
 #include "FcfWriterTest.moc"

@@ -2,6 +2,7 @@
 #include "support/FullDisk.h"
 #include "support/StubbornDevices.h"
 #include "support/TestFile.h"
+#include "support/TestProgram.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -263,5 +264,5 @@ void PayloadCopyTest::reportsADiskThatFillsUp()
     QVERIFY(TestFile::read(image.fileName()) == expected.left(100000));
 }
 
-QTEST_GUILESS_MAIN(PayloadCopyTest)
+ZORV_TEST(PayloadCopyTest)
 #include "PayloadCopyTest.moc"

@@ -1,4 +1,5 @@
 #include "fcf/PelkFcfGeneratorFileInfo.h"
+#include "support/TestProgram.h"
 
 #include <QTemporaryFile>
 #include <QtTest>
@@ -54,5 +55,5 @@ void PelkFcfGeneratorFileInfoTest::takesAMissingFileForAnEmptyOne()
     QCOMPARE(PelkFcfGeneratorFileInfo().getFileSize("/no/such/file.bin"), qint64(0));
 }
 
-QTEST_GUILESS_MAIN(PelkFcfGeneratorFileInfoTest)
+ZORV_TEST(PelkFcfGeneratorFileInfoTest)
 #include "PelkFcfGeneratorFileInfoTest.moc"

@@ -1,4 +1,5 @@
 #include "generator/GeneratorTest.h"
+#include "support/TestProgram.h"
 
 #include "support/FullDisk.h"
 #include "support/PlainFcf.h"
@@ -247,5 +248,5 @@ void GenerateFailureTest::logsBothTooLargeFilesTheCompanionFirst()
                  qPrintable(driver->log()[i]));
 }
 
-QTEST_MAIN(GenerateFailureTest)
+ZORV_WINDOW_TEST(GenerateFailureTest)
 #include "GenerateFailureTest.moc"

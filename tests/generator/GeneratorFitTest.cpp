@@ -1,5 +1,6 @@
 #include "generator/GeneratorDriver.h"
 #include "generator/GeneratorTest.h"
+#include "support/TestProgram.h"
 
 #include <QMenu>
 #include <QMimeData>
@@ -289,5 +290,5 @@ void GeneratorFitTest::opensItsMenuByTheKeyboard()
     QVERIFY(!menu->isVisible());
 }
 
-QTEST_MAIN(GeneratorFitTest)
+ZORV_WINDOW_TEST(GeneratorFitTest)
 #include "GeneratorFitTest.moc"

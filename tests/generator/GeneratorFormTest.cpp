@@ -1,4 +1,5 @@
 #include "generator/GeneratorTest.h"
+#include "support/TestProgram.h"
 
 #include <QtCreatorUtilities/DetailsWidget.h>
 
@@ -428,5 +429,5 @@ void GeneratorFormTest::showsTheTargetThatTheUserGuideNames()
     QCOMPARE(driver->window()->getConfigNum(), 6);
 }
 
-QTEST_MAIN(GeneratorFormTest)
+ZORV_WINDOW_TEST(GeneratorFormTest)
 #include "GeneratorFormTest.moc"

@@ -1,4 +1,5 @@
 #include "generator/PelkFcfGenerator.h"
+#include "support/TestProgram.h"
 #include "toolkit/QtDifferences.h"
 
 #include <QToolButton>
@@ -57,5 +58,5 @@ void GeneratorFrameTest::keepsItsTitleOnTheScreen()
     }
 }
 
-QTEST_MAIN(GeneratorFrameTest)
+ZORV_WINDOW_TEST(GeneratorFrameTest)
 #include "GeneratorFrameTest.moc"

@@ -12,10 +12,12 @@
 class GeneratorTest : public QObject {
     Q_OBJECT
 
-protected:
+public:
+    /// What the window shows after an image was made, or could not be.
     static const char* const Green;
     static const char* const Red;
 
+protected:
     /// Presses Generate for top.bin, overwriting, and takes the image apart.
     PlainFcf generate();
 

@@ -1,4 +1,5 @@
 #include "generator/GeneratorTest.h"
+#include "support/TestProgram.h"
 
 #include "fcf/FcfWriter.h"
 #include "support/SampleHeaders.h"
@@ -66,5 +67,5 @@ void LargeFilesTest::writesSizesCutOffTo32Bits()
     QCOMPARE(driver->text("finalSize"), QString("%1 bytes").arg(sizes[2]));
 }
 
-QTEST_MAIN(LargeFilesTest)
+ZORV_WINDOW_TEST(LargeFilesTest)
 #include "LargeFilesTest.moc"

@@ -2,6 +2,7 @@
 #include "generator/GeneratorTest.h"
 #include "generator/PelkFcfGenerator.h"
 #include "support/PlainFcf.h"
+#include "support/TestProgram.h"
 
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 
@@ -86,7 +87,7 @@ void SystemLocaleTest::writesTheSameFilesWithTheWindowInGerman()
              QString("<font color='green'>Die Ausgabedateien wurden erzeugt.</font>"));
 }
 
-int main(int argc, char** argv)
+ZORV_TEST_MAIN(SystemLocaleTest)
 {
     // Made by scripts/setup.
     qputenv("LC_ALL", "de_DE.UTF-8");

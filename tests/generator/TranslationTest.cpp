@@ -1,5 +1,6 @@
 #include "generator/GeneratorTest.h"
 #include "support/SampleHeaders.h"
+#include "support/TestProgram.h"
 
 #include <QtCreatorUtilities/DetailsWidget.h>
 
@@ -189,5 +190,5 @@ void TranslationTest::translatesTheResultsOfGenerating()
                           quoted("can't open ") + driver->path("no/such/top.fcf")}));
 }
 
-QTEST_MAIN(TranslationTest)
+ZORV_WINDOW_TEST(TranslationTest)
 #include "TranslationTest.moc"

@@ -1,9 +1,11 @@
 #include "archive/ArchiveHost.h"
 #include "generator/FunctionEntries.h"
 #include "generator/GeneratorDriver.h"
+#include "generator/GeneratorTest.h"
 #include "support/FullDisk.h"
 #include "support/PlainFcf.h"
 #include "support/SampleHeaders.h"
+#include "support/TestProgram.h"
 #include "tool/ToolFixture.h"
 
 #include "fcf/FcfReader.h"
@@ -23,8 +25,6 @@
 #include <sys/stat.h>
 
 namespace {
-
-const char* const Red = "<font color='red'>Failed to generate output file.</font>";
 
 /// Puts something else than a file at a path.
 using Place = void (*)(const QString& path);
@@ -178,7 +178,7 @@ void FaultyFilesTest::endsInRedForABinaryThatIsNoFile()
     place(binary);
     m_driver->window()->setBinFile(binary);
     generate();
-    QCOMPARE(m_driver->text("StatusBar"), QString(Red));
+    QCOMPARE(m_driver->text("StatusBar"), QString(GeneratorTest::Red));
     QCOMPARE(m_driver->log().size(), 1);
     QVERIFY2(!m_driver->log().constFirst().contains("Unknown error"),
              qPrintable(m_driver->log().constFirst()));
@@ -206,7 +206,7 @@ void FaultyFilesTest::endsInRedForABinaryThatChangesMeanwhile()
         return QDateTime(QDate(2026, 11, 21), QTime(9, 5, 7));
     });
     m_driver->click("GenerateButton");
-    QCOMPARE(m_driver->text("StatusBar"), QString(Red));
+    QCOMPARE(m_driver->text("StatusBar"), QString(GeneratorTest::Red));
     QCOMPARE(m_driver->log(), QStringList("8 Pelk FCF Generator: \"" + m_driver->path("top.fcf") +
                                           "\" is not complete: " + reason + "."));
 }
@@ -235,7 +235,7 @@ void FaultyFilesTest::neverWaitsForAPipeInPlaceOfAnOutput()
         m_driver->dialogs().click(QMessageBox::Yes);
     m_driver->dialogs().click(QMessageBox::Ok);
     m_driver->click("GenerateButton");
-    QCOMPARE(m_driver->text("StatusBar"), QString(Red));
+    QCOMPARE(m_driver->text("StatusBar"), QString(GeneratorTest::Red));
     QCOMPARE(m_driver->dialogs().texts().constLast(), "can't open " + m_driver->path(pipe));
     QVERIFY(m_driver->dialogs().allGiven());
 }
@@ -250,7 +250,7 @@ void FaultyFilesTest::endsInRedWhenTheFolderVanishes()
         return QDateTime(QDate(2026, 11, 21), QTime(9, 5, 7));
     });
     m_driver->click("GenerateButton");
-    QCOMPARE(m_driver->text("StatusBar"), QString(Red));
+    QCOMPARE(m_driver->text("StatusBar"), QString(GeneratorTest::Red));
     QCOMPARE(m_driver->log(),
              QStringList("8 Pelk FCF Generator: \"" + folder +
                          "/top.fcf\" is not complete: it has 0 bytes, but 169 were written."));
@@ -400,5 +400,5 @@ void FaultyFilesTest::keepsTheSettingsOnAFullDisk()
     QCOMPARE(settings.readAll(), before);
 }
 
-QTEST_MAIN(FaultyFilesTest)
+ZORV_WINDOW_TEST(FaultyFilesTest)
 #include "FaultyFilesTest.moc"

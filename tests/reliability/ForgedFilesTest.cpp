@@ -1,6 +1,7 @@
 #include "generator/FunctionEntries.h"
 #include "generator/GeneratorDriver.h"
 #include "reliability/Effort.h"
+#include "support/TestProgram.h"
 #include "tool/ToolFixture.h"
 
 #include "fcf/FcfExactReader.h"
@@ -280,5 +281,5 @@ void ForgedFilesTest::takesALineOfOneGibibyte()
     QCOMPARE(m_tool->run({"verify", m_tool->argument("top.fcf")}).code, 1);
 }
 
-QTEST_MAIN(ForgedFilesTest)
+ZORV_WINDOW_TEST(ForgedFilesTest)
 #include "ForgedFilesTest.moc"

@@ -2,6 +2,7 @@
 #include "reliability/Effort.h"
 #include "support/ModalAnswer.h"
 #include "support/SampleHeaders.h"
+#include "support/TestProgram.h"
 
 #include "fcf/FcfWriter.h"
 
@@ -288,7 +289,7 @@ void LifeCycleTest::keepsItsMemoryOverManyBuilds()
 #endif
 }
 
-int main(int argc, char** argv)
+ZORV_TEST_MAIN(LifeCycleTest)
 {
     QtilitiesApplication application(argc, argv);
     LifeCycleTest test;

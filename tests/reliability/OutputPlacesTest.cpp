@@ -1,5 +1,6 @@
 #include "OutputKinds.h"
 #include "support/PlainFcf.h"
+#include "support/TestProgram.h"
 #include "support/Unprivileged.h"
 #include "tool/FaultyFileSystem.h"
 #include "tool/ToolFixture.h"
@@ -235,8 +236,9 @@ void OutputPlacesTest::reportsASmallDisk()
     }
     // A file system of its own needs a namespace of its own, which not every machine gives.
     const QTemporaryDir disk;
-    const QString script = "mount -t tmpfs -o size=1m tmpfs \"$2\" || exit 77; "
-                           "TMPDIR=\"$2\" SMALL_DISK=\"$2\" exec \"$0\" \"reportsASmallDisk:$1\"";
+    const QString script =
+        "mount -t tmpfs -o size=1m tmpfs \"$2\" || exit 77; "
+        "TMPDIR=\"$2\" SMALL_DISK=\"$2\" exec \"$0\" OutputPlacesTest \"reportsASmallDisk:$1\"";
     QProcess process;
     process.start("unshare",
                   {"--user", "--map-root-user", "--mount", "sh", "-c", script,
@@ -296,5 +298,5 @@ void OutputPlacesTest::leavesTheOldOrTheNewFileWhenKilled()
     QVERIFY(changes > 1);
 }
 
-QTEST_MAIN(OutputPlacesTest)
+ZORV_WINDOW_TEST(OutputPlacesTest)
 #include "OutputPlacesTest.moc"

@@ -1,16 +1,11 @@
 #include "generator/GeneratorDriver.h"
+#include "generator/GeneratorTest.h"
 #include "support/PlainFcf.h"
+#include "support/TestProgram.h"
 #include "tool/ToolFixture.h"
 
 #include <QFile>
 #include <QtTest>
-
-namespace {
-
-const char* const Green = "<font color='green'>Successfully generated output files.</font>";
-const char* const Red = "<font color='red'>Failed to generate output file.</font>";
-
-} // namespace
 
 /// Two windows, or a window and the tool, that make an image of one binary at the same time. In the
 /// end it is that of one of them, or who was disturbed says so.
@@ -78,7 +73,8 @@ void TwoAtOnceTest::replacesWhatTheToolMadeAfterTheQuestionOnly()
     });
     m_driver->dialogs().click(replaced ? QMessageBox::Yes : QMessageBox::No);
     m_driver->click("GenerateButton");
-    QCOMPARE(m_driver->text("StatusBar"), QString(replaced ? Green : Red));
+    QCOMPARE(m_driver->text("StatusBar"),
+             QString(replaced ? GeneratorTest::Green : GeneratorTest::Red));
     QCOMPARE(m_driver->content(m_driver->path("top.fcf")) == ofTheTool, !replaced);
     QCOMPARE(verified(), QByteArray());
 }
@@ -95,7 +91,7 @@ void TwoAtOnceTest::endsInRedWhenTheToolReplacesItsFiles()
     });
     m_driver->click("GenerateButton");
     QVERIFY(wasRun);
-    QCOMPARE(m_driver->text("StatusBar"), QString(Red));
+    QCOMPARE(m_driver->text("StatusBar"), QString(GeneratorTest::Red));
     QCOMPARE(m_driver->log().size(), 1);
     // The tool's files are whole.
     QCOMPARE(verified(), QByteArray());
@@ -118,11 +114,11 @@ void TwoAtOnceTest::endsInRedWhenAnotherWindowWritesItsFiles()
     });
     m_driver->click("GenerateButton");
     QVERIFY(m_driver->dialogs().allGiven());
-    QCOMPARE(other.findChild<QLabel*>("StatusBar")->text(), QString(Green));
-    QCOMPARE(m_driver->text("StatusBar"), QString(Red));
+    QCOMPARE(other.findChild<QLabel*>("StatusBar")->text(), QString(GeneratorTest::Green));
+    QCOMPARE(m_driver->text("StatusBar"), QString(GeneratorTest::Red));
     QVERIFY2(m_driver->log().constLast().contains("top.fcf\" is not complete: it has "),
              qPrintable(m_driver->log().constLast()));
 }
 
-QTEST_MAIN(TwoAtOnceTest)
+ZORV_WINDOW_TEST(TwoAtOnceTest)
 #include "TwoAtOnceTest.moc"

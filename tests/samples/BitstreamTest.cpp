@@ -1,4 +1,5 @@
 #include "samples/Bitstream.h"
+#include "support/TestProgram.h"
 
 #include <QtTest>
 
@@ -153,5 +154,5 @@ void BitstreamTest::endsWithDesync()
 
 void BitstreamTest::isTheSameEveryTime() { QVERIFY(Bitstream::make(10) == Bitstream::make(10)); }
 
-QTEST_GUILESS_MAIN(BitstreamTest)
+ZORV_TEST(BitstreamTest)
 #include "BitstreamTest.moc"

@@ -1,4 +1,5 @@
 #include "ProgramTest.h"
+#include "support/TestProgram.h"
 
 #include <QtTest>
 
@@ -264,5 +265,5 @@ void CommandLineTest::takesTheSlotUnderAHiddenNameToo()
              both.err);
 }
 
-QTEST_GUILESS_MAIN(CommandLineTest)
+ZORV_TEST(CommandLineTest)
 #include "CommandLineTest.moc"

@@ -1,4 +1,5 @@
 #include "ProgramTest.h"
+#include "support/TestProgram.h"
 
 #include <QtTest>
 
@@ -44,5 +45,5 @@ void ConcurrencyTest::letsOneRunAfterTheOtherWrite()
     }
 }
 
-QTEST_GUILESS_MAIN(ConcurrencyTest)
+ZORV_TEST(ConcurrencyTest)
 #include "ConcurrencyTest.moc"

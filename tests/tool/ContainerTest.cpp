@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "ToolFixture.h"
 
 #include <QtTest>
@@ -192,5 +193,5 @@ void ContainerTest::swapsWhatIsInAContainer()
              ToolFixture::payload(4000));
 }
 
-QTEST_GUILESS_MAIN(ContainerTest)
+ZORV_TEST(ContainerTest)
 #include "ContainerTest.moc"

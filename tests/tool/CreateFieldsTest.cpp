@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "ToolFixture.h"
 
 #include <QTextCodec>
@@ -240,5 +241,5 @@ void CreateFieldsTest::warnsOfCharactersThatDoNotShow()
              2);
 }
 
-QTEST_GUILESS_MAIN(CreateFieldsTest)
+ZORV_TEST(CreateFieldsTest)
 #include "CreateFieldsTest.moc"

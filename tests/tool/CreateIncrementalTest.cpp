@@ -1,4 +1,5 @@
 #include "FaultyFileSystem.h"
+#include "support/TestProgram.h"
 #include "ToolFixture.h"
 
 #include <QFile>
@@ -243,5 +244,5 @@ void CreateIncrementalTest::refusesADepFileInTheWay()
     QCOMPARE(tool.read("top.bin"), ToolFixture::payload(4000));
 }
 
-QTEST_GUILESS_MAIN(CreateIncrementalTest)
+ZORV_TEST(CreateIncrementalTest)
 #include "CreateIncrementalTest.moc"

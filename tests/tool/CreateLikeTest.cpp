@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "ToolFixture.h"
 
 #include <QDir>
@@ -288,5 +289,5 @@ void CreateLikeTest::relabelsNoImageThatIsWrong()
     QCOMPARE(tool.read(name), bytes);
 }
 
-QTEST_GUILESS_MAIN(CreateLikeTest)
+ZORV_TEST(CreateLikeTest)
 #include "CreateLikeTest.moc"

@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "ToolFixture.h"
 
 #include <QDir>
@@ -188,5 +189,5 @@ void CreateTest::reportsAllErrorsTogether()
     QVERIFY2(!run.err.contains("version: is missing"), run.err);
 }
 
-QTEST_GUILESS_MAIN(CreateTest)
+ZORV_TEST(CreateTest)
 #include "CreateTest.moc"

@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "ToolFixture.h"
 
 #include <QJsonArray>
@@ -248,5 +249,5 @@ void DiffTest::takesNothingElseThanFcfFiles()
     QCOMPARE(m_tool->run({"diff", m_tool->argument("a.fcf"), m_tool->argument("none")}).code, 3);
 }
 
-QTEST_GUILESS_MAIN(DiffTest)
+ZORV_TEST(DiffTest)
 #include "DiffTest.moc"

@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "VerifyingTest.h"
 
 #include "tool/files/Digest.h"
@@ -269,5 +270,5 @@ void DigestListTest::checksAReadBackAgainstARelease()
     QVERIFY2(run.out.endsWith("slot1.fcf: not valid\n"), run.out);
 }
 
-QTEST_GUILESS_MAIN(DigestListTest)
+ZORV_TEST(DigestListTest)
 #include "DigestListTest.moc"

@@ -1,4 +1,5 @@
 #include "ProgramTest.h"
+#include "support/TestProgram.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -266,5 +267,5 @@ void ExamplesTest::recipesFollowTheirSchema()
     }
 }
 
-QTEST_GUILESS_MAIN(ExamplesTest)
+ZORV_TEST(ExamplesTest)
 #include "ExamplesTest.moc"

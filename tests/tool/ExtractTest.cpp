@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "ToolFixture.h"
 
 #include <QtTest>
@@ -115,5 +116,5 @@ void ExtractTest::extractsOverNoSidecarThatItRead()
     QCOMPARE(tool.read(output), before);
 }
 
-QTEST_GUILESS_MAIN(ExtractTest)
+ZORV_TEST(ExtractTest)
 #include "ExtractTest.moc"

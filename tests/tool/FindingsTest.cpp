@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "ToolFixture.h"
 
 #include "tool/base/Text.h"
@@ -170,5 +171,5 @@ void FindingsTest::escapesWhatIsNotPrintableInJson()
     QVERIFY2(recipe.out.contains("A\\u202en\\udb40\\udc41\\u3164z"), recipe.out);
 }
 
-QTEST_GUILESS_MAIN(FindingsTest)
+ZORV_TEST(FindingsTest)
 #include "FindingsTest.moc"

@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "ToolFixture.h"
 
 #include <QJsonArray>
@@ -244,5 +245,5 @@ void FlashTest::refusesAnOffsetThatCannotBe()
     QVERIFY2((run.out + run.err).contains(message), run.out + run.err);
 }
 
-QTEST_GUILESS_MAIN(FlashTest)
+ZORV_TEST(FlashTest)
 #include "FlashTest.moc"

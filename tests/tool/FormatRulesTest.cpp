@@ -1,4 +1,5 @@
 #include "PlainRules.h"
+#include "support/TestProgram.h"
 #include "VerifyingTest.h"
 
 #include <QtTest>
@@ -152,5 +153,5 @@ void FormatRulesTest::judgesATextAsTheDocument()
     judge(image, isValid);
 }
 
-QTEST_GUILESS_MAIN(FormatRulesTest)
+ZORV_TEST(FormatRulesTest)
 #include "FormatRulesTest.moc"

@@ -1,4 +1,5 @@
 #include "ProgramTest.h"
+#include "support/TestProgram.h"
 
 #include "tool/check/Findings.h"
 #include "tool/check/NewImageChecker.h"
@@ -217,5 +218,5 @@ void InputsTest::refusesABinaryThatChangesMeanwhile()
     QCOMPARE(tool.read("top.bin"), bytes);
 }
 
-QTEST_GUILESS_MAIN(InputsTest)
+ZORV_TEST(InputsTest)
 #include "InputsTest.moc"

@@ -1,4 +1,5 @@
 #include "FaultyFileSystem.h"
+#include "support/TestProgram.h"
 #include "ToolFixture.h"
 
 #include <QMap>
@@ -7,8 +8,6 @@
 namespace {
 
 using Contents = QMap<QString, QByteArray>;
-
-const QStringList All{"top.bin", "top.fcf", "top.fcf.sha256", "top.txt"};
 
 Contents contentsOf(const ToolFixture& tool)
 {
@@ -55,7 +54,7 @@ void KilledAnywhereTest::leavesWholeFilesOnly_data()
 /// Each output is as it was, or as a run that nothing ends makes it; the image comes last.
 void KilledAnywhereTest::verifyLeft(const Contents& old, const Contents& left, const Contents& made)
 {
-    for (const QString& name : All) {
+    for (const QString& name : allNames()) {
         const QByteArray bytes = left.value(name);
         QVERIFY2(bytes == old.value(name) || bytes == made.value(name), qPrintable(name));
         if (left.value("top.fcf") == made.value("top.fcf"))
@@ -87,14 +86,15 @@ void KilledAnywhereTest::leavesWholeFilesOnly()
         verifyLeft(old, left, contentsOf(tool));
         // Only a kill leaves a name, where files have names or between the two steps that replace.
         for (const QString& name : left.keys())
-            QVERIFY2(All.contains(name) || (signal == SIGKILL && name.startsWith(".pelk-fcf-")),
+            QVERIFY2(allNames().contains(name) ||
+                         (signal == SIGKILL && name.startsWith(".pelk-fcf-")),
                      qPrintable(name));
         if (hasUnnamedFiles)
-            QCOMPARE(tool.names(), All);
+            QCOMPARE(tool.names(), allNames());
         QCOMPARE(tool.verifyAll().code, 0);
     }
     QVERIFY(changes > 6);
 }
 
-QTEST_GUILESS_MAIN(KilledAnywhereTest)
+ZORV_TEST(KilledAnywhereTest)
 #include "KilledAnywhereTest.moc"

@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "ToolFixture.h"
 
 #include "support/ReadCount.h"
@@ -321,5 +322,5 @@ void ListTest::letsNoTextAtTheTerminal()
     }
 }
 
-QTEST_GUILESS_MAIN(ListTest)
+ZORV_TEST(ListTest)
 #include "ListTest.moc"

@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "ToolFixture.h"
 
 #include <QFile>
@@ -106,5 +107,5 @@ void MutationTest::everyCommandSurvivesDamagedImages()
         qInfo("exit code %d: %d of %d runs", code.key(), code.value(), count * commands.size());
 }
 
-QTEST_GUILESS_MAIN(MutationTest)
+ZORV_TEST(MutationTest)
 #include "MutationTest.moc"

@@ -1,4 +1,5 @@
 #include "FaultyFileSystem.h"
+#include "support/TestProgram.h"
 #include "ToolFixture.h"
 
 #include "tool/commands/CommandLine.h"
@@ -17,12 +18,6 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-namespace {
-
-const QStringList All{"top.bin", "top.fcf", "top.fcf.sha256", "top.txt"};
-
-} // namespace
 
 /// How the outputs of a run get to their places, on file systems of several kinds.
 class OutputTransactionTest : public QObject {
@@ -93,7 +88,7 @@ void OutputTransactionTest::breakFileSystem()
 void OutputTransactionTest::makeOld()
 {
     QCOMPARE(create().code, 0);
-    for (const QString& name : All)
+    for (const QString& name : allNames())
         m_old[name] = m_tool->read(name);
     m_tool->write("top.bin", ToolFixture::payload(5000));
 }
@@ -108,12 +103,12 @@ void OutputTransactionTest::leavesNothingButTheOutputs()
 {
     breakFileSystem();
     QCOMPARE(create().code, 0);
-    QCOMPARE(m_tool->names(), All);
+    QCOMPARE(m_tool->names(), allNames());
     m_tool->write("top.bin", ToolFixture::payload(5000));
     QCOMPARE(create().code, 4);
     const Run replaced = create({"--force"});
     QVERIFY2(replaced.code == 0, replaced.err);
-    QCOMPARE(m_tool->names(), All);
+    QCOMPARE(m_tool->names(), allNames());
     QCOMPARE(m_tool->verifyAll().code, 0);
 }
 
@@ -146,7 +141,7 @@ void OutputTransactionTest::keepsTheOldImageWhenTheNewOneFails()
     breakFileSystem();
     faults.failsTo = [](const QByteArray& name) { return name == "top.fcf"; };
     QCOMPARE(create({"--force"}).code, 3);
-    QCOMPARE(m_tool->names(), All);
+    QCOMPARE(m_tool->names(), allNames());
     verifyOld({"top.fcf"});
     // What is beside it is reported, and made right by the same command.
     QCOMPARE(m_tool->verifyAll().code, 1);
@@ -258,7 +253,7 @@ void OutputTransactionTest::clearsWhatAKilledRunLeft()
     // It was killed between the two steps that replace a file.
     m_tool->write(".pelk-fcf-new", "left");
     QCOMPARE(create({"--force"}).code, 0);
-    QCOMPARE(m_tool->names(), All);
+    QCOMPARE(m_tool->names(), allNames());
     QCOMPARE(m_tool->verifyAll().code, 0);
 }
 
@@ -361,5 +356,5 @@ void OutputTransactionTest::addsNothingBesideAnImageThatWasReplaced()
     QCOMPARE(m_tool->read("top.fcf"), other);
 }
 
-QTEST_GUILESS_MAIN(OutputTransactionTest)
+ZORV_TEST(OutputTransactionTest)
 #include "OutputTransactionTest.moc"

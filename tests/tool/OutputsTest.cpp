@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "ToolFixture.h"
 
 #include <QDir>
@@ -310,5 +311,5 @@ void OutputsTest::warnsOfOutputsThatWillNotBelong()
     QCOMPARE(tool.createTop({"--force", "--no-companion", "--strict"}).code, 2);
 }
 
-QTEST_GUILESS_MAIN(OutputsTest)
+ZORV_TEST(OutputsTest)
 #include "OutputsTest.moc"

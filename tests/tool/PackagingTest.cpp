@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "ToolFixture.h"
 
 #include "support/TestFile.h"
@@ -244,5 +245,5 @@ void PackagingTest::letsDesktopsKnowImages()
     QVERIFY(database.mimeTypeForData(other.bytes()).name() != "application/x-pelk-fcf");
 }
 
-QTEST_GUILESS_MAIN(PackagingTest)
+ZORV_TEST(PackagingTest)
 #include "PackagingTest.moc"

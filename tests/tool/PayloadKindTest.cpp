@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "VerifyingTest.h"
 
 #include <QRegularExpression>
@@ -278,5 +279,5 @@ void PayloadKindTest::comparesWithASwappedBinary()
     QCOMPARE(tool.run({"verify", tool.argument("top.fcf"), "--swap", "bytes"}).code, 2);
 }
 
-QTEST_GUILESS_MAIN(PayloadKindTest)
+ZORV_TEST(PayloadKindTest)
 #include "PayloadKindTest.moc"

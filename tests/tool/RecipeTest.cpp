@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "ToolFixture.h"
 
 #include "support/ReadCount.h"
@@ -233,5 +234,5 @@ void RecipeTest::notesWhatARecipeLeavesOpen()
     QCOMPARE(whole.err.count('\n'), 1);
 }
 
-QTEST_GUILESS_MAIN(RecipeTest)
+ZORV_TEST(RecipeTest)
 #include "RecipeTest.moc"

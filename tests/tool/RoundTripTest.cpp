@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "ToolFixture.h"
 
 #include "fcf/FcfTarget.h"
@@ -164,5 +165,5 @@ void RoundTripTest::readsAFunctionOfEachOption()
         QCOMPARE(found[index].toObject()["name"].toString(), names.at(index));
 }
 
-QTEST_GUILESS_MAIN(RoundTripTest)
+ZORV_TEST(RoundTripTest)
 #include "RoundTripTest.moc"

@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "ToolFixture.h"
 
 #include "fcf/FcfTarget.h"
@@ -122,5 +123,5 @@ void SameBytesTest::writesWhatTheWindowWrites()
     QCOMPARE(tool.read("top.txt"), companion);
 }
 
-QTEST_MAIN(SameBytesTest)
+ZORV_WINDOW_TEST(SameBytesTest)
 #include "SameBytesTest.moc"

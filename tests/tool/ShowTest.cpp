@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "ToolFixture.h"
 
 #include "support/ReadCount.h"
@@ -252,5 +253,5 @@ void ShowTest::showsLittleOfWhatIsNoText()
     }
 }
 
-QTEST_GUILESS_MAIN(ShowTest)
+ZORV_TEST(ShowTest)
 #include "ShowTest.moc"

@@ -1,4 +1,5 @@
 #include "ProgramTest.h"
+#include "support/TestProgram.h"
 
 #include <QElapsedTimer>
 #include <QRandomGenerator>
@@ -11,7 +12,7 @@
 namespace {
 
 /// Enough for a run to be ended in the middle of it.
-constexpr qint64 LargePayload = 32 * 1024 * 1024;
+constexpr qint64 LongCopy = 32 * 1024 * 1024;
 constexpr int Ends = 6;
 
 } // namespace
@@ -38,7 +39,7 @@ void SignalTest::leavesTheOldImageOrTheNewOne()
     QFETCH(int, signal);
     ToolFixture tool;
     tool.makeImage();
-    QCOMPARE(::truncate(tool.argument("top.bin").c_str(), LargePayload), 0);
+    QCOMPARE(::truncate(tool.argument("top.bin").c_str(), LongCopy), 0);
     const QStringList command = create(tool, "top.bin", {"--force"});
     QElapsedTimer timer;
     timer.start();
@@ -72,5 +73,5 @@ void SignalTest::leavesTheOldImageOrTheNewOne()
              QStringList({"other.fcf", "other.txt", "top.bin", "top.fcf", "top.txt"}));
 }
 
-QTEST_GUILESS_MAIN(SignalTest)
+ZORV_TEST(SignalTest)
 #include "SignalTest.moc"

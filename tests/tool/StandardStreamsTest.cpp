@@ -1,4 +1,5 @@
 #include "ProgramTest.h"
+#include "support/TestProgram.h"
 
 #include <QFile>
 #include <QtTest>
@@ -198,5 +199,5 @@ void StandardStreamsTest::reportsThatNobodyReadsStandardOutput()
     QVERIFY2(tool.read("err").contains("cannot be written: Broken pipe"), tool.read("err"));
 }
 
-QTEST_GUILESS_MAIN(StandardStreamsTest)
+ZORV_TEST(StandardStreamsTest)
 #include "StandardStreamsTest.moc"

@@ -1,4 +1,5 @@
 #include "ProgramTest.h"
+#include "support/TestProgram.h"
 
 #include <QDeadlineTimer>
 #include <QtTest>
@@ -164,5 +165,5 @@ void TerminalTest::showsNothingOfAnInputThatIsThereAtOnce()
     QCOMPARE(run.shown(), QByteArray());
 }
 
-QTEST_GUILESS_MAIN(TerminalTest)
+ZORV_TEST(TerminalTest)
 #include "TerminalTest.moc"

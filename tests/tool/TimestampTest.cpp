@@ -1,4 +1,5 @@
 #include "ProgramTest.h"
+#include "support/TestProgram.h"
 
 #include <QLocale>
 #include <QtTest>
@@ -152,5 +153,5 @@ void TimestampTest::refusesAMalformedSourceDateEpoch()
     QCOMPARE(tool.names(), QStringList("top.bin"));
 }
 
-QTEST_GUILESS_MAIN(TimestampTest)
+ZORV_TEST(TimestampTest)
 #include "TimestampTest.moc"

@@ -17,7 +17,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-// Below a file of the kernel nothing can be made, whoever asks.
+// Below a folder of the kernel nobody can make a file.
 const char* const UnwritableFolder = "/proc/sys";
 
 Arguments operator+(Arguments left, const Arguments& right)
@@ -33,6 +33,8 @@ Arguments toArguments(const QStringList& texts)
         arguments.push_back(text.toStdString());
     return arguments;
 }
+
+QStringList allNames() { return {"top.bin", "top.fcf", "top.fcf.sha256", "top.txt"}; }
 
 QByteArray sha256Of(const QByteArray& bytes)
 {

@@ -38,6 +38,9 @@ using Options = std::map<std::string, std::string>;
 /// In hexadecimal digits.
 QByteArray sha256Of(const QByteArray& bytes);
 
+/// "top.bin" and all that is made of it.
+QStringList allNames();
+
 /// A folder of its own, and the tool run in this process at a fixed time.
 class ToolFixture {
 public:

@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "VerifyingTest.h"
 
 #include <QJsonArray>
@@ -193,5 +194,5 @@ void VerifyComparisonTest::refusesWhatNobodyCanHaveMeant()
     QCOMPARE(verifyBytes(image.bytes(), release).code, 1);
 }
 
-QTEST_GUILESS_MAIN(VerifyComparisonTest)
+ZORV_TEST(VerifyComparisonTest)
 #include "VerifyComparisonTest.moc"

@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "VerifyingTest.h"
 
 #include <QJsonArray>
@@ -256,5 +257,5 @@ void VerifyHeaderTest::saysNothingOfAPageThatIsLongerThanOne()
     QCOMPARE(run.finding("payload")["severity"].toString(), QString("note"));
 }
 
-QTEST_GUILESS_MAIN(VerifyHeaderTest)
+ZORV_TEST(VerifyHeaderTest)
 #include "VerifyHeaderTest.moc"

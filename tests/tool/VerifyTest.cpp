@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "VerifyingTest.h"
 
 #include <QJsonArray>
@@ -209,5 +210,5 @@ void VerifyTest::survivesHostileFiles()
     QCOMPARE(extracted.err.count('\n'), 1);
 }
 
-QTEST_GUILESS_MAIN(VerifyTest)
+ZORV_TEST(VerifyTest)
 #include "VerifyTest.moc"

@@ -13,11 +13,14 @@ const QString FcfFileDifferences::Payload = "payload";
 
 namespace {
 
+/// What differs, beside the fields and the payload.
+namespace Place {
 const QString Kind = "kind";
 const QString Reserved = "reserved";
 const QString Text = "text";
 const QString Filler = "filler";
 const QString Padding = "padding";
+} // namespace Place
 
 /// Adds the values of both files, if they differ.
 void add(const QString& field, const QString& a, const QString& b, QJsonArray* differences)
@@ -36,7 +39,7 @@ void addReservedWords(const FcfFile& a, const FcfFile& b, QJsonArray* difference
     const QVector<quint32> wordsA = a.page.reading.reservedWords;
     const QVector<quint32> wordsB = b.page.reading.reservedWords;
     for (int index = 0; index < qMin(wordsA.size(), wordsB.size()); ++index)
-        add(QStringLiteral("%1[%2]").arg(Reserved).arg(index), shownWord(wordsA.at(index)),
+        add(QStringLiteral("%1[%2]").arg(Place::Reserved).arg(index), shownWord(wordsA.at(index)),
             shownWord(wordsB.at(index)), differences);
 }
 
@@ -87,7 +90,7 @@ QString shownBytes(qint64 bytes) { return QStringLiteral("%1 bytes").arg(bytes);
 
 QStringList FcfFileDifferences::otherNames()
 {
-    return {Kind, Reserved, Text, Filler, Payload, Padding};
+    return {Place::Kind, Place::Reserved, Place::Text, Place::Filler, Payload, Place::Padding};
 }
 
 Result<QJsonArray> FcfFileDifferences::find(const FcfFile& a, const FcfFile& b, QTextCodec* codec)
@@ -100,14 +103,16 @@ Result<QJsonArray> FcfFileDifferences::find(const FcfFile& a, const FcfFile& b, 
         return tl::unexpected<Finding>(bytesB.error());
 
     QJsonArray differences;
-    add(Kind, kindOf(a), kindOf(b), &differences);
+    add(Place::Kind, kindOf(a), kindOf(b), &differences);
     for (const auto& field : HeaderJson::differences(a.page.reading.header, b.page.reading.header))
         differences.append(field);
     addReservedWords(a, b, &differences);
 
-    addPart(Text, textOf(a.page, *bytesA, codec), textOf(b.page, *bytesB, codec), &differences);
-    addPart(Filler, fillerOf(a.page, *bytesA, codec), fillerOf(b.page, *bytesB, codec),
+    addPart(Place::Text, textOf(a.page, *bytesA, codec), textOf(b.page, *bytesB, codec),
             &differences);
-    add(Padding, shownBytes(a.page.fillerBytes), shownBytes(b.page.fillerBytes), &differences);
+    addPart(Place::Filler, fillerOf(a.page, *bytesA, codec), fillerOf(b.page, *bytesB, codec),
+            &differences);
+    add(Place::Padding, shownBytes(a.page.fillerBytes), shownBytes(b.page.fillerBytes),
+        &differences);
     return differences;
 }

@@ -16,7 +16,7 @@
 
 namespace {
 
-const QString Text = "text";
+const QString TextField = "text";
 const QString End = "the end";
 
 /// Whether the reserved words or the beginning of the text are at their places in \p start.
@@ -60,7 +60,7 @@ public:
     {
         const QString other = otherContent(start);
         if (!other.isEmpty())
-            return error(Text, "is no FCF file: " + other);
+            return error(TextField, "is no FCF file: " + other);
 
         switch (reading.outcome) {
         case FcfExactReading::NoText:
@@ -79,7 +79,7 @@ public:
 private:
     Finding withoutText() const
     {
-        return error(Text, "is no FCF header page: it ends before the text")
+        return error(TextField, "is no FCF header page: it ends before the text")
             .at(qMin<qint64>(m_file.size(), FcfLayout::PreambleBytes))
             .comparing(keyword(), End);
     }
@@ -97,7 +97,7 @@ private:
     Finding withoutEnd() const
     {
         const bool goesOn = m_file.size() > FcfExactReader::MaximumBytes;
-        return error(Text, "is no whole FCF header page: its text does not end")
+        return error(TextField, "is no whole FCF header page: its text does not end")
             .at(qMin<qint64>(m_file.size(), FcfExactReader::MaximumBytes))
             .comparing(QLatin1String(FcfLayout::TextEnd), goesOn ? "more text" : End);
     }
@@ -106,7 +106,7 @@ private:
     {
         const FcfSpan& deviation = reading.deviation;
         const QString field =
-            deviation.field ? TextRules::fieldName(deviation.field, deviation.function) : Text;
+            deviation.field ? TextRules::fieldName(deviation.field, deviation.function) : TextField;
         return error(field, "is not what an FCF header page has here")
             .at(deviation.offset)
             .comparing(reading.expected, reading.found);

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr char Option[] = "--depfile";
+constexpr char DepFileOption[] = "--depfile";
 constexpr char TargetOption[] = "--depfile-target";
 
 bool isSamePath(const QString& one, const QString& other)
@@ -23,11 +23,11 @@ bool isSamePath(const QString& one, const QString& other)
 
 void DepFileOptions::declare(CLI::App* app)
 {
-    Arguments::addOption(app, Option, &m_file, "FILE",
+    Arguments::addOption(app, DepFileOption, &m_file, "FILE",
                          "list all that was read in this file, for make and ninja (default: none)");
     Arguments::addOption(app, TargetOption, &m_target, "TARGET",
                          "what depends on that (default: the image)");
-    Arguments::setNeeded(app, TargetOption, Option);
+    Arguments::setNeeded(app, TargetOption, DepFileOption);
 }
 
 void DepFileOptions::check(const ImagePaths& image, Task* task)
@@ -35,18 +35,18 @@ void DepFileOptions::check(const ImagePaths& image, Task* task)
     if (!m_file)
         return;
 
-    m_path = task->path(*m_file, Option);
+    m_path = task->path(*m_file, DepFileOption);
     m_targetName = m_target ? task->text(*m_target, TargetOption) : image.image;
     if (!m_path)
         return;
 
     if (image.toStandardOutput()) {
-        task->refuse(Option, "needs an image in a file");
+        task->refuse(DepFileOption, "needs an image in a file");
         return;
     }
     for (const QString& path : {image.image, image.companion, image.digest}) {
         if (isSamePath(*m_path, path)) {
-            task->findings.refuse(*m_path, Option,
+            task->findings.refuse(*m_path, DepFileOption,
                                   "is the name of the image or is kept for what "
                                   "is beside it");
             return;

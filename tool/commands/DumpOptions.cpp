@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr char Option[] = "--offset";
+constexpr char OffsetOption[] = "--offset";
 
 /// Leaves of the file of \p fcf the image and the 0xFF behind it, and notes what follows that.
 /// The image is at \p offset in the dump.
@@ -34,7 +34,7 @@ Status cutBehindImage(FcfFile* fcf, qint64 offset, Findings* findings)
     if (!start)
         return tl::unexpected<Finding>(start.error());
 
-    findings->note(file.label(), QLatin1String(Option),
+    findings->note(file.label(), QLatin1String(OffsetOption),
                    PayloadKind::isImage(*start)
                        ? QStringLiteral("another image follows, at --offset %1").arg(offset + next)
                        : QStringLiteral("%1 bytes that are no image follow and are not checked, "
@@ -49,7 +49,7 @@ Status cutBehindImage(FcfFile* fcf, qint64 offset, Findings* findings)
 
 void DumpOptions::declare(CLI::App* app)
 {
-    Arguments::addOption(app, Option, &m_offset, "BYTES",
+    Arguments::addOption(app, OffsetOption, &m_offset, "BYTES",
                          "where in a dump of a flash the image begins: a number like 135168, "
                          "0x21000, 132K or 2M (default: 0, and nothing but 0xFF may follow)");
 }
@@ -76,19 +76,20 @@ std::optional<FcfFile> DumpOptions::read(InputFile file, Task* task) const
 /// The offset that was given, if it is in \p file.
 std::optional<qint64> DumpOptions::offset(const InputFile& file, Task* task) const
 {
-    const auto text = task->text(*m_offset, Option);
+    const auto text = task->text(*m_offset, OffsetOption);
     if (!text)
         return std::nullopt;
 
     const auto offset = byteCount(*text);
     if (!offset) {
-        task->refuse(Option, QStringLiteral("\"%1\" is no number of bytes like 135168, 0x21000, "
-                                            "132K or 2M")
-                                 .arg(shownText(*text)));
+        task->refuse(OffsetOption,
+                     QStringLiteral("\"%1\" is no number of bytes like 135168, 0x21000, "
+                                    "132K or 2M")
+                         .arg(shownText(*text)));
         return std::nullopt;
     }
     if (*offset >= file.size()) {
-        task->findings.refuse(file.label(), QLatin1String(Option),
+        task->findings.refuse(file.label(), QLatin1String(OffsetOption),
                               QStringLiteral("%1 is behind the end: the file has %2 bytes")
                                   .arg(*offset)
                                   .arg(file.size()));

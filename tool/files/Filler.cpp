@@ -6,7 +6,6 @@
 
 namespace {
 
-constexpr int ChunkBytes = 1024 * 1024;
 constexpr char FillerByte = '\xff';
 
 } // namespace

@@ -14,8 +14,6 @@
 
 namespace {
 
-constexpr int ChunkBytes = 1024 * 1024;
-
 /// Opens a file for reading and writing that has no name, and so cannot stay.
 FileSystem::OrReason<std::unique_ptr<QFile>> openNameless()
 {

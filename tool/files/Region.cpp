@@ -6,8 +6,6 @@ const QString PayloadField = "payload";
 
 namespace {
 
-constexpr int ChunkBytes = 1024 * 1024;
-
 tl::unexpected<Finding> aboutPayload(Finding error)
 {
     error.field = PayloadField;

@@ -10,6 +10,9 @@
 
 class InputFile;
 
+/// What is read or written at a time, in bytes.
+constexpr int ChunkBytes = 1024 * 1024;
+
 /// Called with each part of what is read or copied, in turn. Shows progress, or takes a digest.
 using CopyObserver = PayloadCopy::Observer;
 

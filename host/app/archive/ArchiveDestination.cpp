@@ -16,7 +16,7 @@ using OrvanticCore::DesignStructure;
 
 namespace {
 
-struct Texts {
+struct ArchiveDestinationTexts {
     Q_DECLARE_TR_FUNCTIONS(ArchiveDestination)
 };
 
@@ -95,12 +95,13 @@ QStringList ArchiveDestination::oddities(const QString& path) const
     const QString extension = knownExtension(file.fileName());
     const QString stem = file.fileName().left(file.fileName().size() - extension.size());
     if (stem.split('-').contains(QString()))
-        found << Texts::tr("A part of the name is empty.");
+        found << ArchiveDestinationTexts::tr("A part of the name is empty.");
 
     for (const QChar character : stem) {
         const bool isUsual = character.isLetterOrNumber() || QString("-_.").contains(character);
         if (!isUsual) {
-            found << Texts::tr("The name has the character \"%1\".").arg(character);
+            found
+                << ArchiveDestinationTexts::tr("The name has the character \"%1\".").arg(character);
             break;
         }
     }
@@ -109,7 +110,8 @@ QStringList ArchiveDestination::oddities(const QString& path) const
     const std::optional<ArchiveFormat> format = formatOf(path);
     const bool isOfStructure = m_design && format && folderFor(*format) == file.path();
     if (!isOfStructure && !file.dir().exists())
-        found << Texts::tr("There is no folder %1 yet.").arg(QDir::toNativeSeparators(file.path()));
+        found << ArchiveDestinationTexts::tr("There is no folder %1 yet.")
+                     .arg(QDir::toNativeSeparators(file.path()));
     return found;
 }
 

@@ -37,7 +37,7 @@ QString folderKey(const Design& design)
            QString::fromLatin1(QUrl::toPercentEncoding(design.workingFolderPath()));
 }
 
-struct Texts {
+struct ArchiveDialogRunTexts {
     Q_DECLARE_TR_FUNCTIONS(ArchiveDialog)
 };
 
@@ -203,15 +203,16 @@ void archiveDesign(Design* design, const ArchiveDialog::Description& description
 
     // The box is not modal, since nobody has to answer it.
     const QString path = dialog.archivePath();
-    auto* const box = new PlainMessageBox(
-        QMessageBox::Information, dialog.windowTitle(),
-        Texts::tr("The design is archived in %1.").arg(QDir::toNativeSeparators(path)),
-        QMessageBox::Close, QMessageBox::Close, parent);
+    auto* const box = new PlainMessageBox(QMessageBox::Information, dialog.windowTitle(),
+                                          ArchiveDialogRunTexts::tr("The design is archived in %1.")
+                                              .arg(QDir::toNativeSeparators(path)),
+                                          QMessageBox::Close, QMessageBox::Close, parent);
     box->setObjectName("ArchivedBox");
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setModal(false);
 
-    QPushButton* const show = box->addButton(Texts::tr("&Show in Folder"), QMessageBox::ActionRole);
+    QPushButton* const show =
+        box->addButton(ArchiveDialogRunTexts::tr("&Show in Folder"), QMessageBox::ActionRole);
     show->setObjectName("ShowInFolderButton");
     QObject::connect(show, &QPushButton::clicked, box, [path] {
         QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absolutePath()));

@@ -4,7 +4,7 @@
 
 namespace {
 
-struct Texts {
+struct ArchiveFormatTexts {
     Q_DECLARE_TR_FUNCTIONS(ArchiveFormats)
 };
 
@@ -19,6 +19,7 @@ QString ArchiveFormats::extension(ArchiveFormat format)
 
 QString ArchiveFormats::label(ArchiveFormat format)
 {
-    return format == ArchiveFormat::Zip ? Texts::tr("Zip archive (*.zip)")
-                                        : Texts::tr("Compressed tar archive (*.tar.gz)");
+    return format == ArchiveFormat::Zip
+               ? ArchiveFormatTexts::tr("Zip archive (*.zip)")
+               : ArchiveFormatTexts::tr("Compressed tar archive (*.tar.gz)");
 }

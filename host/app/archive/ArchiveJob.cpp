@@ -11,7 +11,7 @@
 
 namespace {
 
-struct Texts {
+struct ArchiveJobTexts {
     Q_DECLARE_TR_FUNCTIONS(ArchiveJob)
 };
 
@@ -26,10 +26,12 @@ public:
 
         const bool isBelow = m_folder.startsWith(base + '/') && QFileInfo(base).isDir();
         if (!isBelow && !QFileInfo(m_folder).isDir())
-            throw HostError(fileProblem(m_folder, Texts::tr("The folder does not exist.")));
+            throw HostError(
+                fileProblem(m_folder, ArchiveJobTexts::tr("The folder does not exist.")));
         if (!QDir().mkpath(m_folder)) {
             remove();
-            throw HostError(fileProblem(m_folder, Texts::tr("The folder cannot be made.")));
+            throw HostError(
+                fileProblem(m_folder, ArchiveJobTexts::tr("The folder cannot be made.")));
         }
     }
     ~MissingFolders() { remove(); }

@@ -23,13 +23,13 @@ struct FreeEntry {
     void operator()(archive_entry* entry) const { archive_entry_free(entry); }
 };
 
-struct Texts {
+struct ArchiveWriterTexts {
     Q_DECLARE_TR_FUNCTIONS(ArchiveWriter)
 };
 
 QString cannotRead(const QString& path, const QString& reason)
 {
-    return Texts::tr("Cannot read %1: %2").arg(QDir::toNativeSeparators(path), reason);
+    return ArchiveWriterTexts::tr("Cannot read %1: %2").arg(QDir::toNativeSeparators(path), reason);
 }
 
 } // namespace

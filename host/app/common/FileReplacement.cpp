@@ -12,7 +12,7 @@
 
 namespace {
 
-struct Texts {
+struct FileReplacementTexts {
     Q_DECLARE_TR_FUNCTIONS(FileReplacement)
 };
 
@@ -23,7 +23,7 @@ FileReplacement::FileReplacement(const QString& path) : m_file(path)
     // A link may lead to a device of the system, which would be replaced.
     const QFileInfo present(path);
     if (present.exists() && !present.isFile())
-        fail(Texts::tr("It is not a file."));
+        fail(FileReplacementTexts::tr("It is not a file."));
 
     // The file is unbuffered, since QSaveFile would not notice when the last of its buffer cannot
     // be written.

@@ -18,7 +18,7 @@ using OrvanticCore::DesignFile;
 
 namespace {
 
-struct Texts {
+struct FileStateTexts {
     Q_DECLARE_TR_FUNCTIONS(FileState)
 };
 
@@ -49,12 +49,13 @@ QStringList targetDifferences(const FcfHeader& header, const Design& design)
     const ImageTarget wanted = ImageTarget::of(design);
     if (!isFor(header, wanted)) {
         const ImageTarget found = ImageTarget::of(header);
-        reasons << Texts::tr("for %1 %2, the design is for %3 %4")
+        reasons << FileStateTexts::tr("for %1 %2, the design is for %3 %4")
                        .arg(found.module, found.device, wanted.module, wanted.device);
     }
     if (wanted.slot != 0 && header.configNumber != wanted.slot)
-        reasons
-            << Texts::tr("slot %1, the design has %2").arg(header.configNumber).arg(wanted.slot);
+        reasons << FileStateTexts::tr("slot %1, the design has %2")
+                       .arg(header.configNumber)
+                       .arg(wanted.slot);
     return reasons;
 }
 
@@ -62,7 +63,8 @@ QStringList versionDifferences(const QString& made, const Design& design)
 {
     if (made.isEmpty() || made == design.versionString("."))
         return QStringList();
-    return {Texts::tr("version %1, the design has %2").arg(made, design.versionString("."))};
+    return {
+        FileStateTexts::tr("version %1, the design has %2").arg(made, design.versionString("."))};
 }
 
 /// The source of a generated file is the binary of the same name in the same folder.
@@ -73,9 +75,9 @@ QStringList binaryDifferences(const QFileInfo& file, const FcfHeader* header)
         return QStringList();
 
     if (header && header->binFileSize != binary.size())
-        return {Texts::tr("%1 has another size").arg(binary.fileName())};
+        return {FileStateTexts::tr("%1 has another size").arg(binary.fileName())};
     if (binary.lastModified() > file.lastModified())
-        return {Texts::tr("%1 has changed since").arg(binary.fileName())};
+        return {FileStateTexts::tr("%1 has changed since").arg(binary.fileName())};
     return QStringList();
 }
 
@@ -113,15 +115,15 @@ QStringList FileState::words() const
 {
     QStringList words;
     if (!invalid.isEmpty())
-        words << Texts::tr("Invalid");
+        words << FileStateTexts::tr("Invalid");
     else if (isGenerated)
-        words << Texts::tr("Generated");
+        words << FileStateTexts::tr("Generated");
     if (!outdated.isEmpty())
-        words << Texts::tr("Outdated");
+        words << FileStateTexts::tr("Outdated");
     if (isMissing)
-        words << Texts::tr("Missing");
+        words << FileStateTexts::tr("Missing");
     if (isOutside)
-        words << Texts::tr("External");
+        words << FileStateTexts::tr("External");
     return words;
 }
 

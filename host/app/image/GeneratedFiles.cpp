@@ -21,7 +21,7 @@ using Qtilities::Logging::Logger;
 
 namespace {
 
-struct Texts {
+struct GeneratedFilesTexts {
     Q_DECLARE_TR_FUNCTIONS(GeneratedFiles)
 };
 
@@ -49,7 +49,8 @@ DesignFile* fileOf(Design* design, const QString& path)
     DesignFile* const added = design->addFile(path, &error);
     if (!added)
         Logger::instance()->logPriorityMessage(
-            QString(), Logger::Error, Texts::tr("Cannot add %1").arg(fileProblem(path, error)));
+            QString(), Logger::Error,
+            GeneratedFilesTexts::tr("Cannot add %1").arg(fileProblem(path, error)));
     return added;
 }
 

@@ -11,7 +11,7 @@ using OrvanticCore::Design;
 
 namespace {
 
-struct Texts {
+struct ImageTargetTexts {
     Q_DECLARE_TR_FUNCTIONS(ImageTarget)
 };
 
@@ -65,5 +65,5 @@ ImageTarget ImageTarget::completedBy(const ImageTarget& other) const
 
 QString ImageTarget::text() const
 {
-    return Texts::tr("%1, %2, slot %3").arg(module, device, QString::number(slot));
+    return ImageTargetTexts::tr("%1, %2, slot %3").arg(module, device, QString::number(slot));
 }

@@ -18,7 +18,7 @@
 
 namespace {
 
-struct Texts {
+struct PageContentsTexts {
     Q_DECLARE_TR_FUNCTIONS(PageContents)
 };
 
@@ -126,7 +126,7 @@ private:
         const QString name =
             deviates() && place.field ? TextRules::fieldName(place.field, place.function) : "text";
         add(name, read, read, m_bytes - read,
-            deviates() ? shownText(m_reading.found) : Texts::tr("not read"));
+            deviates() ? shownText(m_reading.found) : PageContentsTexts::tr("not read"));
     }
 
     int readEnd() const
@@ -166,7 +166,7 @@ PageContents PageContents::of(const QString& path)
     PageContents contents;
     // A pipe would block the host until another program writes to it.
     if (QFileInfo::exists(path) && !QFileInfo(path).isFile()) {
-        contents.problem = Texts::tr("This is not a file.");
+        contents.problem = PageContentsTexts::tr("This is not a file.");
         return contents;
     }
 

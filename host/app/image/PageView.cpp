@@ -16,7 +16,7 @@
 
 namespace {
 
-enum Column { NameColumn, OffsetColumn, LengthColumn, ValueColumn };
+enum PageColumn { FieldColumn, OffsetColumn, LengthColumn, ValueColumn };
 
 /// In characters.
 constexpr int FieldsWidth = 30;
@@ -89,7 +89,7 @@ void PageView::showTitle(const QString& path)
 void PageView::showFields()
 {
     const QTreeWidgetItem* const before = m_fields->currentItem();
-    const QString name = before ? before->text(NameColumn) : QString();
+    const QString name = before ? before->text(FieldColumn) : QString();
     m_fields->clear();
 
     QTreeWidgetItem* current = nullptr;
@@ -101,9 +101,9 @@ void PageView::showFields()
             item->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
         item->setToolTip(ValueColumn, field.value.toHtmlEscaped());
         if (!field.problems.isEmpty()) {
-            item->setIcon(NameColumn, style()->standardIcon(QStyle::SP_MessageBoxWarning));
-            item->setToolTip(NameColumn, field.problems.join('\n').toHtmlEscaped());
-            item->setData(NameColumn, Qt::AccessibleDescriptionRole, field.problems.join('\n'));
+            item->setIcon(FieldColumn, style()->standardIcon(QStyle::SP_MessageBoxWarning));
+            item->setToolTip(FieldColumn, field.problems.join('\n').toHtmlEscaped());
+            item->setData(FieldColumn, Qt::AccessibleDescriptionRole, field.problems.join('\n'));
         }
         if (!current || field.name == name)
             current = item;

@@ -6,7 +6,6 @@
 
 namespace {
 
-const int PageBytes = 2112;
 const int BlockPages = 64;
 const int DescriptionLength = 1000;
 const QLatin1String DefaultText("0000");

@@ -11,6 +11,9 @@
 
 #include <functional>
 
+/// The least that the header takes of an image.
+const int PageBytes = 2112;
+
 /// Something that is noticed while an action goes on, with the window and the files as they are at
 /// that moment.
 struct Observation {

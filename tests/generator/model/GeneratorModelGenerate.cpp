@@ -8,7 +8,6 @@
 
 namespace {
 
-const int PageBytes = 2112;
 const char TextOfFilling[] = "\xC3\xAF\xC2\xBF\xC2\xBD";
 
 QString withExtension(const QString& path, const char* extension)

@@ -213,10 +213,6 @@ void AccidentsTest::opensNoMenuOfAPaneBehindAnother()
     QTRY_VERIFY(properties->widget()->isEnabled());
 }
 
-int main(int argc, char** argv)
-{
-    AccidentsTest test;
-    return runHostTest(&test, argc, argv);
-}
+HOST_TEST(AccidentsTest)
 
 #include "AccidentsTest.moc"

@@ -1,4 +1,5 @@
 #include "host/app/Catalogues.h"
+#include "support/TestProgram.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -38,7 +39,7 @@ void CataloguesTest::installsTheCatalogueBesideAPlugin()
     QCOMPARE(translated("Generate"), QString("Erzeugen"));
 }
 
-int main(int argc, char** argv)
+ZORV_TEST_MAIN(CataloguesTest)
 {
     // Made by scripts/setup.
     qputenv("LC_ALL", "de_DE.UTF-8");

@@ -345,10 +345,6 @@ void DesignFlowTest::offersNothingInADesignOfAnotherType()
     menu->close();
 }
 
-int main(int argc, char** argv)
-{
-    DesignFlowTest test;
-    return runHostTest(&test, argc, argv);
-}
+HOST_TEST(DesignFlowTest)
 
 #include "DesignFlowTest.moc"

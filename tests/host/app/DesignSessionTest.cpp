@@ -1,4 +1,5 @@
 #include "host/app/DesignSession.h"
+#include "support/TestProgram.h"
 
 #include "host/app/DesignStorage.h"
 #include "host/HostErrorOf.h"
@@ -99,5 +100,5 @@ void DesignSessionTest::opensNothingThatIsDamaged()
     QVERIFY(DesignManager::instance()->designs().isEmpty());
 }
 
-QTEST_GUILESS_MAIN(DesignSessionTest)
+ZORV_TEST(DesignSessionTest)
 #include "DesignSessionTest.moc"

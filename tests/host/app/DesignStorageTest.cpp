@@ -2,6 +2,7 @@
 #include "host/HostErrorOf.h"
 #include "support/FullDisk.h"
 #include "support/TestFile.h"
+#include "support/TestProgram.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
@@ -272,5 +273,5 @@ void DesignStorageTest::replacesADescriptionAsAWhole()
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList("design.json"));
 }
 
-QTEST_GUILESS_MAIN(DesignStorageTest)
+ZORV_TEST(DesignStorageTest)
 #include "DesignStorageTest.moc"

@@ -337,10 +337,6 @@ void FileStateTest::waitsForAFileThatIsBeingReplaced()
     QVERIFY(report->toPlainText().contains("as in the digest file"));
 }
 
-int main(int argc, char** argv)
-{
-    FileStateTest test;
-    return runHostTest(&test, argc, argv);
-}
+HOST_TEST(FileStateTest)
 
 #include "FileStateTest.moc"

@@ -19,7 +19,7 @@ namespace {
 
 constexpr int RowBytes = 16;
 
-using Change = std::function<void(QByteArray*)>;
+using PageChange = std::function<void(QByteArray*)>;
 
 /// A host with a design in which "top.fcf" is selected and its header page is shown.
 class PageHost : public HostFixture {
@@ -123,7 +123,7 @@ private:
 
 } // namespace
 
-Q_DECLARE_METATYPE(Change)
+Q_DECLARE_METATYPE(PageChange)
 
 /// The header page of an image as bytes and as fields.
 class HeaderPageTest : public QObject {
@@ -276,7 +276,7 @@ void HeaderPageTest::followsTheKeysInBothViews()
 
 void HeaderPageTest::showsWhatCanBeReadOfADamagedPage_data()
 {
-    QTest::addColumn<Change>("change");
+    QTest::addColumn<PageChange>("change");
     QTest::addColumn<int>("bytes");
     QTest::addColumn<QString>("last");
     QTest::addColumn<QString>("reason");
@@ -287,36 +287,36 @@ void HeaderPageTest::showsWhatCanBeReadOfADamagedPage_data()
     const int page = int(image.size()) - 5000;
 
     QTest::newRow("cut within a number")
-        << Change([](QByteArray* bytes) { bytes->truncate(42); }) << 42 << "text|40|2|not read"
+        << PageChange([](QByteArray* bytes) { bytes->truncate(42); }) << 42 << "text|40|2|not read"
         << "it ends before the text";
-    QTest::newRow("cut within a text") << Change([](QByteArray* bytes) { bytes->truncate(95); })
+    QTest::newRow("cut within a text") << PageChange([](QByteArray* bytes) { bytes->truncate(95); })
                                        << 95 << "ciNumber|83|12|CI No: CI-77"
                                        << "a line feed at the end of the line";
     QTest::newRow("a damaged label")
-        << Change([time](QByteArray* bytes) { (*bytes)[time] = 'L'; }) << 2112
+        << PageChange([time](QByteArray* bytes) { (*bytes)[time] = 'L'; }) << 2112
         << QString("time|%1|%2|Lime: 01:02:03").arg(time).arg(2112 - time) << "Lime: 01:02:03";
     QTest::newRow("no text of the encoding")
-        << Change([beam](QByteArray* bytes) { (*bytes)[beam + 3] = '\xff'; }) << 2112
+        << PageChange([beam](QByteArray* bytes) { (*bytes)[beam + 3] = '\xff'; }) << 2112
         << "functions[2].author"
         << "text that can be decoded";
     QTest::newRow("a text without an end")
-        << Change([](QByteArray* bytes) { bytes->replace("\n----\n", "\n-x--\n"); }) << 2112
+        << PageChange([](QByteArray* bytes) { bytes->replace("\n----\n", "\n-x--\n"); }) << 2112
         << "functions[4].name"
         << "-x--";
     QTest::newRow("a damaged filler")
-        << Change([page](QByteArray* bytes) { (*bytes)[page - 1] = 'F'; }) << page << "filler"
+        << PageChange([page](QByteArray* bytes) { (*bytes)[page - 1] = 'F'; }) << page << "filler"
         << "is not what fills a header page";
-    QTest::newRow("a wrong size") << Change([](QByteArray* bytes) { (*bytes)[11] = 3; }) << page
+    QTest::newRow("a wrong size") << PageChange([](QByteArray* bytes) { (*bytes)[11] = 3; }) << page
                                   << "totalSize"
                                   << "does not agree with a payload of 5000 bytes";
-    QTest::newRow("another file") << Change([](QByteArray* bytes) { bytes->fill('x', 9000); })
+    QTest::newRow("another file") << PageChange([](QByteArray* bytes) { bytes->fill('x', 9000); })
                                   << 2112 << "text"
                                   << "is no FCF";
 }
 
 void HeaderPageTest::showsWhatCanBeReadOfADamagedPage()
 {
-    QFETCH(Change, change);
+    QFETCH(PageChange, change);
     QFETCH(int, bytes);
     QFETCH(QString, last);
     QFETCH(QString, reason);
@@ -411,10 +411,6 @@ void HeaderPageTest::namesBytesForScreenReaders()
     QVERIFY(!host.bytes()->model()->flags(host.cell(page)).testFlag(Qt::ItemIsEnabled));
 }
 
-int main(int argc, char** argv)
-{
-    HeaderPageTest test;
-    return runHostTest(&test, argc, argv);
-}
+HOST_TEST(HeaderPageTest)
 
 #include "HeaderPageTest.moc"

@@ -174,10 +174,6 @@ void HostArchiveTest::writesTheSameFilesInGerman()
     QCOMPARE(buttons.button(QDialogButtonBox::Close)->text(), QString("Schließen"));
 }
 
-int main(int argc, char** argv)
-{
-    HostArchiveTest test;
-    return runHostTest(&test, argc, argv);
-}
+HOST_TEST(HostArchiveTest)
 
 #include "HostArchiveTest.moc"

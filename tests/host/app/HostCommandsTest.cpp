@@ -399,10 +399,6 @@ void HostCommandsTest::fitsTheScreen()
     QVERIFY(host.window()->height() <= available.height());
 }
 
-int main(int argc, char** argv)
-{
-    HostCommandsTest test;
-    return runHostTest(&test, argc, argv);
-}
+HOST_TEST(HostCommandsTest)
 
 #include "HostCommandsTest.moc"

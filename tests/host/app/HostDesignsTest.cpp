@@ -21,8 +21,6 @@ using OrvanticCore::DesignManager;
 
 namespace {
 
-int openDesigns() { return DesignManager::instance()->designs().count(); }
-
 Design* lastDesign()
 {
     return openDesigns() == 0 ? nullptr
@@ -338,10 +336,6 @@ void HostDesignsTest::remembersItsGeometry()
     QTRY_COMPARE(host.window()->size(), QSize(720, 540));
 }
 
-int main(int argc, char** argv)
-{
-    HostDesignsTest test;
-    return runHostTest(&test, argc, argv);
-}
+HOST_TEST(HostDesignsTest)
 
 #include "HostDesignsTest.moc"

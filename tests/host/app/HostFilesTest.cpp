@@ -322,10 +322,6 @@ void HostFilesTest::warnsOfAValueThatTheGeneratorDoesNotKnow()
     QVERIFY(view->model()->index(0, 1).data(Qt::DecorationRole).isNull());
 }
 
-int main(int argc, char** argv)
-{
-    HostFilesTest test;
-    return runHostTest(&test, argc, argv);
-}
+HOST_TEST(HostFilesTest)
 
 #include "HostFilesTest.moc"

@@ -235,6 +235,8 @@ QWidget* HostFixture::generator()
     return nullptr;
 }
 
+int openDesigns() { return DesignManager::instance()->designs().count(); }
+
 int runHostTest(QObject* test, int argc, char** argv)
 {
     QtilitiesApplication application(argc, argv);

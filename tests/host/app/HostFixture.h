@@ -3,6 +3,7 @@
 
 #include "host/app/MainWindow.h"
 #include "support/ModalAnswer.h"
+#include "support/TestProgram.h"
 
 #include <QMenu>
 #include <QScopedPointer>
@@ -86,7 +87,18 @@ private:
     QScopedPointer<MainWindow> m_window;
 };
 
+/// How many designs are open.
+int openDesigns();
+
 /// Runs the tests of \p test in an application of the framework's.
 int runHostTest(QObject* test, int argc, char** argv);
+
+/// For the tests of class Test in the windows of the host.
+#define HOST_TEST(Test)                                                                            \
+    ZORV_TEST_MAIN(Test)                                                                           \
+    {                                                                                              \
+        Test test;                                                                                 \
+        return runHostTest(&test, argc, argv);                                                     \
+    }
 
 #endif

@@ -144,10 +144,6 @@ void HostFrameTest::letsKeyboardAndScreenReaderWorkInEveryWindow()
     QVERIFY2(problems.isEmpty(), qPrintable(problems.join("\n")));
 }
 
-int main(int argc, char** argv)
-{
-    HostFrameTest test;
-    return runHostTest(&test, argc, argv);
-}
+HOST_TEST(HostFrameTest)
 
 #include "HostFrameTest.moc"

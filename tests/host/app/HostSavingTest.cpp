@@ -12,8 +12,6 @@ namespace {
 
 const QByteArray ByAnother = R"({ "format": 1, "type": "Firmware Design" })";
 
-int openDesigns() { return DesignManager::instance()->designs().count(); }
-
 } // namespace
 
 /// Saving a design whose description another program writes too, or whose folder is gone.
@@ -175,10 +173,6 @@ void HostSavingTest::reportsAFolderThatIsGone()
     QVERIFY(host.bytesOf("radar/design.json").contains("\"major\": 7"));
 }
 
-int main(int argc, char** argv)
-{
-    HostSavingTest test;
-    return runHostTest(&test, argc, argv);
-}
+HOST_TEST(HostSavingTest)
 
 #include "HostSavingTest.moc"

@@ -291,10 +291,6 @@ void HostViewTest::showsAFileWithAnUnknownNodeUnderItsDesign()
     QCOMPARE(host.row("odd.bin").at(1), QString("Missing"));
 }
 
-int main(int argc, char** argv)
-{
-    HostViewTest test;
-    return runHostTest(&test, argc, argv);
-}
+HOST_TEST(HostViewTest)
 
 #include "HostViewTest.moc"

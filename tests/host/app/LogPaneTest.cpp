@@ -215,10 +215,6 @@ void LogPaneTest::showsTheErrorsByAKey()
     QTRY_VERIFY(host.list()->hasFocus());
 }
 
-int main(int argc, char** argv)
-{
-    LogPaneTest test;
-    return runHostTest(&test, argc, argv);
-}
+HOST_TEST(LogPaneTest)
 
 #include "LogPaneTest.moc"

@@ -412,10 +412,6 @@ void MonkeyTest::survivesWhateverIsDone()
     QVERIFY2(problem.isEmpty(), qPrintable(QString("Seed %1: %2").arg(seed).arg(problem)));
 }
 
-int main(int argc, char** argv)
-{
-    MonkeyTest test;
-    return runHostTest(&test, argc, argv);
-}
+HOST_TEST(MonkeyTest)
 
 #include "MonkeyTest.moc"

@@ -155,10 +155,6 @@ void PanesTest::givesTheHeaderPageRoom()
     QVERIFY(page->height() < before);
 }
 
-int main(int argc, char** argv)
-{
-    PanesTest test;
-    return runHostTest(&test, argc, argv);
-}
+HOST_TEST(PanesTest)
 
 #include "PanesTest.moc"

@@ -290,10 +290,6 @@ void PropertyEditorTest::savesValuesWithTheDesign()
     QCOMPARE(cell(host, 1, 1).data().toString(), QString("Interface_FPGA"));
 }
 
-int main(int argc, char** argv)
-{
-    PropertyEditorTest test;
-    return runHostTest(&test, argc, argv);
-}
+HOST_TEST(PropertyEditorTest)
 
 #include "PropertyEditorTest.moc"

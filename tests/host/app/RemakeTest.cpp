@@ -487,10 +487,6 @@ void RemakeTest::stopsBehindTheCurrentImage()
     QCOMPARE(host.header("second.fcf").versionMinor, 0);
 }
 
-int main(int argc, char** argv)
-{
-    RemakeTest test;
-    return runHostTest(&test, argc, argv);
-}
+HOST_TEST(RemakeTest)
 
 #include "RemakeTest.moc"

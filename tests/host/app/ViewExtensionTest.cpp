@@ -101,10 +101,6 @@ void ViewExtensionTest::showsDataAndIconsOfExtensions()
     QCOMPARE(icon.pixmap(16, 16).toImage().pixelColor(8, 8), QColor(Qt::magenta));
 }
 
-int main(int argc, char** argv)
-{
-    ViewExtensionTest test;
-    return runHostTest(&test, argc, argv);
-}
+HOST_TEST(ViewExtensionTest)
 
 #include "ViewExtensionTest.moc"

@@ -1,4 +1,5 @@
 #include "host/archive/ArchivedDesign.h"
+#include "support/TestProgram.h"
 
 #include "host/app/archive/ArchiveDestination.h"
 
@@ -95,5 +96,5 @@ void ArchiveDestinationTest::leavesPathsAloneWithoutADesign()
     QVERIFY(!destination.isOfDesign("design.json"));
 }
 
-QTEST_GUILESS_MAIN(ArchiveDestinationTest)
+ZORV_TEST(ArchiveDestinationTest)
 #include "ArchiveDestinationTest.moc"

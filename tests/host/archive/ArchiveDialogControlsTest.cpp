@@ -1,5 +1,6 @@
 #include "host/archive/ArchivedDesign.h"
 #include "host/archive/NotingExtension.h"
+#include "support/TestProgram.h"
 
 #include "host/app/archive/ArchiveDialog.h"
 #include "support/ModalAnswer.h"
@@ -372,5 +373,5 @@ void ArchiveDialogControlsTest::closesWithEscape()
     QVERIFY(!QFileInfo::exists(bench->path("radar.zip")));
 }
 
-QTEST_MAIN(ArchiveDialogControlsTest)
+ZORV_WINDOW_TEST(ArchiveDialogControlsTest)
 #include "ArchiveDialogControlsTest.moc"

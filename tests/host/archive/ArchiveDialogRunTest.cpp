@@ -1,6 +1,7 @@
 #include "host/archive/ArchivedDesign.h"
 #include "host/archive/NotingExtension.h"
 #include "host/archive/Unpacked.h"
+#include "support/TestProgram.h"
 
 #include "host/app/archive/ArchiveDialog.h"
 #include "support/FolderOpener.h"
@@ -414,5 +415,5 @@ void ArchiveDialogRunTest::showsTheArchiveInItsFolder()
     QCOMPARE(opener.opened, QStringList(bench->path("").chopped(1)));
 }
 
-QTEST_MAIN(ArchiveDialogRunTest)
+ZORV_WINDOW_TEST(ArchiveDialogRunTest)
 #include "ArchiveDialogRunTest.moc"

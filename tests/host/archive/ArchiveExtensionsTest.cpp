@@ -1,4 +1,5 @@
 #include "host/archive/NotingExtension.h"
+#include "support/TestProgram.h"
 
 #include "host/app/archive/ArchiveExtensions.h"
 
@@ -60,5 +61,5 @@ void ArchiveExtensionsTest::listsWhatIsMeantForTheDesign()
     QCOMPARE(archiveExtensionsFor(&m_design).contains(&extension), offered);
 }
 
-QTEST_MAIN(ArchiveExtensionsTest)
+ZORV_WINDOW_TEST(ArchiveExtensionsTest)
 #include "ArchiveExtensionsTest.moc"

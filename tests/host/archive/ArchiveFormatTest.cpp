@@ -1,4 +1,5 @@
 #include "host/app/archive/ArchiveDestination.h"
+#include "support/TestProgram.h"
 
 #include <OrvanticCore/Design.h>
 
@@ -93,5 +94,5 @@ void ArchiveFormatTest::putsASuffixInFrontOfTheExtension()
     QTEST(destination.withVersion(path, false), "without");
 }
 
-QTEST_GUILESS_MAIN(ArchiveFormatTest)
+ZORV_TEST(ArchiveFormatTest)
 #include "ArchiveFormatTest.moc"

@@ -1,5 +1,6 @@
 #include "host/archive/ArchivedDesign.h"
 #include "host/archive/Unpacked.h"
+#include "support/TestProgram.h"
 
 #include "host/app/archive/ArchiveJob.h"
 #include "support/FullDisk.h"
@@ -299,5 +300,5 @@ void ArchiveJobTest::reportsItsProgress()
     QCOMPARE(job.outcome(), ArchiveJob::Written);
 }
 
-QTEST_GUILESS_MAIN(ArchiveJobTest)
+ZORV_TEST(ArchiveJobTest)
 #include "ArchiveJobTest.moc"

@@ -1,4 +1,5 @@
 #include "host/archive/ArchivedDesign.h"
+#include "support/TestProgram.h"
 
 #include "host/app/archive/ArchivePlan.h"
 #include "host/app/common/HostError.h"
@@ -248,5 +249,5 @@ void ArchivePlanTest::listsSeveralProblemsButNotAll()
     QCOMPARE(lines.constLast(), QString("and 3 more"));
 }
 
-QTEST_GUILESS_MAIN(ArchivePlanTest)
+ZORV_TEST(ArchivePlanTest)
 #include "ArchivePlanTest.moc"

@@ -1,5 +1,6 @@
 #include "host/archive/ArchivedDesign.h"
 #include "host/archive/Unpacked.h"
+#include "support/TestProgram.h"
 
 #include "host/app/archive/ArchivePlan.h"
 #include "host/app/archive/ArchiveWriter.h"
@@ -315,5 +316,5 @@ void ArchiveWriterTest::leavesTheLocaleAsItWas()
     QCOMPARE(uselocale(nullptr), before);
 }
 
-QTEST_GUILESS_MAIN(ArchiveWriterTest)
+ZORV_TEST(ArchiveWriterTest)
 #include "ArchiveWriterTest.moc"

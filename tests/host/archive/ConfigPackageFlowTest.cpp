@@ -1,5 +1,6 @@
 #include "host/archive/ArchivedDesign.h"
 #include "host/archive/Unpacked.h"
+#include "support/TestProgram.h"
 
 #include "host/app/archive/ArchiveDialog.h"
 #include "support/ModalAnswer.h"
@@ -276,7 +277,7 @@ void ConfigPackageFlowTest::runsAsTheHostOpensIt()
     QCOMPARE(answers.texts(), QStringList("Archive \"radar\""));
 }
 
-int main(int argc, char** argv)
+ZORV_TEST_MAIN(ConfigPackageFlowTest)
 {
     QtilitiesApplication application(argc, argv);
     ConfigPackageFlowTest test;

@@ -1,3 +1,5 @@
+#include "support/TestProgram.h"
+
 #include <OrvanticCore/DesignStructure.h>
 
 #include <QtTest>
@@ -113,5 +115,5 @@ void DesignStructureTest::passesOverAssociationsWithoutAFolder()
     QCOMPARE(structure.mapFileNameToWorkingFolderPath("*.bit", "", "other"), QString("binaries"));
 }
 
-QTEST_GUILESS_MAIN(DesignStructureTest)
+ZORV_TEST(DesignStructureTest)
 #include "DesignStructureTest.moc"

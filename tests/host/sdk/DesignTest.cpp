@@ -1,3 +1,5 @@
+#include "support/TestProgram.h"
+
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
 #include <OrvanticCore/DesignFolder.h>
@@ -427,5 +429,5 @@ void DesignTest::hasASettingsFile()
     QVERIFY(manager->settingsFilePath() != "/some/host.ini");
 }
 
-QTEST_GUILESS_MAIN(DesignTest)
+ZORV_TEST(DesignTest)
 #include "DesignTest.moc"

@@ -1,3 +1,5 @@
+#include "support/TestProgram.h"
+
 #include <QtCreatorUtilities/DetailsWidget.h>
 
 #include <QLabel>
@@ -78,5 +80,5 @@ void DetailsWidgetTest::ownsItsBody()
     QVERIFY(!second);
 }
 
-QTEST_MAIN(DetailsWidgetTest)
+ZORV_WINDOW_TEST(DetailsWidgetTest)
 #include "DetailsWidgetTest.moc"

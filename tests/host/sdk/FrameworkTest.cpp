@@ -1,3 +1,5 @@
+#include "support/TestProgram.h"
+
 #include <QtilitiesCore/IObjectBase.h>
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 #include <QtilitiesExtensionSystem/ExtensionSystemCore.h>
@@ -254,7 +256,7 @@ void FrameworkTest::mainWindowMayBeDeletedAtAnyTime()
     QVERIFY(!QtilitiesApplication::mainWindow());
 }
 
-int main(int argc, char** argv)
+ZORV_TEST_MAIN(FrameworkTest)
 {
     QtilitiesApplication application(argc, argv);
     FrameworkTest test;

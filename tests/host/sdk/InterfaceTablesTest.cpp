@@ -1,3 +1,5 @@
+#include "support/TestProgram.h"
+
 #include <OrvanticCore/DesignArchiveOutputParserDialog.h>
 #include <OrvanticCore/IDesign.h>
 #include <OrvanticCore/IDesignArchiveExtension.h>
@@ -210,5 +212,5 @@ void InterfaceTablesTest::files()
     QCOMPARE(placesOf(&TreeFileItem::filePath, &TreeFileItem::exists), from(OfObjects + 2, 2));
 }
 
-QTEST_GUILESS_MAIN(InterfaceTablesTest)
+ZORV_TEST(InterfaceTablesTest)
 #include "InterfaceTablesTest.moc"

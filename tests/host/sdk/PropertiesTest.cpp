@@ -1,3 +1,5 @@
+#include "support/TestProgram.h"
+
 #include <QtilitiesCore/IAvailablePropertyProvider.h>
 #include <QtilitiesCore/ObjectManager.h>
 
@@ -104,5 +106,5 @@ void PropertiesTest::comparesAnnouncedProperties()
     QVERIFY(!(one == other));
 }
 
-QTEST_GUILESS_MAIN(PropertiesTest)
+ZORV_TEST(PropertiesTest)
 #include "PropertiesTest.moc"

@@ -1,3 +1,5 @@
+#include "support/TestProgram.h"
+
 #include <QtilitiesCoreGui/TreeFileItem.h>
 #include <QtilitiesCoreGui/TreeNode.h>
 
@@ -230,5 +232,5 @@ void TreeTest::knowsWhetherAFileExists()
     QVERIFY(item.exists());
 }
 
-QTEST_GUILESS_MAIN(TreeTest)
+ZORV_TEST(TreeTest)
 #include "TreeTest.moc"
