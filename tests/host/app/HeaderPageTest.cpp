@@ -19,7 +19,10 @@ namespace {
 
 constexpr int RowBytes = 16;
 
-using PageChange = std::function<void(QByteArray*)>;
+/// A type of its own, since other tests have changes as well.
+struct PageChange : std::function<void(QByteArray*)> {
+    using function::function;
+};
 
 /// A host with a design in which "top.fcf" is selected and its header page is shown.
 class PageHost : public HostFixture {
