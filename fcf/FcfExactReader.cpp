@@ -100,6 +100,7 @@ private:
                                tr("a line feed without a carriage return at the end of the line"),
                                line);
             *value += QLatin1Char('\n') + line;
+            m_reading->spans.last().length = lineEnd() - m_reading->spans.last().offset;
         }
     }
 
@@ -116,7 +117,8 @@ private:
         const QString prefix = prefixOf(field);
         if (!line.startsWith(prefix))
             return deviate(field.name, function, prefix, line);
-        const FcfSpan span = {field.name, function, m_source->lineOffset() + int(prefix.size())};
+        const int offset = m_source->lineOffset() + int(prefix.size());
+        const FcfSpan span = {field.name, function, offset, lineEnd() - offset};
         m_reading->spans.append(span);
         return isWhole(field.name, function, line);
     }
@@ -131,12 +133,16 @@ private:
 
     bool deviate(const char* field, int function, const QString& expected, const QString& found)
     {
-        const FcfSpan span = {field, function, m_source->lineOffset()};
+        const int offset = m_source->lineOffset();
+        const FcfSpan span = {field, function, offset, lineEnd() - offset};
         m_reading->deviation = span;
         m_reading->expected = expected;
         m_reading->found = found;
         return false;
     }
+
+    /// Where the line taken last ends, without its line feed.
+    int lineEnd() const { return m_source->position() - (m_source->lineIsEnded() ? 1 : 0); }
 
     FcfLineSource* m_source;
     FcfExactReading* m_reading;

@@ -17,6 +17,8 @@ struct FcfSpan {
     int function;
     /// Where the value starts, in bytes from the start of the page.
     int offset;
+    /// Bytes of the value that were read, with the line feeds in it but not the one that ends it.
+    int length;
 };
 
 /// What an exact reading found: all that shows whether a page is what a writer wrote.
@@ -46,7 +48,7 @@ struct FcfExactReading {
 
     /// Where the reading came to its end, what should have been there, and what was found. Set
     /// when it Deviates.
-    FcfSpan deviation = {nullptr, -1, 0};
+    FcfSpan deviation = {nullptr, -1, 0, 0};
     QString expected;
     QString found;
 };

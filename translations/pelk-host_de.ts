@@ -375,7 +375,7 @@ Soll das Design unter diesem Namen archiviert werden?</translation>
     </message>
     <message>
         <source>&amp;Add Property</source>
-        <translation>Eigenschaft &amp;hinzufügen</translation>
+        <translation>Ei&amp;genschaft hinzufügen</translation>
     </message>
     <message>
         <source>&amp;Remove</source>
@@ -865,6 +865,18 @@ Qt %2</translation>
         <source>NOT VALID</source>
         <translation>NICHT GÜLTIG</translation>
     </message>
+    <message>
+        <source>Header Pa&amp;ge</source>
+        <translation>Kop&amp;fseite</translation>
+    </message>
+    <message>
+        <source>Show the header page as bytes and fields</source>
+        <translation>Die Kopfseite als Bytes und Felder zeigen</translation>
+    </message>
+    <message>
+        <source>Another program is just replacing files of this folder.</source>
+        <translation>Ein anderes Programm ersetzt gerade Dateien in diesem Ordner.</translation>
+    </message>
 </context>
 <context>
     <name>ImageTarget</name>
@@ -960,7 +972,23 @@ Qt %2</translation>
     </message>
 </context>
 <context>
-    <name>LogPane</name>
+    <name>LogList</name>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Fatal</source>
+        <translation>Fatal</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>Info</translation>
+    </message>
     <message>
         <source>Log</source>
         <translation>Protokoll</translation>
@@ -977,6 +1005,9 @@ Qt %2</translation>
         <source>Message</source>
         <translation>Meldung</translation>
     </message>
+</context>
+<context>
+    <name>LogPane</name>
     <message>
         <source>&amp;Copy</source>
         <translation>&amp;Kopieren</translation>
@@ -986,20 +1017,58 @@ Qt %2</translation>
         <translation>Protokoll &amp;leeren</translation>
     </message>
     <message>
-        <source>Info</source>
-        <translation>Info</translation>
+        <source>&amp;Information</source>
+        <translation>&amp;Meldungen</translation>
     </message>
     <message>
-        <source>Warning</source>
-        <translation>Warnung</translation>
+        <source>Show information</source>
+        <translation>Meldungen zeigen</translation>
     </message>
     <message>
-        <source>Error</source>
-        <translation>Fehler</translation>
+        <source>&amp;Warnings</source>
+        <translation>&amp;Warnungen</translation>
     </message>
     <message>
-        <source>Fatal</source>
-        <translation>Fatal</translation>
+        <source>Show warnings</source>
+        <translation>Warnungen zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Errors</source>
+        <translation>&amp;Fehler</translation>
+    </message>
+    <message>
+        <source>Show errors</source>
+        <translation>Fehler zeigen</translation>
+    </message>
+    <message>
+        <source>W&amp;rap</source>
+        <translation>&amp;Umbrechen</translation>
+    </message>
+    <message>
+        <source>Show long messages on several lines</source>
+        <translation>Lange Meldungen auf mehreren Zeilen zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>&amp;Speichern...</translation>
+    </message>
+    <message>
+        <source>Save the messages that are shown</source>
+        <translation>Die gezeigten Meldungen speichern</translation>
+    </message>
+    <message>
+        <source>Save Log</source>
+        <translation>Protokoll speichern</translation>
+    </message>
+    <message>
+        <source>Text files (*.txt)</source>
+        <translation>Textdateien (*.txt)</translation>
+    </message>
+    <message>
+        <source>The log is not saved.
+%1</source>
+        <translation>Das Protokoll ist nicht gespeichert.
+%1</translation>
     </message>
 </context>
 <context>
@@ -1079,6 +1148,46 @@ Qt %2</translation>
     <message>
         <source>%1 designs are open. The generator is filled in, and adds its files, only when one is.</source>
         <translation>%1 Designs sind offen. Nur wenn eines offen ist, wird der Generator ausgefüllt und werden seine Dateien aufgenommen.</translation>
+    </message>
+    <message>
+        <source>Header Page</source>
+        <translation>Kopfseite</translation>
+    </message>
+    <message>
+        <source>Design &amp;Properties</source>
+        <translation>Design-&amp;Eigenschaften</translation>
+    </message>
+    <message>
+        <source>I&amp;mage</source>
+        <translation>&amp;Image</translation>
+    </message>
+    <message>
+        <source>&amp;Header Page</source>
+        <translation>&amp;Kopfseite</translation>
+    </message>
+    <message>
+        <source>&amp;Log</source>
+        <translation>&amp;Protokoll</translation>
+    </message>
+    <message>
+        <source>&amp;Tool Bar</source>
+        <translation>&amp;Werkzeugleiste</translation>
+    </message>
+    <message>
+        <source>&amp;Errors in the Log</source>
+        <translation>&amp;Fehler im Protokoll</translation>
+    </message>
+    <message>
+        <source>Show the errors in the log (Ctrl+E)</source>
+        <translation>Die Fehler im Protokoll zeigen (Strg+E)</translation>
+    </message>
+    <message>
+        <source>1 error</source>
+        <translation>1 Fehler</translation>
+    </message>
+    <message>
+        <source>%1 errors</source>
+        <translation>%1 Fehler</translation>
     </message>
 </context>
 <context>
@@ -1190,6 +1299,90 @@ Qt %2</translation>
     <message>
         <source>the node</source>
         <translation>der Knoten</translation>
+    </message>
+</context>
+<context>
+    <name>PageBytesModel</name>
+    <message>
+        <source>%1: 0x%2 at offset %3 (0x%4)</source>
+        <translation>%1: 0x%2 an Position %3 (0x%4)</translation>
+    </message>
+</context>
+<context>
+    <name>PageContents</name>
+    <message>
+        <source>not read</source>
+        <translation>nicht gelesen</translation>
+    </message>
+    <message>
+        <source>This is not a file.</source>
+        <translation>Dies ist keine Datei.</translation>
+    </message>
+</context>
+<context>
+    <name>PageView</name>
+    <message>
+        <source>Select an image or a companion.</source>
+        <translation>Ein Image oder eine Begleitdatei auswählen.</translation>
+    </message>
+    <message>
+        <source>Bytes of the header page</source>
+        <translation>Bytes der Kopfseite</translation>
+    </message>
+    <message>
+        <source>Fields of the header page</source>
+        <translation>Felder der Kopfseite</translation>
+    </message>
+    <message>
+        <source>Field</source>
+        <translation>Feld</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Bytes</source>
+        <translation>Bytes</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>%1: header page of %2 bytes</source>
+        <translation>%1: Kopfseite von %2 Bytes</translation>
+    </message>
+    <message>
+        <source>%1: NOT VALID, %2</source>
+        <translation>%1: NICHT GÜLTIG, %2</translation>
+    </message>
+</context>
+<context>
+    <name>Panes</name>
+    <message>
+        <source>&amp;Go To</source>
+        <translation>&amp;Gehe zu</translation>
+    </message>
+    <message>
+        <source>&amp;Designs</source>
+        <translation>&amp;Designs</translation>
+    </message>
+    <message>
+        <source>&amp;Next Pane</source>
+        <translation>&amp;Nächster Bereich</translation>
+    </message>
+    <message>
+        <source>Pre&amp;vious Pane</source>
+        <translation>&amp;Voriger Bereich</translation>
+    </message>
+    <message>
+        <source>Next &amp;Tab</source>
+        <translation>Nächster &amp;Reiter</translation>
+    </message>
+    <message>
+        <source>Previous Ta&amp;b</source>
+        <translation>Voriger Rei&amp;ter</translation>
     </message>
 </context>
 <context>

@@ -31,6 +31,8 @@ DesignView::DesignView(DesignModel* model, QWidget* parent) : QTreeView(parent),
     setDragDropMode(QAbstractItemView::DragOnly);
     setTextElideMode(Qt::ElideMiddle);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    // In a narrow view the dates would be cut off in place of scrolled.
+    header()->setStretchLastSection(false);
 
     connect(model, &DesignModel::aboutToRebuild, this, &DesignView::rememberRows);
     connect(model, &DesignModel::rebuilt, this, &DesignView::restoreRows);

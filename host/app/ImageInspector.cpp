@@ -8,6 +8,7 @@
 #include "tool/files/Digest.h"
 #include "tool/files/DigestList.h"
 #include "tool/files/FileCompare.h"
+#include "tool/files/FolderLock.h"
 #include "tool/files/InputOpener.h"
 
 #include <QApplication>
@@ -20,6 +21,9 @@
 #include <QPushButton>
 #include <QTextBrowser>
 #include <QTextCodec>
+#include <QTimer>
+
+#include <optional>
 
 namespace {
 
@@ -27,12 +31,15 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(ImageInspector)
 };
 
+constexpr int LookAgainMs = 100;
+
 const CopyObserver Unobserved = [](const char*, qint64) {};
 
 class Inspection {
 public:
-    Inspection(const InputFile& file, ImageReport* report)
-        : m_file(file), m_report(report), m_codec(QTextCodec::codecForLocale())
+    /// \p digests is the digest file beside the image; null if there is none.
+    Inspection(const InputFile& file, const QByteArray& digests, ImageReport* report)
+        : m_file(file), m_digests(digests), m_report(report), m_codec(QTextCodec::codecForLocale())
     {
     }
 
@@ -104,14 +111,17 @@ private:
                        m_codec, &m_findings)
             .check(page);
         compareBinary(page);
+        if (!m_digests.isNull())
+            checkDigest(page);
+    }
 
-        QFile file(Digest::pathFor(m_file.path()));
-        if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
-            return;
+    void checkDigest(const HeaderPage& page)
+    {
         const auto digest = Digest::of({&m_file, 0, page.imageBytes(), {}}, Unobserved);
         if (!m_findings.accept(digest.map([](auto) {})))
             return;
-        const DigestList list(file.read(DigestList::MaximumBytes), QFileInfo(file).path());
+        const QFileInfo file(Digest::pathFor(m_file.path()));
+        const DigestList list(m_digests, file.path());
         bool isNoted = false;
         for (const DigestList::Entry& entry : list.entriesOfName(m_file.path()))
             isNoted = isNoted || entry.digest == *digest;
@@ -119,9 +129,9 @@ private:
         add(Texts::tr("SHA-256"),
             isNoted ? Texts::tr("%1, as in the digest file").arg(text) : text);
         if (!isNoted)
-            m_findings.error(ExitCode::NotValid, QString(), QString(),
-                             Texts::tr("The digest in %1 is that of another file.")
-                                 .arg(QFileInfo(file).fileName()));
+            m_findings.error(
+                ExitCode::NotValid, QString(), QString(),
+                Texts::tr("The digest in %1 is that of another file.").arg(file.fileName()));
     }
 
     /// Compares the payload, or the size in a companion, with the binary beside the file. Another
@@ -163,10 +173,21 @@ private:
     }
 
     const InputFile& m_file;
+    QByteArray m_digests;
     ImageReport* m_report;
     QTextCodec* m_codec;
     Findings m_findings;
 };
+
+/// The digest file beside the image at \p path; null if there is none.
+QByteArray digestsBeside(const QString& path)
+{
+    QFile file(Digest::pathFor(path));
+    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
+        return QByteArray();
+    const QByteArray digests = file.read(DigestList::MaximumBytes);
+    return digests.isNull() ? QByteArray("") : digests;
+}
 
 } // namespace
 
@@ -179,10 +200,19 @@ ImageReport ImageReport::of(const QString& path)
         report.findings << Texts::tr("This is not a file.");
         return report;
     }
+
+    // What is open stays as it is, whatever takes its name.
+    std::optional<FolderLock> lock(std::in_place, path, FolderLock::WaitsNot);
+    report.isBusy = lock->isBusy();
+    if (report.isBusy)
+        return report;
     InputOpener inputs(nullptr, [](const QString&) { return Unobserved; });
     const auto file = inputs.open(path, FcfFileChecker::LargestFile, QString());
+    const QByteArray digests = digestsBeside(path);
+    lock.reset();
+
     if (file)
-        Inspection(*file, &report).run();
+        Inspection(*file, digests, &report).run();
     else
         report.findings << file.error().text();
     return report;
@@ -219,16 +249,28 @@ QString ImageReport::text() const
 }
 
 ImageInspector::ImageInspector(QWidget* parent)
-    : QWidget(parent), m_view(new QTextBrowser(this)), m_copy(new QPushButton(tr("Cop&y"), this))
+    : QWidget(parent), m_lookAgain(new QTimer(this)), m_view(new QTextBrowser(this)),
+      m_page(new QPushButton(tr("Header Pa&ge"), this)), m_copy(new QPushButton(tr("Cop&y"), this))
 {
     m_view->setObjectName("ImageReport");
     m_view->setAccessibleName(tr("Image"));
     m_view->setPlaceholderText(tr("Select an image or a companion, and Inspect Image."));
+    m_page->setObjectName("ShowPageButton");
+    m_page->setToolTip(tr("Show the header page as bytes and fields"));
     m_copy->setObjectName("CopyReportButton");
     m_copy->setEnabled(false);
+
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(m_view);
-    layout->addWidget(m_copy, 0, Qt::AlignRight);
+    auto* const buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(m_page);
+    buttons->addWidget(m_copy);
+    layout->addLayout(buttons);
+
+    m_lookAgain->setInterval(LookAgainMs);
+    m_lookAgain->setSingleShot(true);
+    connect(m_page, &QPushButton::clicked, this, &ImageInspector::pageWanted);
     connect(m_copy, &QPushButton::clicked, this,
             [this] { QApplication::clipboard()->setText(m_text); });
 }
@@ -239,6 +281,17 @@ void ImageInspector::inspect(const QString& path)
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const ImageReport report = ImageReport::of(path);
     QApplication::restoreOverrideCursor();
+
+    // A later file takes the place of one that was busy.
+    m_lookAgain->disconnect(this);
+    if (report.isBusy) {
+        m_view->setPlainText(tr("Another program is just replacing files of this folder."));
+        connect(m_lookAgain, &QTimer::timeout, this, [this, path] { inspect(path); });
+        m_lookAgain->start();
+        return;
+    }
+
+    m_lookAgain->stop();
     m_view->setHtml(report.html());
     m_text = report.text();
     m_copy->setEnabled(true);

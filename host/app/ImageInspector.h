@@ -8,6 +8,7 @@
 
 class QPushButton;
 class QTextBrowser;
+class QTimer;
 
 /// What an image or a companion contains and what is wrong with it, in words.
 struct ImageReport {
@@ -15,8 +16,11 @@ struct ImageReport {
     QList<QPair<QString, QString>> rows;
     /// Empty for a file that is as a generator writes it.
     QStringList findings;
+    /// Whether another program is just replacing files of the folder, so that the image may not
+    /// belong to the digest beside it. Then there is nothing else; look again later.
+    bool isBusy = false;
 
-    /// Reads the file at \p path, which may be anything, whole.
+    /// Reads the file at \p path, which may be anything, whole. Waits for no other program.
     static ImageReport of(const QString& path);
 
     /// Whether the file is valid, for the user.
@@ -27,7 +31,7 @@ struct ImageReport {
 
 /// Shows what an image or a companion contains, to be read and copied.
 ///
-/// For drivers: "ImageReport", "CopyReportButton".
+/// For drivers: "ImageReport", "ShowPageButton", "CopyReportButton".
 class ImageInspector : public QWidget {
     Q_OBJECT
 
@@ -37,9 +41,16 @@ public:
     /// Reads the file at \p path anew.
     void inspect(const QString& path);
 
+signals:
+    /// The user wants to see the header page as bytes and fields.
+    void pageWanted();
+
 private:
     QString m_text;
+    /// Looks again at a file whose folder was busy.
+    QTimer* m_lookAgain;
     QTextBrowser* m_view;
+    QPushButton* m_page;
     QPushButton* m_copy;
 };
 

@@ -1,126 +1,130 @@
 #include "host/app/LogPane.h"
 
+#include "host/app/common/FileReplacement.h"
+#include "host/app/common/HostError.h"
+#include "host/app/common/PlainMessageBox.h"
+#include "host/app/LogList.h"
+
 #include <QAction>
-#include <QApplication>
-#include <QClipboard>
-#include <QCoreApplication>
-#include <QHeaderView>
-#include <QStyle>
-#include <QTime>
+#include <QBoxLayout>
+#include <QDir>
+#include <QFileDialog>
+#include <QToolButton>
 
 using Qtilities::Logging::Logger;
 
-namespace {
-
-enum Column { TimeColumn, KindColumn, MessageColumn };
-
-/// The image that a message links to.
-constexpr int PathRole = Qt::UserRole;
-
-struct LogPaneTexts {
-    Q_DECLARE_TR_FUNCTIONS(LogPane)
-};
-
-/// Enough to look back over a day's work. Older messages are removed.
-constexpr int MaximumMessages = 5000;
-
-QStyle::StandardPixmap symbolOf(Logger::MessageType type)
+LogPane::LogPane(QWidget* parent) : QWidget(parent), m_buttons(new QHBoxLayout)
 {
-    switch (type) {
-    case Logger::Error:
-    case Logger::Fatal:
-        return QStyle::SP_MessageBoxCritical;
-    case Logger::Warning:
-        return QStyle::SP_MessageBoxWarning;
-    default:
-        return QStyle::SP_MessageBoxInformation;
-    }
+    addKind("ShowInformationButton", Logger::Info, tr("&Information"), tr("Show information"));
+    addKind("ShowWarningsButton", Logger::Warning, tr("&Warnings"), tr("Show warnings"));
+    addKind("ShowErrorsButton", Logger::Error, tr("&Errors"), tr("Show errors"));
+    m_buttons->addStretch();
+    const QAction* const wrap =
+        addChoice("WrapLogButton", tr("W&rap"), tr("Show long messages on several lines"));
+    QAction* const save = addAction(tr("&Save..."), tr("Save the messages that are shown"));
+    addButton("SaveLogButton", save);
+    QAction* const copy = addAction(tr("&Copy"), QString());
+    copy->setShortcut(QKeySequence::Copy);
+    copy->setShortcutContext(Qt::WidgetShortcut);
+    const QAction* const clear = addAction(tr("C&lear Log"), QString());
+
+    // Behind the buttons in the order of the key Tab, too.
+    m_list = new LogList(this);
+    m_list->setObjectName("logMessages");
+    m_list->setContextMenuPolicy(Qt::ActionsContextMenu);
+    m_list->addActions(actions());
+    setFocusProxy(m_list);
+
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(m_buttons);
+    layout->addWidget(m_list);
+
+    connect(wrap, &QAction::toggled, m_list, &LogList::setWrapped);
+    connect(save, &QAction::triggered, this, &LogPane::save);
+    connect(copy, &QAction::triggered, m_list, &LogList::copy);
+    connect(clear, &QAction::triggered, m_list, &LogList::removeAll);
+    for (const QAction* kind : m_kinds)
+        connect(kind, &QAction::toggled, this, &LogPane::showChosenKinds);
+    connect(m_list, &LogList::changed, this,
+            [this] { emit errorCountChanged(m_list->errorCount()); });
 }
 
-QString nameOf(Logger::MessageType type)
-{
-    switch (type) {
-    case Logger::Error:
-        return LogPaneTexts::tr("Error");
-    case Logger::Fatal:
-        return LogPaneTexts::tr("Fatal");
-    case Logger::Warning:
-        return LogPaneTexts::tr("Warning");
-    default:
-        return LogPaneTexts::tr("Info");
-    }
-}
-
-} // namespace
-
-LogPane::LogPane(QWidget* parent) : QTreeWidget(parent)
-{
-    setAccessibleName(tr("Log"));
-    setHeaderLabels({tr("Time"), tr("Kind"), tr("Message")});
-    setRootIsDecorated(false);
-    setUniformRowHeights(true);
-    setAlternatingRowColors(true);
-    setAllColumnsShowFocus(true);
-    setSelectionMode(QAbstractItemView::ExtendedSelection);
-    header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
-    header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
-
-    setContextMenuPolicy(Qt::ActionsContextMenu);
-    QAction* const copyAction = addMenuAction(tr("&Copy"));
-    copyAction->setShortcut(QKeySequence::Copy);
-    copyAction->setShortcutContext(Qt::WidgetShortcut);
-    connect(copyAction, &QAction::triggered, this, &LogPane::copy);
-    connect(addMenuAction(tr("C&lear Log")), &QAction::triggered, this, &QTreeWidget::clear);
-
-    connect(this, &QTreeWidget::itemClicked, this, &LogPane::follow);
-    connect(this, &QTreeWidget::itemActivated, this, &LogPane::follow);
-    connect(Logger::instance(), &Logger::newPriorityMessage, this, &LogPane::addMessage);
-}
-
-QAction* LogPane::addMenuAction(const QString& text)
+QAction* LogPane::addAction(const QString& text, const QString& toolTip)
 {
     auto* const action = new QAction(text, this);
-    addAction(action);
+    action->setToolTip(toolTip);
+    QWidget::addAction(action);
     return action;
 }
 
-void LogPane::copy()
+QAction* LogPane::addChoice(const char* button, const QString& text, const QString& toolTip)
 {
-    QStringList lines;
-    const bool all = selectedItems().isEmpty();
-    for (int row = 0; row < topLevelItemCount(); ++row) {
-        const QTreeWidgetItem* const item = topLevelItem(row);
-        if (all || item->isSelected())
-            lines << QStringList({item->text(0), item->text(1), item->text(2)}).join('\t');
+    QAction* const action = addAction(text, toolTip);
+    action->setCheckable(true);
+    addButton(button, action);
+    return action;
+}
+
+void LogPane::addButton(const char* name, QAction* action)
+{
+    auto* const button = new QToolButton(this);
+    button->setObjectName(name);
+    button->setDefaultAction(action);
+    button->setAutoRaise(true);
+    m_buttons->addWidget(button);
+}
+
+void LogPane::addKind(const char* button, Logger::MessageType kind, const QString& text,
+                      const QString& toolTip)
+{
+    QAction* const action = addChoice(button, text, toolTip);
+    action->setData(kind);
+    action->setChecked(true);
+    m_kinds << action;
+}
+
+void LogPane::showChosenKinds()
+{
+    int kinds = 0;
+    for (const QAction* action : m_kinds) {
+        if (action->isChecked())
+            kinds |= action->data().toInt();
     }
-    QApplication::clipboard()->setText(lines.join('\n'));
+    m_list->setShownKinds(kinds);
 }
 
-QTreeWidgetItem* LogPane::addMessage(Logger::MessageType type, const QString& text)
+void LogPane::showErrors()
 {
-    if (topLevelItemCount() == MaximumMessages)
-        delete topLevelItem(0);
-    auto* const item =
-        new QTreeWidgetItem(this, {QTime::currentTime().toString("HH:mm:ss"), nameOf(type), text});
-    item->setIcon(1, style()->standardIcon(symbolOf(type)));
-    item->setToolTip(2, text.toHtmlEscaped());
-    scrollToItem(item);
-    return item;
+    for (QAction* action : m_kinds)
+        action->setChecked(action->data() == Logger::Error);
+    for (int row = m_list->topLevelItemCount() - 1; row >= 0; --row) {
+        if (!m_list->topLevelItem(row)->isHidden()) {
+            m_list->setCurrentItem(m_list->topLevelItem(row));
+            break;
+        }
+    }
+    m_list->setFocus();
 }
 
-void LogPane::addLink(Logger::MessageType type, const QString& text, const QString& path)
+void LogPane::save()
 {
-    QTreeWidgetItem* const item = addMessage(type, text);
-    QFont underlined = font();
-    underlined.setUnderline(true);
-    item->setFont(MessageColumn, underlined);
-    item->setForeground(MessageColumn, palette().link());
-    item->setData(MessageColumn, PathRole, path);
-}
+    const QString title = tr("Save Log");
+    const QString path = QFileDialog::getSaveFileName(
+        this, title, QDir::home().filePath("pelk-host-log.txt"), tr("Text files (*.txt)"));
+    if (path.isEmpty())
+        return;
 
-void LogPane::follow(const QTreeWidgetItem* item)
-{
-    const QString path = item->data(MessageColumn, PathRole).toString();
-    if (!path.isEmpty())
-        emit inspectionWanted(path);
+    try {
+        FileReplacement file(path);
+        file.write(m_list->text(LogList::Shown).toUtf8());
+        file.sync();
+        file.commit();
+    } catch (const HostError& error) {
+        PlainMessageBox(QMessageBox::Warning, title,
+                        tr("The log is not saved.\n%1").arg(error.text()), QMessageBox::Ok,
+                        QMessageBox::Ok, this)
+            .exec();
+    }
 }

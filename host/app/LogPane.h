@@ -3,29 +3,45 @@
 
 #include <QtilitiesLogging/Logger.h>
 
-#include <QTreeWidget>
+#include <QWidget>
 
-/// Lists the logger's priority messages, the newest last, each with its time and kind.
-class LogPane : public QTreeWidget {
+class LogList;
+class QAction;
+class QBoxLayout;
+
+/// The log with what the user does to it: choose kinds, wrap, copy, save, clear.
+///
+/// For drivers: "logMessages", "ShowInformationButton", "ShowWarningsButton", "ShowErrorsButton",
+/// "WrapLogButton", "SaveLogButton".
+class LogPane : public QWidget {
     Q_OBJECT
 
 public:
     explicit LogPane(QWidget* parent = nullptr);
 
-    /// Adds a message with a link to the image at \p path.
-    void addLink(Qtilities::Logging::Logger::MessageType type, const QString& text,
-                 const QString& path);
+    LogList* list() const { return m_list; }
+
+    /// Hides all messages but the errors, and goes to the last one.
+    void showErrors();
 
 signals:
-    /// The user has followed a link.
-    void inspectionWanted(const QString& path);
+    /// How many errors are in the log, hidden or not.
+    void errorCountChanged(int count);
 
 private:
-    QAction* addMenuAction(const QString& text);
-    /// The selected messages, or all when none is selected, a line each.
-    void copy();
-    QTreeWidgetItem* addMessage(Qtilities::Logging::Logger::MessageType type, const QString& text);
-    void follow(const QTreeWidgetItem* item);
+    QAction* addAction(const QString& text, const QString& toolTip);
+    /// Adds a choice that is a button as well.
+    QAction* addChoice(const char* button, const QString& text, const QString& toolTip);
+    void addButton(const char* name, QAction* action);
+    void addKind(const char* button, Qtilities::Logging::Logger::MessageType kind,
+                 const QString& text, const QString& toolTip);
+    void showChosenKinds();
+    void save();
+
+    LogList* m_list = nullptr;
+    QBoxLayout* m_buttons;
+    /// Each has its kind as data.
+    QList<QAction*> m_kinds;
 };
 
 #endif

@@ -10,6 +10,8 @@
 #include "host/app/image/FileState.h"
 #include "host/app/image/RemakeCommands.h"
 #include "host/app/ItemCommands.h"
+#include "host/app/LogList.h"
+#include "host/app/Panes.h"
 #include "host/app/ViewExtensions.h"
 #include "toolkit/QtDifferences.h"
 #include "ui_MainWindow.h"
@@ -25,6 +27,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
+#include <QLayout>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
@@ -45,7 +48,8 @@ namespace {
 const QSize InitialSize(1160, 760);
 /// The width is in characters, the height in lines.
 constexpr int PropertyWidth = 50;
-constexpr int LogHeight = 8;
+constexpr int LogHeight = 10;
+constexpr int PageHeight = 16;
 
 } // namespace
 
@@ -65,6 +69,7 @@ MainWindow::MainWindow(QWidget* parent)
     buildCentre();
     buildMenus();
     buildViewMenu();
+    buildErrorCount();
     resetLayout();
     connectDesigns();
 
@@ -79,9 +84,9 @@ MainWindow::MainWindow(QWidget* parent)
 
 MainWindow::~MainWindow()
 {
-    // Qt 6 hides the panes of a window that is deleted, and a pane that is hidden asks for the
-    // view.
-    hide();
+    // A window that is deleted while it is shown hides its docks last.
+    for (const QDockWidget* dock : docks())
+        disconnect(dock, nullptr, this, nullptr);
     // The model follows the designs, so that it is deleted before them.
     delete m_view;
     delete m_model;
@@ -92,6 +97,7 @@ void MainWindow::openDesign(const QString& path) { m_session->open(path); }
 void MainWindow::inspect(const QString& path)
 {
     m_ui->inspector->inspect(path);
+    m_ui->page->inspect(path);
     m_ui->InspectorDock->show();
     m_ui->InspectorDock->raise();
 }
@@ -149,7 +155,7 @@ void MainWindow::buildMenus()
     m_view->setFileActions(QList<QAction*>{remakes->makeAgain()} + items->ofFile());
     new DesignCommands(m_session, m_view, items, *remakes, m_ui->ToolBar, this);
     connect(items, &ItemCommands::inspectionWanted, this, &MainWindow::inspect);
-    connect(m_ui->logMessages, &LogPane::inspectionWanted, this, &MainWindow::inspect);
+    connect(m_ui->log->list(), &LogList::inspectionWanted, this, &MainWindow::inspect);
     m_help = new HelpMenu(this);
 
     Commands::menu("File")->addSeparator();
@@ -159,17 +165,56 @@ void MainWindow::buildMenus()
 void MainWindow::buildViewMenu()
 {
     QMenu* const view = Commands::menu("View");
-    for (const QDockWidget* dock : {m_ui->PropertyDock, m_ui->InspectorDock, m_ui->LogDock})
+    m_ui->PropertyDock->toggleViewAction()->setText(tr("Design &Properties"));
+    m_ui->InspectorDock->toggleViewAction()->setText(tr("I&mage"));
+    m_ui->PageDock->toggleViewAction()->setText(tr("&Header Page"));
+    m_ui->LogDock->toggleViewAction()->setText(tr("&Log"));
+    m_ui->ToolBar->toggleViewAction()->setText(tr("&Tool Bar"));
+    for (const QDockWidget* dock : docks())
         view->addAction(dock->toggleViewAction());
     view->addAction(m_ui->ToolBar->toggleViewAction());
-    // A pane behind another tab has no keys: a menu of its own would come up at the edge.
-    for (QDockWidget* dock : {m_ui->PropertyDock, m_ui->InspectorDock, m_ui->LogDock})
-        connect(dock, &QDockWidget::visibilityChanged, dock->widget(), &QWidget::setEnabled);
+
+    view->addSeparator();
+    m_panes = new Panes(this, docks());
+    view->addMenu(m_panes->makeMenu());
+    connect(m_ui->inspector, &ImageInspector::pageWanted, this,
+            [this] { m_panes->goTo(m_ui->PageDock); });
+    connect(m_panes, &Panes::opened, this, [this](const QDockWidget* dock) {
+        if (dock == m_ui->PageDock)
+            growTo(m_ui->PageDock, PageHeight);
+    });
     view->addSeparator();
     auto* const reset = new QAction(tr("&Reset Layout"), this);
     reset->setObjectName("View.ResetLayout");
     connect(reset, &QAction::triggered, this, &MainWindow::resetLayout);
     view->addAction(reset);
+}
+
+void MainWindow::buildErrorCount()
+{
+    auto* const show = new QAction(tr("&Errors in the Log"), this);
+    show->setObjectName("View.Errors");
+    show->setShortcut(QKeySequence("Ctrl+E"));
+    show->setEnabled(false);
+    Commands::menu("View")->addAction(show);
+    connect(show, &QAction::triggered, this, [this] {
+        m_panes->goTo(m_ui->LogDock);
+        m_ui->log->showErrors();
+    });
+
+    auto* const button = new QPushButton(this);
+    button->setObjectName("ErrorCount");
+    button->setFlat(true);
+    button->setIcon(Commands::icon(QStyle::SP_MessageBoxCritical));
+    button->setToolTip(tr("Show the errors in the log (Ctrl+E)"));
+    button->hide();
+    statusBar()->addPermanentWidget(button);
+    connect(button, &QPushButton::clicked, show, &QAction::trigger);
+    connect(m_ui->log, &LogPane::errorCountChanged, this, [show, button](int count) {
+        show->setEnabled(count > 0);
+        button->setVisible(count > 0);
+        button->setText(count == 1 ? tr("1 error") : tr("%1 errors").arg(count));
+    });
 }
 
 void MainWindow::connectDesigns()
@@ -179,6 +224,7 @@ void MainWindow::connectDesigns()
         connect(design, &Design::filesRefreshed, this, [this](const QList<DesignFile*>& files) {
             m_model->refreshFromDisk();
             m_view->showFiles(files);
+            inspectCurrent();
             logStates(files);
         });
         connect(design, &Design::stateChanged, this, &MainWindow::showCurrentDesign);
@@ -198,8 +244,16 @@ void MainWindow::connectDesigns()
     });
     connect(m_view, &DesignView::currentItemChanged, this, &MainWindow::showCurrentDesign);
     connect(m_view, &DesignView::currentItemChanged, this, &MainWindow::inspectCurrent);
-    connect(m_ui->InspectorDock, &QDockWidget::visibilityChanged, this,
-            &MainWindow::inspectCurrent);
+    connect(m_model, &QAbstractItemModel::dataChanged, this,
+            [this](const QModelIndex& changed, const QModelIndex&, const QVector<int>& roles) {
+                // What this tooltip says of a file has changed: its size, its date, what is wrong.
+                const QModelIndex current = m_view->currentIndex();
+                if (changed == current.siblingAtColumn(DesignModel::StateColumn) &&
+                    roles.contains(Qt::ToolTipRole))
+                    inspectCurrent();
+            });
+    for (const QDockWidget* dock : {m_ui->InspectorDock, m_ui->PageDock})
+        connect(dock, &QDockWidget::visibilityChanged, this, &MainWindow::inspectCurrent);
 }
 
 void MainWindow::inspectCurrent()
@@ -207,8 +261,13 @@ void MainWindow::inspectCurrent()
     // A pane that is closed, or behind another tab, is disabled.
     const DesignFile* const file = m_model->fileAt(m_view->currentIndex());
     const bool isFcf = file && QStringList({"fcf", "txt"}).contains(file->suffix());
-    if (isFcf && m_ui->InspectorDock->isVisible() && m_ui->inspector->isEnabled())
+    if (!isFcf)
+        return;
+
+    if (m_ui->InspectorDock->isVisible() && m_ui->inspector->isEnabled())
         m_ui->inspector->inspect(file->filePath());
+    if (m_ui->PageDock->isVisible() && m_ui->page->isEnabled())
+        m_ui->page->inspect(file->filePath());
 }
 
 void MainWindow::showSeveralDesigns()
@@ -227,11 +286,11 @@ void MainWindow::logStates(const QList<DesignFile*>& files)
         const FileState state = FileState::of(*file);
         const QString name = file->fileName();
         if (!state.invalid.isEmpty())
-            m_ui->logMessages->addLink(Logger::Error,
+            m_ui->log->list()->addLink(Logger::Error,
                                        tr("%1 is not valid: %2").arg(name, state.invalid),
                                        file->filePath());
         else if (state.isGenerated && !state.outdated.isEmpty())
-            m_ui->logMessages->addLink(
+            m_ui->log->list()->addLink(
                 Logger::Warning, tr("%1 is outdated: %2").arg(name, state.outdated.join("; ")),
                 file->filePath());
     }
@@ -256,19 +315,37 @@ void MainWindow::showCurrentDesign()
         ViewExtensions::refresh(*design);
 }
 
+void MainWindow::growTo(QDockWidget* dock, int lines)
+{
+    layout()->activate();
+    const int room = centralWidget()->height() + dock->height();
+    // The designs keep two fifths of it.
+    const int height = qMin(lines * fontMetrics().lineSpacing(), room * 3 / 5);
+    if (dock->height() < height)
+        resizeDocks({dock}, {height}, Qt::Vertical);
+}
+
+QList<QDockWidget*> MainWindow::docks() const
+{
+    return {m_ui->PropertyDock, m_ui->InspectorDock, m_ui->LogDock, m_ui->PageDock};
+}
+
 void MainWindow::resetLayout()
 {
     // Qt 5.15 crashes when a state is restored into docks that are tabs and float. So each dock is
     // put in its place by itself.
-    for (QDockWidget* dock : {m_ui->PropertyDock, m_ui->InspectorDock, m_ui->LogDock})
+    for (QDockWidget* dock : docks())
         dock->setFloating(false);
 
     addDockWidget(Qt::RightDockWidgetArea, m_ui->PropertyDock);
     addDockWidget(Qt::RightDockWidgetArea, m_ui->InspectorDock);
     addDockWidget(Qt::BottomDockWidgetArea, m_ui->LogDock);
+    addDockWidget(Qt::BottomDockWidgetArea, m_ui->PageDock);
     tabifyDockWidget(m_ui->PropertyDock, m_ui->InspectorDock);
+    tabifyDockWidget(m_ui->LogDock, m_ui->PageDock);
 
     m_ui->InspectorDock->hide();
+    m_ui->PageDock->hide();
     m_ui->PropertyDock->show();
     m_ui->LogDock->show();
     m_ui->ToolBar->show();

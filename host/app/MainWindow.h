@@ -10,6 +10,8 @@ class DesignModel;
 class DesignSession;
 class DesignView;
 class HelpMenu;
+class Panes;
+class QDockWidget;
 class QLabel;
 
 namespace OrvanticCore {
@@ -50,10 +52,14 @@ private:
     void buildCentre();
     void buildMenus();
     void buildViewMenu();
+    void buildErrorCount();
     void connectDesigns();
+    QList<QDockWidget*> docks() const;
     void resetLayout();
+    /// Gives \p dock the height of that many lines, if it has less and the window has room.
+    void growTo(QDockWidget* dock, int lines);
     void showCurrentDesign();
-    /// Shows the current image or companion in the inspector, if that is visible.
+    /// Shows the current image or companion in the panes that are for it, if they are visible.
     void inspectCurrent();
     /// Says what does not work while several designs are open, above them.
     void showSeveralDesigns();
@@ -65,6 +71,7 @@ private:
     DesignView* m_view = nullptr;
     DesignSession* m_session = nullptr;
     HelpMenu* m_help = nullptr;
+    Panes* m_panes = nullptr;
     QLabel* m_path = nullptr;
 };
 

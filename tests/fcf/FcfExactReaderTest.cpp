@@ -74,6 +74,10 @@ void FcfExactReaderTest::findsWhereTextsAre()
     QCOMPARE(ciNumber.field, "ciNumber");
     QCOMPARE(ciNumber.function, 1);
     QVERIFY(bytes.mid(ciNumber.offset).startsWith("b\nFunction description: \n---\n----\n"));
+    const FcfSpan description = reading.spans.at(5);
+    QCOMPARE(bytes.mid(description.offset, description.length), header().description.toUtf8());
+    QCOMPARE(author.length, 5);
+    QCOMPARE(reading.spans.last().length, 0);
 }
 
 void FcfExactReaderTest::findsWhereTheTextEnds()

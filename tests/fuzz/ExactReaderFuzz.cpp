@@ -31,7 +31,8 @@ void checkSpans(const FcfExactReading& reading, int size)
     for (const FcfSpan& span : reading.spans) {
         require(span.offset >= last && span.offset <= size, "spans are out of order");
         require(span.function < reading.header.functions.size(), "span of no function");
-        last = span.offset;
+        last = span.offset + span.length;
+        require(span.length >= 0 && last <= size, "a span is longer than the page");
     }
 }
 

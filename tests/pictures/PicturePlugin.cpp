@@ -1,7 +1,14 @@
 #include "pictures/PicturePlugin.h"
 
 #include "host/app/FormRules.h"
+#include "support/TestFile.h"
 
+#include <OrvanticCore/Design.h>
+#include <OrvanticCore/DesignManager.h>
+
+#include <QtilitiesLogging/Logger.h>
+
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QContextMenuEvent>
@@ -18,6 +25,8 @@
 #include <QToolButton>
 #include <QTreeView>
 #include <QtTest>
+
+using Qtilities::Logging::Logger;
 
 namespace {
 
@@ -143,6 +152,9 @@ void PicturePlugin::takeGuide()
 
     m_view->setCurrentIndex(itemNamed(m_view, "top.fcf"));
     trigger(m_host, "ItemCommands", "&Inspect Image");
+    m_host->findChild<QPushButton*>("ShowPageButton")->click();
+    auto* const fields = m_host->findChild<QTreeView*>("PageFields");
+    fields->setCurrentIndex(itemNamed(fields, "author"));
     settle();
     saveWindow("guide-inspector", m_host);
 
@@ -206,9 +218,45 @@ void PicturePlugin::takeDialogs()
     trigger(m_host, "ItemCommands", "&Inspect Image");
     settle();
     saveScreen("InspectImage");
+    m_host->findChild<QPushButton*>("ShowPageButton")->click();
+    settle();
+    saveScreen("HeaderPage");
+    takeLog();
+    takeTarget();
     trigger(m_host, "HelpMenu", "&Guide");
     settle();
     saveScreen("guide");
+}
+
+void PicturePlugin::takeLog()
+{
+    for (const auto type : {Logger::Info, Logger::Warning, Logger::Error})
+        Logger::instance()->logPriorityMessage(
+            QString(), type,
+            QString("A message that is longer than the pane is wide. ").repeated(6));
+    m_host->findChild<QAction*>("View.GoTo.LogDock")->trigger();
+    m_host->findChild<QToolButton*>("WrapLogButton")->click();
+    settle();
+    saveScreen("Log");
+    m_host->findChild<QPushButton*>("ErrorCount")->click();
+    settle();
+    saveScreen("LogErrors");
+}
+
+void PicturePlugin::takeTarget()
+{
+    auto* const design = dynamic_cast<OrvanticCore::Design*>(
+        OrvanticCore::DesignManager::instance()->designs().first());
+    for (const char* property : {"ZORV Pelk Module", "ZORV Pelk Device", "ZORV Pelk Config Number"})
+        design->removeDesignProperty(property);
+    // Codes of no device, so that the target is asked for.
+    QByteArray image = TestFile::read(design->workingFolderPath() + "/top.fcf");
+    image[27] = 1;
+    image[31] = 8;
+    TestFile::write(design->workingFolderPath() + "/top.fcf", image);
+    m_view->setCurrentIndex(itemNamed(m_view, "top.fcf"));
+    withDialog("RemakeCommands", "Make Image A&gain",
+               [this](const QWidget* dialog) { saveWindow("MakeImageAgain", dialog); });
 }
 
 void PicturePlugin::withDialog(const char* context, const char* entry,
@@ -231,7 +279,7 @@ void PicturePlugin::saveScreen(const QString& name) const
 
 void PicturePlugin::saveWindow(const QString& name, const QWidget* window)
 {
-    for (const QString& problem : FormRules::cutOff(window)) {
+    for (const QString& problem : FormRules::cutOff(window) + FormRules::ambiguous(window)) {
         qWarning("%s: %s", qPrintable(name), qPrintable(problem));
         m_exitCode = 1;
     }

@@ -11,8 +11,8 @@ class QWidget;
 
 /// Takes pictures of the running host and ends it. In the folder that PELK_PICTURES names:
 /// "side-by-side.png" for the README, those of the guide, whose names begin with "guide-", and one
-/// of each window for a look at its layout. Reports texts that are cut off, and then ends the host
-/// with exit code 1.
+/// of each window for a look at its layout. Reports texts that are cut off and letters that two
+/// controls have, and then ends the host with exit code 1.
 class PicturePlugin : public DriverPlugin {
     Q_OBJECT
     Q_INTERFACES(Qtilities::ExtensionSystem::Interfaces::IPlugin)
@@ -28,6 +28,8 @@ private:
     void takeGuide();
     void takeSideBySide();
     void takeDialogs();
+    void takeLog();
+    void takeTarget();
     /// Opens a dialog by a menu entry of a class of the host, and closes it after \p look.
     void withDialog(const char* context, const char* entry,
                     const std::function<void(QWidget*)>& look);

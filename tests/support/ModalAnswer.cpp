@@ -49,7 +49,9 @@ void ModalAnswer::choose(const QString& path)
     m_answers.push_back([path](QWidget* dialog) {
         // In one go: typed letter by letter, the dialog's completion would compete for the keys.
         dialog->findChild<QLineEdit*>("fileNameEdit")->setText(path);
-        clickButton(dialog, QDialogButtonBox::Open);
+        const auto* const files = qobject_cast<const QFileDialog*>(dialog);
+        const bool saves = files && files->acceptMode() == QFileDialog::AcceptSave;
+        clickButton(dialog, saves ? QDialogButtonBox::Save : QDialogButtonBox::Open);
     });
 }
 

@@ -24,7 +24,7 @@ public:
     void click(QMessageBox::StandardButton button);
     /// Presses \p key in the next dialog.
     void press(Qt::Key key);
-    /// Enters \p path into the next file dialog and opens it.
+    /// Enters \p path into the next file dialog and opens it, or saves to it.
     void choose(const QString& path);
     /// Dismisses the next file dialog.
     void cancel();

@@ -9,7 +9,7 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-FolderLock::FolderLock(const QString& path)
+FolderLock::FolderLock(const QString& path, Waiting waiting)
 {
     if (path == StandardStream)
         return;
@@ -18,8 +18,12 @@ FolderLock::FolderLock(const QString& path)
     if (m_folder < 0)
         return;
 
-    while (::flock(m_folder, LOCK_SH) != 0 && errno == EINTR) {
-    }
+    const int operation = waiting == Waits ? LOCK_SH : LOCK_SH | LOCK_NB;
+    int result = 0;
+    do {
+        result = ::flock(m_folder, operation);
+    } while (result != 0 && errno == EINTR);
+    m_isBusy = result != 0 && errno == EWOULDBLOCK;
 }
 
 FolderLock::~FolderLock()

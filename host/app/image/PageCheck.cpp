@@ -41,6 +41,19 @@ void checkPage(const InputFile& file, PageCheck* check, Findings* findings)
     check->header = page->reading.header;
 }
 
+/// Each without the name of the file, which is known.
+QList<Finding> errorsAmong(const Findings& findings)
+{
+    QList<Finding> errors;
+    for (Finding finding : findings.list()) {
+        if (finding.severity != Finding::Error)
+            continue;
+        finding.file.clear();
+        errors << finding;
+    }
+    return errors;
+}
+
 PageCheck checkFile(const QString& path)
 {
     PageCheck check;
@@ -56,13 +69,9 @@ PageCheck checkFile(const QString& path)
     if (file)
         checkPage(*file, &check, &findings);
 
-    for (Finding finding : findings.list()) {
-        if (finding.severity != Finding::Error)
-            continue;
-        finding.file.clear();
-        check.problem = finding.text().section(": ", 1);
-        break;
-    }
+    const QList<Finding> errors = errorsAmong(findings);
+    if (!errors.isEmpty())
+        check.problem = errors.first().text().section(": ", 1);
     return check;
 }
 
@@ -86,4 +95,12 @@ PageCheck PageCheck::of(const QString& path)
     PageCheck check = checkFile(path);
     last.insert(path, {info.size(), info.lastModified(), check});
     return check;
+}
+
+QList<Finding> PageCheck::errorsOf(const InputFile& file)
+{
+    PageCheck check;
+    Findings findings;
+    checkPage(file, &check, &findings);
+    return errorsAmong(findings);
 }

@@ -4,6 +4,7 @@
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QDockWidget>
 #include <QLineEdit>
@@ -13,6 +14,10 @@
 #include <QtTest>
 
 #include <functional>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
 
 using OrvanticCore::Design;
 using OrvanticCore::DesignFile;
@@ -70,6 +75,8 @@ private slots:
     void asksBeforeItArchivesWhatIsOutdated();
     void inspectsWhatIsSelected();
     void comparesWithTheBinaryBesideIt();
+    void inspectsAFileAgainThatChanges();
+    void waitsForAFileThatIsBeingReplaced();
 };
 
 void FileStateTest::marksAnInvalidImage_data()
@@ -285,6 +292,49 @@ void FileStateTest::comparesWithTheBinaryBesideIt()
     host.writeImage(host.bytesOf("radar/top.fcf").left(2114));
     host.press(Qt::Key_I, Qt::ControlModifier);
     QVERIFY(report->toPlainText().startsWith("NOT VALID\n"));
+}
+
+void FileStateTest::inspectsAFileAgainThatChanges()
+{
+    const StateHost host;
+    host.view()->setCurrentIndex(host.item("top.fcf"));
+    host.press(Qt::Key_I, Qt::ControlModifier);
+    auto* const report = host.child<QTextBrowser>("ImageReport");
+    QTRY_VERIFY(report->toPlainText().startsWith("VALID\n"));
+
+    const QByteArray image = host.bytesOf("radar/top.fcf");
+    // The model looks at the disk by itself, but on a loaded machine not often.
+    const auto lookAtDisk = [&host] {
+        QMetaObject::invokeMethod(host.view()->model(), "refreshFromDisk");
+    };
+    host.writeImage(image.left(3000));
+    lookAtDisk();
+    QVERIFY(report->toPlainText().startsWith("NOT VALID\n"));
+    host.writeImage(image);
+    lookAtDisk();
+    QVERIFY(report->toPlainText().startsWith("VALID\n"));
+}
+
+void FileStateTest::waitsForAFileThatIsBeingReplaced()
+{
+    const StateHost host;
+    host.view()->setCurrentIndex(host.item("top.fcf"));
+    host.press(Qt::Key_I, Qt::ControlModifier);
+    auto* const report = host.child<QTextBrowser>("ImageReport");
+    QTRY_VERIFY(report->toPlainText().startsWith("VALID\n"));
+
+    // The new image has its name already, its digest not yet.
+    const int folder = ::open(qPrintable(host.path("radar")), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    QCOMPARE(::flock(folder, LOCK_EX), 0);
+    host.writeFile("radar/top.fcf.sha256", QByteArray(64, '0') + "  top.fcf\n");
+    host.press(Qt::Key_I, Qt::ControlModifier);
+    QTRY_VERIFY(report->toPlainText().startsWith("Another program"));
+    const QByteArray digest =
+        QCryptographicHash::hash(host.bytesOf("radar/top.fcf"), QCryptographicHash::Sha256);
+    host.writeFile("radar/top.fcf.sha256", digest.toHex() + "  top.fcf\n");
+    ::close(folder);
+    QTRY_VERIFY(report->toPlainText().startsWith("VALID\n"));
+    QVERIFY(report->toPlainText().contains("as in the digest file"));
 }
 
 HOST_TEST(FileStateTest)

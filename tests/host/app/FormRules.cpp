@@ -26,8 +26,10 @@ bool isPart(const QWidget* widget)
 
 bool isControl(const QWidget* widget, const QWidget* window)
 {
+    // The bar of panes that are no tabs is there, but outside of the window.
+    const auto* const bar = qobject_cast<const QTabBar*>(widget);
     return widget->window() == window && widget->isVisible() && !isPart(widget) &&
-           (widget->focusPolicy() & Qt::TabFocus);
+           (widget->focusPolicy() & Qt::TabFocus) && (!bar || bar->count() > 1);
 }
 
 QString described(const QWidget* widget)
