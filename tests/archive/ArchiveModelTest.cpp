@@ -35,6 +35,13 @@ QMap<QString, QString> folders(int kind)
     return folders;
 }
 
+/// Selects an item, -1 for none. Qt 6 would announce once more that none is selected.
+void select(QComboBox* box, int index)
+{
+    if (box->currentIndex() != index)
+        box->setCurrentIndex(index);
+}
+
 } // namespace
 
 QList<Model::Kind> ArchiveModelTest::kinds() const
@@ -193,10 +200,7 @@ void ArchiveModelTest::pressKey(const ModelAction& action)
 void ArchiveModelTest::choosePackageType(const ModelAction& action)
 {
     const int index = action.choice(0, 3) - 1;
-    auto* const box = find<QComboBox>(form(), "cmbPackageType");
-    // Qt 6 announces that nothing is selected once more.
-    if (box->currentIndex() != index)
-        box->setCurrentIndex(index);
+    select(find<QComboBox>(form(), "cmbPackageType"), index);
     m_model.choosePackageType(index);
 }
 
@@ -210,7 +214,7 @@ void ArchiveModelTest::chooseDesignType(const ModelAction& action)
         return;
     }
     const int index = action.choice(1, m_model.designTypes.count() + 1) - 1;
-    box->setCurrentIndex(index);
+    select(box, index);
     m_model.chooseDesignType(index);
 }
 

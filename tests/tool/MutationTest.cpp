@@ -104,7 +104,8 @@ void MutationTest::everyCommandSurvivesDamagedImages()
         }
     }
     for (auto code = codes.cbegin(); code != codes.cend(); ++code)
-        qInfo("exit code %d: %d of %d runs", code.key(), code.value(), count * commands.size());
+        qInfo("exit code %d: %d of %d runs", code.key(), code.value(),
+              count * int(commands.size()));
 }
 
 ZORV_TEST(MutationTest)

@@ -317,15 +317,16 @@ private:
 
     void press(QWidget* window, const QString& name)
     {
-        static const QVector<QKeySequence> keys{
-            QKeySequence("Tab"),    QKeySequence("Return"), QKeySequence("Esc"),
-            QKeySequence("Up"),     QKeySequence("Down"),   QKeySequence("Left"),
-            QKeySequence("Right"),  QKeySequence("Del"),    QKeySequence("Space"),
-            QKeySequence("F2"),     QKeySequence("Home"),   QKeySequence("End"),
-            QKeySequence("Ctrl+Z"), QKeySequence("Ctrl+Y"), QKeySequence("Ctrl+A"),
-            QKeySequence("F5"),     QKeySequence("A"),      QKeySequence("7"),
-            QKeySequence("-"),      QKeySequence(":"),      QKeySequence("Shift+Down")};
-        const int key = oneOf(keys)[0];
+        static const int control = int(Qt::ControlModifier);
+        static const int shift = int(Qt::ShiftModifier);
+        static const QVector<int> keys{
+            Qt::Key_Tab,         Qt::Key_Return,      Qt::Key_Escape,      Qt::Key_Up,
+            Qt::Key_Down,        Qt::Key_Left,        Qt::Key_Right,       Qt::Key_Delete,
+            Qt::Key_Space,       Qt::Key_F2,          Qt::Key_Home,        Qt::Key_End,
+            Qt::Key_F5,          Qt::Key_A,           Qt::Key_7,           Qt::Key_Minus,
+            Qt::Key_Colon,       control | Qt::Key_Z, control | Qt::Key_Y, control | Qt::Key_A,
+            shift | Qt::Key_Down};
+        const int key = oneOf(keys);
         note("press " + QKeySequence(key).toString() + " in " + name);
         const QPointer<QWindow> handle = window->windowHandle();
         const auto code = Qt::Key(key & ~int(Qt::KeyboardModifierMask));
