@@ -31,8 +31,6 @@ DesignView::DesignView(DesignModel* model, QWidget* parent) : QTreeView(parent),
     setDragDropMode(QAbstractItemView::DragOnly);
     setTextElideMode(Qt::ElideMiddle);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    // In a narrow view the dates would be cut off in place of scrolled.
-    header()->setStretchLastSection(false);
 
     connect(model, &DesignModel::aboutToRebuild, this, &DesignView::rememberRows);
     connect(model, &DesignModel::rebuilt, this, &DesignView::restoreRows);
@@ -84,6 +82,19 @@ void DesignView::showFiles(const QList<DesignFile*>& files)
         scrollTo(m_model->indexOf(files.at(index)));
     if (!files.isEmpty())
         setCurrentIndex(m_model->indexOf(files.first()));
+}
+
+void DesignView::updateGeometries()
+{
+    QTreeView::updateGeometries();
+
+    // The last column takes the room that is left. In a narrow view it would be cut off.
+    const int last = header()->logicalIndex(header()->count() - 1);
+    const int needed = header()->sectionPosition(last) +
+                       qMax(sizeHintForColumn(last), header()->sectionSizeHint(last));
+    const bool hasRoom = needed <= viewport()->width();
+    if (header()->stretchLastSection() != hasRoom)
+        header()->setStretchLastSection(hasRoom);
 }
 
 void DesignView::contextMenuEvent(QContextMenuEvent* event)

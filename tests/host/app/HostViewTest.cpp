@@ -8,6 +8,7 @@
 #include <QtilitiesCoreGui/QtilitiesApplication.h>
 #include <QtilitiesCoreGui/TreeNode.h>
 
+#include <QHeaderView>
 #include <QtTest>
 
 using OrvanticCore::Design;
@@ -73,6 +74,7 @@ private slots:
     void opensTheFolderOfAFile();
     void foldsANodeOnDoubleClick();
     void cutsNoNameOff();
+    void fillsItsWidthOrScrolls();
     void removesAFileByKey();
     void leavesALockedDesignAsItIs();
     void showsAFileWithAnUnknownNodeUnderItsDesign();
@@ -257,6 +259,25 @@ void HostViewTest::cutsNoNameOff()
         QTRY_VERIFY(view->columnWidth(0) >=
                     const_cast<QTreeView*>(view)->sizeHintForIndex(host.item("a file")).width());
     }
+}
+
+void HostViewTest::fillsItsWidthOrScrolls()
+{
+    HostFixture host;
+    host.openDesign("radar")->restoreFile("a file with a name that is rather long.bin");
+    auto* const view = host.view();
+    const int last = view->model()->columnCount() - 1;
+    const QModelIndex date = host.item("top.bin").siblingAtColumn(last);
+
+    host.window()->resize(2000, 500);
+    QTRY_COMPARE(view->header()->length(), view->viewport()->width());
+
+    host.window()->resize(640, 500);
+    QTRY_VERIFY(view->header()->length() > view->viewport()->width());
+    QVERIFY(view->columnWidth(last) >= view->sizeHintForIndex(date).width());
+
+    host.window()->resize(2000, 500);
+    QTRY_COMPARE(view->header()->length(), view->viewport()->width());
 }
 
 void HostViewTest::removesAFileByKey()
