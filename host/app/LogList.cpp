@@ -168,8 +168,10 @@ QString LogList::text(Scope scope) const
 void LogList::copy() const
 {
     const QString selected = text(Selected);
+    QString copied = selected.isEmpty() ? text(Shown) : selected;
     // A line that is pasted does not bring a line feed along.
-    QApplication::clipboard()->setText((selected.isEmpty() ? text(Shown) : selected).chopped(1));
+    copied.chop(1);
+    QApplication::clipboard()->setText(copied);
 }
 
 QTreeWidgetItem* LogList::addMessage(Logger::MessageType type, const QString& text)

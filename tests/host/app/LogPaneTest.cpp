@@ -100,9 +100,12 @@ void LogPaneTest::hidesNewMessagesOfOtherKinds()
 void LogPaneTest::copiesWhatIsShown()
 {
     const LogHost host;
+    host.list()->setFocus();
+    QTest::keyClick(host.list(), Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(), QString());
+
     LogHost::addOneOfEach();
     host.click("ShowInformationButton");
-    host.list()->setFocus();
     QTest::keyClick(host.list(), Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(QApplication::clipboard()->text(),
              (host.line(1) + host.line(2) + host.line(3)).trimmed());
