@@ -52,7 +52,7 @@ function(zorv_warnings target)
         target_compile_options(${target} PRIVATE -Wconversion)
     endif()
     # Files that are compiled together look to the compiler like headers, which may have no local types.
-    if(CMAKE_UNITY_BUILD)
+    if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
     endif()
 endfunction()
