@@ -2,6 +2,7 @@
 
 #include "host/app/common/FileProblem.h"
 #include "host/app/common/HostError.h"
+#include "host/app/common/HostLog.h"
 #include "host/app/common/PlainMessageBox.h"
 #include "host/app/DesignHistory.h"
 #include "host/app/DesignStorage.h"
@@ -13,7 +14,6 @@
 #include <OrvanticCore/DesignStructure.h>
 
 #include <QtilitiesCoreGui/TreeNode.h>
-#include <QtilitiesLogging/Logger.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -356,9 +356,8 @@ void DesignSession::restoreLast()
         try {
             emit chosen(load(folder));
         } catch (const HostError& error) {
-            Logger::instance()->logPriorityMessage(
-                QString(), Logger::Warning,
-                tr("A design of the last session cannot be opened. %1").arg(error.text()));
+            HostLog::add(Logger::Warning,
+                         tr("A design of the last session cannot be opened. %1").arg(error.text()));
         }
     }
 }

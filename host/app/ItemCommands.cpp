@@ -1,6 +1,7 @@
 #include "host/app/ItemCommands.h"
 
 #include "host/app/Commands.h"
+#include "host/app/common/HostLog.h"
 #include "host/app/DesignHistory.h"
 #include "host/app/DesignModel.h"
 #include "host/app/DesignRows.h"
@@ -15,7 +16,6 @@
 #include <OrvanticCore/DesignStructure.h>
 
 #include <QtilitiesCoreGui/TreeNode.h>
-#include <QtilitiesLogging/Logger.h>
 
 #include <QDesktopServices>
 #include <QDir>
@@ -223,8 +223,8 @@ void ItemCommands::logWhyNothingIsFilledIn()
         return;
 
     const auto* const action = qobject_cast<QAction*>(sender());
-    Logger::instance()->logPriorityMessage(
-        QString(), Logger::Info,
+    HostLog::add(
+        Logger::Info,
         tr("\"%1\" fills in nothing from a design, and adds no files to one: %2 designs are open. "
            "Close all but one for that.")
             .arg(action->text().remove('&'), QString::number(designs)));

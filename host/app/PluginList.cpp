@@ -1,9 +1,9 @@
 #include "host/app/PluginList.h"
 
+#include "host/app/common/HostLog.h"
 #include "host/app/common/WindowPlace.h"
 
 #include <QtilitiesExtensionSystem/IPlugin.h>
-#include <QtilitiesLogging/Logger.h>
 
 #include <QBoxLayout>
 #include <QCoreApplication>
@@ -22,11 +22,6 @@ namespace {
 struct PluginListTexts {
     Q_DECLARE_TR_FUNCTIONS(PluginList)
 };
-
-void log(Logger::MessageType type, const QString& text)
-{
-    Logger::instance()->logPriorityMessage(QString(), type, text);
-}
 
 QStringList librariesIn(const QString& folder)
 {
@@ -77,13 +72,13 @@ void PluginList::logMissing(const QStringList& folders)
     for (const QString& folder : folders) {
         const QString shown = QDir::toNativeSeparators(QDir(folder).absolutePath());
         if (!QFileInfo(folder).isDir())
-            log(Logger::Error,
-                PluginListTexts::tr("There is no plug-in folder \"%1\".").arg(shown));
+            HostLog::add(Logger::Error,
+                         PluginListTexts::tr("There is no plug-in folder \"%1\".").arg(shown));
         hasLibrary = hasLibrary || !librariesIn(folder).isEmpty();
     }
     if (!hasLibrary)
-        log(Logger::Warning,
-            PluginListTexts::tr("No plug-in was found: the host makes no images."));
+        HostLog::add(Logger::Warning,
+                     PluginListTexts::tr("No plug-in was found: the host makes no images."));
 }
 
 void PluginList::showAbout(const QStringList& folders, QWidget* parent)

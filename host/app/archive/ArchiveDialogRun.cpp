@@ -3,13 +3,12 @@
 #include "host/app/archive/ArchiveDialog.h"
 
 #include "host/app/archive/ArchiveJob.h"
+#include "host/app/common/HostLog.h"
 #include "host/app/common/PlainMessageBox.h"
 #include "ui_ArchiveDialog.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignManager.h>
-
-#include <QtilitiesLogging/Logger.h>
 
 #include <QDesktopServices>
 #include <QDir>
@@ -41,11 +40,6 @@ struct ArchiveDialogRunTexts {
     Q_DECLARE_TR_FUNCTIONS(ArchiveDialog)
 };
 
-void logInfo(const QString& text)
-{
-    Logger::instance()->logPriorityMessage(QString(), Logger::Info, text);
-}
-
 } // namespace
 
 void ArchiveDialog::archive()
@@ -73,7 +67,7 @@ void ArchiveDialog::archive()
 
     const Extension* const extension = currentExtensionObject();
     if (extension && extension->archiveIncludeInstaller())
-        logInfo(tr("The archive gets no installer: this host has none."));
+        HostLog::add(Logger::Info, tr("The archive gets no installer: this host has none."));
 
     m_job = std::make_unique<ArchiveJob>(ArchiveJob::Order{
         plan(), currentFormat(), path, design()->workingFolderPath(), present.isFile()});
@@ -128,8 +122,8 @@ void ArchiveDialog::handleJobFinished()
 
     switch (job->outcome()) {
     case ArchiveJob::Written:
-        logInfo(tr("The design is archived in %1.")
-                    .arg(QDir::toNativeSeparators(job->order().destination)));
+        HostLog::add(Logger::Info, tr("The design is archived in %1.")
+                                       .arg(QDir::toNativeSeparators(job->order().destination)));
         m_archivePath = job->order().destination;
         remember();
         accept();

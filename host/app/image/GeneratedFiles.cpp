@@ -1,6 +1,7 @@
 #include "host/app/image/GeneratedFiles.h"
 
 #include "host/app/common/FileProblem.h"
+#include "host/app/common/HostLog.h"
 #include "host/app/image/ImageTarget.h"
 
 #include <OrvanticCore/Design.h>
@@ -8,7 +9,6 @@
 #include <OrvanticCore/DesignStructure.h>
 
 #include <QtilitiesCoreGui/TreeNode.h>
-#include <QtilitiesLogging/Logger.h>
 
 #include <QCoreApplication>
 
@@ -48,9 +48,8 @@ DesignFile* fileOf(Design* design, const QString& path)
     QString error;
     DesignFile* const added = design->addFile(path, &error);
     if (!added)
-        Logger::instance()->logPriorityMessage(
-            QString(), Logger::Error,
-            GeneratedFilesTexts::tr("Cannot add %1").arg(fileProblem(path, error)));
+        HostLog::add(Logger::Error,
+                     GeneratedFilesTexts::tr("Cannot add %1").arg(fileProblem(path, error)));
     return added;
 }
 

@@ -2,6 +2,7 @@
 
 #include "host/app/Commands.h"
 #include "host/app/common/HostError.h"
+#include "host/app/common/HostLog.h"
 #include "host/app/DesignHistory.h"
 #include "host/app/DesignSession.h"
 #include "host/app/DesignView.h"
@@ -12,8 +13,6 @@
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
 
-#include <QtilitiesLogging/Logger.h>
-
 #include <QAction>
 #include <QApplication>
 #include <QFileInfo>
@@ -23,11 +22,6 @@ using OrvanticCore::DesignFile;
 using Qtilities::Logging::Logger;
 
 namespace {
-
-void log(Logger::MessageType type, const QString& text)
-{
-    Logger::instance()->logPriorityMessage(QString(), type, text);
-}
 
 QString nameOf(const Remake& remake) { return QFileInfo(remake.files.image).fileName(); }
 
@@ -158,7 +152,7 @@ void RemakeCommands::remakeOne(Design* design, const Remake& remake)
         return;
     }
     for (const QString& warning : warnings)
-        log(Logger::Warning, warning);
+        HostLog::add(Logger::Warning, warning);
     note(design, {remake});
 }
 
@@ -177,8 +171,8 @@ void RemakeCommands::note(Design* design, const QList<Remake>& made)
     for (const Remake& remake : made) {
         hasOneTarget = hasOneTarget && remake.target == made.first().target;
         paths << remake.files.image << remake.files.companion;
-        log(Logger::Info, tr("%1 was made again for version %2 and %3.")
-                              .arg(nameOf(remake), remake.version, remake.target.text()));
+        HostLog::add(Logger::Info, tr("%1 was made again for version %2 and %3.")
+                                       .arg(nameOf(remake), remake.version, remake.target.text()));
     }
 
     QList<DesignFile*> files;
