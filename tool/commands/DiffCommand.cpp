@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int NameWidth = 24;
+constexpr int FieldWidth = 24;
 
 QString shownValue(const QJsonValue& value)
 {
@@ -21,7 +21,7 @@ QString shownValue(const QJsonValue& value)
 
 QString shownField(const QJsonObject& field)
 {
-    const QString name = shownText(field["field"].toString()).leftJustified(NameWidth);
+    const QString name = shownText(field["field"].toString()).leftJustified(FieldWidth);
     return QStringLiteral("%1 %2 | %3").arg(name, shownValue(field["a"]), shownValue(field["b"]));
 }
 
@@ -30,7 +30,7 @@ QString shownPayload(const QJsonObject& payload)
     const auto number = [&](const char* name) { return payload[name].toVariant().toLongLong(); };
     return QStringLiteral("%1 %2 bytes | %3 bytes; %4 differ, the first at offset %5 of the "
                           "payload")
-        .arg("payload", -NameWidth)
+        .arg("payload", -FieldWidth)
         .arg(number("bytesA"))
         .arg(number("bytesB"))
         .arg(number("differingBytes"))

@@ -27,13 +27,14 @@ QString withEnding(const QString& path, const QString& ending)
 /// The paths for an image at \p output.
 Result<ImagePaths> pathsOfOutput(const QString& output)
 {
-    if (!output.endsWith(ImageEnding))
+    const std::optional<QString> companion = ImagePaths::companionOf(output);
+    if (!companion)
         return failure(ExitCode::Refused, output, OutputOption,
                        "the name of an image ends with .fcf, in lower case");
 
     ImagePaths paths;
     paths.image = output;
-    paths.companion = output.chopped(ImageEnding.size()) + CompanionEnding;
+    paths.companion = *companion;
     return paths;
 }
 
@@ -73,6 +74,13 @@ Result<ImagePaths> ImagePaths::of(const InputFile& binary, const std::optional<Q
     if (toStandardOutput)
         paths->image = StandardStream;
     return paths;
+}
+
+std::optional<QString> ImagePaths::companionOf(const QString& image)
+{
+    if (!image.endsWith(ImageEnding))
+        return std::nullopt;
+    return image.chopped(ImageEnding.size()) + CompanionEnding;
 }
 
 bool ImagePaths::toStandardOutput() const { return image == StandardStream; }

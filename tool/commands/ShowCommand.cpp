@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int NameWidth = 14;
+constexpr int LabelWidth = 14;
 constexpr int Kibibyte = 1024;
 
 /// One field, the lines of its value below each other.
@@ -19,8 +19,8 @@ void print(const QString& indent, const char* name, const QString& value, Report
 {
     QString label = QLatin1String(name);
     for (const QString& line : value.split(QLatin1Char('\n'))) {
-        const QString text =
-            indent + label.leftJustified(NameWidth) + QLatin1Char(' ') + shownText(line, WholeText);
+        const QString text = indent + label.leftJustified(LabelWidth) + QLatin1Char(' ') +
+                             shownText(line, WholeText);
         report->print(text.trimmed().isEmpty() ? QString() : text);
         label.clear();
     }

@@ -4,6 +4,7 @@
 #include "tool/base/Text.h"
 #include "tool/check/FcfFileChecker.h"
 #include "tool/commands/Arguments.h"
+#include "tool/commands/ImagePaths.h"
 #include "tool/commands/Task.h"
 #include "tool/files/Digest.h"
 #include "tool/files/FolderLock.h"
@@ -13,8 +14,6 @@
 namespace {
 
 const QLatin1String Field("digest");
-const QString ImageEnding = ".fcf";
-const QString CompanionEnding = ".txt";
 
 /// Adds the error that the list \p path has no digest of \p image.
 void addNoDigest(const InputFile& image, const QString& path, const DigestList& list, Task* task)
@@ -112,11 +111,11 @@ std::optional<QString> SidecarOptions::companionPath(const InputFile& file, Task
 {
     if (m_companion)
         return task->path(*m_companion, "--companion");
-    if (m_noCompanion || !file.path().endsWith(ImageEnding))
+    if (m_noCompanion)
         return std::nullopt;
 
-    const QString path = file.path().chopped(ImageEnding.size()) + CompanionEnding;
-    if (!QFileInfo(path).isFile())
+    std::optional<QString> path = ImagePaths::companionOf(file.path());
+    if (!path || !QFileInfo(*path).isFile())
         return std::nullopt;
     return path;
 }

@@ -13,8 +13,6 @@
 
 namespace {
 
-const QString OutputOption = "--output";
-
 using Stat = struct stat;
 
 } // namespace
@@ -90,12 +88,11 @@ Status FileSystem::checkPlaceOf(const QString& path)
 
 tl::unexpected<Finding> FileSystem::notWritten(const QString& path, const QString& reason)
 {
-    return failure(ExitCode::CannotAccess, path, OutputOption,
+    return failure(ExitCode::CannotAccess, path, "--output",
                    QStringLiteral("cannot be written: %1").arg(reason));
 }
 
 tl::unexpected<Finding> FileSystem::alreadyExists(const QString& path)
 {
-    return failure(ExitCode::OutputExists, path, OutputOption,
-                   "exists already; --force replaces it");
+    return failure(ExitCode::OutputExists, path, "--output", "exists already; --force replaces it");
 }

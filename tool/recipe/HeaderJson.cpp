@@ -64,11 +64,11 @@ QJsonValue descriptionOf(const Functions& functions, const QString& name)
 
 void compareFunctions(const Functions& a, const Functions& b, QJsonArray* fields)
 {
-    QStringList names = a.names + b.names;
-    names.sort();
-    names.removeDuplicates();
+    QStringList all = a.names + b.names;
+    all.sort();
+    all.removeDuplicates();
 
-    for (const QString& name : names) {
+    for (const QString& name : all) {
         const QString place = QStringLiteral("functions[%1]").arg(name);
         if (a.contains(name) && b.contains(name))
             compare(place + QLatin1Char('.'), a.byName[name], b.byName[name], fields);
