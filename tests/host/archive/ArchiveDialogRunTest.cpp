@@ -28,12 +28,6 @@ using OrvanticCore::DesignManager;
 using Extension = OrvanticCore::Interfaces::IDesignArchiveExtension;
 using Qtilities::Logging::Logger;
 
-namespace {
-
-constexpr int PatienceMs = 60000;
-
-} // namespace
-
 /// What happens from the press on Archive.
 class ArchiveDialogRunTest : public QObject {
     Q_OBJECT

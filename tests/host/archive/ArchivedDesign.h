@@ -8,6 +8,9 @@
 #include <QString>
 #include <QTemporaryDir>
 
+/// How long a test waits at most for an archive of it, in milliseconds.
+constexpr int PatienceMs = 60000;
+
 /// A design of version 1.0 on the disk, in the folder "radar", with something of every kind:
 /// files, one of them with blanks and one with letters beyond ASCII in its name, a generated file,
 /// an external file, and a folder with a hidden file and an empty folder in it. A file that is not

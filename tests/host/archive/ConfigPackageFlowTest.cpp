@@ -27,12 +27,6 @@ using OrvanticCore::DesignStructure;
 using Qtilities::CoreGui::QtilitiesApplication;
 using Qtilities::ExtensionSystem::ExtensionSystemCore;
 
-namespace {
-
-constexpr int PatienceMs = 60000;
-
-} // namespace
-
 /// From the host's dialog to the configuration package, with the plug-in loaded as hosts load it.
 class ConfigPackageFlowTest : public QObject {
     Q_OBJECT

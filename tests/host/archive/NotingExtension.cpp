@@ -31,3 +31,5 @@ void NotingExtension::handleDestinationPathChanged(const QString& new_destinatio
 {
     calls << "path " + new_destination_path;
 }
+
+#include "moc_NotingExtension.cpp"
