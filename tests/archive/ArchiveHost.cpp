@@ -86,3 +86,5 @@ QVariant ArchiveHost::savedPackageType() const
 }
 
 QString ArchiveHost::settingsPath() const { return m_folder.filePath("host.ini"); }
+
+#include "moc_ArchiveHost.cpp"

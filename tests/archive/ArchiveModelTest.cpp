@@ -350,3 +350,5 @@ int main(int argc, char** argv)
 {
     return runModel(argc, argv, QString::fromUtf8(ZORV_SEQUENCES), &makeModel);
 }
+
+#include "moc_ArchiveModelTest.cpp"

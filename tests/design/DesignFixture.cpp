@@ -92,3 +92,5 @@ bool DesignFixture::closeWindow()
     const QPointer<PelkFcfGenerator> open = window();
     return open && open->close() && QTest::qWaitFor([open] { return !open; });
 }
+
+#include "moc_DesignFixture.cpp"

@@ -22,3 +22,5 @@ void EndToEndPlugin::run()
         QCoreApplication::exit(1);
     }
 }
+
+#include "moc_EndToEndPlugin.cpp"

@@ -150,3 +150,5 @@ QByteArray GeneratorDriver::content(const QString& filePath) const
 }
 
 bool GeneratorDriver::exists(const QString& filePath) const { return QFile::exists(filePath); }
+
+#include "moc_GeneratorDriver.cpp"

@@ -22,3 +22,5 @@ PlainFcf GeneratorTest::generate()
     driver->click("GenerateButton");
     return PlainFcf::fromFile(driver->path("top.fcf").toStdString());
 }
+
+#include "moc_GeneratorTest.cpp"

@@ -289,3 +289,5 @@ void PicturePlugin::saveWindow(const QString& name, const QWidget* window)
     if (!picture.save(QDir(m_folder).filePath(name + ".png")))
         qFatal("cannot save the picture %s", qPrintable(name));
 }
+
+#include "moc_PicturePlugin.cpp"

@@ -94,3 +94,5 @@ void ModalAnswer::lookForDialog()
     m_answers.pop_front();
     answer(dialog);
 }
+
+#include "moc_ModalAnswer.cpp"

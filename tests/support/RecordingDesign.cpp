@@ -129,3 +129,5 @@ RecordingFile* RecordingDesign::known(const QString& path) const
     }
     return nullptr;
 }
+
+#include "moc_RecordingDesign.cpp"

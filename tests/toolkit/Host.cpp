@@ -147,3 +147,5 @@ void clearForm(const QWidget* window)
 {
     window->findChild<QAction*>(QLatin1String("actionNew"))->trigger();
 }
+
+#include "moc_Host.cpp"

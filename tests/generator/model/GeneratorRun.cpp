@@ -221,3 +221,5 @@ void GeneratorRun::countBranches()
         Model::reach(event.toLatin1().constData());
     }
 }
+
+#include "moc_GeneratorRun.cpp"
