@@ -20,8 +20,9 @@ constexpr int PageBytes = 2112;
 QByteArray content(int bytes)
 {
     QByteArray content(bytes, Qt::Uninitialized);
+    char* const data = content.data();
     for (int i = 0; i < bytes; ++i)
-        content[i] = static_cast<char>(i * 31 + i / 251);
+        data[i] = static_cast<char>(i * 31 + i / 251);
     return content;
 }
 
