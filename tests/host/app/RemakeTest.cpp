@@ -1,48 +1,25 @@
-#include "host/app/HostFixture.h"
+#include "host/app/RemakeHost.h"
 #include "host/app/SampleImage.h"
 
-#include "fcf/FcfExactReader.h"
 #include "fcf/PelkFcfGeneratorFileInfo.h"
 #include "support/FullDisk.h"
 
 #include <OrvanticCore/Design.h>
 #include <OrvanticCore/DesignFile.h>
-#include <OrvanticCore/DesignManager.h>
 
-#include <QBuffer>
-#include <QClipboard>
 #include <QComboBox>
 #include <QCryptographicHash>
 #include <QDialogButtonBox>
-#include <QLabel>
-#include <QPointer>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QScopeGuard>
 #include <QSpinBox>
 #include <QStyleOptionSpinBox>
 #include <QToolBar>
-#include <QTreeWidget>
 #include <QtTest>
 
 using OrvanticCore::Design;
-using OrvanticCore::DesignManager;
 
 namespace {
-
-const char Description[] = R"({
-    "format": 1, "type": "Firmware Design",
-    "version": { "major": 1, "minor": 0, "changes": "Not the text of the image" },
-    "files": [ %1 ], "properties": [ %2 ],
-    "structure": { "nodes": [ { "name": "Bit-streams" }, { "name": "Other" } ],
-                   "associations": [ { "pattern": "*.bit", "node": "Bit-streams" } ],
-                   "unassignedNode": "Other" } })";
-
-const char Target[] = R"({ "name": "ZORV Pelk Module", "value": "GPM", "category": ["Pelk"] },
-    { "name": "ZORV Pelk Device", "value": "Processing_FPGA_2", "category": ["Pelk"] },
-    { "name": "ZORV Pelk Config Number", "value": 3, "category": ["Pelk"] })";
-
-FcfHeader headerOf(const QString& name) { return SampleImage::header(name, 1, 0); }
 
 void clickUp(QSpinBox* box)
 {
@@ -54,12 +31,6 @@ void clickUp(QSpinBox* box)
     QTest::mouseClick(box, Qt::LeftButton, {}, arrow.center());
 }
 
-void closeIfOpen(QWidget* dialog)
-{
-    if (dialog->isVisible())
-        QTest::keyClick(dialog, Qt::Key_Escape);
-}
-
 void clickTool(const HostFixture& host, const char* id)
 {
     auto* const bar = host.child<QToolBar>("ToolBar");
@@ -68,48 +39,9 @@ void clickTool(const HostFixture& host, const char* id)
     QTest::mouseClick(button, Qt::LeftButton);
 }
 
-/// A host with one design "radar", which has some binaries and images of version 1.0.
-class RemakeHost : public HostFixture {
-public:
-    /// Makes a binary and its image, and lists both in the design.
-    void addImage(const QString& name, const FcfHeader& header, const QByteArray& payload)
-    {
-        const QByteArray image = SampleImage::image(header, payload);
-        writeFile("radar/" + name + ".bin", payload);
-        writeFile("radar/" + name + ".fcf", image);
-        writeFile("radar/" + name + ".txt", image.left(image.size() - payload.size()));
-        m_files
-            << QString(R"({ "path": "%1.bin" })").arg(name)
-            << QString(R"({ "path": "%1.fcf", "generated": true, "version": "1.0" })").arg(name);
-    }
-
-    Design* open(const QString& properties = Target)
-    {
-        const QString text = QString(Description).arg(m_files.join(","), properties);
-        writeFile("radar/design.json", text.toUtf8());
-        window()->openDesign(path("radar"));
-        activate();
-        return dynamic_cast<Design*>(DesignManager::instance()->designs().last());
-    }
-
-    void select(const QString& name) const { view()->setCurrentIndex(item(name)); }
-
-    FcfHeader header(const QString& name) const
-    {
-        QByteArray bytes = bytesOf("radar/" + name);
-        QBuffer buffer(&bytes);
-        buffer.open(QIODevice::ReadOnly);
-        const FcfExactReading reading = FcfExactReader::read(&buffer);
-        return reading.outcome == FcfExactReading::Complete ? reading.header : FcfHeader();
-    }
-
-private:
-    QStringList m_files;
-};
-
 } // namespace
 
-/// Making images again, by mouse and keys in the real window.
+/// Making an image again, by mouse and keys in the real window.
 class RemakeTest : public QObject {
     Q_OBJECT
 
@@ -128,15 +60,12 @@ private slots:
     void leavesAllFilesWhenTheDiskIsFull();
     void worksWithTwoDesigns();
     void canBeUndoneInTheDesign();
-    void makesAllOutdatedAgain();
-    void saysThatNothingIsOutdated();
-    void stopsBehindTheCurrentImage();
 };
 
 void RemakeTest::makesTheNextVersionInTwoClicks()
 {
     RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
+    host.addImage("top", RemakeHost::headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
     Design* const design = host.open();
     QFile::remove(host.path("radar/top.txt"));
     const QByteArray payload = SampleImage::binary(141000, 'n');
@@ -147,14 +76,15 @@ void RemakeTest::makesTheNextVersionInTwoClicks()
     clickTool(host, "Design.MakeAgain");
 
     const FcfHeader made = host.header("top.fcf");
-    FcfHeader expected = headerOf("top.fcf");
+    FcfHeader expected = RemakeHost::headerOf("top.fcf");
     expected.versionMinor = 1;
     expected.setSizes(PelkFcfGeneratorFileInfo().measure(payload.size()));
     expected.date = made.date;
     expected.time = made.time;
     QCOMPARE(made, expected);
     QVERIFY(made.binBlocks > 0 && made.totalSize == payload.size() + 2112);
-    QVERIFY(made.date != headerOf("").date && made.time != headerOf("").time);
+    QVERIFY(made.date != RemakeHost::headerOf("").date &&
+            made.time != RemakeHost::headerOf("").time);
     QCOMPARE(host.bytesOf("radar/top.fcf"), SampleImage::image(made, payload));
     QCOMPARE(host.bytesOf("radar/top.txt") + payload, host.bytesOf("radar/top.fcf"));
 
@@ -186,8 +116,8 @@ void RemakeTest::isOfferedForFilesOfAnImage()
     QFETCH(QString, file);
     QFETCH(bool, isOffered);
     RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
-    host.addImage("lonely", headerOf("lonely.fcf"), SampleImage::binary(6000, 'b'));
+    host.addImage("top", RemakeHost::headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
+    host.addImage("lonely", RemakeHost::headerOf("lonely.fcf"), SampleImage::binary(6000, 'b'));
     Design* const design = host.open();
     QFile::remove(host.path("radar/lonely.bin"));
     for (const char* name : {"top.txt", "top.vhd", "other.bin"}) {
@@ -201,7 +131,7 @@ void RemakeTest::isOfferedForFilesOfAnImage()
     QCOMPARE(host.entriesOf(menu).contains("Make Image Again"), isOffered);
     if (isOffered) {
         QVERIFY(host.choose(menu, "Make Image Again"));
-        QVERIFY(host.header("top.fcf").date != headerOf("").date);
+        QVERIFY(host.header("top.fcf").date != RemakeHost::headerOf("").date);
     }
     menu->close();
 }
@@ -209,7 +139,7 @@ void RemakeTest::isOfferedForFilesOfAnImage()
 void RemakeTest::isDisabledInALockedDesign()
 {
     RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
+    host.addImage("top", RemakeHost::headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
     Design* const design = host.open();
     host.select("top.bin");
     QVERIFY(host.action("Design.MakeAgain")->isEnabled());
@@ -223,7 +153,7 @@ void RemakeTest::isDisabledInALockedDesign()
 void RemakeTest::isDisabledWithoutADesign()
 {
     RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
+    host.addImage("top", RemakeHost::headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
     host.open();
     QVERIFY(host.action("Design.MakeAllAgain")->isEnabled());
     host.action("File.CloseDesign")->trigger();
@@ -233,7 +163,7 @@ void RemakeTest::isDisabledWithoutADesign()
 void RemakeTest::takesTheTargetOfTheDesign()
 {
     RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
+    host.addImage("top", RemakeHost::headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
     Design* const design = host.open();
     design->setDesignProperty("ZORV Pelk Module", "DFE2", {});
     design->setDesignProperty("ZORV Pelk Device", "Processing_FPGA", {});
@@ -245,13 +175,13 @@ void RemakeTest::takesTheTargetOfTheDesign()
     QCOMPARE(made.moduleCode, 2);
     QCOMPARE(made.deviceCode, 0);
     QCOMPARE(made.configNumber, 9);
-    QCOMPARE(made.functions, headerOf("").functions);
+    QCOMPARE(made.functions, RemakeHost::headerOf("").functions);
 }
 
 void RemakeTest::takesTheTargetOfTheImageIfTheDesignHasNone()
 {
     RemakeHost host;
-    FcfHeader header = headerOf("top.fcf");
+    FcfHeader header = RemakeHost::headerOf("top.fcf");
     header.moduleCode = 1;
     header.configNumber = 7;
     host.addImage("top", header, SampleImage::binary(5000, 'a'));
@@ -274,7 +204,7 @@ void RemakeTest::takesTheTargetOfTheImageIfTheDesignHasNone()
 void RemakeTest::asksForATargetThatIsNotKnown()
 {
     RemakeHost host;
-    FcfHeader header = headerOf("top.fcf");
+    FcfHeader header = RemakeHost::headerOf("top.fcf");
     header.moduleCode = 1;
     header.deviceCode = 8;
     header.configNumber = 5;
@@ -282,7 +212,7 @@ void RemakeTest::asksForATargetThatIsNotKnown()
     Design* const design = host.open("");
     host.select("top.bin");
     host.dialogs().leaveTo([](QWidget* dialog) {
-        const auto close = qScopeGuard([dialog] { closeIfOpen(dialog); });
+        const auto close = qScopeGuard([dialog] { RemakeHost::closeIfOpen(dialog); });
         auto* const buttons = dialog->findChild<QDialogButtonBox*>();
         auto* const module = dialog->findChild<QComboBox*>("TargetModule");
         auto* const device = dialog->findChild<QComboBox*>("TargetDevice");
@@ -309,7 +239,7 @@ void RemakeTest::asksForATargetThatIsNotKnown()
 void RemakeTest::changesNothingWhenTheQuestionIsCancelled()
 {
     RemakeHost host;
-    FcfHeader header = headerOf("top.fcf");
+    FcfHeader header = RemakeHost::headerOf("top.fcf");
     header.moduleCode = 9;
     host.addImage("top", header, SampleImage::binary(5000, 'a'));
     const QByteArray before = host.bytesOf("radar/top.fcf");
@@ -326,7 +256,7 @@ void RemakeTest::changesNothingWhenTheQuestionIsCancelled()
 void RemakeTest::replacesTheDigestToo()
 {
     RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
+    host.addImage("top", RemakeHost::headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
     host.open();
     host.writeFile("radar/top.fcf.sha256", QByteArray(64, 'a') + "  top.fcf\n");
     host.select("top.fcf");
@@ -340,7 +270,7 @@ void RemakeTest::replacesTheDigestToo()
 void RemakeTest::leavesAllFilesWhenTheImageIsDamaged()
 {
     RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
+    host.addImage("top", RemakeHost::headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
     QByteArray damaged = host.bytesOf("radar/top.fcf");
     damaged.replace("Function CI No", "Function C\r No");
     host.writeFile("radar/top.fcf", damaged);
@@ -361,7 +291,7 @@ void RemakeTest::leavesAllFilesWhenTheImageIsDamaged()
 void RemakeTest::leavesAllFilesWhenTheDiskIsFull()
 {
     RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
+    host.addImage("top", RemakeHost::headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
     host.open();
     const QByteArray before = host.bytesOf("radar/top.fcf");
     host.select("top.bin");
@@ -379,7 +309,7 @@ void RemakeTest::leavesAllFilesWhenTheDiskIsFull()
 void RemakeTest::worksWithTwoDesigns()
 {
     RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
+    host.addImage("top", RemakeHost::headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
     host.openDesign("other");
     Design* const design = host.open();
     design->setVersion(2, 6);
@@ -392,7 +322,7 @@ void RemakeTest::worksWithTwoDesigns()
 void RemakeTest::canBeUndoneInTheDesign()
 {
     RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
+    host.addImage("top", RemakeHost::headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
     Design* const design = host.open();
     design->setVersion(1, 1);
     host.select("top.bin");
@@ -404,87 +334,6 @@ void RemakeTest::canBeUndoneInTheDesign()
     QVERIFY(!design->fileAt(host.path("radar/top.txt")));
     QCOMPARE(design->fileAt(host.path("radar/top.fcf"))->versionAssociation(), QString("1.0"));
     QCOMPARE(host.bytesOf("radar/top.fcf"), made);
-}
-
-void RemakeTest::makesAllOutdatedAgain()
-{
-    RemakeHost host;
-    host.addImage("first", headerOf("first.fcf"), SampleImage::binary(5000, 'a'));
-    host.addImage("second", headerOf("second.fcf"), SampleImage::binary(6000, 'b'));
-    host.addImage("third", headerOf("third.fcf"), SampleImage::binary(7000, 'c'));
-    const QByteArray page = host.bytesOf("radar/second.fcf");
-    host.writeFile("radar/second.fcf", page.left(300));
-    Design* const design = host.open();
-    design->setVersion(1, 2);
-
-    QString report;
-    host.dialogs().leaveTo([&report](QWidget* dialog) {
-        const auto close = qScopeGuard([dialog] { closeIfOpen(dialog); });
-        const auto* const list = dialog->findChild<QTreeWidget*>("RemakeList");
-        QCOMPARE(list->topLevelItemCount(), 3);
-        QCOMPARE(list->topLevelItem(0)->text(0), QString("first.fcf"));
-        QVERIFY(list->topLevelItem(0)->text(1).contains("1.2"));
-        QTest::mouseClick(dialog->findChild<QPushButton*>("RemakeStartButton"), Qt::LeftButton);
-        QTRY_COMPARE(dialog->findChild<QProgressBar*>("RemakeProgress")->value(), 3);
-        auto* const copy = dialog->findChild<QPushButton*>("CopyRemakeReportButton");
-        QTRY_VERIFY(copy->isEnabled());
-        QTest::mouseClick(copy, Qt::LeftButton);
-        report = QApplication::clipboard()->text();
-    });
-    host.press(Qt::Key_G, Qt::ControlModifier | Qt::ShiftModifier);
-
-    QVERIFY(host.dialogs().allGiven());
-    const QStringList lines = report.split('\n');
-    QCOMPARE(lines.at(0), QString("2 of 3 images made again, 1 failed."));
-    QCOMPARE(lines.at(1),
-             host.path("radar/first.fcf") + ": Made for 1.2, GPM, Processing_FPGA_2, slot 3");
-    QVERIFY(lines.at(2).startsWith("  first.fcf: "));
-    QVERIFY2(report.contains('\n' + host.path("radar/second.fcf") + ": second.fcf: "),
-             qPrintable(report));
-    QCOMPARE(host.header("first.fcf").versionMinor, 2);
-    QCOMPARE(host.header("third.fcf").versionMinor, 2);
-    QCOMPARE(host.bytesOf("radar/third.fcf").right(7000), SampleImage::binary(7000, 'c'));
-    QCOMPARE(host.bytesOf("radar/second.fcf"), page.left(300));
-    QCOMPARE(host.row("third.fcf"), QStringList({"third.fcf", "Generated", "1.2"}));
-
-    // One step takes back all that the design notes of it.
-    host.press(Qt::Key_Z, Qt::ControlModifier);
-    QCOMPARE(design->fileAt(host.path("radar/first.fcf"))->versionAssociation(), QString("1.0"));
-    QCOMPARE(design->fileAt(host.path("radar/third.fcf"))->versionAssociation(), QString("1.0"));
-}
-
-void RemakeTest::saysThatNothingIsOutdated()
-{
-    RemakeHost host;
-    host.addImage("top", headerOf("top.fcf"), SampleImage::binary(5000, 'a'));
-    host.open();
-    host.dialogs().click(QMessageBox::Ok);
-    host.press(Qt::Key_G, Qt::ControlModifier | Qt::ShiftModifier);
-    QCOMPARE(host.dialogs().texts(), QStringList("No image of \"radar\" is outdated."));
-}
-
-void RemakeTest::stopsBehindTheCurrentImage()
-{
-    RemakeHost host;
-    host.addImage("first", headerOf("first.fcf"), SampleImage::binary(5000, 'a'));
-    host.addImage("second", headerOf("second.fcf"), SampleImage::binary(6000, 'b'));
-    Design* const design = host.open();
-    design->setVersion(1, 2);
-    host.dialogs().leaveTo([](QWidget* dialog) {
-        const auto close = qScopeGuard([dialog] { closeIfOpen(dialog); });
-        auto* const buttons = dialog->findChild<QDialogButtonBox*>();
-        const QPointer<QPushButton> start = dialog->findChild<QPushButton*>("RemakeStartButton");
-        // Both before the second image is begun.
-        QTest::mouseClick(start, Qt::LeftButton);
-        QTest::mouseClick(buttons->button(QDialogButtonBox::Cancel), Qt::LeftButton);
-        QTRY_VERIFY(!start);
-        QCOMPARE(dialog->findChild<QLabel*>("RemakeSummary")->text(),
-                 QString("1 of 2 images made again, 0 failed."));
-    });
-    host.press(Qt::Key_G, Qt::ControlModifier | Qt::ShiftModifier);
-    QVERIFY(host.dialogs().allGiven());
-    QCOMPARE(host.header("first.fcf").versionMinor, 2);
-    QCOMPARE(host.header("second.fcf").versionMinor, 0);
 }
 
 HOST_TEST(RemakeTest)
